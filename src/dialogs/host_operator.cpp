@@ -1,0 +1,84 @@
+#include "dialogs/host_operator.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestra {
+namespace {
+
+// Texts for C end at their first zero byte: those inside become blanks.
+std::string ForC(std::string_view text) {
+  std::string result(text);
+  std::replace(result.begin(), result.end(), '\0', ' ');
+  return result;
+}
+
+// Rows for C, with the texts that they point to.
+class Rows {
+ public:
+  explicit Rows(const std::vector<Fila>& filas) {
+    texts_.reserve(2 * filas.size());  // the rows point into it
+    for (const Fila& fila : filas) {
+      rows_.push_back({.grupo = fila.grupo,
+                       .numero = fila.numero,
+                       .clase = fila.error ? 1 : 0,
+                       .encendida = fila.encendida ? 1 : 0,
+                       .texto = Keep(fila.texto),
+                       .ayuda = Keep(fila.ayuda)});
+    }
+  }
+
+  [[nodiscard]] const KestraFila* Data() const { return rows_.data(); }
+  [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(rows_.size()); }
+
+ private:
+  const char* Keep(std::string_view text) { return texts_.emplace_back(ForC(text)).c_str(); }
+
+  std::vector<std::string> texts_;
+  std::vector<KestraFila> rows_;
+};
+
+}  // namespace
+
+void HostOperator::Set(const KestraOperador* record) {
+  KestraOperador copy = {};
+  if (record != nullptr) {
+    // Whole members only: half of a pointer is none.
+    const std::size_t told = record->tamano - record->tamano % sizeof(void*);
+    std::memcpy(&copy, record, std::min(told, sizeof copy));
+  }
+  record_ = copy;
+}
+
+std::int32_t HostOperator::Message(std::string_view text, std::string_view title,
+                                   std::int32_t style) {
+  const KestraOperador host = record_;
+  if (host.mensaje == nullptr) return fallback_.Message(text, title, style);
+  const std::int32_t answer =
+      host.mensaje(host.contexto, ForC(text).c_str(), ForC(title).c_str(), style);
+  if (style == kBoxOk) return kAnswerOk;
+  return answer == kAnswerYes ? kAnswerYes : kAnswerNo;
+}
+
+bool HostOperator::StatusReport(const InformeEstados& informe) {
+  const KestraOperador host = record_;
+  if (host.informe_estados == nullptr) return fallback_.StatusReport(informe);
+  const Rows rows(informe.filas);
+  return host.informe_estados(host.contexto, ForC(informe.impresora).c_str(),
+                              ForC(informe.fiscal).c_str(), rows.Data(), rows.Count()) != 0;
+}
+
+void HostOperator::MemoryFull() {
+  const KestraOperador host = record_;
+  if (host.memoria_llena == nullptr) {
+    fallback_.MemoryFull();
+  } else {
+    host.memoria_llena(host.contexto);
+  }
+}
+
+}  // namespace kestra

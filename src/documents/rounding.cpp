@@ -1,0 +1,81 @@
+#include "documents/rounding.hpp"
+
+#include <array>
+#include <string>
+
+#include "documents/document_kinds.hpp"
+#include "fields/integer_text.hpp"
+#include "fields/number_field.hpp"
+#include "fields/text_field.hpp"
+#include "frame/command_log.hpp"
+#include "frame/operation.hpp"
+#include "protocol/answer_check.hpp"
+
+namespace kestra {
+namespace {
+
+// How long a round that the printer did not answer holds the next one up.
+constexpr std::int32_t kDescansoMs = 500;
+
+constexpr std::string_view kAjuste = "Ajuste por redondeo";
+// Kept as is: the capital R stands on the invoice's downward line alone.
+constexpr std::string_view kAjusteConMayuscula = "Ajuste por Redondeo";
+
+Comando SubirFactura(std::string_view diferencia) {
+  return Comando('f').Campo(kAjuste).Campo("O").Campo(diferencia).Campo("0000");
+}
+Comando BajarFactura(std::string_view diferencia) {
+  return Comando('d').Campo(kAjusteConMayuscula).Campo(diferencia).Campo("D");
+}
+Comando SubirTicket(std::string_view diferencia) {
+  return Comando('D').Campo(kAjuste).Campo(diferencia).Campo("R");
+}
+Comando BajarTicket(std::string_view diferencia) {
+  return Comando('D').Campo(kAjuste).Campo(diferencia).Campo("D");
+}
+
+struct Ajustador {
+  std::string_view familia;
+  char subtotal;
+  bool separar_otra_vez;  // the ticket's round splits the raw answer anew
+  Comando (*subir)(std::string_view);
+  Comando (*bajar)(std::string_view);
+};
+constexpr std::array kAjustadores = {
+    Ajustador{kFamiliaTicketFactura, kSubtotal.factura, false, SubirFactura, BajarFactura},
+    Ajustador{kFamiliaTicket, kSubtotal.ticket, true, SubirTicket, BajarTicket},
+};
+
+// The printer's running total.
+double LeerTotal(Biblioteca& k, const Ajustador& ajustador) {
+  const auto comando = Comando(ajustador.subtotal).Campo("N").Campo({&kCampoVacio, 1});
+  if (Mandar(k, comando) != kExito) k.platform.GetClock().Sleep(kDescansoMs);
+  if (ajustador.separar_otra_vez) SepararRespuesta(k);
+  const auto& respuesta = k.estado.Respuesta;
+  const double total = ANumeroReal(respuesta[2]) / 100;
+  // Two more fields must be numbers, although nothing is done with them.
+  ANumeroReal(respuesta[3]);
+  ANumeroReal(respuesta[7]);
+  return total;
+}
+
+void Igualar(Biblioteca& k, const Ajustador& ajustador, double total) {
+  for (double impreso = LeerTotal(k, ajustador); total != impreso;
+       impreso = LeerTotal(k, ajustador)) {
+    if (total > impreso) Mandar(k, ajustador.subir(DigitosDeCentesimos(total - impreso)));
+    if (total < impreso) Mandar(k, ajustador.bajar(DigitosDeCentesimos(impreso - total)));
+  }
+}
+
+}  // namespace
+
+void AjustarRedondeo(Biblioteca& k, double total) {
+  const double redondeado = RedondearCentesimos(total);
+  if (k.estado.AjusteRedondeo != 1) return;
+  EscribirLog(k, " - Comando : AjusteRedondeo");
+  for (const auto& ajustador : kAjustadores) {
+    if (k.estado.TipoComprobante == ajustador.familia) Igualar(k, ajustador, redondeado);
+  }
+}
+
+}  // namespace kestra

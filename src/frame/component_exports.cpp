@@ -1,0 +1,23 @@
+// Entry points of the platform's component system.
+
+#include "frame/instance.hpp"
+#include "frame/library.hpp"
+#include "kestra/kestra.h"
+#include "platform/components.hpp"
+
+int32_t KESTRA_CALL DllRegisterServer() {
+  return kestra::RegisterComponents();
+}
+
+int32_t KESTRA_CALL DllUnregisterServer() {
+  return kestra::UnregisterComponents();
+}
+
+int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz, void** objeto) {
+  return kestra::ComponentFactory(clase, interfaz, objeto);
+}
+
+int32_t KESTRA_CALL DllCanUnloadNow() {
+  const bool in_use = kestra::ComponentsInUse() || kestra::Instancia().estado.Puerto != nullptr;
+  return in_use ? 1 : 0;
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <exception>
+#include <string_view>
+
+#include "frame/command_log.hpp"
+#include "frame/failure.hpp"
+#include "frame/instance.hpp"
+#include "frame/library.hpp"
+
+namespace kestra {
+
+// The one call that is under way. A call made meanwhile, from a dialog's callback or from another
+// thread, would send its command into the middle of the exchange: it is turned away.
+class Turno {
+ public:
+  Turno() : mio_(!ocupado_.test_and_set(std::memory_order_acquire)) {}
+  Turno(const Turno&) = delete;
+  Turno& operator=(const Turno&) = delete;
+  ~Turno() {
+    if (mio_) ocupado_.clear(std::memory_order_release);
+  }
+
+  explicit operator bool() const { return mio_; }
+
+ private:
+  static inline std::atomic_flag ocupado_;
+  bool mio_;
+};
+
+// Runs the body of an export. Whatever goes wrong in it ends here: in the log and as `fracaso`.
+template <typename Operacion>
+std::int32_t Exportar(std::string_view nombre, std::int32_t fracaso, Operacion operacion) noexcept {
+  const Turno turno;
+  if (!turno) return fracaso;
+  try {
+    auto& k = Instancia();
+    try {
+      return operacion(k);
+    } catch (const std::exception& error) {
+      RegistrarFalla(k, AFalla(error), nombre);
+    }
+  } catch (...) {  // NOLINT(bugprone-empty-catch): the host must survive even this
+  }
+  return fracaso;
+}
+
+}  // namespace kestra

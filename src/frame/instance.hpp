@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+
+#include "kestra/kestra.h"
+#include "platform/platform.hpp"
+
+namespace kestra {
+
+struct Biblioteca;
+
+// The library that serves the process; known to the exported functions alone.
+Biblioteca& Instancia();
+
+// The host's answers to the operator's dialogs; null brings the default back.
+void DefinirOperador(const KestraOperador* operador);
+
+// Starts over on another world. For tests: the exports then work on fakes.
+void ReemplazarInstancia(std::unique_ptr<Platform> platform);
+
+}  // namespace kestra

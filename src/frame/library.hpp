@@ -1,0 +1,17 @@
+#pragma once
+
+#include "frame/state.hpp"
+#include "platform/platform.hpp"
+
+namespace kestra {
+
+// The library: its state and the world it works in. Every routine gets it from its caller; only the
+// exported functions know the one that serves the process.
+struct Biblioteca {
+  explicit Biblioteca(Platform& world) : platform(world) {}
+
+  Estado estado;
+  Platform& platform;
+};
+
+}  // namespace kestra

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+namespace kestra {
+
+struct Biblioteca;
+
+// Reads the configuration and sets up Puerto. Here alone 1 is success and 0 failure.
+std::int32_t Init(Biblioteca& k);
+
+// Gives Puerto up.
+void Kill(Biblioteca& k);
+
+}  // namespace kestra

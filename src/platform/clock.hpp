@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace kestra {
+
+// Time as the shop's wall shows it.
+class Clock {
+ public:
+  Clock() = default;
+  Clock(const Clock&) = delete;
+  Clock& operator=(const Clock&) = delete;
+  virtual ~Clock() = default;
+
+  // Seconds since local midnight, with fraction: 0 <= t < 86400.
+  virtual double TimeOfDay() = 0;
+
+  // Today's date in the system's short form.
+  virtual std::string ShortDate() = 0;
+
+  // The time in the system's time form.
+  virtual std::string TimeText() = 0;
+
+  virtual void Sleep(std::int32_t milliseconds) = 0;
+};
+
+}  // namespace kestra

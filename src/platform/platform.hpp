@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/clock.hpp"
+#include "platform/log_file.hpp"
+#include "platform/operator.hpp"
+#include "platform/profile_file.hpp"
+#include "platform/serial_port.hpp"
+
+namespace kestra {
+
+// The world behind five interfaces.
+class Platform {
+ public:
+  Platform() = default;
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
+  virtual ~Platform() = default;
+
+  // A closed port set up as told. Throws Falla when the settings cannot be had.
+  virtual std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) = 0;
+
+  virtual Clock& GetClock() = 0;
+  virtual Operator& GetOperator() = 0;
+  virtual ProfileFile& GetProfile() = 0;
+  virtual LogFile& GetLog() = 0;
+};
+
+// The platform that this library was built for.
+std::unique_ptr<Platform> MakeSystemPlatform();
+
+}  // namespace kestra

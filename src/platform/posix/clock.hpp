@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "platform/clock.hpp"
+#include "platform/posix/locale_text.hpp"
+
+namespace kestra {
+
+class PosixClock : public Clock {
+ public:
+  // Keeps the forms of date and time of the environment's locale.
+  PosixClock();
+
+  double TimeOfDay() override;
+  std::string ShortDate() override;
+  std::string TimeText() override;
+  void Sleep(std::int32_t milliseconds) override;
+
+ private:
+  std::string Now(const char* local_form, const char* plain_form) const;
+
+  UserLocale locale_;
+  bool plain_;  // no country's forms: day/month/year and 24 hours
+  std::string codeset_;
+};
+
+}  // namespace kestra

@@ -1,0 +1,48 @@
+#include "platform/posix/log_file.hpp"
+
+#include <fcntl.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+
+#include "frame/failure.hpp"
+#include "platform/posix/native_file.hpp"
+
+namespace kestra {
+namespace {
+
+struct Row {
+  int error;
+  std::int32_t numero;
+  const char* descripcion;
+};
+
+constexpr std::array kRows = {
+    Row{ENOENT, 76, "Path not found"},    Row{ENOTDIR, 76, "Path not found"},
+    Row{EACCES, 70, "Permission denied"}, Row{EPERM, 70, "Permission denied"},
+    Row{EROFS, 70, "Permission denied"},  Row{ENOSPC, 61, "Disk full"},
+    Row{EDQUOT, 61, "Disk full"},         Row{EMFILE, 67, "Too many files"},
+    Row{ENFILE, 67, "Too many files"},
+};
+
+void Require(bool done) {
+  if (done) return;
+  const int error = errno;
+  for (const Row& row : kRows) {
+    if (row.error == error) throw Falla(row.numero, row.descripcion);
+  }
+  throw Falla(75, "Path/File access error");
+}
+
+}  // namespace
+
+void PosixLog::Append(std::string_view file, std::string_view bytes) {
+  // Not blocking: a pipe that nobody reads must not stop the till.
+  const FileDescriptor log =
+      OpenFile(NativePath(file), O_WRONLY | O_APPEND | O_CREAT | O_NOCTTY | O_NONBLOCK);
+  Require(static_cast<bool>(log));
+  Require(WriteAll(log.Get(), bytes));
+}
+
+}  // namespace kestra

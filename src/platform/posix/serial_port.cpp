@@ -1,0 +1,206 @@
+#include "platform/posix/serial_port.hpp"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <utility>
+
+#include "platform/line_speed.hpp"
+#include "platform/posix/line_settings.hpp"
+#include "platform/posix/native_file.hpp"
+
+namespace kestra {
+namespace {
+
+struct ErrorRow {
+  int error;
+  PortFault fault;
+};
+
+constexpr std::array kOpeningFaults = {
+    ErrorRow{ENOENT, PortFault::kMissing},      ErrorRow{ENOTDIR, PortFault::kMissing},
+    ErrorRow{ENXIO, PortFault::kNoHardware},    ErrorRow{ENODEV, PortFault::kNoHardware},
+    ErrorRow{EIO, PortFault::kNoHardware},  // a port that the system names but the machine lacks
+    ErrorRow{ENOTTY, PortFault::kNotSerial},    ErrorRow{EISDIR, PortFault::kNotSerial},
+    ErrorRow{EACCES, PortFault::kNotPermitted}, ErrorRow{EPERM, PortFault::kNotPermitted},
+    ErrorRow{EROFS, PortFault::kNotPermitted},  ErrorRow{EBUSY, PortFault::kBusy},
+    ErrorRow{EWOULDBLOCK, PortFault::kBusy},
+};
+
+// A device that is unplugged, or whose far end is gone.
+constexpr std::array kTransferFaults = {
+    ErrorRow{EIO, PortFault::kLost},
+    ErrorRow{ENXIO, PortFault::kLost},
+    ErrorRow{ENODEV, PortFault::kLost},
+};
+
+template <typename Rows>
+PortFault FaultIn(const Rows& rows, int error, PortFault otherwise) {
+  for (const ErrorRow& row : rows) {
+    if (row.error == error) return row.fault;
+  }
+  return otherwise;
+}
+
+Falla FallaDelSistema(PortFault fault, PortFault unexplained, const std::string& device,
+                      int error) {
+  return fault == unexplained ? FallaDePuerto(fault, device, error) : FallaDePuerto(fault, device);
+}
+
+void Require(bool done, const std::string& device) {
+  if (done) return;
+  const int error = errno;
+  throw FallaDelSistema(OpeningFault(error), PortFault::kCannotOpen, device, error);
+}
+
+// True on real serial hardware; a pseudo-terminal has no such line to raise.
+bool RaiseDtr(int fd) {
+  const int dtr = TIOCM_DTR;
+  return ::ioctl(fd, TIOCMBIS, &dtr) == 0;
+}
+
+// What came of a wait: the events, or none when the time was up or a signal cut it short.
+short EventsWithin(int fd, short events, int milliseconds) {
+  pollfd wait = {.fd = fd, .events = events, .revents = 0};
+  const int ready = ::poll(&wait, 1, milliseconds);
+  if (ready < 0) return errno == EINTR ? short{0} : short{POLLERR};
+  return wait.revents;
+}
+
+}  // namespace
+
+PortFault OpeningFault(int error) {
+  return FaultIn(kOpeningFaults, error, PortFault::kCannotOpen);
+}
+
+PortFault TransferFault(int error) {
+  return FaultIn(kTransferFaults, error, PortFault::kTransfer);
+}
+
+PosixPort::PosixPort(std::string device, std::optional<std::int32_t> speed, PortPatience patience)
+    : device_(std::move(device)), speed_(speed), patience_(patience) {}
+
+PosixPort::~PosixPort() {
+  Close();
+}
+
+void PosixPort::PortOpen(bool open) {
+  if (open && PortOpen()) throw FallaDePuerto(PortFault::kAlreadyOpen, device_);
+  open ? Open() : Close();
+}
+
+void PosixPort::Open() {
+  // Not blocking: opening must not wait for a carrier that no printer raises.
+  FileDescriptor fd = OpenFile(device_, O_RDWR | O_NOCTTY | O_NONBLOCK);
+  Require(static_cast<bool>(fd), device_);
+  SetUpLine(fd.Get());
+  // The lock keeps out every other user of this library, root too; the device's own exclusion keeps
+  // out other programs, and means nothing on a pseudo-terminal.
+  closed_to_others_ = RaiseDtr(fd.Get()) && ::ioctl(fd.Get(), TIOCEXCL) == 0;
+  ::tcflush(fd.Get(), TCIFLUSH);
+  fd_ = std::move(fd);
+}
+
+void PosixPort::SetUpLine(int fd) const {
+  termios now = {};
+  Require(::tcgetattr(fd, &now) == 0, device_);
+  Require(::flock(fd, LOCK_EX | LOCK_NB) == 0, device_);
+  const termios wanted = RawLine(now, speed_);
+  if (SameLine(now, wanted)) return;
+  Require(::tcsetattr(fd, TCSANOW, &wanted) == 0, device_);
+}
+
+void PosixPort::Close() {
+  if (closed_to_others_) ::ioctl(fd_.Get(), TIOCNXCL);
+  closed_to_others_ = false;
+  fd_.Close();
+  received_.clear();
+}
+
+void PosixPort::RequireOpen() const {
+  if (!PortOpen()) throw FallaDePuerto(PortFault::kNotOpen, device_);
+}
+
+void PosixPort::ThrowTransferFault(int error) const {
+  throw FallaDelSistema(TransferFault(error), PortFault::kTransfer, device_, error);
+}
+
+void PosixPort::Output(std::string_view bytes) {
+  using Time = std::chrono::steady_clock;
+  const std::chrono::milliseconds patience(patience_.stall);
+  RequireOpen();
+  auto deadline = Time::time_point::max();  // set when the line first refuses a byte
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(fd_.Get(), bytes.data(), bytes.size());
+    if (written > 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+      deadline = Time::time_point::max();
+      continue;
+    }
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0 && errno != EAGAIN) ThrowTransferFault(errno);
+    const auto now = Time::now();
+    if (deadline == Time::time_point::max()) deadline = now + patience;
+    if (now >= deadline) throw FallaDePuerto(PortFault::kStalled, device_);
+    EventsWithin(fd_.Get(), POLLOUT, patience_.look);
+  }
+}
+
+std::size_t PosixPort::InBufferCount() {
+  RequireOpen();
+  if (InputWithin(patience_.look)) TakeInput();
+  return received_.size();
+}
+
+// Waiting comes before reading: an answer that is there ends the wait at once, and one that is not
+// there yet costs one call to the system less than a first read in vain.
+bool PosixPort::InputWithin(int milliseconds) const {
+  const short events = EventsWithin(fd_.Get(), POLLIN, milliseconds);
+  if ((events & POLLIN) != 0) return true;
+  if (events != 0) throw FallaDePuerto(PortFault::kLost, device_);
+  return false;
+}
+
+void PosixPort::TakeInput() {
+  std::array<char, 4096> bytes{};  // all that a terminal holds
+  const ssize_t count = ::read(fd_.Get(), bytes.data(), bytes.size());
+  if (count > 0) {
+    received_.append(bytes.data(), static_cast<std::size_t>(count));
+  } else if (count == 0) {
+    throw FallaDePuerto(PortFault::kLost, device_);
+  } else if (errno != EAGAIN && errno != EINTR) {
+    ThrowTransferFault(errno);
+  }
+}
+
+void PosixPort::DiscardInput() {
+  RequireOpen();
+  received_.clear();
+  if (::tcflush(fd_.Get(), TCIFLUSH) != 0) ThrowTransferFault(errno);
+}
+
+std::string PosixPort::Input() {
+  RequireOpen();
+  return std::exchange(received_, std::string());
+}
+
+std::unique_ptr<SerialPort> CreatePosixPort(const PortSettings& settings) {
+  const std::optional<std::int32_t> speed = LineSpeedOf(settings.Settings);
+  if (!settings.dispositivo.empty()) {
+    return std::make_unique<PosixPort>(settings.dispositivo, speed);
+  }
+  if (settings.CommPort < 1 || settings.CommPort > 256) {
+    throw FallaDePuerto(PortFault::kBadNumber, std::to_string(settings.CommPort));
+  }
+  if (!speed) throw FallaDePuerto(PortFault::kBadSettings, settings.Settings);
+  return std::make_unique<PosixPort>("/dev/ttyS" + std::to_string(settings.CommPort - 1), speed);
+}
+
+}  // namespace kestra

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/port_fault.hpp"
+#include "platform/posix/file_descriptor.hpp"
+#include "platform/serial_port.hpp"
+
+namespace kestra {
+
+// How long, in milliseconds, the port waits before it comes back to its caller.
+struct PortPatience {
+  int look = 20;     // for a byte that has not come yet
+  int stall = 5000;  // for a line that takes no byte of ours
+};
+
+// A terminal device: a serial port, a USB adapter, a pseudo-terminal.
+class PosixPort : public SerialPort {
+ public:
+  // Without a speed the device keeps the one that it has.
+  PosixPort(std::string device, std::optional<std::int32_t> speed, PortPatience patience = {});
+  PosixPort(const PosixPort&) = delete;
+  PosixPort& operator=(const PosixPort&) = delete;
+  ~PosixPort() override;
+
+  [[nodiscard]] bool PortOpen() const override { return static_cast<bool>(fd_); }
+  void PortOpen(bool open) override;
+  void Output(std::string_view bytes) override;
+  std::size_t InBufferCount() override;
+  void DiscardInput() override;
+  std::string Input() override;
+  [[nodiscard]] std::string_view Waiting() const override { return received_; }
+
+ private:
+  void Open();
+  void Close();
+  void SetUpLine(int fd) const;
+  void RequireOpen() const;
+  [[nodiscard]] bool InputWithin(int milliseconds) const;
+  void TakeInput();
+  [[noreturn]] void ThrowTransferFault(int error) const;
+
+  std::string device_;
+  std::optional<std::int32_t> speed_;
+  PortPatience patience_;
+  FileDescriptor fd_;
+  bool closed_to_others_ = false;
+  std::string received_;
+};
+
+// A closed port as the settings tell. Throws Falla for a port number or a speed that is none,
+// unless the settings name a device.
+std::unique_ptr<SerialPort> CreatePosixPort(const PortSettings& settings);
+
+// What a failed opening of a device, or a failed transfer on an open one, means.
+PortFault OpeningFault(int error);
+PortFault TransferFault(int error);
+
+}  // namespace kestra
