@@ -1,0 +1,189 @@
+#include <utility>
+
+#include "commands.hpp"
+#include "layout.hpp"
+#include "status.hpp"
+#include "text.hpp"
+
+namespace impresora {
+namespace {
+
+enum OpenField : std::size_t {
+  kKind = 0,
+  kLetter = 2,
+  kCustomerIva = 7,
+  kName,
+  kNameMore,
+  kIdKind,
+  kIdNumber,
+  kFirstAddress = 13,
+  kLastAddress = 17,  // the last two name the delivery notes the invoice stands for
+};
+
+// Where the fields that both item commands share stand.
+enum ItemField : std::size_t { kDescription, kQuantity, kPrice, kRate, kQualifier };
+constexpr std::size_t kTicketInternal = 7;
+constexpr std::size_t kInvoiceFirstExtra = 7;
+constexpr std::size_t kInvoiceLastExtra = 9;
+constexpr std::size_t kInvoiceInternal = 11;
+
+Outcome Open(Machine& m, const DocumentKind& kind, char letter, Customer customer) {
+  if (m.MemoryFull() || m.ClosingDue()) return Refused(kWrongState);
+  if (!m.day.opened) m.day.opened = m.now;
+  const std::uint32_t number = m.numbering.Next(kind.series, letter);
+  m.document.emplace(kind, letter, number, std::move(customer));
+  PrintDocumentHead(m);
+  return {};
+}
+
+Customer ReadCustomer(const Fields& f) {
+  Customer customer;
+  customer.iva = f.Letter(kCustomerIva);
+  customer.name = f.Text(kName);
+  customer.name_more = f.Text(kNameMore);
+  customer.id_kind = f.Text(kIdKind);
+  customer.id_number = f.Text(kIdNumber);
+  for (std::size_t line = kFirstAddress; line <= kLastAddress; ++line) {
+    customer.address.emplace_back(f.Text(line));
+  }
+  return customer;
+}
+
+std::uint16_t ErrorOf(Entry entry) {
+  switch (entry) {
+    case Entry::kRejected:
+      return kInvalidField;
+    case Entry::kTooLarge:
+      return kOverflow;
+    case Entry::kDone:
+      break;
+  }
+  return 0;
+}
+
+struct Qualifier {
+  char letter;
+  std::string_view note;
+  int sign;
+  Entry (Document::*enter)(const Item&);
+};
+
+constexpr std::array<Qualifier, 3> kQualifiers{{
+    {'M', "", 1, &Document::Sell},
+    {'R', "DEVOLUCIÓN", -1, &Document::Return},
+    {'m', "ANULACIÓN", -1, &Document::Void},
+}};
+
+const Qualifier& FindQualifier(char letter) {
+  for (const Qualifier& row : kQualifiers) {
+    if (row.letter == letter) return row;
+  }
+  return kQualifiers.front();
+}
+
+// Internal taxes come per unit, as the price does.
+Outcome EnterItem(Machine& m, const Fields& f, std::size_t internal_field) {
+  const std::int64_t quantity = f.Number(kQuantity);
+  if (quantity == 0 || f.Empty(kDescription)) return Refused(kInvalidField);
+  const auto amount = LineAmount(quantity, f.Number(kPrice));
+  const auto internal = LineAmount(quantity, f.Number(internal_field) * 100);
+  if (!amount || !internal) return Refused(kOverflow);
+  const Item item{.description = std::string(TrimRight(f.Text(kDescription))),
+                  .quantity = quantity,
+                  .price = f.Number(kPrice),
+                  .rate = f.Number(kRate),
+                  .amount = *amount,
+                  .internal = *internal};
+  const Qualifier& qualifier = FindQualifier(f.Letter(kQualifier));
+  const Entry entry = (*m.document.*qualifier.enter)(item);
+  if (entry != Entry::kDone) return Refused(ErrorOf(entry));
+  PrintItem(m, item, qualifier.note, qualifier.sign);
+  return {};
+}
+
+// What the customer has not paid counts as cash, and what was paid in excess goes back.
+void SettlePayments(Machine& m) {
+  Document& document = *m.document;
+  if (!document.paying) PrintTotal(m);
+  const std::int64_t left = document.Total().total - document.Paid();
+  if (left > 0 && document.kind().sales_sign != 0) {
+    document.Pay({"Efectivo", left});
+    PrintPayment(m, document.payments().back());
+  }
+  if (left < 0) PrintChange(m, -left);
+}
+
+Outcome Close(Machine& m, std::string_view text) {
+  const Document& document = *m.document;
+  if (!document.HasItems()) return Refused(kWrongState);
+  SettlePayments(m);
+  if (!Trim(text).empty()) m.paper.HostText(text);
+  PrintFoot(m);
+  const std::uint32_t number = document.number();
+  m.day.Close(document.kind(), document.Total());
+  m.document.reset();
+  ++m.documents_closed;
+  return {.error = 0, .fields = {Padded(number, 8)}};
+}
+
+}  // namespace
+
+Outcome OpenTicket(Machine& m, const Fields& /*f*/) {
+  return Open(m, kTicketKind, 'B', {});
+}
+
+Outcome OpenInvoice(Machine& m, const Fields& f) {
+  const DocumentKind* kind = FindKind(f.Letter(kKind), m.settings.family);
+  const char letter = f.Letter(kLetter);
+  if (kind == nullptr || kind->letters.find(letter) == std::string_view::npos) {
+    return Refused(kInvalidField);
+  }
+  return Open(m, *kind, letter, ReadCustomer(f));
+}
+
+Outcome TicketItem(Machine& m, const Fields& f) {
+  return EnterItem(m, f, kTicketInternal);
+}
+
+Outcome InvoiceItem(Machine& m, const Fields& f) {
+  Outcome outcome = EnterItem(m, f, kInvoiceInternal);
+  if (outcome.error != 0) return outcome;
+  for (std::size_t extra = kInvoiceFirstExtra; extra <= kInvoiceLastExtra; ++extra) {
+    if (!Trim(f.Text(extra)).empty()) m.paper.HostText(f.Text(extra));
+  }
+  return outcome;
+}
+
+Outcome FiscalText(Machine& m, const Fields& f) {
+  m.paper.HostText(f.Text(0));
+  return {};
+}
+
+Outcome CloseTicket(Machine& m, const Fields& f) {
+  return Close(m, f.Text(1));
+}
+
+Outcome CloseInvoice(Machine& m, const Fields& f) {
+  const Document& document = *m.document;
+  const bool same = f.Letter(0) == document.kind().code && f.Letter(1) == document.letter();
+  return same ? Close(m, f.Text(2)) : Refused(kInvalidField);
+}
+
+// "Q" asks whether the form has room for another line; "D" ends a sheet or begins the next one.
+Outcome TransportSheet(Machine& m, const Fields& f) {
+  Document& document = *m.document;
+  if (f.Letter(0) == 'Q') {
+    const bool room =
+        !document.between_sheets && document.lines_on_sheet < m.settings.lines_per_form;
+    return {.error = 0, .fields = {room ? "S" : "N"}};
+  }
+  if (f.Letter(3) == '\0') return Refused(kInvalidField);
+  const bool opening = f.Letter(3) == 'O';
+  if (opening != document.between_sheets) return Refused(kWrongState);
+  document.between_sheets = !opening;
+  document.lines_on_sheet = 0;
+  PrintTransport(m, !opening);
+  return {};
+}
+
+}  // namespace impresora

@@ -1,0 +1,66 @@
+#include "calendar.hpp"
+#include "commands.hpp"
+#include "layout.hpp"
+#include "status.hpp"
+
+namespace impresora {
+namespace {
+
+std::vector<std::string> ReportFields(const Day& day, std::uint32_t number) {
+  return {Padded(number, 5),
+          Padded(day.cancelled, 5),
+          Padded(day.non_fiscal, 5),
+          Padded(day.Documents(), 5),
+          Padded(day.sales.total, 12),
+          Padded(day.sales.Iva(), 12),
+          Padded(day.sales.perceptions, 12),
+          Padded(day.credits.documents, 5),
+          Padded(day.credits.total, 12),
+          Padded(day.credits.Iva(), 12)};
+}
+
+template <class Wanted>
+Outcome ListClosings(Machine& m, Wanted wanted) {
+  std::vector<DailyClosing> chosen;
+  for (const DailyClosing& closing : m.closings) {
+    if (wanted(closing)) chosen.push_back(closing);
+  }
+  PrintClosingList(m, chosen);
+  return {.error = 0, .fields = {Padded(static_cast<std::int64_t>(chosen.size()), 5)}};
+}
+
+}  // namespace
+
+Outcome DailyReport(Machine& m, const Fields& f) {
+  const char type = f.Letter(0);
+  if (type == 'Z' && m.MemoryFull()) return Refused(kWrongState);
+  const auto number = static_cast<std::uint32_t>(m.closings.size() + 1);
+  if (type == 'Z' || f.Letter(1) != 'N') PrintDailyReport(m, type, number);
+  Outcome outcome{.error = 0, .fields = ReportFields(m.day, number)};
+  if (type == 'Z') {
+    m.closings.push_back({number, m.now, m.day});
+    m.day = {};
+    --m.closings_left;
+  }
+  return outcome;
+}
+
+Outcome ClosingsByNumber(Machine& m, const Fields& f) {
+  const std::int64_t first = f.Number(0);
+  const std::int64_t last = f.Number(1);
+  if (first > last) return Refused(kInvalidField);
+  return ListClosings(m, [first, last](const DailyClosing& closing) {
+    return closing.number >= first && closing.number <= last;
+  });
+}
+
+Outcome ClosingsByDate(Machine& m, const Fields& f) {
+  const std::int64_t first = f.Number(0);
+  const std::int64_t end = f.Number(1) + kSecondsPerDay;
+  if (first >= end) return Refused(kInvalidField);
+  return ListClosings(m, [first, end](const DailyClosing& closing) {
+    return closing.moment >= first && closing.moment < end;
+  });
+}
+
+}  // namespace impresora

@@ -1,0 +1,87 @@
+#include "fields.hpp"
+
+#include <utility>
+
+#include "calendar.hpp"
+#include "wire.hpp"
+
+namespace impresora {
+namespace {
+
+std::string_view WithoutSign(std::string_view text) {
+  if (!text.empty() && text.front() == '-') text.remove_prefix(1);
+  return text;
+}
+
+bool OnlyDigits(std::string_view text) {
+  return text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+std::optional<std::int64_t> Accept(bool fits) {
+  return fits ? std::optional<std::int64_t>(0) : std::nullopt;
+}
+
+std::optional<std::int64_t> ReadNumber(std::string_view text, int limit) {
+  const auto number = ParseDigits(text, {9, 0}, 0);
+  if (!number || !OnlyDigits(text) || *number > limit) return std::nullopt;
+  return number;
+}
+
+}  // namespace
+
+std::string_view Fields::Text(std::size_t index) const {
+  return index < values_.size() ? std::string_view(values_[index].text) : std::string_view();
+}
+
+std::int64_t Fields::Number(std::size_t index) const {
+  return index < values_.size() ? values_[index].number : 0;
+}
+
+char Fields::Letter(std::size_t index) const {
+  const std::string_view text = Text(index);
+  return text.empty() ? '\0' : text.front();
+}
+
+void Fields::Append(std::string text, std::int64_t number) {
+  values_.push_back({std::move(text), number});
+}
+
+std::string_view WithoutEmptyMark(std::string_view text) {
+  return text.size() == 1 && text.front() == kEmptyField ? std::string_view() : text;
+}
+
+std::optional<std::int64_t> ReadField(std::string_view text, const FieldRow& row,
+                                      const FieldDigits& digits) {
+  switch (row.kind) {
+    case FieldKind::kText:
+      return Accept(text.size() <= static_cast<std::size_t>(row.limit));
+    case FieldKind::kChoice:
+      return Accept(text.size() == 1 && row.allowed.find(text.front()) != std::string_view::npos);
+    case FieldKind::kNumber:
+      return ReadNumber(text, row.limit);
+    case FieldKind::kFiller:
+      return Accept(OnlyDigits(WithoutSign(text)));
+    case FieldKind::kDate:
+      return ParseDate(text);
+    case FieldKind::kTime:
+      return ParseTime(text);
+    case FieldKind::kQuantity:
+      return ParseDigits(WithoutSign(text), digits.quantity, kQuantityDecimals);
+    case FieldKind::kPrice:
+      return ParseDigits(text, digits.price, kPriceDecimals);
+    case FieldKind::kRate:
+      return ParseDigits(text, digits.rate, kRateDecimals);
+    case FieldKind::kInternal:
+      return ParseDigits(text, digits.internal_tax, kMoneyDecimals);
+    case FieldKind::kPerception:
+      return ParseDigits(text, digits.perception, kMoneyDecimals);
+    case FieldKind::kAmountOrEmpty:
+      if (text.empty()) return 0;
+      [[fallthrough]];
+    case FieldKind::kAmount:
+      return ParseDigits(text, digits.amount, kMoneyDecimals);
+  }
+  return std::nullopt;
+}
+
+}  // namespace impresora

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "settings.hpp"
+
+namespace impresora {
+
+enum class FieldKind {
+  kText,        // up to `limit` bytes
+  kChoice,      // one letter out of `allowed`
+  kNumber,      // plain decimal, up to `limit`
+  kFiller,      // digits or empty; accepted and not used
+  kDate,        // YYMMDD
+  kTime,        // HHMMSS
+  kQuantity,    // digits with implied decimals from here on
+  kPrice,       //
+  kRate,        //
+  kInternal,    //
+  kPerception,  //
+  kAmount,      //
+  kAmountOrEmpty,
+};
+
+struct FieldRow {
+  std::string_view name;
+  FieldKind kind;
+  int limit = 0;
+  std::string_view allowed = {};
+};
+
+// A command's fields once checked: texts as bytes, numbers as the units of amounts.hpp, dates and
+// times as seconds. A field that the host left out reads as empty or zero.
+class Fields {
+ public:
+  std::string_view Text(std::size_t index) const;
+  std::int64_t Number(std::size_t index) const;
+  char Letter(std::size_t index) const;
+  bool Empty(std::size_t index) const { return Text(index).empty(); }
+
+  void Append(std::string text, std::int64_t number);
+
+ private:
+  struct Value {
+    std::string text;
+    std::int64_t number;
+  };
+  std::vector<Value> values_;
+};
+
+// The bytes of one field turned into a value; nothing when its row does not allow them. The byte
+// that stands for an empty field reads as the empty text.
+std::optional<std::int64_t> ReadField(std::string_view text, const FieldRow& row,
+                                      const FieldDigits& digits);
+
+std::string_view WithoutEmptyMark(std::string_view text);
+
+}  // namespace impresora

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string_view>
+
+#include "machine.hpp"
+
+namespace impresora {
+
+inline constexpr std::string_view kNoFiscalValue = "SIN VALIDEZ FISCAL";
+
+// What each document looks like on paper.
+void PrintLetterhead(Machine& m);
+void PrintDocumentHead(Machine& m);
+void PrintItem(Machine& m, const Item& item, std::string_view note, int sign);
+void PrintCorrection(Machine& m, std::string_view text, std::int64_t amount);
+void PrintSubtotal(Machine& m);
+void PrintTotal(Machine& m);
+void PrintPayment(Machine& m, const Payment& payment);
+void PrintChange(Machine& m, std::int64_t change);
+void PrintFoot(Machine& m);
+void PrintCancelled(Machine& m);
+void PrintTransport(Machine& m, bool closing);
+
+void PrintNonFiscalHead(Machine& m);
+void PrintNonFiscalFoot(Machine& m);
+
+void PrintDailyReport(Machine& m, char type, std::uint32_t number);
+void PrintClosingList(Machine& m, const std::vector<DailyClosing>& closings);
+
+}  // namespace impresora

@@ -1,0 +1,44 @@
+#include <exception>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "options.hpp"
+#include "station.hpp"
+
+namespace {
+
+constexpr int kBadUsage = 2;
+
+int Run(const impresora::Options& options) {
+  try {
+    impresora::Station station(options);
+    station.Run();
+    return 0;
+  } catch (const std::exception& error) {
+    std::cerr << "impresora-virtual: no se puede continuar: " << error.what() << '\n';
+    return 1;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  impresora::Options options;
+  const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+  const std::string wrong = impresora::ParseOptions(arguments, options);
+  if (!wrong.empty()) {
+    std::cerr << "impresora-virtual: " << wrong << "\nPruebe con --ayuda.\n";
+    return kBadUsage;
+  }
+  if (options.help) {
+    impresora::PrintHelp(std::cout);
+    return 0;
+  }
+  if (options.version) {
+    std::cout << "impresora-virtual " << IMPRESORA_VERSION << '\n';
+    return 0;
+  }
+  return Run(options);
+}

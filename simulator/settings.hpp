@@ -1,0 +1,54 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "amounts.hpp"
+
+namespace impresora {
+
+// What the printer was built to issue: tickets, ticket-invoices on a roll, or forms.
+enum class Family : unsigned { kTicket = 1, kTicketInvoice = 2, kForm = 4 };
+
+// Digit counts that the commands' numeric fields are read with.
+struct FieldDigits {
+  Digits quantity{5, 3};
+  Digits price{7, 2};
+  Digits rate{2, 2};
+  Digits internal_tax{7, 2};
+  Digits amount{7, 2};  // discounts, surcharges and payments
+  Digits perception{7, 2};
+};
+
+struct Settings {
+  Family family = Family::kTicketInvoice;
+  FieldDigits digits;
+  std::string model = "TM-U220AF";
+  std::string owner = "COMERCIO DE PRUEBA S.A.";
+  std::string owner_cuit = "30-00000000-7";
+  int point_of_sale = 1;
+  int closings_left = 1825;  // daily closings that still fit in the fiscal memory
+  int lines_per_form = 24;   // item lines that fit on one form
+
+  // How long the printer works on each command before it answers, by command byte.
+  std::array<std::uint32_t, 256> work_milliseconds{};
+
+  std::size_t columns() const { return family == Family::kForm ? 80 : 40; }
+};
+
+// Everything about the machine that can go wrong on its own.
+struct Faults {
+  bool paper_out = false;
+  bool offline = false;
+  bool printer_failure = false;
+  bool buffer_full = false;
+  bool slip_entry_ready = false;
+  bool slip_ready = false;
+  bool fiscal_memory_check = false;
+  bool work_memory_check = false;
+  bool low_battery = false;
+};
+
+}  // namespace impresora

@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include "host.hpp"
+
+namespace impresora {
+namespace {
+
+using prueba::FamilySettings;
+using prueba::kEmpty;
+using prueba::Shop;
+
+using Texts = std::vector<std::string>;
+
+TEST(Documents, AWholeTicket) {
+  Shop shop;
+  EXPECT_EQ(shop.OpenTicket().fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketItem("Yerba", "2000", "1050").fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketItem("Pan", "500", "10000", "1050").fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketTotal(), "000000007100");
+  EXPECT_EQ(shop.Send({"D", "Socio", "100", "D"}).fiscal, 0x1600);
+  EXPECT_EQ(shop.Send({"D", "Envio", "000000200", "R"}).fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketTotal(), "000000007200");
+  EXPECT_EQ(shop.Send({"D", "Tarjeta", "5000", "T"}).fields,
+            (Texts{"000000002200", "000000000000"}));
+  EXPECT_EQ(shop.Send({"D", "Efectivo", "3000", "T"}).fields,
+            (Texts{"000000000000", "000000000800"}));
+  const Answer closed = shop.Send({"E", "T"});
+  EXPECT_EQ(closed.fiscal, 0x0600);
+  EXPECT_EQ(closed.fields, (Texts{"00000001"}));
+}
+
+TEST(Documents, OnLetterAIvaComesOnTop) {
+  Shop shop;
+  shop.OpenInvoice("T", "A");
+  shop.InvoiceItem("Yerba", "2000", "10000", "2100");
+  shop.InvoiceItem("Pan", "1000", "3333", "1050");
+  const Answer subtotal = shop.Send({"c", "N", kEmpty});
+  EXPECT_EQ(subtotal.fields,
+            (Texts{"00002", "00003000", "000000027883", "000000004550", "000000000000",
+                   "000000000000", "000000000000", "000000023333", "000000027883"}));
+  EXPECT_EQ(shop.CloseInvoice().fields, (Texts{"00000001"}));
+}
+
+TEST(Documents, OnLetterBIvaIsInThePrice) {
+  Shop shop;
+  shop.OpenInvoice("T", "B");
+  shop.InvoiceItem("Yerba", "1000", "12100", "2100");
+  const Answer subtotal = shop.Send({"c", "N", kEmpty});
+  EXPECT_EQ(subtotal.fields.at(2), "000000012100");
+  EXPECT_EQ(subtotal.fields.at(3), "000000002100");
+  EXPECT_EQ(subtotal.fields.at(7), "000000010000");
+}
+
+TEST(Documents, InternalTaxesComePerUnitAndBearNoIva) {
+  Shop net;
+  net.OpenInvoice("T", "A");
+  net.InvoiceItem("Vino", "3000", "10000", "2100", "M", "500");
+  EXPECT_EQ(net.InvoiceTotal(), "000000037800");  // 300 + 63 + 15
+  Shop gross;
+  gross.OpenInvoice("T", "B");
+  gross.InvoiceItem("Vino", "3000", "12600", "2100", "M", "500");
+  const Answer subtotal = gross.Send({"c", "N", kEmpty});
+  EXPECT_EQ(subtotal.fields.at(2), "000000037800");
+  EXPECT_EQ(subtotal.fields.at(3), "000000006300");
+  EXPECT_EQ(subtotal.fields.at(5), "000000001500");
+}
+
+TEST(Documents, APerceptionIsAddedToTheTotalOnly) {
+  Shop shop;
+  shop.OpenInvoice("T", "A");
+  EXPECT_EQ(shop.Send({"f", "IIBB", "O", "300", "0000"}).fiscal, 0xB620);
+  shop.InvoiceItem("Yerba", "1000", "10000", "2100");
+  EXPECT_EQ(shop.Send({"f", "IIBB", "O", "300", "0000"}).fiscal, 0x3600);
+  EXPECT_EQ(shop.Send({"f", "IVA", "I", "250", "2100"}).fiscal, 0x3600);
+  EXPECT_EQ(shop.InvoiceTotal(), "000000012650");
+}
+
+TEST(Documents, ADiscountSpreadsOverTheRatesAndNeverExceedsTheTotal) {
+  Shop shop;
+  shop.OpenInvoice("T", "A");
+  shop.InvoiceItem("Yerba", "1000", "10000", "2100");
+  shop.InvoiceItem("Pan", "1000", "5000", "1050");
+  EXPECT_EQ(shop.Send({"d", "Todo y mas", "15001", "D"}).fiscal, 0xB610);
+  EXPECT_EQ(shop.Send({"d", "Socio", "1000", "D"}).fiscal, 0x3600);
+  // 93.33 at 21 % and 46.67 at 10.5 %.
+  EXPECT_EQ(shop.InvoiceTotal(), "000000016450");
+}
+
+TEST(Documents, OnlyWhatWasSoldCanBeVoided) {
+  Shop shop;
+  shop.OpenTicket();
+  shop.TicketItem("Pan", "2000", "1000");
+  EXPECT_EQ(shop.TicketItem("Torta", "1000", "1000", "2100", "m").fiscal, 0x9610);
+  EXPECT_EQ(shop.TicketItem("Pan", "1000", "0900", "2100", "m").fiscal, 0x9610);
+  EXPECT_EQ(shop.TicketItem("Pan", "2001", "1000", "2100", "m").fiscal, 0x9610);
+  EXPECT_EQ(shop.TicketItem("Pan", "1500", "1000", "2100", "m").fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketItem("Pan", "1000", "1000", "2100", "m").fiscal, 0x9610);
+  EXPECT_EQ(shop.TicketTotal(), "000000000500");
+}
+
+TEST(Documents, AReturnTakesFromTheTotalButNotBelowNothing) {
+  Shop shop;
+  shop.OpenTicket();
+  shop.TicketItem("Pan", "2000", "1000");
+  EXPECT_EQ(shop.TicketItem("Envase", "1000", "1500", "2100", "R").fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketTotal(), "000000000500");
+  EXPECT_EQ(shop.TicketItem("Envase", "1000", "1500", "2100", "R").fiscal, 0x9610);
+  EXPECT_EQ(shop.TicketTotal(), "000000000500");
+}
+
+TEST(Documents, ATotalThatWouldOverflowIsRefusedAndStaysAsItWas) {
+  Shop shop;
+  shop.OpenTicket();
+  shop.TicketItem("Oro", "99000", "999999999");
+  EXPECT_EQ(shop.TicketItem("Oro", "99000", "999999999").fiscal, 0x9640);
+  EXPECT_EQ(shop.TicketTotal(), "098999999901");
+}
+
+TEST(Documents, TheRestIsTakenInCash) {
+  Shop shop;
+  shop.OpenTicket();
+  shop.TicketItem("Pan", "1000", "1000");
+  shop.Send({"D", "Tarjeta", "400", "T"});
+  EXPECT_EQ(shop.Send({"E", "T"}).fiscal, 0x0600);
+  const std::string paper = shop.PaperText();
+  EXPECT_NE(paper.find("Efectivo                            6,00"), std::string::npos) << paper;
+}
+
+TEST(Documents, EachSeriesAndLetterCountsOnItsOwn) {
+  Shop shop;
+  const auto issue = [&shop](std::string_view kind, std::string_view letter) {
+    shop.OpenInvoice(kind, letter);
+    shop.InvoiceItem("Pan", "1000", "1000");
+    return shop.CloseInvoice(kind, letter).fields.at(0);
+  };
+  EXPECT_EQ(issue("T", "A"), "00000001");
+  EXPECT_EQ(issue("T", "A"), "00000002");
+  EXPECT_EQ(issue("T", "B"), "00000001");
+  EXPECT_EQ(issue("M", "A"), "00000001");
+  EXPECT_EQ(issue("D", "A"), "00000001");
+  EXPECT_EQ(issue("T", "A"), "00000003");
+}
+
+TEST(Documents, ACancelledDocumentKeepsItsNumber) {
+  Shop shop;
+  shop.OpenTicket();
+  shop.TicketItem("Pan", "1000", "1000");
+  EXPECT_EQ(shop.Send({"D", kEmpty, kEmpty, "C"}).fiscal, 0x0600);
+  EXPECT_EQ(shop.printer.documents_closed(), 0U);
+  shop.OpenTicket();
+  shop.TicketItem("Pan", "1000", "1000");
+  EXPECT_EQ(shop.Send({"E", "T"}).fields, (Texts{"00000002"}));
+}
+
+TEST(Documents, ADeliveryNoteNeedsNoMoney) {
+  Shop shop(FamilySettings(Family::kForm));
+  shop.OpenInvoice("E", "R");
+  EXPECT_EQ(shop.InvoiceItem("Cajas", "5000", "0", "0").fiscal, 0x3600);
+  EXPECT_EQ(shop.CloseInvoice("E", "R").fields, (Texts{"00000001"}));
+}
+
+// The host brings the printer's total to its own, as it does at the end of a document.
+TEST(Documents, TheTotalCanBeBroughtToAnyHundredth) {
+  for (const int wanted : {10'005, 10'019, 10'000, 9'987}) {
+    Shop shop;
+    shop.OpenInvoice("T", "A");
+    shop.InvoiceItem("Yerba", "1000", "5005", "2100");
+    shop.InvoiceItem("Pan", "1000", "3580", "1050");
+    int rounds = 0;
+    for (; rounds < 5; ++rounds) {
+      const int total = std::stoi(shop.InvoiceTotal());
+      if (total == wanted) break;
+      const std::string difference = std::to_string(std::abs(wanted - total));
+      if (total < wanted) {
+        shop.Send({"f", "Ajuste por redondeo", "O", "00" + difference, "0000"});
+      } else {
+        shop.Send({"d", "Ajuste por Redondeo", "00" + difference, "D"});
+      }
+    }
+    EXPECT_LT(rounds, 5) << wanted;
+  }
+}
+
+}  // namespace
+}  // namespace impresora

@@ -1,0 +1,150 @@
+#include "line.hpp"
+
+#include <gtest/gtest.h>
+
+#include "exchange_text.hpp"
+#include "host.hpp"
+
+namespace impresora {
+namespace {
+
+using prueba::Body;
+using std::chrono::milliseconds;
+
+class StoppedClock : public WallClock {
+ public:
+  std::int64_t LocalSeconds() override { return prueba::OpeningTime(); }
+};
+
+// A printer on a line, and a time that the test moves by hand.
+class Desk {
+ public:
+  explicit Desk(LineSettings line_settings = {}, Settings settings = {})
+      : printer(std::move(settings)), line(printer, clock, line_settings) {}
+
+  std::string Exchange(std::string_view bytes) {
+    line.Receive(bytes, now);
+    return line.Advance(now);
+  }
+
+  StoppedClock clock;
+  Printer printer;
+  Line line;
+  Micros now = milliseconds(1);
+};
+
+Settings SlowSettings(std::uint32_t work_milliseconds) {
+  Settings settings;
+  settings.work_milliseconds.fill(work_milliseconds);
+  return settings;
+}
+
+TEST(Line, AnInstantPrinterAnswersAtOnce) {
+  Desk desk;
+  EXPECT_EQ(desk.Exchange(Frame(40, "K")), Frame(40, Body({"K", "0080", "0600"})));
+  EXPECT_FALSE(desk.line.NextDue());
+}
+
+TEST(Line, ADamagedFrameIsRefusedAndNotCarriedOut) {
+  Desk desk;
+  std::string frame = Frame(40, "{");
+  frame.back() = frame.back() == '0' ? '1' : '0';
+  EXPECT_EQ(desk.Exchange(frame), std::string(1, kNak));
+  EXPECT_EQ(desk.printer.drawer_openings(), 0U);
+}
+
+TEST(Line, TheSameFrameAgainRepeatsTheAnswerOnly) {
+  Desk desk;
+  const std::string answer = desk.Exchange(Frame(40, "{"));
+  EXPECT_EQ(desk.Exchange(Frame(40, "{")), answer);
+  EXPECT_EQ(desk.printer.drawer_openings(), 1U);
+  desk.Exchange(Frame(41, "{"));
+  EXPECT_EQ(desk.printer.drawer_openings(), 2U);
+}
+
+TEST(Line, AnotherCommandUnderTheSameNumberIsANewCommand) {
+  Desk desk;
+  desk.Exchange(Frame(40, "K"));
+  EXPECT_EQ(desk.Exchange(Frame(40, "Y")),
+            Frame(40, Body({"Y", "0080", "0600", "261121", "103000"})));
+}
+
+TEST(Line, TheHostsConfirmationIsNoted) {
+  Desk desk;
+  EXPECT_FALSE(desk.line.acknowledged());
+  desk.Exchange(Frame(40, "K"));
+  EXPECT_FALSE(desk.line.acknowledged());
+  desk.Exchange("\x06");
+  EXPECT_TRUE(desk.line.acknowledged());
+  desk.Exchange(Frame(41, "K"));
+  EXPECT_FALSE(desk.line.acknowledged());
+  EXPECT_EQ(desk.line.acknowledgements(), 1U);
+}
+
+TEST(Line, TwoFramesInOnePieceGetTwoAnswers) {
+  Desk desk;
+  const std::string two = Frame(40, "K") + "\x06" + Frame(41, "K");
+  EXPECT_EQ(desk.Exchange(two),
+            Frame(40, Body({"K", "0080", "0600"})) + Frame(41, Body({"K", "0080", "0600"})));
+}
+
+TEST(Line, AWorkingPrinterAsksForPatienceUntilItIsDone) {
+  Desk desk({}, SlowSettings(1200));
+  const std::string busy(1, kDc2);
+  const std::string answer = Frame(40, Body({"K", "0080", "0600"}));
+  EXPECT_EQ(desk.Exchange(Frame(40, "K")), "");
+  EXPECT_EQ(desk.line.NextDue(), desk.now + milliseconds(500));
+  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(499)), "");
+  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(500)), busy);
+  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(1000)), busy);
+  EXPECT_EQ(desk.line.NextDue(), desk.now + milliseconds(1200));
+  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(1200)), answer);
+  EXPECT_FALSE(desk.line.NextDue());
+}
+
+TEST(Line, WhatArrivesWhileWorkingWaitsItsTurn) {
+  Desk desk({}, SlowSettings(100));
+  desk.Exchange(Frame(40, "K"));
+  desk.Exchange(Frame(41, "K"));
+  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(100)),
+            Frame(40, Body({"K", "0080", "0600"})));
+}
+
+TEST(Line, ASlowLineTakesTenBitsPerByteBothWays) {
+  Desk desk({.baud = 9600});
+  const std::string frame = Frame(40, "K");                           // 8 bytes
+  const std::string answer = Frame(40, Body({"K", "0080", "0600"}));  // 18 bytes
+  const Micros byte(1041);
+  EXPECT_EQ(desk.Exchange(frame), "");
+  const Micros heard = desk.now + 8 * byte;
+  EXPECT_EQ(desk.line.Advance(heard - Micros(1)), "");
+  EXPECT_EQ(desk.line.Advance(heard), "");
+  EXPECT_EQ(desk.line.NextDue(), heard + byte);
+  EXPECT_EQ(desk.line.Advance(heard + byte), answer.substr(0, 1));
+  EXPECT_EQ(desk.line.Advance(heard + 17 * byte), answer.substr(1, 16));
+  EXPECT_EQ(desk.line.Advance(heard + 18 * byte), answer.substr(17));
+  EXPECT_FALSE(desk.line.NextDue());
+}
+
+TEST(Line, ExchangesAreToldInWords) {
+  Desk desk({.keep_exchanges = true});
+  desk.Exchange(Frame(40, Body({"^", "1"})) + Frame(40, Body({"^", "1"})) + Frame(41, "?"));
+  std::string frame = Frame(42, "K");
+  frame.back() ^= 1;
+  desk.Exchange(frame);
+  const auto exchanges = desk.line.TakeExchanges();
+  ASSERT_EQ(exchanges.size(), 4U);
+  EXPECT_EQ(Describe(exchanges[0]),
+            "10:30:00 sec 40 Leer encabezado(línea='1') -> impresora 0080 (buffer vacío), "
+            "fiscal 0600 (en orden); respuesta '1', vacío");
+  EXPECT_EQ(Describe(exchanges[1]),
+            "10:30:00 sec 40 (repetido, no se ejecuta) Leer encabezado(línea='1') -> impresora "
+            "0080 (buffer vacío), fiscal 0600 (en orden); respuesta '1', vacío");
+  EXPECT_EQ(Describe(exchanges[2]),
+            "10:30:00 sec 41 Comando 3F() -> impresora 0080 (buffer vacío), fiscal 8608 (comando "
+            "no reconocido)");
+  EXPECT_EQ(Describe(exchanges[3]), "10:30:00 trama dañada -> NAK");
+}
+
+}  // namespace
+}  // namespace impresora
