@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "fakes/journal.hpp"
+#include "fakes/trouble.hpp"
+#include "platform/clock.hpp"
+
+namespace kestra {
+
+constexpr std::int64_t kMicrosPerSecond = 1'000'000;
+constexpr std::int64_t kMicrosPerDay = 86'400 * kMicrosPerSecond;
+
+constexpr std::int64_t Micros(double seconds) {
+  return static_cast<std::int64_t>(seconds * static_cast<double>(kMicrosPerSecond) + 0.5);
+}
+
+// A wall clock that stands still until it is told otherwise: by Sleep, by the fake port while the
+// library waits for bytes, or by the test.
+class FakeClock : public Clock {
+ public:
+  FakeClock(Journal& journal, Trouble& trouble) : journal_(journal), trouble_(trouble) {}
+
+  double TimeOfDay() override;
+  std::string ShortDate() override;  // 21/11/2026
+  std::string TimeText() override;   // 10:30:00
+  void Sleep(std::int32_t milliseconds) override;
+
+  void SetTimeOfDay(double seconds);
+  void SetDate(int day, int month, int year);
+
+  // Lets time pass. Throws when more has passed than any call may take.
+  void Advance(std::int64_t micros);
+
+  // Microseconds that have passed since the clock was made, whatever the hands were set to.
+  [[nodiscard]] std::int64_t Elapsed() const { return elapsed_; }
+
+ private:
+  [[nodiscard]] std::int64_t WallMicros() const { return elapsed_ + offset_; }
+  void Look();
+
+  Journal& journal_;
+  Trouble& trouble_;
+  std::int64_t elapsed_ = 0;
+  std::int64_t offset_ = 0;  // of the wall's time, in microseconds since midnight of the first day
+  std::int64_t first_day_ = 0;  // days since 1/1/1970
+  int looks_ = 0;               // since time last passed
+};
+
+}  // namespace kestra

@@ -1,0 +1,28 @@
+// Test programs that live on fakes compile this file in place of a platform.
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+
+#include "platform/components.hpp"
+#include "platform/platform.hpp"
+
+namespace kestra {
+
+std::unique_ptr<Platform> MakeSystemPlatform() {
+  throw std::logic_error("a test must bring its own world");
+}
+
+// No component system, and no object of it alive.
+std::int32_t RegisterComponents() { return -1; }
+
+std::int32_t UnregisterComponents() { return -1; }
+
+std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_id*/,
+                              void** object) {
+  if (object != nullptr) *object = nullptr;
+  return -1;
+}
+
+bool ComponentsInUse() { return false; }
+
+}  // namespace kestra
