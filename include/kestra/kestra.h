@@ -1,23 +1,24 @@
 /*
  * Kestra: driver for the Epson fiscal printers used in Argentina.
  *
- * Call EP_Init once, then the operations, then EP_Kill, all on one thread. The settings come from the
- * file Fiscal.ini and the log goes to fiscal.log, both in the current working directory.
+ * Call EP_Init once, then the operations, then EP_Kill, all on one thread. The settings come from
+ * the file Fiscal.ini and the log goes to fiscal.log, both in the current working directory.
  *
  * Rules that hold for every function below:
  *
- * - Result of an operation: 0 when the printer accepted the command, 1 when the operator declined it,
- *   the arguments chose no command, the exchange failed or the printer refused it. EP_Init is the
+ * - Result of an operation: 0 when the printer accepted the command, 1 when the operator declined
+ * it, the arguments chose no command, the exchange failed or the printer refused it. EP_Init is the
  *   exception: 1 started, 0 failed.
- * - Texts are bytes of windows-1252. A text argument of N bytes is read for exactly N bytes: the buffer
- *   must hold that many, padded with blanks. No terminating zero is looked for. A null pointer reads as
- *   blanks.
- * - A result buffer receives at most the stated count of bytes, without a terminating zero; what lies
- *   behind them is left as it was. A null pointer receives nothing.
- * - Amounts are doubles in pesos (or units, or percent), formatted with the digit counts of Fiscal.ini.
- *   An amount that does not fit its field shows "Error al convertir" and goes out as an empty field.
- * - No call lets an exception out. A call made while another one is still running (from a callback or
- *   another thread) is refused with the failure result and touches nothing.
+ * - Texts are bytes of windows-1252. A text argument of N bytes is read for exactly N bytes: the
+ * buffer must hold that many, padded with blanks. No terminating zero is looked for. A null pointer
+ * reads as blanks.
+ * - A result buffer receives at most the stated count of bytes, without a terminating zero; what
+ * lies behind them is left as it was. A null pointer receives nothing.
+ * - Amounts are doubles in pesos (or units, or percent), formatted with the digit counts of
+ * Fiscal.ini. An amount that does not fit its field shows "Error al convertir" and goes out as an
+ * empty field.
+ * - No call lets an exception out. A call made while another one is still running (from a callback
+ * or another thread) is refused with the failure result and touches nothing.
  */
 #ifndef KESTRA_KESTRA_H
 #define KESTRA_KESTRA_H
@@ -42,20 +43,22 @@
 extern "C" {
 #endif
 
-/* ---- Start-up and shut-down ------------------------------------------------------------------- */
+/* ---- Start-up and shut-down -------------------------------------------------------------------
+ */
 
 /*
  * Reads Fiscal.ini and sets up the serial port; opens nothing yet.
  * Result: 1 ready, 0 failed (for example a port number outside 1..256 and no ImpresoraDispositivo).
- * A bad key in Fiscal.ini is shown to the operator, keeps the keys behind it from being read, and does
- * not by itself make the call fail. Calling it again reads the file anew.
+ * A bad key in Fiscal.ini is shown to the operator, keeps the keys behind it from being read, and
+ * does not by itself make the call fail. Calling it again reads the file anew.
  */
 KESTRA_API int32_t KESTRA_CALL EP_Init(void);
 
 /* Releases the serial port. Sends nothing to the printer. The result carries no meaning. */
 KESTRA_API int32_t KESTRA_CALL EP_Kill(void);
 
-/* ---- Fiscal documents ------------------------------------------------------------------------- */
+/* ---- Fiscal documents -------------------------------------------------------------------------
+ */
 
 /*
  * Opens an invoice, debit note, credit note or ticket.
@@ -72,10 +75,10 @@ KESTRA_API int32_t KESTRA_CALL EP_Kill(void);
  * Result 1, with nothing sent, for a family and kind that cannot be opened.
  */
 KESTRA_API int32_t KESTRA_CALL EP_AbrirComprobanteFiscal(
-    const char *tipo, const char *letra, const char *nombre1, const char *nombre2,
-    const char *documento_tipo, const char *documento_numero, const char *responsabilidad_iva,
-    const char *domicilio1, const char *domicilio2, const char *domicilio3, const char *linea4,
-    const char *linea5, int32_t copias);
+    const char* tipo, const char* letra, const char* nombre1, const char* nombre2,
+    const char* documento_tipo, const char* documento_numero, const char* responsabilidad_iva,
+    const char* domicilio1, const char* domicilio2, const char* domicilio3, const char* linea4,
+    const char* linea5, int32_t copias);
 
 /*
  * Prints one sale line.
@@ -86,42 +89,44 @@ KESTRA_API int32_t KESTRA_CALL EP_AbrirComprobanteFiscal(
  *   impuestos_internos              amount
  *   extra1, extra2, extra3          22 bytes each: extra lines, blank when unused
  */
-KESTRA_API int32_t KESTRA_CALL EP_ImprimirItem(const char *descripcion, double cantidad,
-                                               double precio, double iva,
-                                               double impuestos_internos, const char *extra1,
-                                               const char *extra2, const char *extra3);
+KESTRA_API int32_t KESTRA_CALL EP_ImprimirItem(const char* descripcion, double cantidad,
+                                               double precio, double iva, double impuestos_internos,
+                                               const char* extra1, const char* extra2,
+                                               const char* extra3);
 
-/* Prints the voiding of a line. Arguments as EP_ImprimirItem; the sign of the quantity is not looked at. */
-KESTRA_API int32_t KESTRA_CALL EP_AnularItem(const char *descripcion, double cantidad,
+/* Prints the voiding of a line. Arguments as EP_ImprimirItem; the sign of the quantity is not
+ * looked at. */
+KESTRA_API int32_t KESTRA_CALL EP_AnularItem(const char* descripcion, double cantidad,
                                              double precio, double iva, double impuestos_internos,
-                                             const char *extra1, const char *extra2,
-                                             const char *extra3);
+                                             const char* extra1, const char* extra2,
+                                             const char* extra3);
 
 /* Prints a line of text inside the document. texto: 26 bytes, sent as they are, blanks included. */
-KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoFiscal(const char *texto);
+KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoFiscal(const char* texto);
 
 /* The same with a zero-terminated text of any length; a null pointer is the empty text. */
-KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoFiscalInterna(const char *texto);
+KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoFiscalInterna(const char* texto);
 
 /*
  * Closes the open document.
  *   tipo    2 bytes, letra 1 byte: as given to EP_AbrirComprobanteFiscal
- *   numero  receives up to 8 bytes: the number of the document. It is written on failure too, with the
- *           first data field of whatever answer came last: test the result first.
+ *   numero  receives up to 8 bytes: the number of the document. It is written on failure too, with
+ * the first data field of whatever answer came last: test the result first.
  */
-KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteFiscal(const char *tipo, const char *letra,
-                                                          char *numero);
+KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteFiscal(const char* tipo, const char* letra,
+                                                          char* numero);
 
 /* Cancels the open document. */
 KESTRA_API int32_t KESTRA_CALL EP_Cancelar(void);
 
-/* ---- Totals and payments ---------------------------------------------------------------------- */
+/* ---- Totals and payments ----------------------------------------------------------------------
+ */
 
 /* Discounts an amount from the document. descripcion: 80 bytes. */
-KESTRA_API int32_t KESTRA_CALL EP_DescuentoGeneral(const char *descripcion, double monto);
+KESTRA_API int32_t KESTRA_CALL EP_DescuentoGeneral(const char* descripcion, double monto);
 
 /* Adds a surcharge to the document. descripcion: 80 bytes. */
-KESTRA_API int32_t KESTRA_CALL EP_RecargoGeneral(const char *descripcion, double monto);
+KESTRA_API int32_t KESTRA_CALL EP_RecargoGeneral(const char* descripcion, double monto);
 
 /*
  * Adds a perception to the document.
@@ -130,19 +135,20 @@ KESTRA_API int32_t KESTRA_CALL EP_RecargoGeneral(const char *descripcion, double
  *   iva           rate in percent
  *   calificador   1 byte: "I" or "O"; with any other the previous command goes out again
  */
-KESTRA_API int32_t KESTRA_CALL EP_EspecificarPercepcionGlobal(const char *descripcion, double monto,
-                                                              double iva, const char *calificador);
+KESTRA_API int32_t KESTRA_CALL EP_EspecificarPercepcionGlobal(const char* descripcion, double monto,
+                                                              double iva, const char* calificador);
 
 /* Prints a payment line. descripcion: 80 bytes, of which 20 are printed. */
-KESTRA_API int32_t KESTRA_CALL EP_ImprimirPago(const char *descripcion, double monto);
+KESTRA_API int32_t KESTRA_CALL EP_ImprimirPago(const char* descripcion, double monto);
 
 /*
- * With AjusteRedondeo=1, adds lines to the document until the printer's total equals `total` exactly.
- * It does not end while the printer reports another total. Result: always 0.
+ * With AjusteRedondeo=1, adds lines to the document until the printer's total equals `total`
+ * exactly. It does not end while the printer reports another total. Result: always 0.
  */
 KESTRA_API int32_t KESTRA_CALL EP_AjusteRedondeo(double total);
 
-/* ---- Other documents -------------------------------------------------------------------------- */
+/* ---- Other documents --------------------------------------------------------------------------
+ */
 
 /*
  * Opens a homologated non-fiscal document.
@@ -158,25 +164,26 @@ KESTRA_API int32_t KESTRA_CALL EP_AjusteRedondeo(double total);
  * Result 1, with nothing sent, for a family and kind that cannot be opened.
  */
 KESTRA_API int32_t KESTRA_CALL EP_AbrirComprobanteNoFiscalHomologado(
-    const char *tipo, const char *marca1, const char *linea1, const char *linea2,
-    const char *documento_tipo, const char *documento_numero, const char *marca2,
-    const char *domicilio, const char *linea4, const char *linea5, const char *linea6,
-    const char *linea7, int32_t cantidad);
+    const char* tipo, const char* marca1, const char* linea1, const char* linea2,
+    const char* documento_tipo, const char* documento_numero, const char* marca2,
+    const char* domicilio, const char* linea4, const char* linea5, const char* linea6,
+    const char* linea7, int32_t cantidad);
 
 /* Closes it. tipo: 2 bytes, "NC", "RT", "CT", "FC" or "ND"; marca: 1 byte. */
-KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteNoFiscalHomologado(const char *tipo,
-                                                                      const char *marca);
+KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteNoFiscalHomologado(const char* tipo,
+                                                                      const char* marca);
 
 /* Opens a free non-fiscal document. */
 KESTRA_API int32_t KESTRA_CALL EP_AbrirComprobanteNoFiscal(void);
 
 /* Prints a line in it. texto: 120 bytes, fitted to the line length of Fiscal.ini. */
-KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoNoFiscal(const char *texto);
+KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoNoFiscal(const char* texto);
 
 /* Closes it. */
 KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteNoFiscal(void);
 
-/* ---- Reports ---------------------------------------------------------------------------------- */
+/* ---- Reports ----------------------------------------------------------------------------------
+ */
 
 /* Prints the X report: the day's totals, without closing. */
 KESTRA_API int32_t KESTRA_CALL EP_ReporteX(void);
@@ -184,7 +191,8 @@ KESTRA_API int32_t KESTRA_CALL EP_ReporteX(void);
 /* Prints the Z report: closes the day. Warns the operator when the fiscal memory is nearly full. */
 KESTRA_API int32_t KESTRA_CALL EP_ReporteZ(void);
 
-/* Reports the closings of a range of numbers. `tercero` is shown in the question and goes nowhere else. */
+/* Reports the closings of a range of numbers. `tercero` is shown in the question and goes nowhere
+ * else. */
 KESTRA_API int32_t KESTRA_CALL EP_ReporteZporNumeros(int32_t primero, int32_t ultimo,
                                                      int32_t tercero);
 
@@ -192,19 +200,20 @@ KESTRA_API int32_t KESTRA_CALL EP_ReporteZporNumeros(int32_t primero, int32_t ul
  * Reports the closings of a range of dates. desde, hasta: 6 bytes each, YYMMDD, sent unchecked.
  * The result is the verdict on the last answer, whether or not this command was sent.
  */
-KESTRA_API int32_t KESTRA_CALL EP_ReporteZporFechas(const char *desde, const char *hasta,
+KESTRA_API int32_t KESTRA_CALL EP_ReporteZporFechas(const char* desde, const char* hasta,
                                                     int32_t tercero);
 
-/* ---- Device ----------------------------------------------------------------------------------- */
+/* ---- Device -----------------------------------------------------------------------------------
+ */
 
 /* Opens the cash drawer. cajon: 1 or 2 (the same command); any other sends nothing and gives 1. */
 KESTRA_API int32_t KESTRA_CALL EP_AbrirCajonDeDinero(int32_t cajon);
 
 /* Sets the printer's clock. fecha: 6 bytes YYMMDD; hora: 6 bytes HHMMSS; both sent unchecked. */
-KESTRA_API int32_t KESTRA_CALL EP_CambiarFechaHora(const char *fecha, const char *hora);
+KESTRA_API int32_t KESTRA_CALL EP_CambiarFechaHora(const char* fecha, const char* hora);
 
 /* Reads the printer's clock. resultado receives 12 bytes, YYMMDDHHMMSS; written on failure too. */
-KESTRA_API int32_t KESTRA_CALL EP_ObtenerFechaHora(char *resultado);
+KESTRA_API int32_t KESTRA_CALL EP_ObtenerFechaHora(char* resultado);
 
 /*
  * Sets a header line.
@@ -212,27 +221,29 @@ KESTRA_API int32_t KESTRA_CALL EP_ObtenerFechaHora(char *resultado);
  *   linea     line number as the printer counts them
  *   atributo  1 prints it in double width; any other leaves it plain
  */
-KESTRA_API int32_t KESTRA_CALL EP_SetEncabezado(const char *texto, int32_t linea, int32_t atributo);
+KESTRA_API int32_t KESTRA_CALL EP_SetEncabezado(const char* texto, int32_t linea, int32_t atributo);
 
 /* Reads a header line. resultado receives up to 120 bytes; written on failure too. */
-KESTRA_API int32_t KESTRA_CALL EP_GetEncabezado(char *resultado, int32_t linea);
+KESTRA_API int32_t KESTRA_CALL EP_GetEncabezado(char* resultado, int32_t linea);
 
 /* Cuts the paper. */
 KESTRA_API int32_t KESTRA_CALL EP_CortaPapel(void);
 
-/* Feeds lines. Only the low 16 bits of the argument count, as a signed number; it is sent unchecked. */
+/* Feeds lines. Only the low 16 bits of the argument count, as a signed number; it is sent
+ * unchecked. */
 KESTRA_API int32_t KESTRA_CALL EP_AvanzaPapel(int32_t lineas);
 
 /* Reads the model data. resultado receives up to 64 bytes: the data fields one after another. */
-KESTRA_API int32_t KESTRA_CALL EP_ValoresModelo(char *resultado);
+KESTRA_API int32_t KESTRA_CALL EP_ValoresModelo(char* resultado);
 
 /* Reads the document counters at fixed positions. resultado receives up to 80 bytes. */
-KESTRA_API int32_t KESTRA_CALL EP_Numeracion(char *resultado);
+KESTRA_API int32_t KESTRA_CALL EP_Numeracion(char* resultado);
 
 /* Reads the model's name. resultado receives up to 14 bytes; written on failure too. */
-KESTRA_API int32_t KESTRA_CALL EP_AutodetectarModelo(char *resultado);
+KESTRA_API int32_t KESTRA_CALL EP_AutodetectarModelo(char* resultado);
 
-/* ---- Kept for old hosts ----------------------------------------------------------------------- */
+/* ---- Kept for old hosts -----------------------------------------------------------------------
+ */
 
 /* The last error code that an operation has set: 0. */
 KESTRA_API int32_t KESTRA_CALL EP_Chequear_Error(void);
@@ -252,60 +263,63 @@ KESTRA_API int32_t KESTRA_CALL EP_ImprimirItemEnRemito(int32_t a, int32_t b, int
 KESTRA_API int32_t KESTRA_CALL EP_DatosCliente(int32_t a, int32_t b, int32_t c, int32_t d,
                                                int32_t e);
 
-/* ---- Component entry points ------------------------------------------------------------------- */
+/* ---- Component entry points -------------------------------------------------------------------
+ */
 
 /*
  * The platform's component registration. Where there is no component system (Linux) the first three
- * do nothing and answer 0x80004001 (not implemented; DllGetClassObject also sets *objeto to null), and
- * DllCanUnloadNow answers 0 when the library holds no port, else 1.
+ * do nothing and answer 0x80004001 (not implemented; DllGetClassObject also sets *objeto to null),
+ * and DllCanUnloadNow answers 0 when the library holds no port, else 1.
  */
 KESTRA_API int32_t KESTRA_CALL DllRegisterServer(void);
 KESTRA_API int32_t KESTRA_CALL DllUnregisterServer(void);
-KESTRA_API int32_t KESTRA_CALL DllGetClassObject(const void *clase, const void *interfaz,
-                                                 void **objeto);
+KESTRA_API int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz,
+                                                 void** objeto);
 KESTRA_API int32_t KESTRA_CALL DllCanUnloadNow(void);
 
-/* ---- The operator ----------------------------------------------------------------------------- */
+/* ---- The operator -----------------------------------------------------------------------------
+ */
 
 /* One row of the status report. */
 typedef struct KestraFila {
-    int32_t grupo;     /* 0 printer row, 1 fiscal row */
-    int32_t numero;    /* row number, as in the control's name */
-    int32_t clase;     /* 0 information, 1 error */
-    int32_t encendida; /* 1 lit, 0 greyed */
-    const char *texto; /* caption */
-    const char *ayuda; /* hint */
+  int32_t grupo;     /* 0 printer row, 1 fiscal row */
+  int32_t numero;    /* row number, as in the control's name */
+  int32_t clase;     /* 0 information, 1 error */
+  int32_t encendida; /* 1 lit, 0 greyed */
+  const char* texto; /* caption */
+  const char* ayuda; /* hint */
 } KestraFila;
 
 /*
- * What the library asks and tells the operator. All texts are windows-1252, zero-terminated, and valid
- * only during the callback (a zero byte inside a text comes as a blank). A null member keeps the
- * library's own way for that kind. The callbacks run on the thread that made the call.
+ * What the library asks and tells the operator. All texts are windows-1252, zero-terminated, and
+ * valid only during the callback (a zero byte inside a text comes as a blank). A null member keeps
+ * the library's own way for that kind. The callbacks run on the thread that made the call.
  */
 typedef struct KestraOperador {
-    uint32_t tamano; /* sizeof(KestraOperador) */
-    void *contexto;  /* handed back in each callback */
-    /*
-     * A message box. estilo: 0 OK, 4 Yes/No, 36 Yes/No with the question icon. titulo: "" is the
-     * default title. Returns 1 OK, 6 Yes, 7 No; for a question all but 6 counts as No.
-     */
-    int32_t(KESTRA_CALL *mensaje)(void *contexto, const char *texto, const char *titulo,
-                                  int32_t estilo);
-    /*
-     * The status report: both status words (four hexadecimal digits each) and `cantidad` rows.
-     * Returns non-zero to send the command again (Reintentar), zero to close.
-     */
-    int32_t(KESTRA_CALL *informe_estados)(void *contexto, const char *impresora, const char *fiscal,
-                                          const KestraFila *filas, int32_t cantidad);
-    /* The warning that the fiscal memory is nearly full. */
-    void(KESTRA_CALL *memoria_llena)(void *contexto);
+  uint32_t tamano; /* sizeof(KestraOperador) */
+  void* contexto;  /* handed back in each callback */
+  /*
+   * A message box. estilo: 0 OK, 4 Yes/No, 36 Yes/No with the question icon. titulo: "" is the
+   * default title. Returns 1 OK, 6 Yes, 7 No; for a question all but 6 counts as No.
+   */
+  int32_t(KESTRA_CALL* mensaje)(void* contexto, const char* texto, const char* titulo,
+                                int32_t estilo);
+  /*
+   * The status report: both status words (four hexadecimal digits each) and `cantidad` rows.
+   * Returns non-zero to send the command again (Reintentar), zero to close.
+   */
+  int32_t(KESTRA_CALL* informe_estados)(void* contexto, const char* impresora, const char* fiscal,
+                                        const KestraFila* filas, int32_t cantidad);
+  /* The warning that the fiscal memory is nearly full. */
+  void(KESTRA_CALL* memoria_llena)(void* contexto);
 } KestraOperador;
 
 /*
  * Lets the host answer instead of the library's own dialogs. The record is copied; members beyond
- * `tamano` count as null. NULL brings the default back. May be called at any time, also before EP_Init.
+ * `tamano` count as null. NULL brings the default back. May be called at any time, also before
+ * EP_Init.
  */
-KESTRA_API void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador *operador);
+KESTRA_API void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador);
 
 #ifdef __cplusplus
 }

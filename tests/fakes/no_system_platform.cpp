@@ -13,9 +13,13 @@ std::unique_ptr<Platform> MakeSystemPlatform() {
 }
 
 // No component system, and no object of it alive.
-std::int32_t RegisterComponents() { return -1; }
+std::int32_t RegisterComponents() {
+  return -1;
+}
 
-std::int32_t UnregisterComponents() { return -1; }
+std::int32_t UnregisterComponents() {
+  return -1;
+}
 
 std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_id*/,
                               void** object) {
@@ -23,6 +27,8 @@ std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_
   return -1;
 }
 
-bool ComponentsInUse() { return false; }
+bool ComponentsInUse() {
+  return false;
+}
 
 }  // namespace kestra

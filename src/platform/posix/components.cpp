@@ -8,9 +8,13 @@ constexpr auto kNotImplemented = static_cast<std::int32_t>(0x80004001u);
 
 }  // namespace
 
-std::int32_t RegisterComponents() { return kNotImplemented; }
+std::int32_t RegisterComponents() {
+  return kNotImplemented;
+}
 
-std::int32_t UnregisterComponents() { return kNotImplemented; }
+std::int32_t UnregisterComponents() {
+  return kNotImplemented;
+}
 
 std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_id*/,
                               void** object) {
@@ -18,6 +22,8 @@ std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_
   return kNotImplemented;
 }
 
-bool ComponentsInUse() { return false; }
+bool ComponentsInUse() {
+  return false;
+}
 
 }  // namespace kestra

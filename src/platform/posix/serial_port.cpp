@@ -104,7 +104,7 @@ void PosixPort::Open() {
   // The lock keeps out every other user of this library, root too; the device's own exclusion keeps
   // out other programs, and means nothing on a pseudo-terminal.
   closed_to_others_ = RaiseDtr(fd.Get()) && ::ioctl(fd.Get(), TIOCEXCL) == 0;
-  ::tcflush(fd.Get(), TCIFLUSH);
+  stale_ = true;
   fd_ = std::move(fd);
 }
 
@@ -136,6 +136,7 @@ void PosixPort::Output(std::string_view bytes) {
   using Time = std::chrono::steady_clock;
   const std::chrono::milliseconds patience(patience_.stall);
   RequireOpen();
+  DropStale();
   auto deadline = Time::time_point::max();  // set when the line first refuses a byte
   while (!bytes.empty()) {
     const ssize_t written = ::write(fd_.Get(), bytes.data(), bytes.size());
@@ -155,6 +156,7 @@ void PosixPort::Output(std::string_view bytes) {
 
 std::size_t PosixPort::InBufferCount() {
   RequireOpen();
+  DropStale();
   if (InputWithin(patience_.look)) TakeInput();
   return received_.size();
 }
@@ -183,7 +185,14 @@ void PosixPort::TakeInput() {
 void PosixPort::DiscardInput() {
   RequireOpen();
   received_.clear();
+  stale_ = false;
   if (::tcflush(fd_.Get(), TCIFLUSH) != 0) ThrowTransferFault(errno);
+}
+
+// What the device held when it was opened goes at the first use: an exchange begins with a discard,
+// and needs no second one.
+void PosixPort::DropStale() {
+  if (stale_) DiscardInput();
 }
 
 std::string PosixPort::Input() {

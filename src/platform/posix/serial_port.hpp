@@ -41,6 +41,7 @@ class PosixPort : public SerialPort {
   void Close();
   void SetUpLine(int fd) const;
   void RequireOpen() const;
+  void DropStale();
   [[nodiscard]] bool InputWithin(int milliseconds) const;
   void TakeInput();
   [[noreturn]] void ThrowTransferFault(int error) const;
@@ -50,6 +51,7 @@ class PosixPort : public SerialPort {
   PortPatience patience_;
   FileDescriptor fd_;
   bool closed_to_others_ = false;
+  bool stale_ = false;  // opened, and what the device still held not dropped yet
   std::string received_;
 };
 
