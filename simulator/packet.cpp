@@ -108,10 +108,10 @@ std::optional<Event> PacketDecoder::PushInChecksum(char byte) {
 }
 
 Event PacketDecoder::Finish() const {
-  const Event damaged{.kind = EventKind::kDamagedFrame, .packet = {}};
-  if (frame_.size() < kShortestFrame || checksum_ != Hex4(Checksum(frame_))) return damaged;
+  constexpr auto kDamaged = EventKind::kDamagedFrame;
+  if (frame_.size() < kShortestFrame || checksum_ != Hex4(Checksum(frame_))) return {kDamaged, {}};
   const std::uint8_t sequence = Code(frame_[1]);
-  if (sequence < kFirstSequence || sequence > kLastSequence) return damaged;
+  if (sequence < kFirstSequence || sequence > kLastSequence) return {kDamaged, {}};
   const std::string_view body = std::string_view(frame_).substr(1, frame_.size() - 2);
   return {.kind = EventKind::kPacket, .packet = Parse(body)};
 }

@@ -83,6 +83,7 @@ class Program {
     dup2(output, STDOUT_FILENO);
     dup2(output, STDERR_FILENO);
     std::vector<char*> argv;
+    argv.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments)
       argv.push_back(const_cast<char*>(argument.data()));
     argv.push_back(nullptr);
@@ -104,7 +105,7 @@ class Port {
   std::string Exchange(std::uint8_t sequence, const std::string& body) {
     const std::string frame = Frame(sequence, body);
     EXPECT_EQ(write(fd_, frame.data(), frame.size()), static_cast<ssize_t>(frame.size()));
-    const std::string answer = ReadUntil(fd_, [](const std::string& text) {
+    std::string answer = ReadUntil(fd_, [](const std::string& text) {
       const std::size_t end = text.find(kEtx);
       return end != text.npos && text.size() >= end + 5;
     });

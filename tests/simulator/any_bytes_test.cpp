@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "commands.hpp"
+#include "host.hpp"
+
+namespace impresora {
+namespace {
+
+using prueba::FamilySettings;
+using prueba::Shop;
+
+// Field texts that commands like, and some that they do not.
+constexpr std::array<std::string_view, 24> kTexts{
+    "",         "\x7F",      "0",    "1",   "9", "0000", "2100", "1000",
+    "99999999", "999999999", "-001", "1.5", "C", "T",    "A",    "M",
+    "R",        "m",         "D",    "O",   "P", "N",    "Pan",  "Efectivo"};
+
+// A command that exists, with as many fields as it takes, each drawn from the texts above.
+std::string AnyBody(std::mt19937& random) {
+  const auto rows = Commands();
+  const CommandRow& row = rows[random() % rows.size()];
+  std::string body(1, static_cast<char>(row.byte));
+  for (std::size_t i = 0; i < row.fields.size(); ++i) {
+    const FieldRow& field = row.fields[i];
+    body += kFs;
+    if (field.kind == FieldKind::kChoice && random() % 8 != 0) {
+      body += field.allowed[random() % field.allowed.size()];
+    } else {
+      body += kTexts[random() % kTexts.size()];
+    }
+  }
+  return body;
+}
+
+TEST(AnyBytes, WhateverIsSentTheBooksStayInOrder) {
+  for (const Family family : {Family::kTicket, Family::kTicketInvoice, Family::kForm}) {
+    std::mt19937 random(20261121);
+    Settings settings = FamilySettings(family);
+    settings.closings_left = 100'000;
+    Shop shop(settings);
+    for (int i = 0; i < 20'000; ++i) {
+      const std::string body = AnyBody(random);
+      const unsigned before = shop.printer.documents_closed();
+      const Stage stage = shop.printer.stage();
+      const Answer answer = shop.SendBody(body);
+      if ((answer.fiscal & 0x8000U) == 0) continue;
+      ASSERT_EQ(shop.printer.documents_closed(), before) << body;
+      ASSERT_EQ(shop.printer.stage(), stage) << body;
+      ASSERT_TRUE(answer.fields.empty()) << body;
+    }
+    EXPECT_GT(shop.printer.documents_closed(), 0U);
+    shop.PaperText();
+  }
+}
+
+TEST(AnyBytes, NoiseNeverBecomesACommand) {
+  std::mt19937 random(7);
+  PacketDecoder decoder;
+  for (int i = 0; i < 200'000; ++i) {
+    const char byte = static_cast<char>(random() % 32);
+    const auto event = decoder.Push(byte);
+    ASSERT_TRUE(!event || event->kind != EventKind::kPacket);
+  }
+}
+
+}  // namespace
+}  // namespace impresora
