@@ -1,5 +1,6 @@
 """A ticket from the host's call to the paper."""
 
+import os
 import subprocess
 import unittest
 
@@ -84,6 +85,18 @@ class AHostInPython(Shop):
         self.assertEqual(out, "1\n")
         self.assertIn("Comando no valido para estado fiscal", err)
         self.assertIn("Cerrar", err)
+
+
+class AFiscalDay(Shop):
+    family = "TF"
+
+    def test_comes_out_on_paper_from_the_invoice_to_the_closing(self):
+        shop = subprocess.run([ENV["KESTRA_DAY"]], cwd=self.folder, text=True, capture_output=True,
+                              check=True)
+        self.assertNotIn("FALLO", shop.stdout)
+        self.assertEqual(shop.stderr, "")
+        day = os.path.join(os.path.dirname(os.path.abspath(__file__)), "jornada.txt")
+        self.assertEqual(self.paper(), read(day))
 
 
 class AnInvoice(Shop):
