@@ -7,18 +7,18 @@
  * Rules that hold for every function below:
  *
  * - Result of an operation: 0 when the printer accepted the command, 1 when the operator declined
- * it, the arguments chose no command, the exchange failed or the printer refused it. EP_Init is the
- *   exception: 1 started, 0 failed.
+ *   it, the arguments chose no command, the exchange failed or the printer refused it. EP_Init is
+ *   the exception: 1 started, 0 failed.
  * - Texts are bytes of windows-1252. A text argument of N bytes is read for exactly N bytes: the
- * buffer must hold that many, padded with blanks. No terminating zero is looked for. A null pointer
- * reads as blanks.
+ *   buffer must hold that many, padded with blanks. No terminating zero is looked for. A null
+ *   pointer reads as blanks.
  * - A result buffer receives at most the stated count of bytes, without a terminating zero; what
- * lies behind them is left as it was. A null pointer receives nothing.
+ *   lies behind them is left as it was. A null pointer receives nothing.
  * - Amounts are doubles in pesos (or units, or percent), formatted with the digit counts of
- * Fiscal.ini. An amount that does not fit its field shows "Error al convertir" and goes out as an
- * empty field.
+ *   Fiscal.ini. An amount that does not fit its field shows "Error al convertir" and goes out as an
+ *   empty field.
  * - No call lets an exception out. A call made while another one is still running (from a callback
- * or another thread) is refused with the failure result and touches nothing.
+ *   or another thread) is refused with the failure result and touches nothing.
  */
 #ifndef KESTRA_KESTRA_H
 #define KESTRA_KESTRA_H
@@ -43,22 +43,20 @@
 extern "C" {
 #endif
 
-/* ---- Start-up and shut-down -------------------------------------------------------------------
- */
+/* ---- Start-up and shut-down ----------------------------------------------------------------- */
 
 /*
- * Reads Fiscal.ini and sets up the serial port; opens nothing yet.
- * Result: 1 ready, 0 failed (for example a port number outside 1..256 and no ImpresoraDispositivo).
- * A bad key in Fiscal.ini is shown to the operator, keeps the keys behind it from being read, and
- * does not by itself make the call fail. Calling it again reads the file anew.
+ * Reads Fiscal.ini and sets up the serial port; opens nothing yet. Result: 1 ready, 0 failed (for
+ * example a port number outside 1..256 and no ImpresoraDispositivo). A bad key in Fiscal.ini is
+ * shown to the operator, keeps the keys behind it from being read, and does not by itself make the
+ * call fail. Calling it again reads the file anew.
  */
 KESTRA_API int32_t KESTRA_CALL EP_Init(void);
 
 /* Releases the serial port. Sends nothing to the printer. The result carries no meaning. */
 KESTRA_API int32_t KESTRA_CALL EP_Kill(void);
 
-/* ---- Fiscal documents -------------------------------------------------------------------------
- */
+/* ---- Fiscal documents ----------------------------------------------------------------------- */
 
 /*
  * Opens an invoice, debit note, credit note or ticket.
@@ -94,24 +92,26 @@ KESTRA_API int32_t KESTRA_CALL EP_ImprimirItem(const char* descripcion, double c
                                                const char* extra1, const char* extra2,
                                                const char* extra3);
 
-/* Prints the voiding of a line. Arguments as EP_ImprimirItem; the sign of the quantity is not
- * looked at. */
+/* Prints the voiding of a line. Arguments as EP_ImprimirItem; the quantity keeps its sign. */
 KESTRA_API int32_t KESTRA_CALL EP_AnularItem(const char* descripcion, double cantidad,
                                              double precio, double iva, double impuestos_internos,
                                              const char* extra1, const char* extra2,
                                              const char* extra3);
 
-/* Prints a line of text inside the document. texto: 26 bytes, sent as they are, blanks included. */
+/*
+ * Prints a line of text inside the document. texto: 26 bytes, blanks included; with
+ * QuitarCaracNoValidos=1 the characters that the printer refuses go out as "-".
+ */
 KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoFiscal(const char* texto);
 
-/* The same with a zero-terminated text of any length; a null pointer is the empty text. */
+/* The same with a zero-terminated text of any length, sent as it is; null is the empty text. */
 KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoFiscalInterna(const char* texto);
 
 /*
  * Closes the open document.
  *   tipo    2 bytes, letra 1 byte: as given to EP_AbrirComprobanteFiscal
  *   numero  receives up to 8 bytes: the number of the document. It is written on failure too, with
- * the first data field of whatever answer came last: test the result first.
+ *           the first data field of whatever answer came last: test the result first.
  */
 KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteFiscal(const char* tipo, const char* letra,
                                                           char* numero);
@@ -119,8 +119,7 @@ KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteFiscal(const char* tipo, cons
 /* Cancels the open document. */
 KESTRA_API int32_t KESTRA_CALL EP_Cancelar(void);
 
-/* ---- Totals and payments ----------------------------------------------------------------------
- */
+/* ---- Totals and payments -------------------------------------------------------------------- */
 
 /* Discounts an amount from the document. descripcion: 80 bytes. */
 KESTRA_API int32_t KESTRA_CALL EP_DescuentoGeneral(const char* descripcion, double monto);
@@ -147,8 +146,7 @@ KESTRA_API int32_t KESTRA_CALL EP_ImprimirPago(const char* descripcion, double m
  */
 KESTRA_API int32_t KESTRA_CALL EP_AjusteRedondeo(double total);
 
-/* ---- Other documents --------------------------------------------------------------------------
- */
+/* ---- Other documents ------------------------------------------------------------------------ */
 
 /*
  * Opens a homologated non-fiscal document.
@@ -182,8 +180,7 @@ KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoNoFiscal(const char* texto);
 /* Closes it. */
 KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteNoFiscal(void);
 
-/* ---- Reports ----------------------------------------------------------------------------------
- */
+/* ---- Reports -------------------------------------------------------------------------------- */
 
 /* Prints the X report: the day's totals, without closing. */
 KESTRA_API int32_t KESTRA_CALL EP_ReporteX(void);
@@ -191,8 +188,7 @@ KESTRA_API int32_t KESTRA_CALL EP_ReporteX(void);
 /* Prints the Z report: closes the day. Warns the operator when the fiscal memory is nearly full. */
 KESTRA_API int32_t KESTRA_CALL EP_ReporteZ(void);
 
-/* Reports the closings of a range of numbers. `tercero` is shown in the question and goes nowhere
- * else. */
+/* Reports the closings of a range of numbers. `tercero` is shown in the question, not sent. */
 KESTRA_API int32_t KESTRA_CALL EP_ReporteZporNumeros(int32_t primero, int32_t ultimo,
                                                      int32_t tercero);
 
@@ -203,8 +199,7 @@ KESTRA_API int32_t KESTRA_CALL EP_ReporteZporNumeros(int32_t primero, int32_t ul
 KESTRA_API int32_t KESTRA_CALL EP_ReporteZporFechas(const char* desde, const char* hasta,
                                                     int32_t tercero);
 
-/* ---- Device -----------------------------------------------------------------------------------
- */
+/* ---- Device --------------------------------------------------------------------------------- */
 
 /* Opens the cash drawer. cajon: 1 or 2 (the same command); any other sends nothing and gives 1. */
 KESTRA_API int32_t KESTRA_CALL EP_AbrirCajonDeDinero(int32_t cajon);
@@ -229,8 +224,7 @@ KESTRA_API int32_t KESTRA_CALL EP_GetEncabezado(char* resultado, int32_t linea);
 /* Cuts the paper. */
 KESTRA_API int32_t KESTRA_CALL EP_CortaPapel(void);
 
-/* Feeds lines. Only the low 16 bits of the argument count, as a signed number; it is sent
- * unchecked. */
+/* Feeds lines. Only the low 16 bits of the argument count, as a signed number, sent unchecked. */
 KESTRA_API int32_t KESTRA_CALL EP_AvanzaPapel(int32_t lineas);
 
 /* Reads the model data. resultado receives up to 64 bytes: the data fields one after another. */
@@ -242,8 +236,7 @@ KESTRA_API int32_t KESTRA_CALL EP_Numeracion(char* resultado);
 /* Reads the model's name. resultado receives up to 14 bytes; written on failure too. */
 KESTRA_API int32_t KESTRA_CALL EP_AutodetectarModelo(char* resultado);
 
-/* ---- Kept for old hosts -----------------------------------------------------------------------
- */
+/* ---- Kept for old hosts --------------------------------------------------------------------- */
 
 /* The last error code that an operation has set: 0. */
 KESTRA_API int32_t KESTRA_CALL EP_Chequear_Error(void);
@@ -263,8 +256,7 @@ KESTRA_API int32_t KESTRA_CALL EP_ImprimirItemEnRemito(int32_t a, int32_t b, int
 KESTRA_API int32_t KESTRA_CALL EP_DatosCliente(int32_t a, int32_t b, int32_t c, int32_t d,
                                                int32_t e);
 
-/* ---- Component entry points -------------------------------------------------------------------
- */
+/* ---- Component entry points ----------------------------------------------------------------- */
 
 /*
  * The platform's component registration. Where there is no component system (Linux) the first three
@@ -277,8 +269,7 @@ KESTRA_API int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* 
                                                  void** objeto);
 KESTRA_API int32_t KESTRA_CALL DllCanUnloadNow(void);
 
-/* ---- The operator -----------------------------------------------------------------------------
- */
+/* ---- The operator --------------------------------------------------------------------------- */
 
 /* One row of the status report. */
 typedef struct KestraFila {
@@ -299,15 +290,15 @@ typedef struct KestraOperador {
   uint32_t tamano; /* sizeof(KestraOperador) */
   void* contexto;  /* handed back in each callback */
   /*
-   * A message box. estilo: 0 OK, 4 Yes/No, 36 Yes/No with the question icon. titulo: "" is the
-   * default title. Returns 1 OK, 6 Yes, 7 No; for a question all but 6 counts as No.
-   */
+     * A message box. estilo: 0 OK, 4 Yes/No, 36 Yes/No with the question icon. titulo: "" is the
+     * default title. Returns 1 OK, 6 Yes, 7 No; for a question all but 6 counts as No.
+     */
   int32_t(KESTRA_CALL* mensaje)(void* contexto, const char* texto, const char* titulo,
                                 int32_t estilo);
   /*
-   * The status report: both status words (four hexadecimal digits each) and `cantidad` rows.
-   * Returns non-zero to send the command again (Reintentar), zero to close.
-   */
+     * The status report: both status words (four hexadecimal digits each) and `cantidad` rows.
+     * Returns non-zero to send the command again (Reintentar), zero to close.
+     */
   int32_t(KESTRA_CALL* informe_estados)(void* contexto, const char* impresora, const char* fiscal,
                                         const KestraFila* filas, int32_t cantidad);
   /* The warning that the fiscal memory is nearly full. */

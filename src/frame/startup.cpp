@@ -36,7 +36,8 @@ std::int16_t NumeroDePuerto(std::int32_t puerto) {
 void ConfigurarPuerto(Biblioteca& k) {
   PortSettings ajustes;
   ajustes.dispositivo = LeerValorIni(k, "ImpresoraDispositivo");
-  ajustes.CommPort = NumeroDePuerto(k.estado.ImpresoraPuerto);
+  // The number says nothing where a device is named.
+  if (ajustes.dispositivo.empty()) ajustes.CommPort = NumeroDePuerto(k.estado.ImpresoraPuerto);
   ajustes.Handshaking = 0;
   ajustes.Settings = k.estado.ImpresoraConfig + ",N,8,1";
   ajustes.InputMode = 0;
