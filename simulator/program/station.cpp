@@ -9,8 +9,11 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <ctime>
+#include <limits>
 #include <system_error>
 
 #include "exchange_text.hpp"
@@ -44,13 +47,11 @@ LineSettings LineSettingsOf(const Options& options) {
   return settings;
 }
 
-timespec ToTimespec(Micros wait) {
-  constexpr std::int64_t kMicrosPerSecond = 1'000'000;
-  const std::int64_t count = std::max<std::int64_t>(wait.count(), 0);
-  timespec spec{};
-  spec.tv_sec = static_cast<time_t>(count / kMicrosPerSecond);
-  spec.tv_nsec = static_cast<long>(count % kMicrosPerSecond * 1000);
-  return spec;
+// The wait in poll's whole milliseconds, never shorter than asked.
+int ToTimeout(Micros wait) {
+  const auto whole = std::chrono::ceil<std::chrono::milliseconds>(std::max(wait, Micros{0}));
+  constexpr std::int64_t kLongest = std::numeric_limits<int>::max();
+  return static_cast<int>(std::min<std::int64_t>(whole.count(), kLongest));
 }
 
 }  // namespace
@@ -105,9 +106,8 @@ bool Station::Wait() {
   std::array<pollfd, 3> fds{
       {{terminal_.fd(), POLLIN, 0}, {signals_.get(), POLLIN, 0}, {watch_.get(), POLLIN, 0}}};
   const auto wake = NextWake();
-  timespec timeout{};
-  if (wake) timeout = ToTimespec(*wake - Now());
-  if (ppoll(fds.data(), fds.size(), wake ? &timeout : nullptr, nullptr) < 0) return errno == EINTR;
+  const int timeout = wake ? ToTimeout(*wake - Now()) : -1;
+  if (poll(fds.data(), fds.size(), timeout) < 0) return errno == EINTR;
   if (fds[1].revents != 0) return false;
   if (fds[2].revents != 0) DrainWatch();
   if (fds[0].revents != 0) terminal_.Read(received_);

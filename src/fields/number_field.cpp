@@ -76,6 +76,11 @@ std::string ScaledDigits(double value, std::int32_t decimales, Halves halves) {
   return digits;
 }
 
+std::string WithPoint(std::string digits, std::int32_t decimales) {
+  if (decimales > 0) digits.insert(digits.size() - static_cast<std::size_t>(decimales), 1, '.');
+  return digits;
+}
+
 std::int16_t Width(const Digitos& digitos) {
   const int width = digitos.enteros + digitos.decimales + (digitos.incluir_punto == 1 ? 1 : 0);
   if (width > std::numeric_limits<std::int16_t>::max() ||
@@ -89,9 +94,7 @@ std::int16_t Width(const Digitos& digitos) {
 
 std::string DecimalFijo(double value, std::int32_t decimales) {
   if (decimales < 0) throw LlamadaNoValida();
-  auto digits = ScaledDigits(value, decimales, Halves::kAwayFromZero);
-  if (decimales > 0) digits.insert(digits.size() - static_cast<std::size_t>(decimales), 1, '.');
-  return digits;
+  return WithPoint(ScaledDigits(value, decimales, Halves::kAwayFromZero), decimales);
 }
 
 std::string FormatearNumero(double value, const Digitos& digitos) {
@@ -107,10 +110,10 @@ std::string FormatearNumero(double value, const Digitos& digitos) {
 }
 
 double RedondearCentesimos(double value) {
-  const auto digits = ScaledDigits(value, 2, Halves::kToEven);
-  double hundredths = 0;
-  std::from_chars(digits.data(), digits.data() + digits.size(), hundredths);
-  return (value < 0 ? -hundredths : hundredths) / 100;
+  const auto digits = WithPoint(ScaledDigits(value, 2, Halves::kToEven), 2);
+  double rounded = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), rounded);
+  return value < 0 ? -rounded : rounded;
 }
 
 std::string DigitosDeCentesimos(double value) {

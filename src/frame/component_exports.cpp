@@ -1,7 +1,6 @@
 // Entry points of the platform's component system.
 
-#include "frame/instance.hpp"
-#include "frame/library.hpp"
+#include "frame/export_guard.hpp"
 #include "kestra/kestra.h"
 #include "platform/components.hpp"
 
@@ -18,6 +17,8 @@ int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz, v
 }
 
 int32_t KESTRA_CALL DllCanUnloadNow() {
-  const bool in_use = kestra::ComponentsInUse() || kestra::Instancia().estado.Puerto != nullptr;
-  return in_use ? 1 : 0;
+  return kestra::SinFallar(1, [] {
+    const bool in_use = kestra::ComponentsInUse() || kestra::Instancia().estado.Puerto != nullptr;
+    return in_use ? 1 : 0;
+  });
 }

@@ -30,21 +30,30 @@ class Turno {
   bool mio_;
 };
 
-// Runs the body of an export. Whatever goes wrong in it ends here: in the log and as `fracaso`.
+// Runs what may be called at any time; a failure of it becomes `fracaso`.
+template <typename Cuerpo>
+std::int32_t SinFallar(std::int32_t fracaso, Cuerpo cuerpo) noexcept {
+  try {
+    return cuerpo();
+  } catch (...) {
+    return fracaso;  // the host must survive anything
+  }
+}
+
+// Runs the body of an operation. Whatever goes wrong in it ends here: in the log and as `fracaso`.
 template <typename Operacion>
 std::int32_t Exportar(std::string_view nombre, std::int32_t fracaso, Operacion operacion) noexcept {
   const Turno turno;
   if (!turno) return fracaso;
-  try {
+  return SinFallar(fracaso, [&] {
     auto& k = Instancia();
     try {
       return operacion(k);
     } catch (const std::exception& error) {
       RegistrarFalla(k, AFalla(error), nombre);
+      return fracaso;
     }
-  } catch (...) {  // NOLINT(bugprone-empty-catch): the host must survive even this
-  }
-  return fracaso;
+  });
 }
 
 }  // namespace kestra

@@ -228,8 +228,8 @@ int32_t KESTRA_CALL EP_Chequear_Error() {
 }
 
 void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador) {
-  try {
+  kestra::SinFallar(0, [=] {
     kestra::DefinirOperador(operador);
-  } catch (...) {  // NOLINT(bugprone-empty-catch): without memory the operator stays who it was
-  }
+    return 0;
+  });
 }

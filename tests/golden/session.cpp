@@ -35,13 +35,14 @@ class Session {
     std::string_view name;
     Handler handler;
   };
-  static const std::array<Input, 16> kInputs;
+  static const std::array<Input, 17> kInputs;
 
   void Run(std::string_view line);
   void Comment(std::string_view) {}
   void Ini(std::string_view rest);
   void SetClock(std::string_view rest);
   void SetDate(std::string_view rest);
+  void Wait(std::string_view rest);
   void QueueReply(std::string_view rest);
   void SetDefaultReply(std::string_view rest);
   void QueueAnswers(std::string_view rest);
@@ -64,11 +65,12 @@ class Session {
   std::string output_;
 };
 
-const std::array<Session::Input, 16> Session::kInputs{{
+const std::array<Session::Input, 17> Session::kInputs{{
     {"#", &Session::Comment},
     {"ini", &Session::Ini},
     {"clock", &Session::SetClock},
     {"date", &Session::SetDate},
+    {"wait", &Session::Wait},
     {"reply", &Session::QueueReply},
     {"default", &Session::SetDefaultReply},
     {"operator", &Session::QueueAnswers},
@@ -151,6 +153,10 @@ void Session::SetDate(std::string_view rest) {
   const auto parts = Split(rest, "/");
   if (parts.size() != 3) throw std::invalid_argument("a date reads DD/MM/YYYY");
   world_->GetClock().SetDate(ToInteger(parts[0]), ToInteger(parts[1]), ToInteger(parts[2]));
+}
+
+void Session::Wait(std::string_view rest) {
+  world_->GetClock().Advance(Micros(ToNumber(rest)));
 }
 
 void Session::QueueReply(std::string_view rest) {

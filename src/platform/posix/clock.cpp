@@ -4,7 +4,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
+#include <chrono>
+#include <thread>
 
 namespace kestra {
 namespace {
@@ -24,12 +25,13 @@ PosixClock::PosixClock()
 
 double PosixClock::TimeOfDay() {
   constexpr int kLastSecond = 59;  // a leap second does not reach the next minute
-  timespec now = {};
-  ::clock_gettime(CLOCK_REALTIME, &now);
-  const tm local = LocalTime(now.tv_sec);
+  using std::chrono::system_clock;
+  const auto now = system_clock::now();
+  const auto second = std::chrono::floor<std::chrono::seconds>(now);
+  const tm local = LocalTime(system_clock::to_time_t(second));
   const int seconds =
       (local.tm_hour * 60 + local.tm_min) * 60 + std::min(local.tm_sec, kLastSecond);
-  return seconds + static_cast<double>(now.tv_nsec) / 1e9;
+  return seconds + std::chrono::duration<double>(now - second).count();
 }
 
 std::string PosixClock::ShortDate() {
@@ -50,10 +52,8 @@ std::string PosixClock::Now(const char* local_form, const char* plain_form) cons
 }
 
 void PosixClock::Sleep(std::int32_t milliseconds) {
-  if (milliseconds <= 0) return;
-  timespec left = {.tv_sec = milliseconds / 1000, .tv_nsec = (milliseconds % 1000) * 1'000'000L};
-  while (::clock_nanosleep(CLOCK_MONOTONIC, 0, &left, &left) == EINTR) {
-  }
+  // A signal of the host's does not shorten it.
+  std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
 }  // namespace kestra

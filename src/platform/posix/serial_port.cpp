@@ -171,7 +171,7 @@ bool PosixPort::InputWithin(int milliseconds) const {
 }
 
 void PosixPort::TakeInput() {
-  std::array<char, 4096> bytes{};  // all that a terminal holds
+  std::array<char, 4096> bytes;  // as many as a terminal holds
   const ssize_t count = ::read(fd_.Get(), bytes.data(), bytes.size());
   if (count > 0) {
     received_.append(bytes.data(), static_cast<std::size_t>(count));

@@ -3,42 +3,40 @@
 #include <limits.h>
 #include <poll.h>
 #include <signal.h>
-#include <time.h>
 #include <unistd.h>
-
-#include <cerrno>
 
 #include "platform/posix/native_file.hpp"
 
 namespace kestra {
 namespace {
 
-// Holds back the signal that a pipe without a reader sends, and takes the one that it sent. One
-// that was pending before stays for the host.
+bool BrokenPipePending() {
+  sigset_t pending = {};
+  ::sigpending(&pending);
+  return ::sigismember(&pending, SIGPIPE) == 1;
+}
+
+// Holds back the signal that a pipe without a reader sends, and takes the one that it sent. One that was
+// pending before stays for the host.
 class NoBrokenPipe {
  public:
-  NoBrokenPipe() {
+  NoBrokenPipe() : was_pending_(BrokenPipePending()) {
     ::sigemptyset(&broken_pipe_);
     ::sigaddset(&broken_pipe_, SIGPIPE);
-    sigset_t pending = {};
-    ::sigpending(&pending);
-    was_pending_ = ::sigismember(&pending, SIGPIPE) == 1;
     ::pthread_sigmask(SIG_BLOCK, &broken_pipe_, &before_);
   }
   NoBrokenPipe(const NoBrokenPipe&) = delete;
   NoBrokenPipe& operator=(const NoBrokenPipe&) = delete;
   ~NoBrokenPipe() {
-    const timespec at_once = {};
-    while (!was_pending_ && ::sigtimedwait(&broken_pipe_, nullptr, &at_once) < 0 &&
-           errno == EINTR) {
-    }
+    int taken = 0;
+    if (!was_pending_ && BrokenPipePending()) ::sigwait(&broken_pipe_, &taken);
     ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
   }
 
  private:
+  bool was_pending_;
   sigset_t broken_pipe_ = {};
   sigset_t before_ = {};
-  bool was_pending_ = false;
 };
 
 }  // namespace
