@@ -26,7 +26,8 @@ class SerialPort {
 
   [[nodiscard]] virtual bool PortOpen() const = 0;
 
-  // True opens the device for this process alone and drops what it still held; false closes it.
+  // True opens the device for this process alone; what it still held is dropped before the first write
+  // or look. False closes it.
   virtual void PortOpen(bool open) = 0;
 
   // Writes all bytes; returns once the system has taken them.

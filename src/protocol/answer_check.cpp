@@ -1,6 +1,7 @@
 #include "protocol/answer_check.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "dialogs/status_report.hpp"
 #include "frame/command_log.hpp"
@@ -30,10 +31,10 @@ void SepararRespuesta(Biblioteca& k) {
   auto& estado = k.estado;
   estado.Respuestas = estado.RespuestaActual;
   estado.RespuestaCompleta = estado.RespuestaActual;
-  const auto campos = CortarCampos(estado.Respuestas);
-  estado.EstadoImpresora = campos[0];
-  estado.EstadoFiscal = campos[1];
-  std::copy(campos.begin() + 2, campos.end(), estado.Respuesta.begin());
+  auto campos = CortarCampos(estado.Respuestas);
+  estado.EstadoImpresora = std::move(campos[0]);
+  estado.EstadoFiscal = std::move(campos[1]);
+  std::move(campos.begin() + 2, campos.end(), estado.Respuesta.begin());
 }
 
 void LimpiarBits(Biblioteca& k) {

@@ -49,6 +49,7 @@ TEST(PosixPort, WaitingWithThreeBytesThereCostsNoProcessorEither) {
   PtyLine line;
   const auto port = line.MakePort();
   port->PortOpen(true);
+  port->DiscardInput();
   line.Send("\x12\x12\x12");
   EXPECT_LT(CostOfWaiting(*port), 15.0);
   EXPECT_EQ(port->Waiting(), "\x12\x12\x12");

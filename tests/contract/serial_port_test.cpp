@@ -10,6 +10,12 @@ class SerialPortContract : public ::testing::TestWithParam<SerialTwin> {
  protected:
   void Open() { port->PortOpen(true); }
 
+  // As an exchange begins.
+  void OpenAndDiscard() {
+    Open();
+    port->DiscardInput();
+  }
+
   // Looks until so many bytes wait, or no more come.
   std::size_t Count(std::size_t wanted) const {
     std::size_t count = port->InBufferCount();
@@ -34,14 +40,14 @@ TEST_P(SerialPortContract, EveryByteValueGoesOutUnchanged) {
 }
 
 TEST_P(SerialPortContract, EveryByteValueComesInUnchanged) {
-  Open();
+  OpenAndDiscard();
   line->Send(EveryByte());
   EXPECT_EQ(Count(256), 256u);
   EXPECT_EQ(port->Input(), EveryByte());
 }
 
 TEST_P(SerialPortContract, AnAnswerInPiecesIsCollected) {
-  Open();
+  OpenAndDiscard();
   line->Send("uno ");
   EXPECT_EQ(Count(4), 4u);
   line->Send("dos ");
@@ -51,7 +57,7 @@ TEST_P(SerialPortContract, AnAnswerInPiecesIsCollected) {
 }
 
 TEST_P(SerialPortContract, LookingLeavesTheBytesAndReadingTakesThem) {
-  Open();
+  OpenAndDiscard();
   line->Send("abc");
   EXPECT_EQ(Count(3), 3u);
   EXPECT_EQ(port->Waiting(), "abc");
@@ -62,7 +68,7 @@ TEST_P(SerialPortContract, LookingLeavesTheBytesAndReadingTakesThem) {
 }
 
 TEST_P(SerialPortContract, BytesThatNobodyLookedForAreNotReadYet) {
-  Open();
+  OpenAndDiscard();
   line->Send("abc");
   EXPECT_EQ(port->Input(), "");
   EXPECT_EQ(Count(3), 3u);
@@ -74,7 +80,7 @@ TEST_P(SerialPortContract, ALookAtASilentLineComesBack) {
 }
 
 TEST_P(SerialPortContract, DiscardingDropsWhatWasLookedAtAndWhatWasNot) {
-  Open();
+  OpenAndDiscard();
   line->Send("visto");
   EXPECT_EQ(Count(5), 5u);
   line->Send("no visto");
@@ -115,8 +121,17 @@ TEST_P(SerialPortContract, OpeningAgainDropsWhatCameInBetween) {
   EXPECT_EQ(port->InBufferCount(), 0u);
 }
 
-TEST_P(SerialPortContract, OpeningAgainDropsWhatWasNeverRead) {
+TEST_P(SerialPortContract, TheAnswerToTheFirstWriteIsKept) {
+  line->Send("viejo");
   Open();
+  port->Output("pregunta");
+  line->Send("nuevo");
+  EXPECT_EQ(Count(5), 5u);
+  EXPECT_EQ(port->Input(), "nuevo");
+}
+
+TEST_P(SerialPortContract, OpeningAgainDropsWhatWasNeverRead) {
+  OpenAndDiscard();
   line->Send("viejo");
   EXPECT_EQ(Count(5), 5u);
   port->PortOpen(false);

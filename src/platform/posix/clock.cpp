@@ -16,6 +16,11 @@ tm LocalTime(time_t when) {
   return local;
 }
 
+int SecondOfDay(const tm& local) {
+  constexpr int kLastSecond = 59;  // a leap second does not reach the next minute
+  return (local.tm_hour * 60 + local.tm_min) * 60 + std::min(local.tm_sec, kLastSecond);
+}
+
 }  // namespace
 
 PosixClock::PosixClock()
@@ -24,14 +29,14 @@ PosixClock::PosixClock()
       codeset_(locale_.Codeset()) {}
 
 double PosixClock::TimeOfDay() {
-  constexpr int kLastSecond = 59;  // a leap second does not reach the next minute
   using std::chrono::system_clock;
   const auto now = system_clock::now();
   const auto second = std::chrono::floor<std::chrono::seconds>(now);
-  const tm local = LocalTime(system_clock::to_time_t(second));
-  const int seconds =
-      (local.tm_hour * 60 + local.tm_min) * 60 + std::min(local.tm_sec, kLastSecond);
-  return seconds + std::chrono::duration<double>(now - second).count();
+  if (second != second_) {
+    second_ = second;
+    second_of_day_ = SecondOfDay(LocalTime(system_clock::to_time_t(second)));
+  }
+  return second_of_day_ + std::chrono::duration<double>(now - second).count();
 }
 
 std::string PosixClock::ShortDate() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "platform/clock.hpp"
@@ -23,6 +24,9 @@ class PosixClock : public Clock {
   UserLocale locale_;
   bool plain_;  // no country's forms: day/month/year and 24 hours
   std::string codeset_;
+  // The second asked for last and its place in the local day: the wait for an answer asks many times.
+  std::chrono::sys_seconds second_{};
+  int second_of_day_ = 0;
 };
 
 }  // namespace kestra
