@@ -1,0 +1,248 @@
+#!/usr/bin/env python3
+"""Promises of the house that a machine can check.
+
+    check_rules.py RULE SOURCE_DIRECTORY
+
+Prints each breach as file:line and ends with 1 when there is one. RULE is the name of a function
+below whose docstring says what it checks.
+"""
+import pathlib
+import re
+import subprocess
+import sys
+
+SKIPPED = 77  # what ctest is told when a rule cannot be checked here
+
+SOURCE = (".c", ".h", ".cpp", ".hpp")
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
+
+root = pathlib.Path(".")
+
+
+# ---- Files ----
+
+def tracked():
+    """Every file of the project: those that git knows and those about to be added."""
+    if not (root / ".git").exists():
+        print("not a git checkout")
+        sys.exit(SKIPPED)
+    listed = subprocess.run(
+        ["git", "-C", str(root), "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
+        check=True, capture_output=True, text=True).stdout
+    return [root / name for name in sorted(set(listed.split("\0"))) if name]
+
+
+def sources(*folders, endings=SOURCE):
+    found = [path for folder in folders for path in sorted((root / folder).rglob("*"))
+             if path.suffix in endings and path.is_file()]
+    return found
+
+
+def lines_of(path):
+    return path.read_text(encoding="utf-8", errors="replace").splitlines()
+
+
+def at(path, number, text):
+    return f"{path.relative_to(root)}:{number}: {text.strip()}"
+
+
+def matches(paths, pattern):
+    return [at(path, number, line) for path in paths if path.is_file()
+            for number, line in enumerate(lines_of(path), 1) if pattern.search(line)]
+
+
+def includes(path):
+    for number, line in enumerate(lines_of(path), 1):
+        found = INCLUDE.match(line)
+        if found:
+            yield number, found.group(1) == '"', found.group(2)
+
+
+def foreign_includes(paths, allowed):
+    """Quoted includes that no entry of `allowed` covers, and angled ones with a folder in them."""
+    breaches = []
+    for path in paths:
+        for number, quoted, name in includes(path):
+            covered = name.startswith(tuple(allowed))
+            if not covered and (quoted or "/" in name):
+                breaches.append(at(path, number, f"includes {name}"))
+    return breaches
+
+
+# ---- Words ----
+
+def no_papers():
+    """The project speaks for itself: no file refers to papers that it was written from."""
+    words = "sp" + "ec"
+    pattern = re.compile(rf"{words}(s|ification|ifications)?\b|\b{'pa' + 'rt'} [0-9]", re.IGNORECASE)
+    names = [str(path.relative_to(root)) for path in tracked()
+             if pattern.search(str(path.relative_to(root)))]
+    return names + matches(tracked(), pattern)
+
+
+def no_machine_paths():
+    """No path of the machine that a file was written on."""
+    return matches(tracked(), re.compile(r"(?<![\w.}/])/(root|home|work)/\w"))
+
+
+# ---- Who knows whom ----
+
+def platform_conditionals():
+    """The world's differences live in platform folders, the public header and the build files."""
+    system = re.compile(r"\b(_WIN32|_WIN64|_MSC_VER|__linux__|__unix__|__APPLE__|__MINGW32__)\b")
+    conditional = re.compile(r"^\s*#\s*(if|ifdef|ifndef|elif)\b")
+    own = [path for path in sources("src") if "platform" not in path.parts]
+    rest = sources("simulator", "tests", "bench", "tools")
+    rest = [path for path in rest if not {"windows", "posix"} & set(path.parts)]
+    return matches(own, conditional) + matches(own + rest, system)
+
+
+def platform_twins():
+    """Nothing outside src/platform reaches for one of its twins."""
+    breaches = []
+    for path in sources("src"):
+        if path.relative_to(root).parts[:2] == ("src", "platform"):
+            continue
+        for number, _, name in includes(path):
+            if name.startswith(("platform/posix", "platform/windows")):
+                breaches.append(at(path, number, f"includes {name}"))
+    return breaches
+
+
+def simulator_stands_alone():
+    """The virtual printer shares no source with the driver."""
+    driver = {path.name for path in (root / "src").iterdir() if path.is_dir()} | {"src", "kestra"}
+    breaches = []
+    for path in sources("simulator"):
+        for number, quoted, name in includes(path):
+            folder = name.split("/")[0] if "/" in name else ""
+            own = quoted and any((base / name).is_file()
+                                 for base in (path.parent, root / "simulator", root)
+                                 if "src" not in (base / name).parts)
+            if folder in driver or ".." in name or (quoted and not own):
+                breaches.append(at(path, number, f"includes {name}"))
+    return breaches
+
+
+def fields_are_pure():
+    """Field routines know the standard library, each other and the failure that they throw."""
+    return foreign_includes(sources("src/fields"), ["fields/", "frame/failure.hpp"])
+
+
+def packets_are_pure():
+    """The half of the protocol that is bytes in, value out."""
+    pure = ("packet", "answer", "status", "conditions", "command", "control_bytes")
+    paths = [path for path in sources("src/protocol") if path.stem in pure]
+    return foreign_includes(paths, ["fields/", "protocol/", "frame/failure.hpp"])
+
+
+def standard_output_is_the_hosts():
+    """The library writes nothing to the host's standard output."""
+    return matches(sources("src"), re.compile(
+        r"std::cout|\bstdout\b|STDOUT_FILENO|(?<!\w)(printf|puts|putchar)\s*\("))
+
+
+# ---- Shape ----
+
+def files_are_small():
+    """No file over 500 lines."""
+    paths = [path for path in tracked() if path.suffix in SOURCE + (".py", ".sh", ".cmake", ".txt")]
+    return [at(path, count, "lines") for path in paths if path.is_file()
+            for count in [len(lines_of(path))] if count > 500]
+
+
+def exports_are_documented():
+    """A comment stands directly before each group of functions of the public header."""
+    header = root / "include/kestra/kestra.h"
+    lines = lines_of(header)
+    return [at(header, i + 1, line) for i, line in enumerate(lines)
+              if line.startswith("KESTRA_API") and not lines[i - 1].rstrip().endswith(("*/", ";"))]
+
+
+def without_text(code):
+    """The code with directives, comments, strings and characters blanked out, line ends kept."""
+    pattern = re.compile(
+        r"""//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|(?<!\w)'(?:\\.|[^'\\\n])+'|"""
+        r"""^[ ]*\#(?:\\\n|[^\n])*""", re.DOTALL | re.MULTILINE)
+
+    def blank(found):
+        return re.sub(r"[^\n]", " ", found.group())
+
+    return pattern.sub(blank, code)
+
+
+LABEL = re.compile(r"\s*((public|private|protected):\s*)*")
+SCOPE = re.compile(LABEL.pattern + r"(inline\s+|typedef\s+|template\s*<[^{}]*>\s*)*"
+                   r"(namespace|struct|class|extern)\b")
+
+
+def opens_function(head):
+    """Does the text before a brace, back to the statement before, begin a function?"""
+    head = re.sub(LABEL.pattern + r"(template\s*<[^{}]*?>\s)*", "", head, count=1)
+    if re.match(r"(namespace|struct|class|enum|union|extern)\b", head) or "(" not in head:
+        return False
+    return not re.search(r"(^|[^=!<>])=\s*$|\breturn\s*$", head)
+
+
+def function_lengths(path):
+    """(first line, count of lines) of each function; what lies inside belongs to it."""
+    code = without_text(path.read_text(encoding="utf-8"))
+    lengths, stack, start = [], [], 0
+    for i, c in enumerate(code):
+        if c == "{":
+            outside = all(kind == "scope" for kind, _ in stack)
+            head = code[start:i]
+            if outside and opens_function(head):
+                stack.append(("function", start + LABEL.match(head).end()))
+            elif outside and SCOPE.match(head):
+                stack.append(("scope", i))
+            else:
+                stack.append(("other", i))
+            start = i + 1
+        elif c == "}":
+            kind, first = stack.pop()
+            if kind == "function":
+                line = code.count("\n", 0, first) + 1
+                lengths.append((line, code.count("\n", first, i) + 1))
+            start = i + 1
+        elif c == ";":
+            start = i + 1
+    return lengths
+
+
+def functions_are_short():
+    """Half of the functions have 10 lines at most, nine in ten under 50, none over 80."""
+    found = sorted((length, at(path, line, f"{length} lines"))
+                   for path in sources("src", "simulator", endings=(".cpp", ".hpp"))
+                   for line, length in function_lengths(path))
+    if len(found) < 100:
+        return [f"only {len(found)} functions found: the counter is blind"]
+    median = found[len(found) // 2][0]
+    ninth = found[len(found) * 9 // 10][0]
+    print(f"{len(found)} functions: median {median}, nine in ten up to {ninth}, "
+          f"longest {found[-1][0]}")
+    breaches = [text for length, text in found if length > 80]
+    if median > 10:
+        breaches.append(f"the median is {median} lines")
+    if ninth >= 50:
+        breaches.append(f"a tenth of the functions have {ninth} lines or more")
+    return breaches
+
+
+RULES = [no_papers, no_machine_paths, platform_conditionals, platform_twins, simulator_stands_alone,
+         fields_are_pure, packets_are_pure, standard_output_is_the_hosts, files_are_small,
+         exports_are_documented, functions_are_short]
+
+
+def main():
+    global root
+    rule = {function.__name__: function for function in RULES}[sys.argv[1]]
+    root = pathlib.Path(sys.argv[2]).resolve()
+    print(rule.__doc__)
+    breaches = rule()
+    print("\n".join(breaches))
+    return 1 if breaches else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,287 @@
+// A host that answers the dialogs itself.
+
+#include "dialogs/host_operator.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fakes/fake_operator.hpp"
+#include "unit/rows.hpp"
+
+namespace kestra {
+namespace {
+
+struct SeenRow {
+  KestraFila row;
+  std::string text;
+  std::string hint;
+};
+
+// What the host's callbacks were handed.
+struct Host {
+  std::int32_t answer = 0;
+  std::vector<std::string> texts;
+  std::vector<std::string> titles;
+  std::vector<std::int32_t> styles;
+  std::string printer;
+  std::string fiscal;
+  std::vector<SeenRow> rows;
+  int warnings = 0;
+};
+
+std::int32_t KESTRA_CALL OnMessage(void* context, const char* text, const char* title,
+                                   std::int32_t style) {
+  auto& host = *static_cast<Host*>(context);
+  host.texts.emplace_back(text);
+  host.titles.emplace_back(title);
+  host.styles.push_back(style);
+  return host.answer;
+}
+
+std::int32_t KESTRA_CALL OnReport(void* context, const char* printer, const char* fiscal,
+                                  const KestraFila* rows, std::int32_t count) {
+  auto& host = *static_cast<Host*>(context);
+  host.printer = printer;
+  host.fiscal = fiscal;
+  for (std::int32_t i = 0; i < count; ++i) {
+    host.rows.push_back({rows[i], rows[i].texto, rows[i].ayuda});
+  }
+  return host.answer;
+}
+
+void KESTRA_CALL OnMemoryFull(void* context) {
+  ++static_cast<Host*>(context)->warnings;
+}
+
+class HostsOperator : public testing::Test {
+ protected:
+  KestraOperador Record() {
+    return {sizeof(KestraOperador), &host_, OnMessage, OnReport, OnMemoryFull};
+  }
+
+  void RaiseAll() {
+    operator_.Message("text", "title", kBoxOk);
+    operator_.StatusReport({"4000", "0600", {}});
+    operator_.MemoryFull();
+  }
+
+  // Which of the three the library's own operator was left to do.
+  std::vector<Happening> LeftToTheDefault() {
+    std::vector<Happening> kinds;
+    for (const auto& event : journal_.Events()) kinds.push_back(event.kind);
+    return kinds;
+  }
+
+  Journal journal_;
+  Trouble trouble_;
+  FakeOperator fallback_{journal_, trouble_};
+  HostOperator operator_{fallback_};
+  Host host_;
+};
+
+const std::vector<Happening> kAll{Happening::kBox, Happening::kReport, Happening::kMemoryFull};
+
+TEST_F(HostsOperator, WithoutOneTheDefaultAnswersEverything) {
+  RaiseAll();
+  EXPECT_EQ(LeftToTheDefault(), kAll);
+}
+
+TEST_F(HostsOperator, AWholeRecordAnswersEverything) {
+  const auto record = Record();
+  operator_.Set(&record);
+  RaiseAll();
+  EXPECT_TRUE(LeftToTheDefault().empty());
+  EXPECT_EQ(host_.texts, std::vector<std::string>{"text"});
+  EXPECT_EQ(host_.titles, std::vector<std::string>{"title"});
+  EXPECT_EQ(host_.printer, "4000");
+  EXPECT_EQ(host_.warnings, 1);
+}
+
+TEST_F(HostsOperator, NullBringsTheDefaultBack) {
+  const auto record = Record();
+  operator_.Set(&record);
+  operator_.Set(nullptr);
+  RaiseAll();
+  EXPECT_EQ(LeftToTheDefault(), kAll);
+}
+
+TEST_F(HostsOperator, TheRecordIsCopied) {
+  auto record = Record();
+  operator_.Set(&record);
+  record = {};
+  RaiseAll();
+  EXPECT_TRUE(LeftToTheDefault().empty());
+}
+
+TEST_F(HostsOperator, ANewRecordReplacesTheOldOneWhole) {
+  auto record = Record();
+  operator_.Set(&record);
+  record.mensaje = nullptr;
+  record.informe_estados = nullptr;
+  operator_.Set(&record);
+  RaiseAll();
+  EXPECT_EQ(LeftToTheDefault(), (std::vector{Happening::kBox, Happening::kReport}));
+  EXPECT_EQ(host_.warnings, 1);
+}
+
+TEST_F(HostsOperator, EachNullMemberIsLeftToTheDefault) {
+  auto without_message = Record();
+  without_message.mensaje = nullptr;
+  auto without_report = Record();
+  without_report.informe_estados = nullptr;
+  auto without_warning = Record();
+  without_warning.memoria_llena = nullptr;
+  const KestraOperador* const records[] = {&without_message, &without_report, &without_warning};
+  for (std::size_t i = 0; i < kAll.size(); ++i) {
+    journal_.Take();
+    operator_.Set(records[i]);
+    RaiseAll();
+    EXPECT_EQ(LeftToTheDefault(), std::vector{kAll[i]});
+  }
+}
+
+// A host built with an older or a newer header.
+
+constexpr std::size_t kPointer = sizeof(void*);
+
+struct SizeRow {
+  const char* sentence;
+  std::size_t size;
+  std::size_t answered;  // of the three
+};
+
+class RecordSize : public testing::WithParamInterface<SizeRow>, public HostsOperator {};
+
+TEST_P(RecordSize, MembersBeyondItCountAsNull) {
+  // A record of that very size, so that reading beyond it shows.
+  const auto record = Record();
+  const auto length = std::max(sizeof record.tamano, std::min(GetParam().size, sizeof record));
+  std::vector<std::max_align_t> room((length + sizeof(std::max_align_t) - 1) /
+                                     sizeof(std::max_align_t));
+  auto* const told = reinterpret_cast<KestraOperador*>(room.data());
+  std::memcpy(room.data(), &record, length);
+  const auto size = static_cast<std::uint32_t>(GetParam().size);
+  std::memcpy(room.data(), &size, sizeof size);
+  operator_.Set(told);
+  RaiseAll();
+  EXPECT_EQ(LeftToTheDefault(),
+            std::vector<Happening>(kAll.begin() + static_cast<std::ptrdiff_t>(GetParam().answered),
+                                   kAll.end()));
+}
+
+constexpr std::size_t kMessageAt = offsetof(KestraOperador, mensaje);
+constexpr std::size_t kReportAt = offsetof(KestraOperador, informe_estados);
+constexpr std::size_t kWarningAt = offsetof(KestraOperador, memoria_llena);
+
+constexpr std::array kSizes{
+    SizeRow{"no size at all", 0, 0},
+    SizeRow{"one byte", 1, 0},
+    SizeRow{"the size alone", sizeof(std::uint32_t), 0},
+    SizeRow{"as far as the context", kMessageAt, 0},
+    SizeRow{"half of the message callback", kMessageAt + kPointer / 2, 0},
+    SizeRow{"as far as the message callback", kReportAt, 1},
+    SizeRow{"all but a byte of the report callback", kWarningAt - 1, 1},
+    SizeRow{"as far as the report callback", kWarningAt, 2},
+    SizeRow{"all but a byte of the whole", sizeof(KestraOperador) - 1, 2},
+    SizeRow{"the whole", sizeof(KestraOperador), 3},
+    SizeRow{"more than the whole", sizeof(KestraOperador) + 64, 3},
+    SizeRow{"the greatest size", 0xFFFFFFFF, 3},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, RecordSize, testing::ValuesIn(kSizes), unit::BySentence());
+
+struct AnswerRow {
+  const char* sentence;
+  std::int32_t style;
+  std::int32_t answer;  // of the host
+  std::int32_t result;
+};
+
+class HostsAnswer : public testing::WithParamInterface<AnswerRow>, public HostsOperator {};
+
+TEST_P(HostsAnswer, IsUnderstood) {
+  const auto record = Record();
+  operator_.Set(&record);
+  host_.answer = GetParam().answer;
+  EXPECT_EQ(operator_.Message("text", "", GetParam().style), GetParam().result);
+  EXPECT_EQ(host_.styles, std::vector{GetParam().style});
+}
+
+constexpr std::array kAnswers{
+    AnswerRow{"yes to a question", 4, 6, 6},
+    AnswerRow{"no to a question", 4, 7, 7},
+    AnswerRow{"yes to a question with its icon", 36, 6, 6},
+    AnswerRow{"no to a question with its icon", 36, 7, 7},
+    AnswerRow{"OK to a question counts as no", 36, 1, 7},
+    AnswerRow{"cancel to a question counts as no", 36, 2, 7},
+    AnswerRow{"zero to a question counts as no", 4, 0, 7},
+    AnswerRow{"minus one to a question counts as no", 4, -1, 7},
+    AnswerRow{"OK to a message", 0, 1, 1},
+    AnswerRow{"anything to a message counts as OK", 0, 7, 1},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, HostsAnswer, testing::ValuesIn(kAnswers), unit::BySentence());
+
+TEST_F(HostsOperator, AZeroByteInsideATextComesAsABlank) {
+  const auto record = Record();
+  operator_.Set(&record);
+  operator_.Message({"a\0b", 3}, {"\0t", 2}, kBoxOk);
+  EXPECT_EQ(host_.texts, std::vector<std::string>{"a b"});
+  EXPECT_EQ(host_.titles, std::vector<std::string>{" t"});
+  operator_.StatusReport({std::string("4\0", 2), std::string("\0", 1), {}});
+  EXPECT_EQ(host_.printer, "4 ");
+  EXPECT_EQ(host_.fiscal, " ");
+}
+
+TEST_F(HostsOperator, TextsNeedNoZeroByteBehindThem) {
+  const auto record = Record();
+  operator_.Set(&record);
+  operator_.Message(std::string_view("Envia?x").substr(0, 6), std::string_view("ab").substr(0, 1),
+                    kBoxOk);
+  EXPECT_EQ(host_.texts, std::vector<std::string>{"Envia?"});
+  EXPECT_EQ(host_.titles, std::vector<std::string>{"a"});
+}
+
+TEST_F(HostsOperator, TheReportComesRowByRow) {
+  const auto record = Record();
+  operator_.Set(&record);
+  InformeEstados report{"4000", "0600", {}};
+  for (std::int32_t i = 0; i < 23; ++i) {
+    report.filas.push_back({.grupo = i % 2,
+                            .numero = i,
+                            .error = i % 3 == 0,
+                            .encendida = i % 5 == 0,
+                            .texto = std::string_view("abcdefghijklmnopqrstuvwxyz")
+                                         .substr(0, 3 + static_cast<std::size_t>(i)),
+                            .ayuda = "hint"});
+  }
+  operator_.StatusReport(report);
+  ASSERT_EQ(host_.rows.size(), 23u);
+  for (std::int32_t i = 0; i < 23; ++i) {
+    const auto& [row, text, hint] = host_.rows[static_cast<std::size_t>(i)];
+    EXPECT_EQ(row.grupo, i % 2);
+    EXPECT_EQ(row.numero, i);
+    EXPECT_EQ(row.clase, i % 3 == 0 ? 1 : 0);
+    EXPECT_EQ(row.encendida, i % 5 == 0 ? 1 : 0);
+    EXPECT_EQ(text, report.filas[static_cast<std::size_t>(i)].texto);
+    EXPECT_EQ(hint, "hint");
+  }
+}
+
+TEST_F(HostsOperator, AnythingButZeroSendsTheCommandAgain) {
+  const auto record = Record();
+  operator_.Set(&record);
+  for (const std::int32_t answer : {0, 1, -1, 6}) {
+    host_.answer = answer;
+    EXPECT_EQ(operator_.StatusReport({"0000", "0000", {}}), answer != 0) << answer;
+  }
+}
+
+}  // namespace
+}  // namespace kestra

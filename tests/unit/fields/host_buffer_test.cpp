@@ -1,0 +1,96 @@
+// Texts cross the border between the host's buffers and the library.
+
+#include "fields/host_buffer.hpp"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <string>
+#include <string_view>
+
+#include "unit/rows.hpp"
+
+namespace kestra {
+namespace {
+
+constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+
+TEST(HostText, HasExactlyTheStatedBytes) {
+  const std::string host = "ABCDEF";
+  EXPECT_EQ(LeerCadena(host.data(), 4), "ABCD");
+  EXPECT_EQ(LeerCadena(host.data(), 1), "A");
+}
+
+TEST(HostText, IsNotTrimmed) {
+  EXPECT_EQ(LeerCadena(" A  ", 4), " A  ");
+}
+
+TEST(HostText, AZeroByteInsideDoesNotEndIt) {
+  const std::array<char, 5> host{'A', '\0', 'B', '\0', '\0'};
+  EXPECT_EQ(LeerCadena(host.data(), 5), std::string(host.data(), host.size()));
+}
+
+TEST(HostText, OfNoLengthIsEmptyWhateverThePointer) {
+  EXPECT_EQ(LeerCadena("ABC", 0), "");
+  EXPECT_EQ(LeerCadena(nullptr, 0), "");
+}
+
+TEST(HostText, OfNegativeLengthIsEmptyWhateverThePointer) {
+  for (const std::int32_t length : {-1, -32768, kLeast}) {
+    EXPECT_EQ(LeerCadena("ABC", length), "");
+    EXPECT_EQ(LeerCadena(nullptr, length), "");
+  }
+}
+
+TEST(HostText, ANullPointerReadsAsBlanks) {
+  EXPECT_EQ(LeerCadena(nullptr, 5), "     ");
+}
+
+constexpr std::size_t kBufferSize = 12;
+constexpr char kUntouched = '#';
+
+struct GiveRow {
+  const char* sentence;
+  std::string_view text;
+  std::int32_t size;
+  std::int32_t count;
+  std::string_view copied;
+};
+
+class ResultText : public testing::TestWithParam<GiveRow> {
+ protected:
+  static std::string Untouched() { return std::string(kBufferSize, kUntouched); }
+};
+
+TEST_P(ResultText, FillsTheHostsBufferOnlySoFar) {
+  const auto& row = GetParam();
+  std::string buffer = Untouched();
+  EXPECT_EQ(DevolverCadena(buffer.data(), row.text, row.size), row.count);
+  EXPECT_EQ(buffer, std::string(row.copied) + std::string(kBufferSize - row.copied.size(), '#'));
+}
+
+TEST_P(ResultText, IsCountedForANullPointerToo) {
+  EXPECT_EQ(DevolverCadena(nullptr, GetParam().text, GetParam().size), GetParam().count);
+}
+
+constexpr std::array kGiven{
+    GiveRow{"a longer text is cut to the buffer", "ABCDE", 3, 3, "ABC"},
+    GiveRow{"a text of the very size", "ABC", 3, 3, "ABC"},
+    GiveRow{"a shorter text leaves the rest as it was", "AB", 8, 2, "AB"},
+    GiveRow{"trailing blanks are not copied", "AB      ", 8, 2, "AB"},
+    GiveRow{"a leading blank shifts what is copied", " AB", 8, 2, " A"},
+    GiveRow{"blanks on both sides shift it too", "  AB  ", 8, 2, "  "},
+    GiveRow{"blanks alone are nothing", "    ", 8, 0, ""},
+    GiveRow{"no text is nothing", "", 8, 0, ""},
+    GiveRow{"no room copies nothing", "ABC", 0, 0, ""},
+    GiveRow{"a negative size copies nothing", "ABC", -3, -3, ""},
+    GiveRow{"the least size copies nothing", "ABC", kLeast, kLeast, ""},
+    GiveRow{"a huge size is bounded by the text", "ABC", kMost, 3, "ABC"},
+    GiveRow{"a zero byte is copied like any other", {"A\0B", 3}, 8, 3, {"A\0B", 3}},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, ResultText, testing::ValuesIn(kGiven), unit::BySentence());
+
+}  // namespace
+}  // namespace kestra

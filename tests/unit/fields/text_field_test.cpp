@@ -1,0 +1,133 @@
+// Texts become fields that the printer takes.
+
+#include "fields/text_field.hpp"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "unit/failing.hpp"
+#include "unit/rows.hpp"
+
+namespace kestra {
+namespace {
+
+struct FitRow {
+  const char* sentence;
+  std::string_view text;
+  std::int32_t width;
+  std::string_view field;
+};
+
+class FittedText : public testing::TestWithParam<FitRow> {};
+
+TEST_P(FittedText, FillsItsField) {
+  EXPECT_EQ(AjustarTexto(GetParam().text, GetParam().width), GetParam().field);
+}
+
+constexpr std::array kFitted{
+    FitRow{"three blanks are an empty field", "   ", 10, "\x7F"},
+    FitRow{"no text at all is an empty field", "", 10, "\x7F"},
+    FitRow{"an empty field needs no width", "  ", 0, "\x7F"},
+    FitRow{"an empty field does not mind a negative width", "", -1, "\x7F"},
+    FitRow{"a short text is padded", "ABC", 5, "ABC  "},
+    FitRow{"a text of the very width stays", "ABCDE", 5, "ABCDE"},
+    FitRow{"a long text is cut", "ABCDEF", 4, "ABCD"},
+    FitRow{"blanks around a text go first", "  ABC  ", 5, "ABC  "},
+    FitRow{"blanks inside stay", " A C ", 4, "A C "},
+    FitRow{"what is cut may leave blanks behind", "AB  CD", 3, "AB "},
+    FitRow{"a width of zero leaves nothing", "ABC", 0, ""},
+    FitRow{"a tab is no blank", "\tA", 4, "\tA  "},
+    FitRow{"letters beyond ASCII count one each", "\xD1\xE1", 3, "\xD1\xE1 "},
+    FitRow{"a zero byte is a character", {"A\0B", 3}, 4, {"A\0B ", 4}},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, FittedText, testing::ValuesIn(kFitted), unit::BySentence());
+
+TEST(FittedText, TheWidestFieldHas32767Characters) {
+  EXPECT_EQ(AjustarTexto("A", 32767), "A" + std::string(32766, ' '));
+}
+
+TEST(FittedText, WidthsThatNoFieldHasFail) {
+  EXPECT_EQ(unit::FailureOf([] { return AjustarTexto("A", -1); }), 5);
+  EXPECT_EQ(unit::FailureOf([] { return AjustarTexto("A", -32768); }), 5);
+  for (const std::int32_t width : {32768, -32769, std::numeric_limits<std::int32_t>::max(),
+                                   std::numeric_limits<std::int32_t>::min()}) {
+    EXPECT_EQ(unit::FailureOf([&] { return AjustarTexto("A", width); }), 6) << width;
+  }
+}
+
+// Every code a text can hold, against the list of those that the printer takes.
+TEST(CleanedText, OfAll256CodesOnlyThePrintersOwnPass) {
+  const std::set<int> accented{240, 241, 242, 244, 248};
+  for (int code = 0; code < 256; ++code) {
+    const char c = static_cast<char>(code);
+    const bool passes = (code >= 32 && code < 128) || accented.count(code) == 1;
+    EXPECT_EQ(LimpiarCaracteres(std::string(1, c)), std::string(1, passes ? c : '-')) << code;
+  }
+}
+
+TEST(CleanedText, AllCodesAtOnceKeepTheirPlaces) {
+  std::string all;
+  for (int code = 0; code < 256; ++code) all += static_cast<char>(code);
+  const auto clean = LimpiarCaracteres(all);
+  ASSERT_EQ(clean.size(), all.size());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    EXPECT_TRUE(clean[i] == all[i] || clean[i] == '-') << i;
+  }
+  EXPECT_EQ(LimpiarCaracteres(clean), clean);
+}
+
+struct CleanRow {
+  const char* sentence;
+  std::string_view text;
+  std::string_view clean;
+};
+
+class CleanedText : public testing::TestWithParam<CleanRow> {};
+
+TEST_P(CleanedText, HasDashesForTheRest) {
+  EXPECT_EQ(LimpiarCaracteres(std::string(GetParam().text)), GetParam().clean);
+}
+
+constexpr std::array kCleaned{
+    CleanRow{"the small n with tilde passes", "a\xF1o", "a\xF1o"},
+    CleanRow{"a capital A with acute accent does not", "\xC1rbol", "-rbol"},
+    CleanRow{"a tab does not", "a\tb", "a-b"},
+    CleanRow{"the mark of an empty field passes", "\x7F", "\x7F"},
+    CleanRow{"a separator does not",
+             "a\x1C"
+             "b",
+             "a-b"},
+    CleanRow{"a zero byte does not", {"a\0b", 3}, "a-b"},
+    CleanRow{"the same character twice goes twice", "\xC1\xC1", "--"},
+    CleanRow{"nothing stays nothing", "", ""},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, CleanedText, testing::ValuesIn(kCleaned), unit::BySentence());
+
+TEST(TrimmedText, LosesBlanksOnly) {
+  EXPECT_EQ(Recortar("  a b  "), "a b");
+  EXPECT_EQ(Recortar("\ta\t"), "\ta\t");
+  EXPECT_EQ(Recortar("   "), "");
+  EXPECT_EQ(Recortar(""), "");
+}
+
+TEST(FixedText, IsCutOrPadded) {
+  EXPECT_EQ(Fijar("TFX", 2), "TF");
+  EXPECT_EQ(Fijar("T", 2), "T ");
+  EXPECT_EQ(Fijar("", 2), "  ");
+  EXPECT_EQ(Fijar("TF", 0), "");
+}
+
+TEST(FilledText, GrowsOnTheLeftAndIsNeverCut) {
+  EXPECT_EQ(RellenarIzquierda("42", 5, '0'), "00042");
+  EXPECT_EQ(RellenarIzquierda("", 3, '0'), "000");
+  EXPECT_EQ(RellenarIzquierda("12345", 5, '0'), "12345");
+  EXPECT_EQ(RellenarIzquierda("123456", 5, '0'), "123456");
+}
+
+}  // namespace
+}  // namespace kestra

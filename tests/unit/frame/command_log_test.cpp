@@ -1,0 +1,73 @@
+// Lines of fiscal.log.
+
+#include "frame/command_log.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "fakes/fake_platform.hpp"
+#include "frame/library.hpp"
+#include "unit/world.hpp"
+
+namespace kestra {
+namespace {
+
+class CommandLog : public testing::Test {
+ protected:
+  CommandLog() { library_.estado.LogComandos = 1; }
+
+  std::vector<std::string> Lines() { return unit::TextsOf(world_.GetJournal(), Happening::kLog); }
+
+  FakePlatform world_;
+  Biblioteca library_{world_};
+};
+
+TEST_F(CommandLog, ALineHasDateAndTimeBeforeItsText) {
+  world_.GetClock().SetDate(16, 11, 2026);
+  world_.GetClock().SetTimeOfDay(2 * 3600 + 25 * 60 + 15);
+  EscribirLog(library_, " - Comando : EP_CortaPapel()");
+  EXPECT_EQ(Lines(),
+            std::vector<std::string>{"[16/11/2026-02:25:15] - Comando : EP_CortaPapel()\r\n"});
+  EXPECT_EQ(world_.GetJournal().Events().at(0).detail, ".\\fiscal.log");
+}
+
+TEST_F(CommandLog, BytesGoAsTheyAre) {
+  const std::string text(" - Output : \x02 A\x1C\xD1\0\x03", 18);
+  EscribirLog(library_, text);
+  ASSERT_EQ(Lines().size(), 1u);
+  EXPECT_NE(Lines()[0].find(text + "\r\n"), std::string::npos);
+}
+
+TEST_F(CommandLog, OnlyTheSettingOneWritesIt) {
+  for (const std::int32_t setting : {0, 2, -1}) {
+    library_.estado.LogComandos = setting;
+    EscribirLog(library_, "x");
+  }
+  EXPECT_TRUE(Lines().empty());
+}
+
+TEST_F(CommandLog, SwitchedOffItDoesNotEvenLookAtTheClock) {
+  library_.estado.LogComandos = 0;
+  EscribirLog(library_, "x");
+  EXPECT_EQ(world_.GetTrouble().Calls(Point::kDate), 0);
+  EXPECT_EQ(world_.GetTrouble().Calls(Point::kTimeText), 0);
+}
+
+TEST_F(CommandLog, AReadOnlyFileIsNoFailure) {
+  world_.GetLog().SetReadOnly(true);
+  EXPECT_NO_THROW(EscribirLog(library_, "x"));
+  EXPECT_TRUE(Lines().empty());
+}
+
+TEST_F(CommandLog, AFailureNamesItsRoutineAndPlace) {
+  RegistrarFalla(library_, Desbordamiento(), "EP_ReporteX", "aqui");
+  ASSERT_EQ(Lines().size(), 1u);
+  EXPECT_NE(Lines()[0].find("] - Error 6 (Overflow) in procedure EP_ReporteX of M\xF3"
+                            "dulo ExportedProcedures - Linea: aqui\r\n"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace kestra

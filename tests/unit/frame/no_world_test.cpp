@@ -1,0 +1,29 @@
+// A process in which not even the platform can be made: the exports say so and throw nothing.
+
+#include <gtest/gtest.h>
+
+#include "unit/frame/export_list.hpp"
+
+namespace kestra {
+namespace {
+
+TEST(WithoutAWorld, AHostsOperatorIsNotTakenAndNothingIsThrown) {
+  const KestraOperador record{sizeof(KestraOperador), nullptr, nullptr, nullptr, nullptr};
+  EXPECT_NO_THROW(Kestra_DefinirOperador(&record));
+  EXPECT_NO_THROW(Kestra_DefinirOperador(nullptr));
+}
+
+TEST(WithoutAWorld, EveryExportGivesItsFailureResultAndThrowsNothing) {
+  for (const auto& exported : unit::kExports) {
+    SCOPED_TRACE(exported.name);
+    EXPECT_NO_THROW({
+      const auto result = exported.call({});
+      if (exported.nature != unit::Nature::kComponents) {
+        EXPECT_EQ(result, unit::FailedResult(exported));
+      }
+    });
+  }
+}
+
+}  // namespace
+}  // namespace kestra

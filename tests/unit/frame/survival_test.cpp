@@ -1,0 +1,279 @@
+// Whatever a host passes and whenever it calls, it lives on and so does the library.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fakes/fake_platform.hpp"
+#include "unit/frame/export_list.hpp"
+#include "unit/rows.hpp"
+#include "unit/settings.hpp"
+#include "unit/world.hpp"
+
+namespace kestra {
+namespace {
+
+using unit::Arguments;
+using unit::Export;
+using unit::kExports;
+using unit::Nature;
+
+constexpr std::array<std::string_view, 4> kFamilies{"TQ", "TF", "FC", "XX"};
+
+bool Operates(const Export& exported) {
+  return exported.nature == Nature::kOperation;
+}
+
+// The library of a shop of this family, started.
+FakePlatform& StartedShop(std::string_view family) {
+  auto& world = unit::ExportsOnFakes();
+  world.GetProfile().Set("TipoComprobante", family);
+  EXPECT_EQ(EP_Init(), 1);
+  return world;
+}
+
+struct Outcome {
+  std::vector<std::int32_t> results;
+  std::string wire;
+};
+
+Outcome CallAll(FakePlatform& world, const Arguments& arguments) {
+  Outcome outcome;
+  for (const auto& exported : kExports) {
+    // A null is no text at all to the one that looks for the end of its text.
+    if (!Operates(exported) || exported.name == "EP_ImprimirTextoFiscalInterna") continue;
+    outcome.results.push_back(exported.call(arguments));
+  }
+  outcome.wire = unit::Wire(world.GetJournal());
+  return outcome;
+}
+
+TEST(Survival, NullTextsReadAsBlanksInEveryOperation) {
+  const std::string blanks(200, ' ');
+  std::array<char, 200> buffer{};
+  for (const auto family : kFamilies) {
+    SCOPED_TRACE(family);
+    const auto with_nulls = CallAll(StartedShop(family), {});
+    const auto with_blanks =
+        CallAll(StartedShop(family), {.text = blanks.c_str(), .buffer = buffer.data()});
+    EXPECT_EQ(with_nulls.results, with_blanks.results);
+    EXPECT_EQ(with_nulls.wire, with_blanks.wire);
+  }
+}
+
+TEST(Survival, ANullForAnEndedTextIsTheEmptyText) {
+  auto& world = StartedShop("TQ");
+  EXPECT_EQ(EP_ImprimirTextoFiscalInterna(nullptr), 0);
+  EXPECT_EQ(EP_ImprimirTextoFiscalInterna(""), 0);
+  const auto& frames = world.Line().Frames();
+  ASSERT_EQ(frames.size(), 2u);
+  EXPECT_EQ(frames[0].substr(2, 3), "A\x1C\x03");
+  EXPECT_EQ(frames[1].substr(2, 3), "A\x1C\x03");
+}
+
+TEST(Survival, BeforeTheStartEveryOperationFailsAndNothingIsSent) {
+  for (const auto& exported : kExports) {
+    if (!Operates(exported)) continue;
+    SCOPED_TRACE(exported.name);
+    auto& world = unit::ExportsOnFakes();
+    EXPECT_EQ(exported.call({}), unit::FailedResult(exported));
+    EXPECT_EQ(unit::Wire(world.GetJournal()), "");
+    EXPECT_TRUE(unit::TextsOf(world.GetJournal(), Happening::kLog).empty());
+  }
+}
+
+TEST(Survival, BeforeTheStartTheOperatorIsTold) {
+  auto& world = unit::ExportsOnFakes();
+  EXPECT_EQ(EP_CortaPapel(), 1);
+  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kBox),
+            std::vector<std::string>{"Error en el comando Enviar"});
+}
+
+TEST(Survival, AfterTheEndEveryOperationFailsAndNothingIsSent) {
+  for (const auto& exported : kExports) {
+    if (!Operates(exported)) continue;
+    SCOPED_TRACE(exported.name);
+    auto& world = StartedShop("TQ");
+    EP_Kill();
+    EXPECT_EQ(exported.call({}), unit::FailedResult(exported));
+    EXPECT_EQ(unit::Wire(world.GetJournal()), "");
+  }
+}
+
+TEST(Survival, AfterTheEndTheLogNamesTheMissingPort) {
+  auto& world = StartedShop("TQ");
+  EP_Kill();
+  EXPECT_EQ(EP_CortaPapel(), 1);
+  const auto lines = unit::TextsOf(world.GetJournal(), Happening::kLog);
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0], "[21/11/2026-10:30:00] - Comando : EP_CortaPapel()\r\n");
+  EXPECT_EQ(
+      lines[1].find("[21/11/2026-10:30:00] - Error 91 (Object variable or With block variable "
+                    "not set) in procedure Enviar of M\xF3"
+                    "dulo ExportedProcedures - Linea: "),
+      0u);
+}
+
+TEST(Survival, StartAndEndAsOftenAsTheHostLikes) {
+  auto& world = StartedShop("TQ");
+  EP_Kill();
+  EP_Kill();
+  EXPECT_EQ(EP_Init(), 1);
+  EXPECT_EQ(EP_Init(), 1);
+  EXPECT_EQ(EP_CortaPapel(), 0);
+  EP_Kill();
+  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kPortCreated).size(), 3u);
+  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kPortReleased).size(), 3u);
+}
+
+TEST(Survival, FixedResultsTouchNothing) {
+  for (const auto& exported : kExports) {
+    if (exported.nature != Nature::kFixed) continue;
+    auto& world = StartedShop("TQ");
+    world.GetJournal().Take();
+    EXPECT_EQ(exported.call({.count = -1}), 0) << exported.name;
+    EXPECT_TRUE(world.GetJournal().Events().empty()) << exported.name;
+  }
+}
+
+TEST(Survival, TheLastErrorIsZeroBeforeAnyOperationAndAfterAFailedOne) {
+  unit::ExportsOnFakes();
+  EXPECT_EQ(EP_Chequear_Error(), 0);
+  EXPECT_EQ(EP_CortaPapel(), 1);
+  EXPECT_EQ(EP_Chequear_Error(), 0);
+}
+
+TEST(Survival, TheLibraryMayGoOnceItHoldsNoPort) {
+  unit::ExportsOnFakes();
+  EXPECT_EQ(DllCanUnloadNow(), 0);
+  EXPECT_EQ(EP_Init(), 1);
+  EXPECT_EQ(DllCanUnloadNow(), 1);
+  EP_Kill();
+  EXPECT_EQ(DllCanUnloadNow(), 0);
+}
+
+// Settings and arguments that no sane shop has.
+
+struct AbsurdRow {
+  const char* sentence;
+  std::string_view keys;  // those that begin so
+  std::string_view more_keys;
+  std::string_view value;
+  double amount;
+  std::int32_t count;
+};
+
+class Absurd : public testing::TestWithParam<AbsurdRow> {
+ protected:
+  static void Spoil(FakePlatform& world) {
+    for (const auto& setting : unit::kSettings) {
+      const auto begins = [&](std::string_view prefix) {
+        return !prefix.empty() && setting.key.substr(0, prefix.size()) == prefix;
+      };
+      if (begins(GetParam().keys) || begins(GetParam().more_keys)) {
+        world.GetProfile().Set(setting.key, GetParam().value);
+      }
+    }
+  }
+};
+
+TEST_P(Absurd, EveryOperationOfEveryFamilyEndsAndTheNextOneWorks) {
+  const std::string text(200, 'x');
+  std::array<char, 200> buffer{};
+  for (const auto family : kFamilies) {
+    SCOPED_TRACE(family);
+    auto& world = unit::ExportsOnFakes();
+    world.GetProfile().Set("TipoComprobante", family);
+    Spoil(world);
+    ASSERT_EQ(EP_Init(), 1);
+    for (const auto& exported : kExports) {
+      if (!Operates(exported)) continue;
+      const auto result =
+          exported.call({text.c_str(), buffer.data(), GetParam().amount, GetParam().count});
+      EXPECT_TRUE(result == 0 || result == 1) << exported.name << " gave " << result;
+    }
+    EXPECT_EQ(EP_CortaPapel(), 0);
+  }
+}
+
+constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+constexpr std::array kAbsurd{
+    AbsurdRow{"lengths of minus one", "Lon", "", "-1", 1, 1},
+    AbsurdRow{"lengths of nothing", "Lon", "", "0", 1, 1},
+    AbsurdRow{"lengths of 32767", "Lon", "", "32767", 1, 1},
+    AbsurdRow{"lengths beyond 16 bits", "Lon", "", "32768", 1, 1},
+    AbsurdRow{"the greatest lengths", "Lon", "", "2147483647", 1, 1},
+    AbsurdRow{"the least lengths", "Lon", "", "-2147483648", 1, 1},
+    AbsurdRow{"no digits at all", "Ent", "Dec", "0", 1, 1},
+    AbsurdRow{"thirty thousand digits", "Ent", "Dec", "30000", 1, 1},
+    AbsurdRow{"thirty thousand whole digits", "Ent", "", "30000", 1, 1},
+    AbsurdRow{"thirty thousand decimals", "Dec", "", "30000", 1, 1},
+    AbsurdRow{"minus five digits", "Ent", "Dec", "-5", 1, 1},
+    AbsurdRow{"minus five decimals", "Dec", "", "-5", 1, 1},
+    AbsurdRow{"the greatest digit counts", "Ent", "Dec", "32767", 1, 1},
+    AbsurdRow{"the least digit counts", "Ent", "Dec", "-32768", 1, 1},
+    AbsurdRow{"every switch set to the greatest number", "Emite", "Mostrar", "2147483647", 1, 1},
+    AbsurdRow{"every switch set to minus one", "Emite", "Mostrar", "-1", 1, 1},
+    AbsurdRow{"a delay of a minute", "DelayComandos", "", "60000", 1, 1},
+    AbsurdRow{"a negative delay", "DelayComandos", "", "-2147483648", 1, 1},
+    AbsurdRow{"the least characters per inch", "CPI", "", "-32768", 1, 1},
+    AbsurdRow{"amounts that are no numbers", "", "", "", std::numeric_limits<double>::quiet_NaN(),
+              1},
+    AbsurdRow{"infinite amounts", "", "", "", kInfinity, 1},
+    AbsurdRow{"negative infinite amounts", "", "", "", -kInfinity, 1},
+    AbsurdRow{"amounts of 1e308", "", "", "", 1e308, 1},
+    AbsurdRow{"amounts of minus 1e308", "", "", "", -1e308, 1},
+    AbsurdRow{"amounts of 1e308 in thirty thousand digits", "Ent", "", "30000", 1e308, 1},
+    AbsurdRow{"the smallest amounts", "", "", "", std::numeric_limits<double>::denorm_min(), 1},
+    AbsurdRow{"the greatest counts", "", "", "", 1, kMost},
+    AbsurdRow{"the least counts", "", "", "", 1, kLeast},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, Absurd, testing::ValuesIn(kAbsurd), unit::BySentence());
+
+TEST(Survival, AnAmountThatDoesNotFitIsShownAndGoesOutEmpty) {
+  for (const double amount : {kInfinity, 1e308, std::numeric_limits<double>::quiet_NaN()}) {
+    auto& world = StartedShop("TQ");
+    const std::string text(80, ' ');
+    EXPECT_EQ(EP_ImprimirPago(text.c_str(), amount), 0);
+    EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kBox),
+              std::vector<std::string>{"Error al convertir"});
+    ASSERT_EQ(world.Line().Frames().size(), 1u);
+    EXPECT_EQ(world.Line().Frames()[0].substr(2, 7), "D\x1C\x7F\x1C\x1CT\x03");
+  }
+}
+
+// An adjustment says success to the host even where its total is none; the log says more.
+TEST(Survival, ATotalThatIsNoNumberIsLogged) {
+  auto& world = unit::ExportsOnFakes();
+  world.GetProfile().Set("AjusteRedondeo", "1");
+  ASSERT_EQ(EP_Init(), 1);
+  EXPECT_EQ(EP_AjusteRedondeo(kInfinity), 0);
+  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kLog),
+            std::vector<std::string>{"[21/11/2026-10:30:00] - Error 6 (Overflow) in procedure "
+                                     "EP_AjusteRedondeo of M\xF3"
+                                     "dulo ExportedProcedures - Linea: \r\n"});
+  EXPECT_EQ(unit::Wire(world.GetJournal()), "");
+}
+
+TEST(Survival, APrintersTotalThatIsNoNumberIsLogged) {
+  auto& world = unit::ExportsOnFakes();
+  world.GetProfile().Set("AjusteRedondeo", "1");
+  ASSERT_EQ(EP_Init(), 1);
+  EXPECT_EQ(EP_AjusteRedondeo(100), 0);
+  const auto lines = unit::TextsOf(world.GetJournal(), Happening::kLog);
+  ASSERT_FALSE(lines.empty());
+  EXPECT_EQ(lines.back(),
+            "[21/11/2026-10:30:00] - Error 13 (Type mismatch) in procedure EP_AjusteRedondeo of "
+            "M\xF3"
+            "dulo ExportedProcedures - Linea: \r\n");
+}
+
+}  // namespace
+}  // namespace kestra

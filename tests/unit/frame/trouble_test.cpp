@@ -1,0 +1,205 @@
+// Each thing in the world that can fail, failing: what the host gets and what the log says.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fakes/fake_platform.hpp"
+#include "frame/failure.hpp"
+#include "unit/frame/export_list.hpp"
+#include "unit/rows.hpp"
+#include "unit/world.hpp"
+
+namespace kestra {
+namespace {
+
+struct TroubleRow {
+  const char* sentence;
+  Point point;
+  std::string_view key;  // a setting that leads there
+  std::string_view value;
+  const char* printer;  // words of the answers
+  const char* fiscal;
+  std::int32_t (*call)();
+  std::int32_t result;
+  std::string_view procedure;  // that the log names; empty: no failure is logged
+};
+
+// The failure that the fakes bring up by themselves.
+std::string WordsOfTheFake() {
+  Trouble trouble;
+  trouble.Arm(Point::kLog, 1, false, Ailment::kFalla);
+  try {
+    trouble.Reach(Point::kLog);
+    return "nothing";
+  } catch (const Falla& failure) {
+    return std::to_string(failure.Numero()) + " (" + failure.Descripcion() + ")";
+  }
+}
+
+struct AilmentRow {
+  Ailment ailment;
+  std::string words;
+};
+const std::array kAilments{
+    AilmentRow{Ailment::kFalla, WordsOfTheFake()},
+    AilmentRow{Ailment::kMemory, "7 (Out of memory)"},
+    AilmentRow{Ailment::kOther, "51 (Internal error)"},
+};
+
+FakePlatform& StartedShop(const TroubleRow& row) {
+  auto& world = unit::ExportsOnFakes();
+  world.GetProfile().Set(row.key, row.value);
+  world.Line().SetDefault(unit::Answering(row.printer, row.fiscal));
+  world.GetOperator().Queue(Answer::kYes);
+  EXPECT_EQ(EP_Init(), 1);
+  return world;
+}
+
+std::vector<std::string> FailuresIn(const Journal& journal) {
+  auto lines = unit::TextsOf(journal, Happening::kLog);
+  std::erase_if(
+      lines, [](const std::string& line) { return line.find(" - Error ") == std::string::npos; });
+  return lines;
+}
+
+void ExpectFailureLine(const Journal& journal, std::string_view words, std::string_view procedure) {
+  const auto lines = FailuresIn(journal);
+  if (procedure.empty()) {
+    EXPECT_TRUE(lines.empty());
+    return;
+  }
+  ASSERT_EQ(lines.size(), 1u);
+  const auto expected = std::string("] - Error ")
+                            .append(words)
+                            .append(" in procedure ")
+                            .append(procedure)
+                            .append(
+                                " of M\xF3"
+                                "dulo ExportedProcedures - Linea: ");
+  EXPECT_NE(lines[0].find(expected), std::string::npos) << lines[0];
+}
+
+void ExpectAWorkingLibrary(FakePlatform& world) {
+  world.GetTrouble().Disarm();
+  world.GetProfile().Set("MostrarComandos", "0");
+  world.Line().SetDefault(unit::Answering("0000", "0600"));
+  EXPECT_EQ(EP_Init(), 1);
+  EXPECT_EQ(EP_CortaPapel(), 0);
+  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kOpen).size(),
+            unit::TextsOf(world.GetJournal(), Happening::kClose).size());
+}
+
+class OneFailure : public testing::TestWithParam<TroubleRow> {};
+
+TEST_P(OneFailure, IsLoggedAndToldToTheHost) {
+  for (const auto& [ailment, words] : kAilments) {
+    SCOPED_TRACE(words);
+    auto& world = StartedShop(GetParam());
+    world.GetTrouble().Arm(GetParam().point, 1, false, ailment);
+    EXPECT_EQ(GetParam().call(), GetParam().result);
+    ExpectFailureLine(world.GetJournal(), words, GetParam().procedure);
+    ExpectAWorkingLibrary(world);
+  }
+}
+
+constexpr std::string_view kNoKey = "Transporte";  // a key that nothing reads
+
+const std::array kTroubles{
+    TroubleRow{"the port cannot be opened", Point::kOpen, kNoKey, "0", "0000", "0600",
+               EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the frame cannot be written", Point::kWrite, kNoKey, "0", "0000", "0600",
+               EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the line cannot be looked at", Point::kCount, kNoKey, "0", "0000", "0600",
+               EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the line cannot be cleared", Point::kDiscard, kNoKey, "0", "0000", "0600",
+               EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the answer cannot be read", Point::kRead, kNoKey, "0", "0000", "0600",
+               EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the clock stands", Point::kTimeOfDay, kNoKey, "0", "0000", "0600", EP_CortaPapel, 1,
+               "Enviar"},
+    TroubleRow{"the pause before a command fails", Point::kSleep, "DelayComandos", "10", "0000",
+               "0600", EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the question before a command fails", Point::kMessage, "MostrarComandos", "1",
+               "0000", "0600", EP_CortaPapel, 1, "EP_CortaPapel"},
+    TroubleRow{"the box with the frame fails", Point::kMessage, "MostrarComandos", "2", "0000",
+               "0600", EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the listing of the answer fails", Point::kMessage, "MostrarRespuestas", "1", "0000",
+               "0600", EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the status report fails", Point::kReport, kNoKey, "0", "4000", "0600",
+               EP_CortaPapel, 1, "Enviar"},
+    TroubleRow{"the warning of a nearly full memory fails", Point::kMemoryFull, kNoKey, "0", "0000",
+               "0100", EP_ReporteZ, 1, "EP_ReporteZ"},
+    TroubleRow{"the port cannot be created", Point::kCreatePort, kNoKey, "0", "0000", "0600",
+               EP_Init, 0, "EP_Init"},
+    TroubleRow{"a log line cannot be written", Point::kLog, kNoKey, "0", "0000", "0600",
+               EP_CortaPapel, 0, ""},
+    TroubleRow{"the date of a log line is not to be had", Point::kDate, kNoKey, "0", "0000", "0600",
+               EP_CortaPapel, 0, ""},
+    TroubleRow{"the time of a log line is not to be had", Point::kTimeText, kNoKey, "0", "0000",
+               "0600", EP_CortaPapel, 0, ""},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, OneFailure, testing::ValuesIn(kTroubles), unit::BySentence());
+
+TEST(OneFailure, OfTheSettingsFileIsShownByTheReader) {
+  auto& world = unit::ExportsOnFakes();
+  ASSERT_EQ(EP_Init(), 1);
+  world.GetTrouble().Arm(Point::kProfile, 3, false, Ailment::kFalla);
+  EXPECT_EQ(EP_Init(), 1);
+  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kBox),
+            std::vector<std::string>{"Error " + WordsOfTheFake() +
+                                     " en Leer_Ini - M\xF3"
+                                     "dulo DLLSupport - Lee_Ini - Linea: TipoComprobante"});
+  ExpectAWorkingLibrary(world);
+}
+
+TEST(OneFailure, OfMemoryWhileReadingTheSettingsFailsTheStart) {
+  auto& world = unit::ExportsOnFakes();
+  ASSERT_EQ(EP_Init(), 1);
+  world.GetTrouble().Arm(Point::kProfile, 3, false, Ailment::kMemory);
+  EXPECT_EQ(EP_Init(), 0);
+  ExpectFailureLine(world.GetJournal(), "7 (Out of memory)", "EP_Init");
+  ExpectAWorkingLibrary(world);
+}
+
+// A port that cannot be closed is given up; the next call finds it as it is.
+TEST(OneFailure, OfClosingThePortDoesNotReachTheHost) {
+  for (const auto& [ailment, words] : kAilments) {
+    auto& world = unit::ExportsOnFakes();
+    ASSERT_EQ(EP_Init(), 1);
+    world.GetTrouble().Arm(Point::kClose, 1, false, ailment);
+    const auto result = EP_CortaPapel();
+    EXPECT_TRUE(result == 0 || result == 1) << words;
+    ExpectAWorkingLibrary(world);
+  }
+}
+
+// Every point failing for good, under every export, with every dialog asked for.
+TEST(LastingFailure, EveryExportSurvivesEveryOne) {
+  for (const auto& point : kPointNames) {
+    for (const auto& [ailment, words] : kAilments) {
+      SCOPED_TRACE(std::string(point.name).append(": ").append(words));
+      auto& world = unit::ExportsOnFakes();
+      world.GetProfile().Set("MostrarComandos", "1");
+      world.GetProfile().Set("MostrarRespuestas", "1");
+      world.GetProfile().Set("DelayComandos", "1");
+      world.Line().SetDefault(unit::Answering("4000", "0900"));
+      ASSERT_EQ(EP_Init(), 1);
+      world.GetTrouble().Arm(point.point, 1, true, ailment);
+      for (const auto& exported : unit::kExports) {
+        if (exported.nature == unit::Nature::kComponents) continue;
+        for (int i = 0; i < 10; ++i) world.GetOperator().Queue(Answer::kYes);
+        const auto result = exported.call({});
+        EXPECT_TRUE(result == 0 || result == 1) << exported.name;
+      }
+      ExpectAWorkingLibrary(world);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kestra

@@ -1,0 +1,61 @@
+#include "unit/world.hpp"
+
+#include <array>
+#include <cstdio>
+#include <utility>
+
+#include "frame/instance.hpp"
+#include "unit/settings.hpp"
+
+namespace kestra::unit {
+namespace {
+
+std::string Checksum(std::string_view bytes) {
+  unsigned sum = 0;
+  for (const char c : bytes) sum += static_cast<unsigned char>(c);
+  std::array<char, 5> digits{};
+  (void)std::snprintf(digits.data(), digits.size(), "%04X", sum & 0xFFFFU);
+  return digits.data();
+}
+
+}  // namespace
+
+void FillProfile(FakePlatform& world) {
+  for (const auto& setting : kSettings) world.GetProfile().Set(setting.key, setting.value);
+}
+
+Reply Answering(std::string printer, std::string fiscal, std::vector<std::string> fields) {
+  fields.insert(fields.begin(), {std::move(printer), std::move(fiscal)});
+  return [fields = std::move(fields)](std::string_view frame) -> std::vector<Burst> {
+    std::string answer(frame.substr(0, 3));
+    for (const auto& field : fields) answer.append(1, '\x1C').append(field);
+    answer += '\x03';
+    answer += Checksum(answer);
+    return {{.delay = 0, .bytes = answer, .unplug = false}};
+  };
+}
+
+std::vector<std::string> TextsOf(const Journal& journal, Happening kind) {
+  std::vector<std::string> texts;
+  for (const auto& event : journal.Events()) {
+    if (event.kind == kind) texts.push_back(event.text);
+  }
+  return texts;
+}
+
+std::string Wire(const Journal& journal) {
+  std::string wire;
+  for (const auto& bytes : TextsOf(journal, Happening::kWrite)) wire += bytes;
+  return wire;
+}
+
+FakePlatform& ExportsOnFakes() {
+  auto world = std::make_unique<FakePlatform>();
+  auto& kept = *world;
+  FillProfile(kept);
+  kept.Line().SetDefault(Answering("0000", "0600"));
+  ReemplazarInstancia(std::move(world));
+  return kept;
+}
+
+}  // namespace kestra::unit
