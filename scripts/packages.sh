@@ -22,6 +22,13 @@ ensure_packages() {
   fi
   # An index that cannot be read need not matter: what counts is whether the packages come.
   "${as_root[@]}" apt-get update -qq || echo "Some package lists could not be read; going on."
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -qq --no-install-recommends "${missing[@]}"
+  local log
+  log=$(mktemp)
+  if ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    return 1
+  fi
+  rm -f "$log"
 }

@@ -11,8 +11,8 @@ namespace {
 constexpr int kLooksBeforeItMoves = 100;
 constexpr std::int64_t kCreep = 10'000;
 
-// No session lasts this long: something waits for what never comes.
-constexpr std::int64_t kTooLong = 30 * kMicrosPerDay;
+// No session lasts two hours: something waits for what never comes.
+constexpr std::int64_t kTooLong = 7200 * kMicrosPerSecond;
 
 std::string TwoDigits(std::int64_t number) {
   return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 
@@ -12,8 +13,8 @@ namespace kestra {
 constexpr std::int64_t kMicrosPerSecond = 1'000'000;
 constexpr std::int64_t kMicrosPerDay = 86'400 * kMicrosPerSecond;
 
-constexpr std::int64_t Micros(double seconds) {
-  return static_cast<std::int64_t>(seconds * static_cast<double>(kMicrosPerSecond) + 0.5);
+inline std::int64_t Micros(double seconds) {
+  return std::llround(seconds * static_cast<double>(kMicrosPerSecond));
 }
 
 // A wall clock that stands still until it is told otherwise: by Sleep, by the fake port while the

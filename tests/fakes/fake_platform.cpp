@@ -12,9 +12,9 @@ FakePlatform::FakePlatform() {
 
 std::unique_ptr<SerialPort> FakePlatform::CreatePort(const PortSettings& settings) {
   trouble_.Reach(Point::kCreatePort);
-  const bool known =
-      !settings.dispositivo.empty() || (settings.CommPort >= 1 && settings.CommPort <= 256);
-  const bool accepted = known && LineSpeedOf(settings.Settings).has_value();
+  const bool named = !settings.dispositivo.empty();
+  const bool known = named || (settings.CommPort >= 1 && settings.CommPort <= 256);
+  const bool accepted = known && (named || LineSpeedOf(settings.Settings).has_value());
   journal_.Add({.kind = accepted ? Happening::kPortCreated : Happening::kPortRefused,
                 .text = settings.Settings,
                 .detail = settings.dispositivo,

@@ -1,6 +1,7 @@
 #include "fakes/fake_port.hpp"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "frame/failure.hpp"
@@ -10,6 +11,9 @@ namespace {
 
 // How long a look at an empty line takes at most.
 constexpr std::int64_t kPollStep = 50'000;
+
+// No session sends more frames than this: something sends for ever.
+constexpr std::size_t kTooMany = 10'000;
 
 constexpr std::string_view kAcknowledge = "\x06";
 
@@ -44,6 +48,7 @@ void FakeLine::Write(std::string_view bytes) {
   RequirePlug();
   journal_.Add({.kind = Happening::kWrite, .text = std::string(bytes), .detail = {}});
   if (bytes == kAcknowledge) return;
+  if (frames_.size() == kTooMany) throw std::runtime_error("the frames never end");
   frames_.emplace_back(bytes);
   if (!replies_.empty()) {
     const Reply reply = std::move(replies_.front());

@@ -75,8 +75,7 @@ static char* result(void) {
 }
 
 static void expect_guards(const char* what, size_t bytes) {
-  size_t i;
-  for (i = 0; i < sizeof guarded; ++i) {
+  for (size_t i = 0; i < sizeof guarded; ++i) {
     if (i >= GUARD && i < GUARD + bytes) continue;
     if (guarded[i] != UNTOUCHED) {
       fprintf(stderr, "%s: wrote %ld bytes behind the front of its buffer\n", what,
@@ -224,13 +223,12 @@ static void write_settings(void) {
                                         "AjusteRedondeo",
                                         "MostrarRespuestas",
                                         "QuitarCaracNoValidos"};
-  size_t i;
   FILE* file = fopen("Fiscal.ini", "w");
   if (file == NULL) abort();
   fprintf(file, "[Epson_Fiscal]\nImpresoraPuerto=1\nImpresoraConfig=9600\n");
   fprintf(file, "TipoComprobante=TF\nModeloNombre=TM-U220\nTipoIVA=I\nLogComandos=1\n");
   fprintf(file, "ImpresoraDispositivo=/nonexistent/printer\n");
-  for (i = 0; i < sizeof numbers / sizeof numbers[0]; ++i) {
+  for (size_t i = 0; i < sizeof numbers / sizeof numbers[0]; ++i) {
     int wide = strncmp(numbers[i], "Ent", 3) == 0 || strncmp(numbers[i], "Lon", 3) == 0;
     fprintf(file, "%s=%d\n", numbers[i], wide ? 9 : 0);
   }

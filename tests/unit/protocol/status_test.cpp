@@ -208,6 +208,9 @@ constexpr std::array kVerdicts{
 };
 INSTANTIATE_TEST_SUITE_P(Rows, Verdict, testing::ValuesIn(kVerdicts), unit::BySentence());
 
+constexpr std::string_view kOpenInAnyWay =
+    "Documento Fiscal abierto o Documento No Fiscal abierto que se emite por el rollo de papel";
+
 using Messages = std::vector<std::string_view>;
 
 Messages MessagesOf(std::string_view printer, std::string_view fiscal) {
@@ -234,8 +237,7 @@ TEST(StatusMessages, WithEverythingSetComeInTheirOrder) {
                       "Memoria Fiscal casi llena",
                       "Es necesario hacer un cierre de la jornada (pasaron mas de 24 hs)",
                       "Documento fiscal abierto",
-                      "Documento Fiscal abierto o Documento No Fiscal abierto que se emite por el "
-                      "rollo de papel",
+                      kOpenInAnyWay,
                       "Factura o Impresi\xF3n en hoja suelta inicializada"}));
 }
 
@@ -250,10 +252,7 @@ TEST(StatusMessages, FullMemoryAndADayNotClosedGiveTwo) {
 }
 
 TEST(StatusMessages, AnOpenDocumentIsToldTwice) {
-  EXPECT_EQ(MessagesOf("0000", "9000"),
-            (Messages{"Documento fiscal abierto",
-                      "Documento Fiscal abierto o Documento No Fiscal abierto que se emite por el "
-                      "rollo de papel"}));
+  EXPECT_EQ(MessagesOf("0000", "9000"), (Messages{"Documento fiscal abierto", kOpenInAnyWay}));
 }
 
 TEST(StatusMessages, BitsWithoutAMessageStaySilent) {
