@@ -224,7 +224,7 @@ int32_t KESTRA_CALL EP_AutodetectarModelo(char* resultado) {
 }
 
 int32_t KESTRA_CALL EP_Chequear_Error() {
-  return kestra::Instancia().estado.UltimoError;
+  return kestra::SinFallar(0, [] { return kestra::Instancia().estado.UltimoError; });
 }
 
 void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador) {

@@ -95,7 +95,7 @@ void Intercambio::Cerrar() noexcept {
     if (k_.estado.Puerto != nullptr && k_.estado.Puerto->PortOpen()) {
       k_.estado.Puerto->PortOpen(false);
     }
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): it is being given up anyway
+  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): the printer has answered already
   }
 }
 
