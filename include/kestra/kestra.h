@@ -70,7 +70,8 @@ KESTRA_API int32_t KESTRA_CALL EP_Kill(void);
  *   domicilio1           40 bytes: empty becomes "SIN DOMICILIO"
  *   domicilio2, domicilio3, linea4, linea5   40 bytes each
  *   copias               0 counts as 1; only invoices of the "FC" family use it
- * Result 1, with nothing sent, for a family and kind that cannot be opened.
+ * Result 1, with nothing sent, for a family and kind that cannot be opened (a debit note of "TF"
+ * among them) and for a ticket whose letter is not "B" or "C", which is also shown to the operator.
  */
 KESTRA_API int32_t KESTRA_CALL EP_AbrirComprobanteFiscal(
     const char* tipo, const char* letra, const char* nombre1, const char* nombre2,
@@ -116,10 +117,15 @@ KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoFiscalInterna(const char* texto);
 KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteFiscal(const char* tipo, const char* letra,
                                                           char* numero);
 
-/* Cancels the open document. */
+/* Cancels the open document. With an unknown TipoComprobante the previous command goes out. */
 KESTRA_API int32_t KESTRA_CALL EP_Cancelar(void);
 
 /* ---- Totals and payments -------------------------------------------------------------------- */
+
+/*
+ * Discounts, surcharges and payments: with an unknown TipoComprobante the previous command goes out
+ * again.
+ */
 
 /* Discounts an amount from the document. descripcion: 80 bytes. */
 KESTRA_API int32_t KESTRA_CALL EP_DescuentoGeneral(const char* descripcion, double monto);
@@ -227,10 +233,13 @@ KESTRA_API int32_t KESTRA_CALL EP_CortaPapel(void);
 /* Feeds lines. Only the low 16 bits of the argument count, as a signed number, sent unchecked. */
 KESTRA_API int32_t KESTRA_CALL EP_AvanzaPapel(int32_t lineas);
 
-/* Reads the model data. resultado receives up to 64 bytes: the data fields one after another. */
+/*
+ * Reads the model data. resultado receives up to 64 bytes: the data fields one after another. It is
+ * written too when the status was in order but the model's answer failed.
+ */
 KESTRA_API int32_t KESTRA_CALL EP_ValoresModelo(char* resultado);
 
-/* Reads the document counters at fixed positions. resultado receives up to 80 bytes. */
+/* Reads the document counters. resultado receives up to 80 bytes; on failure it is left alone. */
 KESTRA_API int32_t KESTRA_CALL EP_Numeracion(char* resultado);
 
 /* Reads the model's name. resultado receives up to 14 bytes; written on failure too. */

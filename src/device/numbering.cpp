@@ -6,8 +6,6 @@
 
 #include "fields/host_buffer.hpp"
 #include "fields/integer_text.hpp"
-#include "fields/number_field.hpp"
-#include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
 #include "frame/operation.hpp"
 #include "protocol/answer_check.hpp"
@@ -36,22 +34,12 @@ constexpr std::array kContadoresDelModelo = {
     Contador{7, 8}, Contador{8, 8}, Contador{9, 8}, Contador{10, 8},
 };
 
-// As a whole number of at least so many digits. What is no number keeps its place as zeros, so that
-// the counters behind it stay where the host looks for them.
-std::string Formatear(std::string_view campo, std::size_t digitos) {
-  if (!EsNumero(campo)) return std::string(digitos, '0');
-  auto numero = Recortar(campo);
-  const bool negativo = numero.starts_with('-');
-  numero.remove_prefix(std::min(numero.find_first_of("0123456789"), numero.size()));
-  numero.remove_prefix(std::min(numero.find_first_not_of('0'), numero.size()));
-  auto texto = RellenarIzquierda(numero, digitos, '0');
-  return negativo ? texto.insert(0, 1, '-') : texto;
-}
-
+// What is no number keeps its place as zeros, so that the counters behind it stay where the host looks
+// for them.
 std::string Reunir(const Estado& estado, std::span<const Contador> contadores) {
   std::string texto;
   for (const auto& contador : contadores) {
-    texto += Formatear(estado.Respuesta[contador.respuesta - 1], contador.digitos);
+    texto += EnteroRelleno(estado.Respuesta[contador.respuesta - 1], contador.digitos);
   }
   return texto;
 }

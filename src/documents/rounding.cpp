@@ -14,7 +14,8 @@
 namespace kestra {
 namespace {
 
-// How long a round that the printer did not answer holds the next one up.
+// How long a round whose question failed holds the next one up: without a printer the rounds would
+// follow each other at once.
 constexpr std::int32_t kDescansoMs = 500;
 
 constexpr std::string_view kAjuste = "Ajuste por redondeo";
@@ -46,32 +47,38 @@ constexpr std::array kAjustadores = {
     Ajustador{kFamiliaTicket, kSubtotal.ticket, true, SubirTicket, BajarTicket},
 };
 
-// The printer's running total.
-double LeerTotal(Biblioteca& k, const Ajustador& ajustador) {
+struct Lectura {
+  double total;  // the printer's running total
+  bool respondida;
+};
+
+Lectura LeerTotal(Biblioteca& k, const Ajustador& ajustador) {
   const auto comando = Comando(ajustador.subtotal).Campo("N").Campo({&kCampoVacio, 1});
-  if (Mandar(k, comando) != kExito) k.platform.GetClock().Sleep(kDescansoMs);
+  const bool respondida = Mandar(k, comando) == kExito;
   if (ajustador.separar_otra_vez) SepararRespuesta(k);
   const auto& respuesta = k.estado.Respuesta;
   const double total = ANumeroReal(respuesta[2]) / 100;
   // Two more fields must be numbers, although nothing is done with them.
   ANumeroReal(respuesta[3]);
   ANumeroReal(respuesta[7]);
-  return total;
+  return {total, respondida};
 }
 
 void Igualar(Biblioteca& k, const Ajustador& ajustador, double total) {
-  for (double impreso = LeerTotal(k, ajustador); total != impreso;
-       impreso = LeerTotal(k, ajustador)) {
+  while (true) {
+    const auto [impreso, respondida] = LeerTotal(k, ajustador);
     if (total > impreso) Mandar(k, ajustador.subir(DigitosDeCentesimos(total - impreso)));
     if (total < impreso) Mandar(k, ajustador.bajar(DigitosDeCentesimos(impreso - total)));
+    if (total == impreso) return;
+    if (!respondida) k.platform.GetClock().Sleep(kDescansoMs);
   }
 }
 
 }  // namespace
 
 void AjustarRedondeo(Biblioteca& k, double total) {
-  const double redondeado = RedondearCentesimos(total);
   if (k.estado.AjusteRedondeo != 1) return;
+  const double redondeado = RedondearCentesimos(total);
   EscribirLog(k, " - Comando : AjusteRedondeo");
   for (const auto& ajustador : kAjustadores) {
     if (k.estado.TipoComprobante == ajustador.familia) Igualar(k, ajustador, redondeado);

@@ -1,8 +1,10 @@
 #include "fields/integer_text.hpp"
 
+#include <algorithm>
 #include <charconv>
-#include <limits>
 
+#include "fields/number_field.hpp"
+#include "fields/text_field.hpp"
 #include "frame/failure.hpp"
 
 namespace kestra {
@@ -74,6 +76,22 @@ double ANumeroReal(std::string_view texto) {
     throw Desbordamiento();
   }
   return value;
+}
+
+std::string EnteroRelleno(std::string_view texto, std::size_t digitos) {
+  const auto numero = Trim(texto);
+  std::string entero(digitos, '0');
+  try {
+    // Digits as they stand: a counter may have more of them than a double holds.
+    entero =
+        EsNumero(numero) ? std::string(WithoutSign(numero)) : DecimalFijo(ANumeroReal(numero), 0);
+  } catch (const Falla&) {
+    return entero;
+  }
+  entero.erase(0, std::min(entero.find_first_not_of('0'), entero.size()));
+  const bool negativo = numero.starts_with('-') && !entero.empty();
+  entero = RellenarIzquierda(entero, digitos, '0');
+  return negativo ? entero.insert(0, 1, '-') : entero;
 }
 
 }  // namespace kestra

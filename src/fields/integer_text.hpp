@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace kestra {
@@ -14,5 +16,9 @@ std::int16_t ANumeroCorto(std::string_view texto);
 
 // Any count of digits, with a point or without.
 double ANumeroReal(std::string_view texto);
+
+// A number as a whole one of at least so many digits; a longer one keeps all of its digits. What is no
+// number becomes zeros.
+std::string EnteroRelleno(std::string_view texto, std::size_t digitos);
 
 }  // namespace kestra

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cfenv>
 #include <cstdint>
 #include <exception>
 #include <string_view>
@@ -30,6 +31,22 @@ class Turno {
   bool mio_;
 };
 
+// The library's own floating-point environment: hosts come with traps switched on and with roundings of
+// their own, and want theirs back.
+class Coma {
+ public:
+  Coma() {
+    std::feholdexcept(&del_host_);
+    std::fesetenv(FE_DFL_ENV);
+  }
+  Coma(const Coma&) = delete;
+  Coma& operator=(const Coma&) = delete;
+  ~Coma() { std::fesetenv(&del_host_); }
+
+ private:
+  std::fenv_t del_host_{};
+};
+
 // Runs what may be called at any time; a failure of it becomes `fracaso`.
 template <typename Cuerpo>
 std::int32_t SinFallar(std::int32_t fracaso, Cuerpo cuerpo) noexcept {
@@ -45,6 +62,7 @@ template <typename Operacion>
 std::int32_t Exportar(std::string_view nombre, std::int32_t fracaso, Operacion operacion) noexcept {
   const Turno turno;
   if (!turno) return fracaso;
+  const Coma coma;
   return SinFallar(fracaso, [&] {
     auto& k = Instancia();
     try {

@@ -14,6 +14,9 @@ class HostPlatform : public Platform {
   explicit HostPlatform(std::unique_ptr<Platform> system)
       : system_(std::move(system)), operator_(system_->GetOperator()) {}
 
+  void BeginStartUp() override { system_->BeginStartUp(); }
+  void EndStartUp() override { system_->EndStartUp(); }
+  void ShutDown() override { system_->ShutDown(); }
   std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override {
     return system_->CreatePort(settings);
   }

@@ -41,12 +41,12 @@ std::string LlamadaEntreComillas(std::string_view nombre,
 }
 
 bool Confirmar(Biblioteca& k, std::string_view llamada) {
-  auto envia = kVerdadero;
+  auto& envia = k.estado.EnviaComando;
+  envia = kVerdadero;
   if (k.estado.MostrarComandos == 1) {
     const auto respuesta = k.platform.GetOperator().Message(llamada, "Envia?", kBoxYesNoQuestion);
     envia = ABooleano(respuesta == kAnswerYes);
   }
-  k.estado.EnviaComando = envia;
   return envia != kFalso;
 }
 

@@ -34,6 +34,7 @@ std::int16_t NumeroDePuerto(std::int32_t puerto) {
 }
 
 void ConfigurarPuerto(Biblioteca& k) {
+  k.estado.Puerto.reset();
   PortSettings ajustes;
   ajustes.dispositivo = LeerValorIni(k, "ImpresoraDispositivo");
   // The number says nothing where a device is named.
@@ -47,11 +48,12 @@ void ConfigurarPuerto(Biblioteca& k) {
 }  // namespace
 
 std::int32_t Init(Biblioteca& k) {
-  k.estado.Puerto.reset();
   try {
+    k.platform.BeginStartUp();
     Lee_Ini(k);
     AplicarModelo(k.estado);
     ConfigurarPuerto(k);
+    k.platform.EndStartUp();
     return 1;
   } catch (const Falla& falla) {
     RegistrarFalla(k, falla, "EP_Init");
@@ -61,6 +63,7 @@ std::int32_t Init(Biblioteca& k) {
 
 void Kill(Biblioteca& k) {
   k.estado.Puerto.reset();
+  k.platform.ShutDown();
 }
 
 }  // namespace kestra

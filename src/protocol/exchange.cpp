@@ -80,7 +80,8 @@ bool Intercambio::Ejecutar() {
   AbrirPuerto();
   auto paso = Paso::kOtraVez;
   while (paso == Paso::kOtraVez) paso = Intentar();
-  Cerrar();
+  linea_ = "cerrar";
+  if (Puerto().PortOpen()) Puerto().PortOpen(false);
   return paso == Paso::kAceptado;
 }
 
@@ -95,7 +96,8 @@ void Intercambio::Cerrar() noexcept {
     if (k_.estado.Puerto != nullptr && k_.estado.Puerto->PortOpen()) {
       k_.estado.Puerto->PortOpen(false);
     }
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): the printer has answered already
+  } catch (
+      const std::exception&) {  // NOLINT(bugprone-empty-catch): another failure is being told already
   }
 }
 
@@ -140,8 +142,9 @@ void Intercambio::MandarTrama() {
   EscribirLog(k_, " - Output : " + trama);
   // What came before the frame is no answer to it. It goes before the write: a quick printer's
   // answer must not be lost to it.
+  estado.Respuestas = trama;  // what is summed
   Puerto().DiscardInput();
-  Puerto().Output(trama + SumaDeControl(trama));
+  Puerto().Output(trama + SumaDeControl(estado.Respuestas));
   ajenas_ = 1;
   vistos_ = 0;
   estado.RespuestaActual.clear();

@@ -105,8 +105,8 @@ void FakePort::PortOpen(bool open) {
     line_.Open();
     open_ = true;
   } else if (open_) {
-    open_ = false;
     line_.Close();
+    open_ = false;
   }
 }
 

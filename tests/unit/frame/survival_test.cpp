@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "fakes/fake_platform.hpp"
+#include "frame/instance.hpp"
+#include "frame/library.hpp"
 #include "unit/frame/export_list.hpp"
 #include "unit/rows.hpp"
 #include "unit/settings.hpp"
@@ -273,6 +275,26 @@ TEST(Survival, APrintersTotalThatIsNoNumberIsLogged) {
             "[21/11/2026-10:30:00] - Error 13 (Type mismatch) in procedure EP_AjusteRedondeo of "
             "M\xF3"
             "dulo ExportedProcedures - Linea: \r\n");
+}
+
+TEST(LastError, IsWhatTheStateHolds) {
+  StartedShop("TQ");
+  Instancia().estado.UltimoError = 5;
+  EXPECT_EQ(EP_Chequear_Error(), 5);
+}
+
+TEST(LastError, IsResetByAnOpeningEvenOneThatIsRefusedOrDeclined) {
+  for (const auto* kind : {"FC", "XX"}) {
+    for (const auto* ask : {"0", "1"}) {
+      auto& world = unit::ExportsOnFakes();
+      world.GetProfile().Set("MostrarComandos", ask);
+      ASSERT_EQ(EP_Init(), 1);
+      Instancia().estado.UltimoError = 5;
+      EP_AbrirComprobanteFiscal(kind, "B", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                nullptr, nullptr, nullptr, nullptr, 1);
+      EXPECT_EQ(EP_Chequear_Error(), 0) << kind << ask;
+    }
+  }
 }
 
 }  // namespace

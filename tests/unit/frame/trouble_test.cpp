@@ -90,7 +90,8 @@ void ExpectAWorkingLibrary(FakePlatform& world) {
   world.Line().SetDefault(unit::Answering("0000", "0600"));
   EXPECT_EQ(EP_Init(), 1);
   EXPECT_EQ(EP_CortaPapel(), 0);
-  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kOpen).size(),
+  // A close that failed is tried once more, so there may be more of them.
+  EXPECT_LE(unit::TextsOf(world.GetJournal(), Happening::kOpen).size(),
             unit::TextsOf(world.GetJournal(), Happening::kClose).size());
 }
 
@@ -166,14 +167,13 @@ TEST(OneFailure, OfMemoryWhileReadingTheSettingsFailsTheStart) {
   ExpectAWorkingLibrary(world);
 }
 
-// A port that cannot be closed is given up; the next call finds it as it is.
-TEST(OneFailure, OfClosingThePortDoesNotReachTheHost) {
+// A port that does not close is a failure of the exchange like any other, and is closed once more.
+TEST(OneFailure, OfClosingThePortIsToldToTheHost) {
   for (const auto& [ailment, words] : kAilments) {
     auto& world = unit::ExportsOnFakes();
     ASSERT_EQ(EP_Init(), 1);
     world.GetTrouble().Arm(Point::kClose, 1, false, ailment);
-    const auto result = EP_CortaPapel();
-    EXPECT_TRUE(result == 0 || result == 1) << words;
+    EXPECT_EQ(EP_CortaPapel(), 1) << words;
     ExpectAWorkingLibrary(world);
   }
 }
