@@ -96,8 +96,7 @@ void Intercambio::Cerrar() noexcept {
     if (k_.estado.Puerto != nullptr && k_.estado.Puerto->PortOpen()) {
       k_.estado.Puerto->PortOpen(false);
     }
-  } catch (
-      const std::exception&) {  // NOLINT(bugprone-empty-catch): another failure is being told already
+  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): one is told already
   }
 }
 
