@@ -1,6 +1,6 @@
 #include "device/clock.hpp"
 
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/command_log.hpp"
 #include "frame/operation.hpp"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
 #include "frame/operation.hpp"

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "fields/integer_text.hpp"
 #include "frame/command_log.hpp"
 #include "frame/operation.hpp"

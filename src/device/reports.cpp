@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 #include "protocol/answer_check.hpp"
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/host_memory.hpp"
 
 namespace kestra {
 namespace {
@@ -47,9 +49,13 @@ class Rows {
 void HostOperator::Set(const KestraOperador* record) {
   KestraOperador copy = {};
   if (record != nullptr) {
+    std::uint32_t size = 0;
+    ReadHostMemory(&size, record, sizeof size);
     // Whole members only: half of a pointer is none.
-    const std::size_t told = record->tamano - record->tamano % sizeof(void*);
-    std::memcpy(&copy, record, std::min(told, sizeof copy));
+    const std::size_t told = size - size % sizeof(void*);
+    KestraOperador there = {};
+    const std::size_t wanted = std::min(told, sizeof there);
+    if (ReadHostMemory(&there, record, wanted) == wanted) copy = there;
   }
   record_ = copy;
 }

@@ -1,7 +1,7 @@
 #include "documents/discount.hpp"
 
 #include "documents/document_kinds.hpp"
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/command_log.hpp"
 #include "frame/operation.hpp"
 

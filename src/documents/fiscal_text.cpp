@@ -1,6 +1,6 @@
 #include "documents/fiscal_text.hpp"
 
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "documents/closing.hpp"
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
 #include "frame/operation.hpp"

@@ -7,7 +7,7 @@
 #include "documents/document_kinds.hpp"
 #include "documents/fiscal_text.hpp"
 #include "documents/transport_sheet.hpp"
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
 #include "frame/operation.hpp"

@@ -1,6 +1,6 @@
 #include "documents/non_fiscal_document.hpp"
 
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "documents/document_kinds.hpp"
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
 #include "frame/operation.hpp"
 

@@ -19,6 +19,7 @@
 #include "documents/perception.hpp"
 #include "documents/rounding.hpp"
 #include "frame/export_guard.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 #include "frame/startup.hpp"
 #include "kestra/kestra.h"
@@ -76,7 +77,7 @@ int32_t KESTRA_CALL EP_ImprimirTextoFiscal(const char* texto) {
 
 int32_t KESTRA_CALL EP_ImprimirTextoFiscalInterna(const char* texto) {
   return Exportar(__func__, kFracaso, [=](Biblioteca& k) {
-    return kestra::ImprimirTextoFiscalInterna(k, texto == nullptr ? "" : texto);
+    return kestra::ImprimirTextoFiscalInterna(k, kestra::LeerTextoTerminado(texto));
   });
 }
 

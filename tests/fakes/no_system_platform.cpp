@@ -1,9 +1,11 @@
 // Test programs that live on fakes compile this file in place of a platform.
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <stdexcept>
 
 #include "platform/components.hpp"
+#include "platform/host_memory.hpp"
 #include "platform/platform.hpp"
 
 namespace kestra {
@@ -29,6 +31,17 @@ std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_
 
 bool ComponentsInUse() {
   return false;
+}
+
+// The memory of a test is where it says.
+std::size_t ReadHostMemory(void* to, const void* from, std::size_t count) noexcept {
+  std::memcpy(to, from, count);
+  return count;
+}
+
+std::size_t WriteHostMemory(void* to, const void* from, std::size_t count) noexcept {
+  std::memcpy(to, from, count);
+  return count;
 }
 
 }  // namespace kestra

@@ -1,6 +1,6 @@
 // Texts cross the border between the host's buffers and the library.
 
-#include "fields/host_buffer.hpp"
+#include "frame/host_buffer.hpp"
 
 #include <gtest/gtest.h>
 

@@ -6,9 +6,12 @@
 
 namespace kestra {
 
-// Reads exactly `length` bytes of the host; zero bytes inside count like any other. A null pointer
-// reads as blanks.
+// Reads exactly `length` bytes of the host; zero bytes inside count like any other. A null pointer and
+// memory that is not there read as blanks.
 std::string LeerCadena(const void* pointer, std::int32_t length);
+
+// Reads through to the zero that ends the text; null is the empty text.
+std::string LeerTextoTerminado(const char* pointer);
 
 // Copies into the host's buffer. The count is that of the trimmed text (at most `size`), but the
 // bytes are taken from the text itself.

