@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
@@ -63,19 +64,20 @@ std::int16_t ANumeroCorto(std::string_view texto) {
 double ANumeroReal(std::string_view texto) {
   const auto number = Trim(texto);
   const auto unsigned_part = WithoutSign(number);
-  const auto point = unsigned_part.find('.');
+  const auto point = std::min(unsigned_part.find('.'), unsigned_part.size());
   const auto whole = unsigned_part.substr(0, point);
-  const auto fraction =
-      point == std::string_view::npos ? std::string_view{} : unsigned_part.substr(point + 1);
+  const auto fraction = unsigned_part.substr(std::min(point + 1, unsigned_part.size()));
   if ((whole.empty() && fraction.empty()) || !AllDigits(whole) || !AllDigits(fraction)) {
     throw TipoNoCoincide();
   }
-  double value = 0;
-  const auto text = WithoutPlus(number);
-  if (std::from_chars(text.data(), text.data() + text.size(), value).ec != std::errc{}) {
-    throw Desbordamiento();
+  // Both are exact up to fifteen digits, and their quotient is then the nearest number there is.
+  double digits = 0;
+  for (const auto part : {whole, fraction}) {
+    for (const char digit : part) digits = digits * 10 + (digit - '0');
   }
-  return value;
+  const double value = digits / std::pow(10.0, static_cast<double>(fraction.size()));
+  if (!std::isfinite(value)) throw Desbordamiento();
+  return number.starts_with('-') ? -value : value;
 }
 
 std::string EnteroRelleno(std::string_view texto, std::size_t digitos) {

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <string_view>
 
@@ -24,16 +25,14 @@ struct Decimal {
 Decimal ToDecimal(double value) {
   if (!std::isfinite(value)) throw Desbordamiento();
   std::array<char, 32> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
-                                 std::chars_format::scientific, kSignificant - 1)
-                       .ptr;
-  const std::string_view scientific(text.data(), static_cast<std::size_t>(end - text.data()));
+  std::snprintf(text.data(), text.size(), "%.*e", kSignificant - 1, std::fabs(value));
+  const std::string_view scientific(text.data());
   const auto e = scientific.find('e');
   Decimal decimal;
-  decimal.digits.append(scientific.substr(0, 1)).append(scientific.substr(2, e - 2));
-  const auto sign = scientific[e + 1];
-  std::from_chars(scientific.data() + e + 2, end, decimal.point);
-  decimal.point = (sign == '-' ? -decimal.point : decimal.point) + 1;
+  // The separator behind the first digit is the host's, and may be any text.
+  decimal.digits.append(scientific.substr(0, 1));
+  decimal.digits.append(scientific.substr(e - (kSignificant - 1), kSignificant - 1));
+  decimal.point = std::atoi(text.data() + e + 1) + 1;  // NOLINT(cert-err34-c): snprintf wrote it
   return decimal;
 }
 
@@ -110,9 +109,17 @@ std::string FormatearNumero(double value, const Digitos& digitos) {
 }
 
 double RedondearCentesimos(double value) {
-  const auto digits = WithPoint(ScaledDigits(value, 2, Halves::kToEven), 2);
-  double rounded = 0;
-  std::from_chars(digits.data(), digits.data() + digits.size(), rounded);
+  // What has no hundredths any more is round already, and more than the digits below can tell.
+  constexpr double kWithoutHundredths = 1e13;
+  if (std::fabs(value) >= kWithoutHundredths) {
+    if (!std::isfinite(value)) throw Desbordamiento();
+    return value;
+  }
+  std::int64_t hundredths = 0;
+  for (const char digit : ScaledDigits(value, 2, Halves::kToEven)) {
+    hundredths = hundredths * 10 + (digit - '0');
+  }
+  const double rounded = static_cast<double>(hundredths) / 100;
   return value < 0 ? -rounded : rounded;
 }
 
