@@ -4,31 +4,115 @@
 # ensure_packages NAME...: installs those that are missing and says which. Without a missing one it
 # touches neither the network nor the package lists.
 ensure_packages() {
-  local missing=() name
+  local missing as_root
+  missing_packages "$@"
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing from Debian: ${missing[*]}"
+  find_root || return 1
+  update_lists
+  install_packages && return 0
+  show_failure
+  return 1
+}
+
+# What the Windows library is built and run with: the cross compilers, Wine for both widths, and a display
+# without a screen.
+windows_packages=(
+  g++-mingw-w64-i686 g++-mingw-w64-x86-64 mingw-w64-tools
+  wine wine64 wine32:i386
+  xvfb xauth openbox imagemagick xdotool
+  googletest
+)
+
+# ensure_windows_packages: the same for those. 32-bit Wine comes from Debian's i386 half, whose lists the
+# machine may not have yet.
+ensure_windows_packages() {
+  local missing as_root
+  missing_packages "${windows_packages[@]}"
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing from Debian: ${missing[*]}"
+  find_root || return 1
+  if [ "$(dpkg --print-architecture)" = amd64 ]; then
+    dpkg --print-foreign-architectures | grep -qx i386 || "${as_root[@]}" dpkg --add-architecture i386
+    update_lists
+    install_packages && return 0
+    rm -f "$install_log"
+    # A list of one architecture that is older than the other's: its libraries do not go together.
+    echo "That did not work; trying with the packages of Debian's main suite alone."
+    install_packages_of_main_suite && return 0
+    show_failure
+  fi
+  echo "The Windows library cannot be tested here: Debian's packages for it (32-bit Wine among them)" \
+    "cannot be installed on this machine. scripts/test does the Linux half alone." >&2
+  return 1
+}
+
+# Fills `missing` with those of the packages that are not installed.
+missing_packages() {
+  local name
+  missing=()
   for name in "$@"; do
     dpkg-query -W -f='${Status}' "$name" 2>/dev/null | grep -q 'install ok installed' ||
       missing+=("$name")
   done
-  [ ${#missing[@]} -eq 0 ] && return 0
+}
 
-  echo "Installing from Debian: ${missing[*]}"
-  local as_root=()
-  if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || {
-      echo "Not root and no sudo here. Install them yourself: apt-get install ${missing[*]}" >&2
-      return 1
-    }
-    as_root=(sudo)
-  fi
-  # An index that cannot be read need not matter: what counts is whether the packages come.
-  "${as_root[@]}" apt-get update -qq || echo "Some package lists could not be read; going on."
-  local log
-  log=$(mktemp)
-  if ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -qq --no-install-recommends "${missing[@]}" >"$log" 2>&1; then
-    cat "$log" >&2
-    rm -f "$log"
+# Fills `as_root` with what goes before a command to run it as root.
+find_root() {
+  as_root=()
+  [ "$(id -u)" -eq 0 ] && return 0
+  command -v sudo >/dev/null || {
+    echo "Not root and no sudo here. Install them yourself: apt-get install ${missing[*]}" >&2
     return 1
-  fi
-  rm -f "$log"
+  }
+  as_root=(sudo)
+}
+
+# An index that cannot be read need not matter: what counts is whether the packages come.
+update_lists() {
+  "${as_root[@]}" apt-get "$@" update -qq || echo "Some package lists could not be read; going on."
+}
+
+# Installs the missing ones; what apt said is in the file `install_log` when it fails.
+install_packages() {
+  install_log=$(mktemp)
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get "$@" install -y -qq \
+    --no-install-recommends "${missing[@]}" >"$install_log" 2>&1 || return 1
+  rm -f "$install_log"
+}
+
+show_failure() {
+  cat "$install_log" >&2
+  rm -f "$install_log"
+}
+
+# The same from lists of its own, of the main suite alone: there both architectures agree. What an update
+# has brought to a newer version goes back to the suite's where it has to.
+install_packages_of_main_suite() {
+  local suite only status=0
+  suite=$(. /etc/os-release && echo "${VERSION_CODENAME:?}") || return 1
+  only=$(mktemp -d)
+  chmod 755 "$only"
+  mkdir -p "$only/sources" "$only/lists/partial"
+  main_suite_sources "$suite" "$only/sources"
+  printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$suite" >"$only/pin"
+  local own=(-o Dir::Etc::preferences="$only/pin" -o Dir::Etc::sourcelist=/dev/null
+    -o Dir::Etc::sourceparts="$only/sources" -o Dir::State::lists="$only/lists")
+  update_lists "${own[@]}"
+  install_packages "${own[@]}" --allow-downgrades || status=1
+  "${as_root[@]}" rm -rf "$only"
+  return "$status"
+}
+
+# main_suite_sources SUITE DIRECTORY: the machine's own mirrors, in both ways that apt writes them.
+main_suite_sources() {
+  local file
+  for file in /etc/apt/sources.list.d/*.sources; do
+    [ -f "$file" ] && awk -v suite="$1" 'BEGIN { RS = ""; ORS = "\n\n" }
+      match($0, /(^|\n)Suites:[^\n]*/) && index(substr($0, RSTART, RLENGTH) " ", " " suite " ") {
+        sub(/Suites:[^\n]*/, "Suites: " suite); print
+      }' "$file"
+  done >"$2/main.sources"
+  cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list 2>/dev/null |
+    grep -E "^deb .* $1 " >"$2/main.list" || true
 }

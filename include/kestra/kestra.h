@@ -267,16 +267,19 @@ KESTRA_API int32_t KESTRA_CALL EP_DatosCliente(int32_t a, int32_t b, int32_t c, 
 
 /* ---- Component entry points ----------------------------------------------------------------- */
 
+#if !defined(_WIN32) || defined(KESTRA_COMPONENTES)
 /*
- * The platform's component registration. Where there is no component system (Linux) the first three
- * do nothing and answer 0x80004001 (not implemented; DllGetClassObject also sets *objeto to null),
- * and DllCanUnloadNow answers 0 when the library holds no port, else 1.
+ * The component registration. Where there is no component system (Linux) the first three do nothing
+ * and answer 0x80004001 (not implemented; DllGetClassObject also sets *objeto to null), and
+ * DllCanUnloadNow answers 0 when the library holds no port, else 1. On Windows the system's headers
+ * declare some of them; there they are declared here for those alone who define KESTRA_COMPONENTES.
  */
 KESTRA_API int32_t KESTRA_CALL DllRegisterServer(void);
 KESTRA_API int32_t KESTRA_CALL DllUnregisterServer(void);
 KESTRA_API int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz,
                                                  void** objeto);
 KESTRA_API int32_t KESTRA_CALL DllCanUnloadNow(void);
+#endif
 
 /* ---- The operator --------------------------------------------------------------------------- */
 

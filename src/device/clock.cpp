@@ -1,7 +1,7 @@
 #include "device/clock.hpp"
 
-#include "frame/host_buffer.hpp"
 #include "frame/command_log.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

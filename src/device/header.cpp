@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

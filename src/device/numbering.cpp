@@ -4,9 +4,9 @@
 #include <span>
 #include <string>
 
-#include "frame/host_buffer.hpp"
 #include "fields/integer_text.hpp"
 #include "frame/command_log.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 #include "protocol/answer_check.hpp"
 

@@ -1,9 +1,9 @@
 #include "documents/closing.hpp"
 #include "documents/document_kinds.hpp"
 #include "documents/fiscal_document.hpp"
-#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

@@ -1,8 +1,8 @@
 #include "documents/discount.hpp"
 
 #include "documents/document_kinds.hpp"
-#include "frame/host_buffer.hpp"
 #include "frame/command_log.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

@@ -3,9 +3,9 @@
 #include <array>
 
 #include "documents/closing.hpp"
-#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

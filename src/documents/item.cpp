@@ -7,9 +7,9 @@
 #include "documents/document_kinds.hpp"
 #include "documents/fiscal_text.hpp"
 #include "documents/transport_sheet.hpp"
-#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "documents/document_kinds.hpp"
-#include "frame/host_buffer.hpp"
 #include "fields/text_field.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

@@ -1,7 +1,7 @@
 #include "documents/perception.hpp"
 
-#include "frame/host_buffer.hpp"
 #include "frame/command_log.hpp"
+#include "frame/host_buffer.hpp"
 #include "frame/operation.hpp"
 
 namespace kestra {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <atomic>
-#include <cfenv>
 #include <cstdint>
 #include <exception>
 #include <string_view>
@@ -10,6 +9,7 @@
 #include "frame/failure.hpp"
 #include "frame/instance.hpp"
 #include "frame/library.hpp"
+#include "platform/floating_point.hpp"
 
 namespace kestra {
 
@@ -31,22 +31,6 @@ class Turno {
   bool mio_;
 };
 
-// The library's own floating-point environment: hosts come with traps switched on and with roundings of
-// their own, and want theirs back.
-class Coma {
- public:
-  Coma() {
-    std::feholdexcept(&del_host_);
-    std::fesetenv(FE_DFL_ENV);
-  }
-  Coma(const Coma&) = delete;
-  Coma& operator=(const Coma&) = delete;
-  ~Coma() { std::fesetenv(&del_host_); }
-
- private:
-  std::fenv_t del_host_{};
-};
-
 // Runs what may be called at any time; a failure of it becomes `fracaso`.
 template <typename Cuerpo>
 std::int32_t SinFallar(std::int32_t fracaso, Cuerpo cuerpo) noexcept {
@@ -62,7 +46,7 @@ template <typename Operacion>
 std::int32_t Exportar(std::string_view nombre, std::int32_t fracaso, Operacion operacion) noexcept {
   const Turno turno;
   if (!turno) return fracaso;
-  const Coma coma;
+  const FloatingPoint ours;
   return SinFallar(fracaso, [&] {
     auto& k = Instancia();
     try {

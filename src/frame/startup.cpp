@@ -45,15 +45,24 @@ void ConfigurarPuerto(Biblioteca& k) {
   k.estado.Puerto = k.platform.CreatePort(ajustes);
 }
 
+void Preparar(Biblioteca& k) {
+  k.platform.BeginStartUp();
+  try {
+    Lee_Ini(k);
+    AplicarModelo(k.estado);
+    ConfigurarPuerto(k);
+  } catch (const Falla&) {
+    k.platform.EndStartUp();  // a start that fails leaves nothing registered either
+    throw;
+  }
+  k.platform.EndStartUp();
+}
+
 }  // namespace
 
 std::int32_t Init(Biblioteca& k) {
   try {
-    k.platform.BeginStartUp();
-    Lee_Ini(k);
-    AplicarModelo(k.estado);
-    ConfigurarPuerto(k);
-    k.platform.EndStartUp();
+    Preparar(k);
     return 1;
   } catch (const Falla& falla) {
     RegistrarFalla(k, falla, "EP_Init");

@@ -203,14 +203,16 @@ TEST_F(HostOperatorTest, ALargerRecordOfANewerHostIsReadAsFarAsItIsKnown) {
   EXPECT_EQ(host.memory, 1);
 }
 
+void KESTRA_CALL TakeTheRecordAway(void* context) {
+  auto& host = *static_cast<Host*>(context);
+  host.operador->Set(nullptr);
+  ++host.memory;
+}
+
 TEST_F(HostOperatorTest, ACallbackMayTakeTheRecordAway) {
   host.operador = &operador;
   KestraOperador record = Record();
-  record.memoria_llena = [](void* context) {
-    auto& self = *static_cast<Host*>(context);
-    self.operador->Set(nullptr);
-    ++self.memory;
-  };
+  record.memoria_llena = TakeTheRecordAway;
   Set(record);
   operador.MemoryFull();
   operador.MemoryFull();

@@ -58,7 +58,7 @@ class Shop(unittest.TestCase):
         return printer.wait(WAIT)
 
     def write_settings(self, **changes):
-        values = dict(TipoComprobante=self.family, ImpresoraDispositivo=self.device)
+        values = dict(TipoComprobante=self.family, **self.line_settings())
         values.update(self.settings, **changes)
         text = read(ENV["KESTRA_SETTINGS"])
         for key, value in values.items():
@@ -66,6 +66,9 @@ class Shop(unittest.TestCase):
             assert found == 1, key
         with open(self.path("Fiscal.ini"), "w", encoding="cp1252") as file:
             file.write(text)
+
+    def line_settings(self):
+        return {"ImpresoraDispositivo": self.device}
 
     def host_environment(self):
         environment = dict(ENV, LC_ALL="C.UTF-8")

@@ -3,7 +3,7 @@
 
     check_library.py symbols HEADER LIBRARY     exactly the functions of the header, nothing else
     check_library.py needed LIBRARY             nothing beyond the language's own run time
-    check_library.py called HEADER HOST         the host in C calls every function of the header
+    check_library.py called HEADER HOST...      the host in C calls every function of the header
 """
 import pathlib
 import re
@@ -42,8 +42,8 @@ def needed(library):
     return [f"needs {name}" for name in names if not name.startswith(RUN_TIME)]
 
 
-def called(header, host):
-    text = pathlib.Path(host).read_text(encoding="utf-8")
+def called(header, *hosts):
+    text = "".join(pathlib.Path(host).read_text(encoding="utf-8") for host in hosts)
     return [f"not called: {name}" for name in sorted(declared(header))
             if not re.search(rf"\b{name}\b", text)]
 

@@ -10,14 +10,16 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "components.h"
+#include "invoke.h"
+
 #define GUARD 16
 #define UNTOUCHED 0x5A
-#define NO_COMPONENTS ((int32_t)0x80004001)
 
 static int failures = 0;
 static int dialogs = 0;
 
-static void expect(const char* what, long got, long wanted) {
+void expect(const char* what, long got, long wanted) {
   if (got == wanted) return;
   fprintf(stderr, "%s: got %ld, wanted %ld\n", what, got, wanted);
   ++failures;
@@ -86,11 +88,16 @@ static void expect_guards(const char* what, size_t bytes) {
   }
 }
 
-#define CALL(function, arguments, wanted) expect(#function, function arguments, wanted)
-#define READ(function, arguments, bytes, wanted)   \
-  do {                                             \
-    expect(#function, function arguments, wanted); \
-    expect_guards(#function, bytes);               \
+#define CALL(function, arguments, wanted) \
+  do {                                    \
+    long outcome = 0;                     \
+    INVOKE(outcome, function, arguments); \
+    expect(#function, outcome, wanted);   \
+  } while (0)
+#define READ(function, arguments, bytes, wanted) \
+  do {                                           \
+    CALL(function, arguments, wanted);           \
+    expect_guards(#function, bytes);             \
   } while (0)
 
 /* ---- Every export ---- */
@@ -159,21 +166,12 @@ static void call_fixed(void) {
   CALL(EP_DatosCliente, (1, 2, 3, 4, 5), 0);
 }
 
-static void call_components(int32_t in_use) {
-  void* object = &object;
-  CALL(DllRegisterServer, (), NO_COMPONENTS);
-  CALL(DllUnregisterServer, (), NO_COMPONENTS);
-  CALL(DllGetClassObject, (&object, &object, &object), NO_COMPONENTS);
-  expect("object of no class", object == NULL, 1);
-  CALL(DllGetClassObject, (NULL, NULL, NULL), NO_COMPONENTS);
-  CALL(DllCanUnloadNow, (), in_use);
-}
-
 static void call_everything(int32_t in_use) {
   call_documents();
   call_device();
   call_fixed();
-  call_components(in_use);
+  call_components();
+  CALL(DllCanUnloadNow, (), in_use);
   forget_texts();
 }
 

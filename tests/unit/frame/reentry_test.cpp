@@ -67,7 +67,7 @@ struct ReentryRow {
   std::string_view value;
   const char* printer;  // words of its answers; null: it is silent
   const char* fiscal;
-  std::int32_t (*call)();
+  std::int32_t(KESTRA_CALL* call)();
   std::int32_t answer;
   std::int32_t retries;
   int dialogs;
@@ -136,6 +136,10 @@ TEST_P(Reentry, TheCallsFromWithinAreTurnedAway) {
 constexpr std::int32_t kYes = 6;
 constexpr std::int32_t kNo = 7;
 
+std::int32_t KESTRA_CALL PayAThousand() {
+  return EP_ImprimirPago(nullptr, 1000);
+}
+
 const std::array kReentries{
     ReentryRow{"from the question before a command", "MostrarComandos", "1", "0000", "0600",
                EP_CortaPapel, kYes, 0, 3, 0},
@@ -156,7 +160,7 @@ const std::array kReentries{
     ReentryRow{"from the question after silence", "DelayComandos", "0", nullptr, nullptr,
                EP_CortaPapel, kNo, 0, 1, 1},
     ReentryRow{"from the message of a field that does not fit", "EntDesc", "0", "0000", "0600",
-               [] { return EP_ImprimirPago(nullptr, 1000); }, kYes, 0, 1, 0},
+               PayAThousand, kYes, 0, 1, 0},
     ReentryRow{"from the message of a bad key while starting", "EntPrecio", "x", "0000", "0600",
                EP_Init, kYes, 0, 1, 1},
 };

@@ -24,7 +24,7 @@ struct TroubleRow {
   std::string_view value;
   const char* printer;  // words of the answers
   const char* fiscal;
-  std::int32_t (*call)();
+  std::int32_t(KESTRA_CALL* call)();
   std::int32_t result;
   std::string_view procedure;  // that the log names; empty: no failure is logged
 };

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "platform/clock.hpp"
+
+namespace kestra {
+
+// Dates and times in the forms of the user's regional settings.
+class WindowsClock : public Clock {
+ public:
+  double TimeOfDay() override;
+  std::string ShortDate() override;
+  std::string TimeText() override;
+  void Sleep(std::int32_t milliseconds) override;
+};
+
+}  // namespace kestra

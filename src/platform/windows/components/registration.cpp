@@ -1,0 +1,143 @@
+#include "platform/windows/components/registration.hpp"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/windows/components/public_classes.hpp"
+#include "platform/windows/components/registration_lock.hpp"
+#include "platform/windows/components/registration_rows.hpp"
+#include "platform/windows/components/registry.hpp"
+
+namespace kestra {
+namespace {
+
+constexpr const wchar_t* kTemporary = L"KestraTemporary";
+
+// The key whose value is the file that a hive's registration names.
+std::wstring FileKey() {
+  return ClassKey(PublicClasses().front()) + L"\\InprocServer32";
+}
+
+std::wstring RegisteredFile(const Hive& hive) {
+  return ReadText(hive, FileKey(), {});
+}
+
+std::wstring LastingFile(const Hive& hive) {
+  return HasValue(hive, FileKey(), kTemporary) ? std::wstring() : RegisteredFile(hive);
+}
+
+std::wstring LongName(const std::wstring& path) {
+  std::wstring longer(path.size() + MAX_PATH, L'\0');
+  const DWORD room = static_cast<DWORD>(longer.size());
+  const DWORD length = GetLongPathNameW(path.c_str(), longer.data(), room);
+  return length == 0 || length >= room ? path : longer.substr(0, length);
+}
+
+bool SameFile(const std::wstring& left, const std::wstring& right) {
+  return lstrcmpiW(LongName(left).c_str(), LongName(right).c_str()) == 0;
+}
+
+bool Complete(const Hive& hive, const std::wstring& module) {
+  const auto rows = RegistrationRows(module);
+  return std::all_of(rows.begin(), rows.end(), [&](const RegistrationRow& row) {
+    return lstrcmpiW(ReadText(hive, row.key, row.name).c_str(), row.text.c_str()) == 0;
+  });
+}
+
+// Longest first: each key comes before the one that it lies in.
+LSTATUS RemoveKeys(const Hive& hive, const std::vector<std::wstring>& keys) {
+  LSTATUS first_error = ERROR_SUCCESS;
+  for (const auto& key : keys) {
+    const LSTATUS error = RemoveKey(hive, key);
+    if (first_error == ERROR_SUCCESS) first_error = error;
+  }
+  return first_error;
+}
+
+LSTATUS Remove(const Hive& hive, const std::wstring& module) {
+  const auto rows = RegistrationRows(module);
+  const LSTATUS error = RemoveKeys(hive, OwnKeys(rows));
+  const Hive other = OtherWidth(hive);
+  // Both widths live by the names and the library's entry: whoever goes last takes them along.
+  if (RegisteredFile(other).empty()) {
+    RemoveKeys(hive, AllKeys(rows));
+    RemoveKeys(other, SharedKeys(rows));
+  }
+  if (hive.root == HKEY_CURRENT_USER) {
+    // A user who never had a class of his own had no such keys either.
+    for (const auto* const top : kTopKeys) RemoveEmptyKey(hive, top);
+  }
+  return error;
+}
+
+LSTATUS Write(const Hive& hive, const std::wstring& module) {
+  for (const auto& row : RegistrationRows(module)) {
+    const LSTATUS error = WriteText(hive, row.key, row.name, row.text);
+    if (error != ERROR_SUCCESS) return error;
+  }
+  RemoveValue(hive, FileKey(), kTemporary);
+  return ERROR_SUCCESS;
+}
+
+// All of it or nothing.
+LSTATUS WriteWhole(const Hive& hive, const std::wstring& module) {
+  const LSTATUS error = Write(hive, module);
+  if (error != ERROR_SUCCESS && SameFile(RegisteredFile(hive), module)) Remove(hive, module);
+  return error;
+}
+
+LSTATUS RemoveOwn(const Hive& hive, const std::wstring& module) {
+  const auto file = RegisteredFile(hive);
+  return file.empty() || SameFile(file, module) ? Remove(hive, module) : ERROR_SUCCESS;
+}
+
+void RestoreFile(const Hive& hive, const std::wstring& file) {
+  if (!file.empty() && RegisteredFile(hive) != file) Write(hive, file);
+}
+
+void MarkIfOwn(const Hive& hive, const std::wstring& module) {
+  if (SameFile(RegisteredFile(hive), module)) WriteText(hive, FileKey(), kTemporary, L"1");
+}
+
+}  // namespace
+
+HRESULT RegisterModule(const std::wstring& module) {
+  const RegistrationLock lock;
+  const LSTATUS machine = WriteWhole(MachineHive(), module);
+  // What the user has wins over what the machine has: another file named there would be taken.
+  if (machine == ERROR_SUCCESS && RegisteredFile(UserHive()).empty()) return S_OK;
+  return HRESULT_FROM_WIN32(static_cast<DWORD>(WriteWhole(UserHive(), module)));
+}
+
+HRESULT UnregisterModule(const std::wstring& module) {
+  const RegistrationLock lock;
+  const LSTATUS user = RemoveOwn(UserHive(), module);
+  const LSTATUS machine = RemoveOwn(MachineHive(), module);
+  return HRESULT_FROM_WIN32(static_cast<DWORD>(user != ERROR_SUCCESS ? user : machine));
+}
+
+bool IsRegistered(const std::wstring& module) {
+  const bool by_user = !RegisteredFile(UserHive()).empty();
+  const Hive hive = by_user ? UserHive() : MachineHive();
+  const auto file = LastingFile(hive);
+  return !file.empty() && SameFile(file, module) && Complete(hive, file);
+}
+
+void MarkTemporary(const std::wstring& module) {
+  MarkIfOwn(MachineHive(), module);
+  MarkIfOwn(UserHive(), module);
+}
+
+LastingRegistrations LastingRegistrations::Read() {
+  LastingRegistrations now;
+  now.machine_ = LastingFile(MachineHive());
+  now.user_ = LastingFile(UserHive());
+  return now;
+}
+
+void LastingRegistrations::Restore() const {
+  RestoreFile(MachineHive(), machine_);
+  RestoreFile(UserHive(), user_);
+}
+
+}  // namespace kestra

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace kestra {
+
+// Registers the public classes as living in the file `module`: for the machine, or, where this user may
+// not write there, for the user alone.
+HRESULT RegisterModule(const std::wstring& module);
+
+// Removes what RegisterModule wrote for the file `module`, from machine and user. A registration that
+// names another file is not touched: it is somebody else's. Removing twice is fine.
+HRESULT UnregisterModule(const std::wstring& module);
+
+// True when programs that look the classes up are led to the file `module`, by a registration that is
+// complete and meant to stay.
+bool IsRegistered(const std::wstring& module);
+
+// Says of the registration that names `module` that it lasts for a start-up only. Another registering
+// takes the mark away.
+void MarkTemporary(const std::wstring& module);
+
+// The files that lasting registrations name, kept over a temporary one that overwrites them.
+class LastingRegistrations {
+ public:
+  // As they are now.
+  static LastingRegistrations Read();
+
+  // Puts back what has been overwritten or removed since.
+  void Restore() const;
+
+ private:
+  std::wstring machine_;
+  std::wstring user_;
+};
+
+}  // namespace kestra

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/windows/components/public_classes.hpp"
+
+namespace kestra {
+
+// One value in the registry.
+struct RegistrationRow {
+  std::wstring key;
+  std::wstring name;  // empty: the key's own value
+  std::wstring text;
+  // The 32-bit and the 64-bit library write the same row; on a 64-bit Windows into the same place.
+  bool shared = false;
+};
+
+// Keys of the system's that the rows lie in.
+inline constexpr const wchar_t* kTopKeys[] = {L"CLSID", L"Interface", L"TypeLib"};
+
+// "CLSID\{...}"
+std::wstring ClassKey(const PublicClass& row);
+
+// Everything that makes the classes of the file `module` known.
+std::vector<RegistrationRow> RegistrationRows(const std::wstring& module);
+
+// The rows' keys, the longest first: those of this width alone; those that both widths share with the
+// keys that they lie in; and all of them.
+std::vector<std::wstring> OwnKeys(const std::vector<RegistrationRow>& rows);
+std::vector<std::wstring> SharedKeys(const std::vector<RegistrationRow>& rows);
+std::vector<std::wstring> AllKeys(const std::vector<RegistrationRow>& rows);
+
+}  // namespace kestra

@@ -1,0 +1,97 @@
+#include "platform/windows/components/start_up.hpp"
+
+#include <objbase.h>
+
+#include <kestra_h.h>
+
+#include "frame/failure.hpp"
+#include "platform/windows/components/com_ptr.hpp"
+#include "platform/windows/components/module.hpp"
+#include "platform/windows/components/registration_lock.hpp"
+
+namespace kestra {
+namespace {
+
+Falla CannotCreate() {
+  return {429, "ActiveX component can't create object"};
+}
+
+// The hosts' programs know the file as Kestra.DLL. It is asked for by the full path of the file that runs
+// already, so that nothing of that name in the current directory or in the path is loaded instead.
+HRESULT CallOwnEntry(const char* entry) {
+  return LoadedLibrary(ModulePath()).Call(entry);
+}
+
+HRESULT CreateAndCall() {
+  CLSID id{};
+  HRESULT result = CLSIDFromProgID(L"Kestra.InitClass", &id);
+  if (FAILED(result)) return result;
+  ComPtr<IInitClass> object;
+  result = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IInitClass),
+                            object.ReceiveAny());
+  return FAILED(result) ? result : object->InitVBCall();
+}
+
+}  // namespace
+
+bool ThreadApartment::Enter() {
+  if (entered_ && thread_ == GetCurrentThreadId()) return false;
+  const HRESULT result = CoInitialize(nullptr);
+  // The host runs this thread without an apartment of its own: that serves as well.
+  if (result == RPC_E_CHANGED_MODE) return false;
+  if (FAILED(result)) throw CannotCreate();
+  entered_ = true;
+  thread_ = GetCurrentThreadId();
+  return true;
+}
+
+void ThreadApartment::Leave() {
+  if (entered_ && thread_ == GetCurrentThreadId()) CoUninitialize();
+  entered_ = false;
+}
+
+void ComponentStartUp::Begin() {
+  End();
+  const bool entered = apartment_.Enter();
+  try {
+    const RegistrationLock lock;
+    if (!IsRegistered(ModulePath())) Register();
+    CreateInitObject();
+  } catch (...) {
+    End();
+    if (entered) apartment_.Leave();
+    throw;
+  }
+}
+
+void ComponentStartUp::End() {
+  if (!temporary_) return;
+  temporary_ = false;
+  const RegistrationLock lock;
+  CallOwnEntry("DllUnregisterServer");
+  lasting_.Restore();
+}
+
+void ComponentStartUp::ShutDown() {
+  End();
+  apartment_.Leave();
+}
+
+void ComponentStartUp::Register() {
+  lasting_ = LastingRegistrations::Read();
+  temporary_ = true;
+  if (FAILED(CallOwnEntry("DllRegisterServer"))) throw Falla(70, "Permission denied");
+  MarkTemporary(ModulePath());
+}
+
+void ComponentStartUp::CreateInitObject() {
+  if (SUCCEEDED(CreateAndCall())) return;
+  // Programs run by an administrator do not see classes that were registered for the user alone.
+  if (!temporary_) {
+    Register();
+    if (SUCCEEDED(CreateAndCall())) return;
+  }
+  throw CannotCreate();
+}
+
+}  // namespace kestra

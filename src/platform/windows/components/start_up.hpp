@@ -1,0 +1,51 @@
+#pragma once
+
+#include <windows.h>
+
+#include "platform/windows/components/registration.hpp"
+
+namespace kestra {
+
+// The calling thread's use of the component system, from start-up to shut-down: entered once however often
+// start-up runs, and left once however often shut-down does.
+class ThreadApartment {
+ public:
+  // True when the thread was not in already. A host that chose another kind of apartment keeps its own.
+  bool Enter();
+
+  // Only on the thread that entered: another one's use cannot be ended from here, and is forgotten.
+  void Leave();
+
+ private:
+  // No destructor: at the end of the process it would run while the loader is locked, where the component
+  // system must not be called.
+  bool entered_ = false;
+  DWORD thread_ = 0;
+};
+
+// What the component system has to do with starting and ending the library: registers the public classes
+// for the time of start-up, and creates and calls InitClass once.
+class ComponentStartUp {
+ public:
+  // Throws Falla, with everything undone, when the classes cannot be registered or created.
+  //
+  // Classes that are registered for good with this very file are left as they are, by End too. A lasting
+  // registration of another copy of the library is put back by End.
+  void Begin();
+
+  // Takes the registration of Begin back. May be called without it.
+  void End();
+
+  // Leaves the thread as Begin found it. May be called without it, and again.
+  void ShutDown();
+
+ private:
+  void Register();
+  void CreateInitObject();
+
+  ThreadApartment apartment_;
+  LastingRegistrations lasting_;
+  bool temporary_ = false;
+};
+
+}  // namespace kestra

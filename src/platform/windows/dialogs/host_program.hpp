@@ -1,0 +1,16 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace kestra {
+
+// Name of the host's program: its file without folder and extension. The title of every box that has
+// none of its own.
+std::wstring HostName();
+
+// The module that this code and its resources are in.
+HINSTANCE OwnInstance();
+
+}  // namespace kestra

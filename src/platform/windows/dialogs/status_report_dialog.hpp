@@ -1,0 +1,29 @@
+#pragma once
+
+#include <array>
+
+#include "platform/operator.hpp"
+#include "platform/windows/dialogs/hints.hpp"
+#include "platform/windows/dialogs/modal_dialog.hpp"
+
+namespace kestra {
+
+// Every condition of the printer as a row, lit or greyed. Answers IDRETRY or IDCANCEL.
+class StatusReportDialog : public ModalDialog {
+ public:
+  explicit StatusReportDialog(const InformeEstados& informe);
+
+ protected:
+  void Load() override;
+  [[nodiscard]] std::optional<COLORREF> LabelColour(int label) const override;
+
+ private:
+  void LoadRow(const Fila& fila, Hints& hints) const;
+  [[nodiscard]] RECT AreaOf(const Fila& fila) const;
+
+  const InformeEstados& informe_;
+  // By Fila::error and Fila::encendida.
+  std::array<std::array<Icon, 2>, 2> pictures_;
+};
+
+}  // namespace kestra

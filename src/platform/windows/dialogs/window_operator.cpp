@@ -1,0 +1,42 @@
+#include "platform/windows/dialogs/window_operator.hpp"
+
+#include <windows.h>
+
+#include "platform/windows/dialogs/host_program.hpp"
+#include "platform/windows/dialogs/memory_full_dialog.hpp"
+#include "platform/windows/dialogs/status_report_dialog.hpp"
+#include "platform/windows/text.hpp"
+
+namespace kestra {
+namespace {
+
+// Texts break their lines with a lone carriage return, which not every system shows as a break.
+std::string WithLineEnds(std::string_view text) {
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    lines += text[i];
+    if (text[i] == '\r' && text.substr(i + 1, 1) != "\n") lines += '\n';
+  }
+  return lines;
+}
+
+}  // namespace
+
+std::int32_t WindowOperator::Message(std::string_view text, std::string_view title,
+                                     std::int32_t style) {
+  constexpr UINT kWithoutOwner = MB_SETFOREGROUND | MB_TASKMODAL;
+  const HWND owner = ::GetActiveWindow();
+  const std::wstring caption = title.empty() ? HostName() : WideFromAnsi(title);
+  return ::MessageBoxW(owner, WideFromAnsi(WithLineEnds(text)).c_str(), caption.c_str(),
+                       static_cast<UINT>(style) | (owner == nullptr ? kWithoutOwner : 0));
+}
+
+bool WindowOperator::StatusReport(const InformeEstados& informe) {
+  return StatusReportDialog(informe).Show() == IDRETRY;
+}
+
+void WindowOperator::MemoryFull() {
+  MemoryFullDialog().Show();
+}
+
+}  // namespace kestra

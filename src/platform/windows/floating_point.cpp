@@ -1,0 +1,42 @@
+#include "platform/floating_point.hpp"
+
+#include <windows.h>
+
+namespace kestra {
+namespace {
+
+// Nothing traps, to the nearest: what a program begins with.
+constexpr std::uint32_t kDefaultVectorControl = 0x1F80;
+
+// The compiler's run time minds the old unit alone; 64-bit hosts calculate with the vector unit, and
+// the oldest tills have none.
+bool HasVectorUnit() {
+  return ::IsProcessorFeaturePresent(PF_XMMI_INSTRUCTIONS_AVAILABLE) != FALSE;
+}
+
+std::uint32_t VectorControl() {
+  std::uint32_t control = 0;
+  __asm__ volatile("stmxcsr %0" : "=m"(control));
+  return control;
+}
+
+void SetVectorControl(std::uint32_t control) {
+  __asm__ volatile("ldmxcsr %0" : : "m"(control));
+}
+
+}  // namespace
+
+FloatingPoint::FloatingPoint() noexcept {
+  std::feholdexcept(&hosts_);
+  std::fesetenv(FE_PC53_ENV);  // doubles, and no digit more
+  if (!HasVectorUnit()) return;
+  hosts_vector_control_ = VectorControl();
+  SetVectorControl(kDefaultVectorControl);
+}
+
+FloatingPoint::~FloatingPoint() {
+  if (HasVectorUnit()) SetVectorControl(hosts_vector_control_);
+  std::fesetenv(&hosts_);
+}
+
+}  // namespace kestra

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/log_file.hpp"
+
+namespace kestra {
+
+class WindowsLog : public LogFile {
+ public:
+  void Append(std::string_view file, std::string_view bytes) override;
+};
+
+}  // namespace kestra

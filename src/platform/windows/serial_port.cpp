@@ -1,0 +1,219 @@
+#include "platform/windows/serial_port.hpp"
+
+#include <array>
+#include <utility>
+
+#include "platform/line_speed.hpp"
+#include "platform/windows/line_settings.hpp"
+
+namespace kestra {
+namespace {
+
+constexpr std::string_view kDevicePrefix = R"(\\.\)";
+constexpr DWORD kBufferSize = 4096;
+
+struct ErrorRow {
+  DWORD error;
+  PortFault fault;
+};
+
+constexpr std::array kOpeningFaults = {
+    ErrorRow{ERROR_FILE_NOT_FOUND, PortFault::kMissing},
+    ErrorRow{ERROR_PATH_NOT_FOUND, PortFault::kMissing},
+    ErrorRow{ERROR_INVALID_NAME, PortFault::kMissing},
+    ErrorRow{ERROR_BAD_PATHNAME, PortFault::kMissing},
+    ErrorRow{ERROR_DEV_NOT_EXIST, PortFault::kNoHardware},
+    ErrorRow{ERROR_DEVICE_NOT_CONNECTED, PortFault::kNoHardware},
+    ErrorRow{ERROR_GEN_FAILURE, PortFault::kNoHardware},
+    ErrorRow{ERROR_NOT_READY, PortFault::kNoHardware},
+    ErrorRow{ERROR_BAD_COMMAND, PortFault::kNoHardware},
+    ErrorRow{ERROR_SEM_TIMEOUT, PortFault::kNoHardware},  // a wireless port out of reach
+    ErrorRow{ERROR_INVALID_FUNCTION, PortFault::kNotSerial},
+    ErrorRow{ERROR_INVALID_HANDLE, PortFault::kNotSerial},
+    ErrorRow{ERROR_NOT_SUPPORTED, PortFault::kNotSerial},
+    ErrorRow{ERROR_ACCESS_DENIED, PortFault::kBusy},  // the system's word for a port in use
+    ErrorRow{ERROR_SHARING_VIOLATION, PortFault::kBusy},
+    ErrorRow{ERROR_BUSY, PortFault::kBusy},
+};
+
+// A device that is unplugged, or whose far end is gone. Drivers differ in what they say then.
+constexpr std::array kTransferFaults = {
+    ErrorRow{ERROR_BAD_COMMAND, PortFault::kLost},
+    ErrorRow{ERROR_DEVICE_NOT_CONNECTED, PortFault::kLost},
+    ErrorRow{ERROR_OPERATION_ABORTED, PortFault::kLost},
+    ErrorRow{ERROR_GEN_FAILURE, PortFault::kLost},
+    ErrorRow{ERROR_ACCESS_DENIED, PortFault::kLost},
+    ErrorRow{ERROR_FILE_NOT_FOUND, PortFault::kLost},
+    ErrorRow{ERROR_INVALID_HANDLE, PortFault::kLost},
+    ErrorRow{ERROR_NOT_READY, PortFault::kLost},
+    ErrorRow{ERROR_DEV_NOT_EXIST, PortFault::kLost},
+    ErrorRow{ERROR_DEVICE_REMOVED, PortFault::kLost},
+    ErrorRow{ERROR_IO_DEVICE, PortFault::kLost},
+    ErrorRow{ERROR_BROKEN_PIPE, PortFault::kLost},
+    ErrorRow{ERROR_HANDLE_EOF, PortFault::kLost},
+};
+
+template <typename Rows>
+PortFault FaultIn(const Rows& rows, DWORD error, PortFault otherwise) {
+  for (const ErrorRow& row : rows) {
+    if (row.error == error) return row.fault;
+  }
+  return otherwise;
+}
+
+Falla FallaDelSistema(PortFault fault, PortFault unexplained, const std::string& device,
+                      DWORD error) {
+  return fault == unexplained ? FallaDePuerto(fault, device, static_cast<int>(error))
+                              : FallaDePuerto(fault, device);
+}
+
+void Require(bool done, const std::string& device) {
+  if (done) return;
+  const DWORD error = ::GetLastError();
+  throw FallaDelSistema(OpeningFault(error), PortFault::kCannotOpen, device, error);
+}
+
+bool IsTimeout(DWORD error) {
+  return error == ERROR_TIMEOUT || error == ERROR_SEM_TIMEOUT;
+}
+
+}  // namespace
+
+PortFault OpeningFault(DWORD error) {
+  return FaultIn(kOpeningFaults, error, PortFault::kCannotOpen);
+}
+
+PortFault TransferFault(DWORD error) {
+  return FaultIn(kTransferFaults, error, PortFault::kTransfer);
+}
+
+std::string DevicePath(std::string_view device) {
+  const bool whole = device.substr(0, kDevicePrefix.size()) == kDevicePrefix;
+  return std::string(whole ? "" : kDevicePrefix).append(device);
+}
+
+WindowsPort::WindowsPort(std::string device, std::optional<std::int32_t> speed,
+                         PortPatience patience)
+    : device_(std::move(device)), speed_(speed), patience_(patience) {}
+
+void WindowsPort::PortOpen(bool open) {
+  if (open && PortOpen()) throw FallaDePuerto(PortFault::kAlreadyOpen, device_);
+  open ? Open() : Close();
+}
+
+void WindowsPort::Open() {
+  constexpr DWORD kForUsAlone = 0;
+  Handle handle(::CreateFileA(DevicePath(device_).c_str(), GENERIC_READ | GENERIC_WRITE,
+                              kForUsAlone, nullptr, OPEN_EXISTING, 0, nullptr));
+  Require(static_cast<bool>(handle), device_);
+  SetUpLine(handle.Get());
+  stale_ = true;
+  handle_ = std::move(handle);
+}
+
+void WindowsPort::SetUpLine(HANDLE handle) const {
+  DCB now = {};
+  now.DCBlength = sizeof now;
+  Require(::GetCommState(handle, &now) != 0, device_);
+  ::SetupComm(handle, kBufferSize, kBufferSize);  // a wish, which a driver may not grant
+  DCB wanted = RawLine(now, speed_);
+  Require(::SetCommState(handle, &wanted) != 0, device_);
+  COMMTIMEOUTS timeouts = LineTimeouts(patience_.look, patience_.stall);
+  Require(::SetCommTimeouts(handle, &timeouts) != 0, device_);
+  // Some drivers raise the lines only when told so; not every device has them.
+  ::EscapeCommFunction(handle, SETDTR);
+  ::EscapeCommFunction(handle, SETRTS);
+}
+
+void WindowsPort::Close() {
+  handle_.Close();
+  received_.clear();
+}
+
+void WindowsPort::RequireOpen() const {
+  if (!PortOpen()) throw FallaDePuerto(PortFault::kNotOpen, device_);
+}
+
+void WindowsPort::RequireTransfer(bool done) const {
+  if (done) return;
+  const DWORD error = ::GetLastError();
+  throw FallaDelSistema(TransferFault(error), PortFault::kTransfer, device_, error);
+}
+
+void WindowsPort::Output(std::string_view bytes) {
+  RequireOpen();
+  DropStale();
+  while (!bytes.empty()) {
+    const std::size_t written = Write(bytes);
+    if (written == 0) throw FallaDePuerto(PortFault::kStalled, device_);
+    bytes.remove_prefix(written);
+  }
+}
+
+// Bytes that the line took before its time was up.
+std::size_t WindowsPort::Write(std::string_view bytes) {
+  DWORD written = 0;
+  const bool done = ::WriteFile(handle_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()),
+                                &written, nullptr) != 0;
+  RequireTransfer(done || IsTimeout(::GetLastError()));
+  return written;
+}
+
+// The read waits for the first byte and may bring it alone: what stands behind it is taken with it. A
+// driver that has lost its device may answer reads with nothing at all, but not the question how much
+// there is.
+std::size_t WindowsPort::InBufferCount() {
+  RequireOpen();
+  DropStale();
+  TakeInput();
+  if (Queued() > 0) TakeInput();
+  return received_.size();
+}
+
+std::size_t WindowsPort::TakeInput() {
+  std::array<char, kBufferSize> bytes;
+  DWORD count = 0;
+  const bool done = ::ReadFile(handle_.Get(), bytes.data(), kBufferSize, &count, nullptr) != 0;
+  RequireTransfer(done || IsTimeout(::GetLastError()));
+  received_.append(bytes.data(), count);
+  return count;
+}
+
+std::size_t WindowsPort::Queued() const {
+  COMSTAT state = {};
+  DWORD errors = 0;
+  RequireTransfer(::ClearCommError(handle_.Get(), &errors, &state) != 0);
+  return state.cbInQue;
+}
+
+void WindowsPort::DiscardInput() {
+  RequireOpen();
+  received_.clear();
+  stale_ = false;
+  RequireTransfer(::PurgeComm(handle_.Get(), PURGE_RXCLEAR) != 0);
+}
+
+// What the device held when it was opened goes at the first use: an exchange begins with a discard,
+// and needs no second one.
+void WindowsPort::DropStale() {
+  if (stale_) DiscardInput();
+}
+
+std::string WindowsPort::Input() {
+  RequireOpen();
+  return std::exchange(received_, std::string());
+}
+
+std::unique_ptr<SerialPort> CreateWindowsPort(const PortSettings& settings) {
+  const std::optional<std::int32_t> speed = LineSpeedOf(settings.Settings);
+  if (!settings.dispositivo.empty()) {
+    return std::make_unique<WindowsPort>(settings.dispositivo, speed);
+  }
+  if (settings.CommPort < 1 || settings.CommPort > 256) {
+    throw FallaDePuerto(PortFault::kBadNumber, std::to_string(settings.CommPort));
+  }
+  if (!speed) throw FallaDePuerto(PortFault::kBadSettings, settings.Settings);
+  return std::make_unique<WindowsPort>("COM" + std::to_string(settings.CommPort), speed);
+}
+
+}  // namespace kestra

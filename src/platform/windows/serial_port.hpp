@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/port_fault.hpp"
+#include "platform/serial_port.hpp"
+#include "platform/windows/handle.hpp"
+
+namespace kestra {
+
+// How long, in milliseconds, the port waits before it comes back to its caller.
+struct PortPatience {
+  std::int32_t look = 20;     // for a byte that has not come yet
+  std::int32_t stall = 5000;  // for a line that takes no byte of ours
+};
+
+// A communications device: a serial port, a USB adapter.
+class WindowsPort : public SerialPort {
+ public:
+  // Without a speed the device keeps the one that it has.
+  WindowsPort(std::string device, std::optional<std::int32_t> speed, PortPatience patience = {});
+
+  [[nodiscard]] bool PortOpen() const override { return static_cast<bool>(handle_); }
+  void PortOpen(bool open) override;
+  void Output(std::string_view bytes) override;
+  std::size_t InBufferCount() override;
+  void DiscardInput() override;
+  std::string Input() override;
+  [[nodiscard]] std::string_view Waiting() const override { return received_; }
+
+ private:
+  void Open();
+  void Close();
+  void SetUpLine(HANDLE handle) const;
+  void RequireOpen() const;
+  void DropStale();
+  std::size_t Write(std::string_view bytes);
+  std::size_t TakeInput();
+  [[nodiscard]] std::size_t Queued() const;
+  void RequireTransfer(bool done) const;
+
+  std::string device_;
+  std::optional<std::int32_t> speed_;
+  PortPatience patience_;
+  Handle handle_;
+  bool stale_ = false;  // opened, and what the device still held not dropped yet
+  std::string received_;
+};
+
+// A closed port as the settings tell. Throws Falla for a port number or a speed that is none,
+// unless the settings name a device.
+std::unique_ptr<SerialPort> CreateWindowsPort(const PortSettings& settings);
+
+// The name under which the system opens a device: with "\\.\" before it, which COM10 and above need.
+std::string DevicePath(std::string_view device);
+
+// What a failed opening of a device, or a failed transfer on an open one, means.
+PortFault OpeningFault(DWORD error);
+PortFault TransferFault(DWORD error);
+
+}  // namespace kestra

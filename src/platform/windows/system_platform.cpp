@@ -1,0 +1,39 @@
+#include "platform/platform.hpp"
+#include "platform/windows/clock.hpp"
+#include "platform/windows/components/start_up.hpp"
+#include "platform/windows/dialogs/window_operator.hpp"
+#include "platform/windows/log_file.hpp"
+#include "platform/windows/profile_file.hpp"
+#include "platform/windows/serial_port.hpp"
+
+namespace kestra {
+namespace {
+
+class WindowsPlatform : public Platform {
+ public:
+  void BeginStartUp() override { components_.Begin(); }
+  void EndStartUp() override { components_.End(); }
+  void ShutDown() override { components_.ShutDown(); }
+  std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override {
+    return CreateWindowsPort(settings);
+  }
+  Clock& GetClock() override { return clock_; }
+  Operator& GetOperator() override { return operator_; }
+  ProfileFile& GetProfile() override { return profile_; }
+  LogFile& GetLog() override { return log_; }
+
+ private:
+  ComponentStartUp components_;
+  WindowsClock clock_;
+  WindowOperator operator_;
+  WindowsProfile profile_;
+  WindowsLog log_;
+};
+
+}  // namespace
+
+std::unique_ptr<Platform> MakeSystemPlatform() {
+  return std::make_unique<WindowsPlatform>();
+}
+
+}  // namespace kestra

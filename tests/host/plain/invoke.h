@@ -1,0 +1,7 @@
+/* How the host calls the library: by name, as C does. */
+#ifndef INVOKE_H
+#define INVOKE_H
+
+#define INVOKE(outcome, function, arguments) ((outcome) = function arguments)
+
+#endif

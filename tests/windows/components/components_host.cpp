@@ -1,0 +1,462 @@
+// A host that looks at the library as the component system does.
+//
+//     components_host STORY PATH_OF_THE_LIBRARY
+//
+// Each story prints its broken promises; the result is their count. STORY "list" prints the names.
+
+#include <windows.h>
+
+#include <oaidl.h>
+#include <ole2.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+// The interface as a compiled client calls it: straight through its table. Outside the unnamed
+// namespace, where the compiler would take it for never implemented.
+struct InitInterface : IDispatch {
+  virtual HRESULT WINAPI InitVBCall() = 0;
+};
+
+namespace {
+
+int failures = 0;
+
+void Check(bool holds, const char* promise, int line) {
+  if (holds) return;
+  std::printf("line %d: broken: %s\n", line, promise);
+  ++failures;
+}
+
+#define CHECK(promise) Check((promise), #promise, __LINE__)
+
+std::wstring library_path;
+
+using Plain = std::int32_t(WINAPI*)();
+using GetClassObject = HRESULT(WINAPI*)(const void*, const void*, void**);
+
+HMODULE Library() {
+  static const HMODULE module = LoadLibraryW(library_path.c_str());
+  if (module == nullptr) {
+    std::printf("the library cannot be loaded: error %lu\n", GetLastError());
+    ExitProcess(99);
+  }
+  return module;
+}
+
+template <typename Function>
+Function Entry(const char* name) {
+  const auto address = reinterpret_cast<void*>(GetProcAddress(Library(), name));
+  if (address == nullptr) {
+    std::printf("no entry %s\n", name);
+    ExitProcess(99);
+  }
+  return reinterpret_cast<Function>(address);
+}
+
+std::int32_t Call(const char* name) {
+  return Entry<Plain>(name)();
+}
+
+bool CanUnload() {
+  return Call("DllCanUnloadNow") == S_OK;
+}
+
+// In place of what the library's own header would say: a client knows no more than this.
+constexpr CLSID kInitClass = {
+    0x05fe5bdd, 0x5311, 0x4072, {0x9b, 0xc6, 0xcc, 0xc5, 0x0e, 0xdc, 0xe3, 0xa3}};
+constexpr CLSID kExampleClass = {
+    0xeb34d3e4, 0x7800, 0x4767, {0xbb, 0x09, 0x02, 0x83, 0x1a, 0x68, 0x19, 0x70}};
+constexpr IID kInitInterface = {
+    0xeaaf22b2, 0x563c, 0x43fa, {0xaa, 0xa4, 0xa1, 0x2d, 0x77, 0x78, 0xc7, 0x27}};
+constexpr IID kExampleInterface = {
+    0x936231ff, 0x23de, 0x4548, {0xae, 0x62, 0xc7, 0xbe, 0x84, 0xa8, 0x88, 0x58}};
+
+IClassFactory* Factory(REFCLSID id) {
+  IClassFactory* factory = nullptr;
+  const HRESULT result = Entry<GetClassObject>("DllGetClassObject")(
+      &id, &IID_IClassFactory, reinterpret_cast<void**>(&factory));
+  CHECK(result == S_OK);
+  CHECK(factory != nullptr);
+  return factory;
+}
+
+template <typename Interface>
+Interface* Create(REFCLSID id, REFIID interface_id) {
+  auto* const factory = Factory(id);
+  Interface* object = nullptr;
+  CHECK(factory->CreateInstance(nullptr, interface_id, reinterpret_cast<void**>(&object)) == S_OK);
+  CHECK(factory->Release() == 0);
+  return object;
+}
+
+// ---- Stories ----
+
+void ClassesComeFromTheirFactories() {
+  CHECK(CanUnload());
+  const auto get = Entry<GetClassObject>("DllGetClassObject");
+  void* object = &failures;
+  CHECK(get(&IID_IDispatch, &IID_IClassFactory, &object) == CLASS_E_CLASSNOTAVAILABLE);
+  CHECK(object == nullptr);
+  object = &failures;
+  CHECK(get(&kInitClass, &IID_IDispatch, &object) == E_NOINTERFACE);
+  CHECK(object == nullptr);
+  CHECK(get(&kInitClass, &IID_IClassFactory, nullptr) == E_POINTER);
+  CHECK(get(nullptr, &IID_IClassFactory, &object) == E_INVALIDARG);
+  CHECK(get(&kInitClass, nullptr, &object) == E_INVALIDARG);
+
+  auto* const factory = Factory(kExampleClass);
+  object = &failures;
+  CHECK(factory->CreateInstance(factory, IID_IUnknown, &object) == CLASS_E_NOAGGREGATION);
+  CHECK(object == nullptr);
+  CHECK(factory->CreateInstance(nullptr, kInitInterface, &object) == E_NOINTERFACE);
+  CHECK(factory->CreateInstance(nullptr, IID_IUnknown, nullptr) == E_POINTER);
+  CHECK(factory->Release() == 0);
+  CHECK(CanUnload());
+}
+
+void CheckInterfaces(REFCLSID id, REFIID own, REFIID foreign) {
+  auto* const object = Create<IDispatch>(id, IID_IDispatch);
+  IUnknown* identity = nullptr;
+  IUnknown* again = nullptr;
+  IDispatch* dual = nullptr;
+  CHECK(object->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity)) == S_OK);
+  CHECK(object->QueryInterface(own, reinterpret_cast<void**>(&dual)) == S_OK);
+  CHECK(dual->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&again)) == S_OK);
+  CHECK(identity == again);
+  void* none = &failures;
+  CHECK(object->QueryInterface(foreign, &none) == E_NOINTERFACE);
+  CHECK(none == nullptr);
+  CHECK(object->QueryInterface(IID_IUnknown, nullptr) == E_POINTER);
+  CHECK(object->AddRef() == 5);
+  CHECK(object->Release() == 4);
+  CHECK(again->Release() == 3);
+  CHECK(dual->Release() == 2);
+  CHECK(identity->Release() == 1);
+  CHECK(!CanUnload());
+  CHECK(object->Release() == 0);
+  CHECK(CanUnload());
+}
+
+void ObjectsFollowTheRulesOfInterfaces() {
+  CheckInterfaces(kInitClass, kInitInterface, kExampleInterface);
+  CheckInterfaces(kExampleClass, kExampleInterface, kInitInterface);
+}
+
+void WhatIsInUseKeepsTheLibrary() {
+  CHECK(CanUnload());
+  auto* const factory = Factory(kInitClass);
+  CHECK(!CanUnload());
+  CHECK(factory->LockServer(TRUE) == S_OK);
+  CHECK(factory->Release() == 0);
+  CHECK(!CanUnload());
+  auto* const another = Factory(kInitClass);
+  CHECK(another->LockServer(FALSE) == S_OK);
+  CHECK(another->Release() == 0);
+  CHECK(CanUnload());
+}
+
+DISPID NameOf(IDispatch* object, const wchar_t* name, HRESULT expected) {
+  std::wstring text = name;
+  LPOLESTR names[] = {text.data()};
+  DISPID id = DISPID_UNKNOWN;
+  CHECK(object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id) == expected);
+  return id;
+}
+
+HRESULT Run(IDispatch* object, DISPID id, DISPPARAMS arguments, REFIID reserved = IID_NULL) {
+  VARIANT result;
+  VariantInit(&result);
+  return object->Invoke(id, reserved, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments, &result,
+                        nullptr, nullptr);
+}
+
+void ScriptsFindTheMethodByName() {
+  auto* const object = Create<IDispatch>(kInitClass, IID_IDispatch);
+  CHECK(NameOf(object, L"InitVBCall", S_OK) == 1);
+  CHECK(NameOf(object, L"initvbcall", S_OK) == 1);
+  NameOf(object, L"Other", DISP_E_UNKNOWNNAME);
+  CHECK(Run(object, 1, {}) == S_OK);
+  CHECK(Run(object, 2, {}) == DISP_E_MEMBERNOTFOUND);
+  CHECK(Run(object, 1, {}, IID_IDispatch) == DISP_E_UNKNOWNINTERFACE);
+  CHECK(object->Release() == 0);
+  auto* const example = Create<IDispatch>(kExampleClass, IID_IDispatch);
+  NameOf(example, L"InitVBCall", DISP_E_UNKNOWNNAME);
+  CHECK(example->Release() == 0);
+  CHECK(CanUnload());
+}
+
+void CheckDescription(REFCLSID id, REFIID own) {
+  auto* const object = Create<IDispatch>(id, IID_IDispatch);
+  UINT count = 0;
+  ITypeInfo* info = nullptr;
+  TYPEATTR* attributes = nullptr;
+  CHECK(object->GetTypeInfoCount(&count) == S_OK);
+  CHECK(count == 1);
+  CHECK(object->GetTypeInfo(1, LOCALE_USER_DEFAULT, &info) == DISP_E_BADINDEX);
+  CHECK(object->GetTypeInfo(0, LOCALE_USER_DEFAULT, &info) == S_OK);
+  CHECK(info->GetTypeAttr(&attributes) == S_OK);
+  CHECK(IsEqualGUID(attributes->guid, own));
+  CHECK((attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0);
+  info->ReleaseTypeAttr(attributes);
+  info->Release();
+  CHECK(object->Release() == 0);
+}
+
+void ObjectsDescribeThemselves() {
+  CheckDescription(kInitClass, kInitInterface);
+  CheckDescription(kExampleClass, kExampleInterface);
+}
+
+void CompiledClientsCallTheMethodDirectly() {
+  auto* const object = Create<InitInterface>(kInitClass, kInitInterface);
+  CHECK(object->InitVBCall() == S_OK);
+  CHECK(object->Release() == 0);
+}
+
+HRESULT CreateByName(const wchar_t* name) {
+  CLSID id{};
+  HRESULT result = CLSIDFromProgID(name, &id);
+  if (FAILED(result)) return result;
+  IDispatch* object = nullptr;
+  result = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                            reinterpret_cast<void**>(&object));
+  if (SUCCEEDED(result)) object->Release();
+  return result;
+}
+
+// Names of classes work while they are registered, the versioned ones too.
+void NamesWorkWhileRegistered() {
+  const wchar_t* const names[] = {L"Kestra.InitClass", L"Kestra.ExampleClass",
+                                  L"Kestra.InitClass.1", L"Kestra.ExampleClass.1"};
+  CoInitialize(nullptr);
+  for (const auto* const name : names) CHECK(FAILED(CreateByName(name)));
+  CHECK(Call("DllRegisterServer") == S_OK);
+  CHECK(Call("DllRegisterServer") == S_OK);
+  for (const auto* const name : names) CHECK(CreateByName(name) == S_OK);
+  CHECK(Call("DllUnregisterServer") == S_OK);
+  for (const auto* const name : names) CHECK(FAILED(CreateByName(name)));
+  CHECK(Call("DllUnregisterServer") == S_OK);
+  CoUninitialize();
+}
+
+// How the component system stands on this thread: none, or as the host or the library left it.
+enum class Apartment { kNone, kSingle, kMulti };
+
+Apartment Here() {
+  const HRESULT result = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  if (result == RPC_E_CHANGED_MODE) return Apartment::kMulti;
+  CoUninitialize();
+  return result == S_FALSE ? Apartment::kSingle : Apartment::kNone;
+}
+
+void HostWithoutComponents() {
+  CHECK(Here() == Apartment::kNone);
+  CHECK(Call("EP_Init") == 1);
+  CHECK(!CanUnload());
+  CHECK(Here() == Apartment::kSingle);
+  Call("EP_Kill");
+  CHECK(CanUnload());
+  CHECK(Here() == Apartment::kNone);
+}
+
+void StartedTwiceEndedTwice() {
+  CHECK(Call("EP_Init") == 1);
+  CHECK(Call("EP_Init") == 1);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+  CHECK(Call("EP_Init") == 1);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+}
+
+void EndedWithoutStart() {
+  CoInitialize(nullptr);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kSingle);
+  CoUninitialize();
+  CHECK(Here() == Apartment::kNone);
+}
+
+void HostInASingleThreadedApartment() {
+  CHECK(CoInitialize(nullptr) == S_OK);
+  CHECK(Call("EP_Init") == 1);
+  CHECK(Call("EP_Init") == 1);
+  Call("EP_Kill");
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kSingle);
+  CoUninitialize();
+  CHECK(Here() == Apartment::kNone);
+}
+
+void HostInTheMultithreadedApartment() {
+  CHECK(CoInitializeEx(nullptr, COINIT_MULTITHREADED) == S_OK);
+  CHECK(Call("EP_Init") == 1);
+  CHECK(Here() == Apartment::kMulti);
+  CHECK(Call("EP_Init") == 1);
+  Call("EP_Kill");
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kMulti);
+  CoUninitialize();
+  CHECK(Here() == Apartment::kNone);
+}
+
+// The host leaves while the library is in use: the library's share stays.
+void HostLeavesBeforeTheLibrary() {
+  CHECK(CoInitialize(nullptr) == S_OK);
+  CHECK(Call("EP_Init") == 1);
+  CoUninitialize();
+  CHECK(Here() == Apartment::kSingle);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+}
+
+DWORD WINAPI OtherThread(void*) {
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+  return 0;
+}
+
+void EndedOnAnotherThread() {
+  CHECK(Call("EP_Init") == 1);
+  const HANDLE thread = CreateThread(nullptr, 0, OtherThread, nullptr, 0, nullptr);
+  WaitForSingleObject(thread, INFINITE);
+  CloseHandle(thread);
+  Call("EP_Kill");
+  // Nobody but this thread could have left; the library does not take from it what it no longer counts.
+  CHECK(Here() == Apartment::kSingle);
+}
+
+// The file in the current directory names a port that cannot be.
+void FailedStartLeavesNoRegistration() {
+  CHECK(Call("EP_Init") == 0);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+}
+
+// Stands in for missing rights: nothing can be written below a root that leads to a removed key.
+class UnwritableRoot {
+ public:
+  explicit UnwritableRoot(HKEY root) : root_(root) {
+    const wchar_t* const name = L"Software\\KestraUnwritable";
+    RegCreateKeyExW(HKEY_CURRENT_USER, name, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &removed_,
+                    nullptr);
+    RegDeleteKeyW(HKEY_CURRENT_USER, name);
+  }
+  UnwritableRoot(const UnwritableRoot&) = delete;
+  UnwritableRoot& operator=(const UnwritableRoot&) = delete;
+  ~UnwritableRoot() {
+    Allow();
+    RegCloseKey(removed_);
+  }
+
+  void Forbid() { CHECK(RegOverridePredefKey(root_, removed_) == ERROR_SUCCESS); }
+  void Allow() { RegOverridePredefKey(root_, nullptr); }
+
+ private:
+  HKEY root_;
+  HKEY removed_ = nullptr;
+};
+
+bool UserHas(const wchar_t* key) {
+  HKEY opened = nullptr;
+  const std::wstring path = std::wstring(L"Software\\Classes\\") + key;
+  const auto error = RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &opened);
+  if (error == ERROR_SUCCESS) RegCloseKey(opened);
+  return error == ERROR_SUCCESS;
+}
+
+constexpr const wchar_t* kInUserHive[] = {
+    L"Kestra.InitClass\\CLSID",
+    L"Kestra.ExampleClass\\CLSID",
+    L"CLSID\\{05FE5BDD-5311-4072-9BC6-CCC50EDCE3A3}\\InprocServer32",
+    L"CLSID\\{EB34D3E4-7800-4767-BB09-02831A681970}\\InprocServer32",
+    L"Interface\\{EAAF22B2-563C-43FA-AAA4-A12D7778C727}\\TypeLib",
+    L"TypeLib\\{09A546AC-7EB8-47CA-9848-E59672A0AB91}\\1.0",
+};
+
+void UserWithoutRightsRegistersForHimself() {
+  UnwritableRoot machine(HKEY_LOCAL_MACHINE);
+  machine.Forbid();
+  CHECK(Call("DllRegisterServer") == S_OK);
+  for (const auto* const key : kInUserHive) CHECK(UserHas(key));
+  machine.Allow();
+  CHECK(Call("DllUnregisterServer") == S_OK);
+  for (const auto* const key : kInUserHive) CHECK(!UserHas(key));
+}
+
+// Nobody may write to the registry: start-up fails, and undoes what it began.
+void StartWithoutRights() {
+  UnwritableRoot machine(HKEY_LOCAL_MACHINE);
+  UnwritableRoot user(HKEY_CURRENT_USER);
+  machine.Forbid();
+  user.Forbid();
+  CHECK(FAILED(Call("DllRegisterServer")));
+  CHECK(Call("EP_Init") == 0);
+  CHECK(Here() == Apartment::kNone);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+  machine.Allow();
+  user.Allow();
+  CHECK(Call("EP_Init") == 1);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+}
+
+// Leaves at once, as a till does when it is switched off: nothing may hang.
+void LeavesWithoutEnding() {
+  CHECK(Call("EP_Init") == 1);
+}
+
+struct Story {
+  const char* name;
+  void (*tell)();
+};
+
+constexpr Story kStories[] = {
+    {"classes_come_from_their_factories", ClassesComeFromTheirFactories},
+    {"objects_follow_the_rules_of_interfaces", ObjectsFollowTheRulesOfInterfaces},
+    {"what_is_in_use_keeps_the_library", WhatIsInUseKeepsTheLibrary},
+    {"scripts_find_the_method_by_name", ScriptsFindTheMethodByName},
+    {"objects_describe_themselves", ObjectsDescribeThemselves},
+    {"compiled_clients_call_the_method_directly", CompiledClientsCallTheMethodDirectly},
+    {"names_work_while_registered", NamesWorkWhileRegistered},
+    {"host_without_components", HostWithoutComponents},
+    {"started_twice_ended_twice", StartedTwiceEndedTwice},
+    {"ended_without_start", EndedWithoutStart},
+    {"host_in_a_single_threaded_apartment", HostInASingleThreadedApartment},
+    {"host_in_the_multithreaded_apartment", HostInTheMultithreadedApartment},
+    {"host_leaves_before_the_library", HostLeavesBeforeTheLibrary},
+    {"ended_on_another_thread", EndedOnAnotherThread},
+    {"failed_start_leaves_no_registration", FailedStartLeavesNoRegistration},
+    {"user_without_rights_registers_for_himself", UserWithoutRightsRegistersForHimself},
+    {"start_without_rights", StartWithoutRights},
+    {"leaves_without_ending", LeavesWithoutEnding},
+};
+
+int Tell(const char* name) {
+  for (const auto& story : kStories) {
+    if (std::strcmp(story.name, name) != 0) continue;
+    story.tell();
+    return failures;
+  }
+  std::printf("no story %s\n", name);
+  return 99;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count == 2 && std::strcmp(arguments[1], "list") == 0) {
+    for (const auto& story : kStories) std::printf("%s\n", story.name);
+    return 0;
+  }
+  if (count != 3) return 99;
+  const std::string path = arguments[2];
+  library_path.assign(path.begin(), path.end());
+  return Tell(arguments[1]);
+}

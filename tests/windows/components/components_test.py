@@ -1,0 +1,210 @@
+#!/usr/bin/env python3
+"""The library as a provider of classes: registering, creating, start-up, and nothing left behind.
+
+    components_test.py DLL_DIRECTORY WINE_COMMAND [HOST_DIRECTORY]
+
+DLL_DIRECTORY holds Kestra.dll; HOST_DIRECTORY (the same one when not given) components_host.exe and
+registry_dump.exe of the same width. WINE_COMMAND runs programs of that width. The Wine prefix is the
+environment's. Every case compares the registry's classes before and after.
+"""
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+HERE = pathlib.Path(__file__).resolve().parent
+SECONDS = 60
+
+# Complete settings: a missing key would show its box and wait for an operator.
+SAMPLE_INI = (HERE.parents[2] / "tools" / "Fiscal.ini").read_bytes().decode("cp1252")
+
+
+def ini_with_port(number):
+    """The sample settings on a numbered port."""
+    lines = [line for line in SAMPLE_INI.splitlines() if not line.startswith("ImpresoraDispositivo")]
+    return "".join(re.sub(r"^ImpresoraPuerto=.*", f"ImpresoraPuerto={number}", line) + "\r\n"
+                   for line in lines)
+
+
+GOOD_INI = ini_with_port(20)
+BAD_PORT_INI = ini_with_port(0)
+
+# Stories of components_host.exe that every run must know.
+STORIES = [
+    "classes_come_from_their_factories",
+    "objects_follow_the_rules_of_interfaces",
+    "what_is_in_use_keeps_the_library",
+    "scripts_find_the_method_by_name",
+    "objects_describe_themselves",
+    "compiled_clients_call_the_method_directly",
+    "names_work_while_registered",
+    "host_without_components",
+    "started_twice_ended_twice",
+    "ended_without_start",
+    "host_in_a_single_threaded_apartment",
+    "host_in_the_multithreaded_apartment",
+    "host_leaves_before_the_library",
+    "ended_on_another_thread",
+    "failed_start_leaves_no_registration",
+    "user_without_rights_registers_for_himself",
+    "start_without_rights",
+    "leaves_without_ending",
+]
+
+
+class Wine:
+    """Programs of one width, and the library under test."""
+
+    def __init__(self, dll_directory, command, host_directory):
+        self.library = pathlib.Path(dll_directory).resolve() / "Kestra.dll"
+        self.hosts = pathlib.Path(host_directory).resolve()
+        self.command = command
+
+    def run(self, *arguments, directory=None):
+        return subprocess.run([self.command, *map(str, arguments)], cwd=directory, timeout=SECONDS,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+
+    def tell(self, story, directory, library=None):
+        return self.run(self.hosts / "components_host.exe", story,
+                        windows_path(library or self.library), directory=directory)
+
+    def stories(self):
+        listed = self.run(self.hosts / "components_host.exe", "list")
+        return listed.stdout.decode().split()
+
+    def registry(self):
+        dump = self.run(self.hosts / "registry_dump.exe")
+        lines = dump.stdout.decode().splitlines()
+        assert dump.returncode == 0 and len(lines) > 100, "the registry cannot be read"
+        return lines
+
+    def regsvr32(self, *arguments):
+        return self.run("regsvr32", "/s", *arguments).returncode
+
+    def script(self, name):
+        return self.run("cscript", "//nologo", windows_path(HERE / name))
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+wine = None
+
+
+class Components(unittest.TestCase):
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        # Every Windows has this key; a new Wine prefix gets it with the first class of a user's own.
+        wine.run("reg", "add", r"HKCU\Software\Classes", "/f")
+        # The script host registers interfaces of its own when it first runs.
+        wine.script("both_classes.vbs")
+
+    def setUp(self):
+        self.directory = pathlib.Path(tempfile.mkdtemp(prefix="kestra-components-"))
+        self.addCleanup(shutil.rmtree, self.directory, ignore_errors=True)
+        (self.directory / "Fiscal.ini").write_bytes(GOOD_INI.encode("cp1252"))
+        self.before = wine.registry()
+
+    def unchanged_since(self, before):
+        after = wine.registry()
+        self.assertEqual(sorted(set(before) ^ set(after)), [])
+
+    def tell(self, story):
+        told = wine.tell(story, self.directory)
+        self.assertEqual(told.returncode, 0, told.stdout.decode(errors="replace"))
+
+    def test_every_story_is_told(self):
+        self.assertEqual(wine.stories(), STORIES)
+
+    def test_stories_leave_the_registry_as_it_was(self):
+        for story in STORIES:
+            bad = story == "failed_start_leaves_no_registration"
+            ini = BAD_PORT_INI if bad else GOOD_INI
+            (self.directory / "Fiscal.ini").write_bytes(ini.encode("cp1252"))
+            with self.subTest(story):
+                self.tell(story)
+                self.unchanged_since(self.before)
+
+    def test_scripts_create_both_classes_while_registered(self):
+        self.assertNotIn(b"creadas", wine.script("both_classes.vbs").stdout)
+        self.assertEqual(wine.regsvr32(windows_path(wine.library)), 0)
+        try:
+            said = wine.script("both_classes.vbs").stdout
+        finally:
+            self.assertEqual(wine.regsvr32("/u", windows_path(wine.library)), 0)
+        self.assertIn(b"creadas: IInitClass IExampleClass", said)
+        self.assertNotIn(b"creadas", wine.script("both_classes.vbs").stdout)
+        self.unchanged_since(self.before)
+
+    def test_unregistering_twice_is_fine(self):
+        for _ in range(2):
+            self.assertEqual(wine.regsvr32("/u", windows_path(wine.library)), 0)
+        self.unchanged_since(self.before)
+
+    def start_over(self, registered):
+        """Start-up and shut-down over a lasting registration of the file `registered`."""
+        self.assertEqual(wine.regsvr32(windows_path(registered)), 0)
+        try:
+            lasting = wine.registry()
+            self.assertNotEqual(lasting, self.before)
+            for story in ("host_without_components", "started_twice_ended_twice"):
+                self.tell(story)
+                self.unchanged_since(lasting)
+        finally:
+            self.assertEqual(wine.regsvr32("/u", windows_path(registered)), 0)
+        self.unchanged_since(self.before)
+
+    def test_start_leaves_a_lasting_registration(self):
+        self.start_over(wine.library)
+
+    def test_start_puts_back_the_registration_of_another_copy(self):
+        other = self.directory / "Otra.dll"
+        shutil.copy(wine.library, other)
+        self.start_over(other)
+
+    def test_removing_a_copy_leaves_the_registration_of_the_other(self):
+        other = self.directory / "Otra.dll"
+        shutil.copy(wine.library, other)
+        self.assertEqual(wine.regsvr32(windows_path(other)), 0)
+        lasting = wine.registry()
+        self.assertEqual(wine.regsvr32("/u", windows_path(wine.library)), 0)
+        self.unchanged_since(lasting)
+        self.assertEqual(wine.regsvr32("/u", windows_path(other)), 0)
+        self.unchanged_since(self.before)
+
+    def test_a_planted_file_in_the_current_directory_is_not_loaded(self):
+        (self.directory / "Kestra.DLL").write_bytes(b"not a library")
+        self.tell("host_without_components")
+        self.unchanged_since(self.before)
+
+    def test_programs_that_start_at_the_same_time(self):
+        arguments = [wine.command, wine.hosts / "components_host.exe", "started_twice_ended_twice",
+                     windows_path(wine.library)]
+        running = [subprocess.Popen(list(map(str, arguments)), cwd=self.directory,
+                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+                   for _ in range(6)]
+        for program in running:
+            said, _ = program.communicate(timeout=SECONDS)
+            self.assertEqual(program.returncode, 0, said.decode(errors="replace"))
+        self.unchanged_since(self.before)
+
+
+def main():
+    global wine
+    if len(sys.argv) not in (3, 4):
+        print(__doc__)
+        return 2
+    dll_directory, command = sys.argv[1:3]
+    wine = Wine(dll_directory, command, sys.argv[3] if len(sys.argv) == 4 else dll_directory)
+    program = unittest.main(argv=sys.argv[:1], exit=False, verbosity=2)
+    return 0 if program.result.wasSuccessful() else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

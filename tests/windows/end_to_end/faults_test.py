@@ -1,0 +1,98 @@
+"""What a Windows till meets: a port that is none, a printer that is slow, silent, killed or unplugged."""
+
+import signal
+import time
+import unittest
+
+from shop import ENV, until
+from till import Till
+
+CLOCK = ENV["KESTRA_CLOCK"]  # reads the printer's clock, once more for each line of its input
+
+
+class ClockReader(Till):
+    def read_once(self):
+        return self.start(CLOCK).communicate(timeout=60)
+
+    def expect_failure(self, out, err, number, words):
+        self.assertTrue(out.startswith("(1, "), out)
+        self.assertIn("Error en el comando Enviar", err)
+        self.assertRegex(self.log(), rf" - Error {number} \({words}\) in procedure Enviar ")
+
+
+class AWorkingPrinter(ClockReader):
+    def test_tells_its_time_as_often_as_it_is_asked(self):
+        out, err = self.start(CLOCK).communicate("\n\n", timeout=60)
+        self.assertRegex(out, r"\A(\(0, '\d{12}'\)\n){3}\Z")
+        self.assertEqual(err, "")
+
+
+class ABusyPrinter(ClockReader):
+    printer_flags = ["--demora", "2000"]
+
+    def wait_for_frame(self):
+        until(lambda: " - Output : " in self.log_so_far(), "the first frame")
+
+    def log_so_far(self):
+        try:
+            return self.log()
+        except FileNotFoundError:
+            return ""
+
+    def test_is_waited_for(self):
+        out, _ = self.read_once()
+        self.assertRegex(out, r"\(0, '\d{12}'\)")
+
+    def test_a_host_killed_in_mid_exchange_leaves_the_port_free(self):
+        killed = self.start(CLOCK)
+        self.wait_for_frame()
+        killed.kill()
+        killed.communicate()
+        out, _ = self.read_once()
+        self.assertTrue(out.startswith("(0, "), out)
+
+    def test_a_printer_unplugged_in_mid_exchange_ends_the_call(self):
+        host = self.start(CLOCK)
+        self.wait_for_frame()
+        self.stop_printer(how=signal.SIGKILL)
+        began = time.monotonic()
+        out, err = host.communicate(timeout=60)
+        self.assertLess(time.monotonic() - began, 4.0)
+        self.expect_failure(out, err, 8020, f"Se perdió la conexión con COM{self.port}")
+
+
+class AnAbsentPrinter(ClockReader):
+    def test_is_a_failure_in_words(self):
+        self.stop_printer()
+        out, err = self.read_once()
+        self.expect_failure(out, err, 8015, f"No existe el dispositivo COM{self.port}")
+
+    def test_comes_back_without_a_new_start_of_the_host(self):
+        self.stop_printer()
+        host = self.start(CLOCK)
+        self.assertTrue(host.stdout.readline().startswith("(1, "))
+        self.start_printer()
+        out, _ = host.communicate("\n", timeout=60)
+        self.assertTrue(out.startswith("(0, "), out)
+
+
+class APortThatIsNone(ClockReader):
+    def test_is_a_failure_in_words(self):
+        self.plug_in(self.path("Fiscal.ini"))
+        out, err = self.read_once()
+        self.expect_failure(out, err, 8015, f"COM{self.port} no es un puerto serie")
+
+
+class ASilentPrinter(ClockReader):
+    def test_ends_in_the_question_that_nobody_answers_and_in_a_failure(self):
+        self.printer.send_signal(signal.SIGSTOP)
+        self.addCleanup(self.printer.send_signal, signal.SIGCONT)
+        began = time.monotonic()
+        out, err = self.read_once()
+        self.assertTrue(out.startswith("(1, "), out)
+        self.assertIn("Error de Comunicación con la fiscal. Reintentar?", err)
+        self.assertTrue(4.0 < time.monotonic() - began < 12.0)
+
+
+if __name__ == "__main__":
+    unittest.main()
