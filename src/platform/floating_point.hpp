@@ -16,7 +16,8 @@ class FloatingPoint {
 
  private:
   std::fenv_t hosts_{};
-  std::uint32_t hosts_vector_control_ = 0;  // where the system's library leaves that part out
+  // For where the system's library leaves that part out.
+  [[maybe_unused]] std::uint32_t hosts_vector_control_ = 0;
 };
 
 }  // namespace kestra

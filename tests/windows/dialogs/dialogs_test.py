@@ -113,12 +113,14 @@ class Dialog:
 
     def __init__(self, *arguments):
         self.process = subprocess.Popen([WINE, PROGRAM, *arguments], stdin=subprocess.DEVNULL,
-                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+                                        stdout=subprocess.PIPE, stderr=open("/tmp/w2/err.log","ab"))
         lines = []
         for line in self.process.stdout:
             lines.append(line.decode("utf-8"))
             if lines[-1].strip() == "ready":
                 break
+        else:
+            raise AssertionError(f"{arguments}: ended with {self.process.wait(SECONDS)} after {lines}")
         self.shown = Shown(lines)
 
     def press(self, *keys):
