@@ -1,7 +1,6 @@
 #include "frame/host_buffer.hpp"
 
 #include <algorithm>
-#include <array>
 
 #include "fields/text_field.hpp"
 #include "platform/host_memory.hpp"
@@ -17,14 +16,10 @@ std::string LeerCadena(const void* pointer, std::int32_t length) {
 
 std::string LeerTextoTerminado(const char* pointer) {
   std::string text;
-  std::array<char, 256> piece{};
-  while (pointer != nullptr) {
-    const std::string_view read(piece.data(), ReadHostMemory(piece.data(), pointer, piece.size()));
-    const auto end = read.find('\0');
-    text.append(read.substr(0, end));
-    if (end != std::string_view::npos || read.size() < piece.size()) break;
-    pointer += piece.size();
-  }
+  if (pointer == nullptr) return text;
+  // A byte at a time: what lies behind the zero is none of ours.
+  char byte = '\0';
+  while (ReadHostMemory(&byte, pointer + text.size(), 1) == 1 && byte != '\0') text += byte;
   return text;
 }
 

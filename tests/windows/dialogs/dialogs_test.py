@@ -113,7 +113,7 @@ class Dialog:
 
     def __init__(self, *arguments):
         self.process = subprocess.Popen([WINE, PROGRAM, *arguments], stdin=subprocess.DEVNULL,
-                                        stdout=subprocess.PIPE, stderr=open("/tmp/w2/err.log","ab"))
+                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         lines = []
         for line in self.process.stdout:
             lines.append(line.decode("utf-8"))
