@@ -62,12 +62,18 @@ inline constexpr std::array kTiposFiscales = {
                .al_cerrar = "T"},
 };
 
-// The row of a family and type; null for a pair that is never issued.
-constexpr const TipoFiscal* BuscarTipoFiscal(std::string_view familia, std::string_view tipo) {
-  for (const auto& fila : kTiposFiscales) {
+// The row of a family and type in a table of documents; null for a pair that it has not.
+template <typename Tabla>
+constexpr const typename Tabla::value_type* BuscarFila(const Tabla& tabla, std::string_view familia,
+                                                       std::string_view tipo) {
+  for (const auto& fila : tabla) {
     if (fila.familia == familia && fila.tipo == tipo) return &fila;
   }
   return nullptr;
+}
+
+constexpr const TipoFiscal* BuscarTipoFiscal(std::string_view familia, std::string_view tipo) {
+  return BuscarFila(kTiposFiscales, familia, tipo);
 }
 
 // The bytes by which the families call the same command.

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "documents/closing.hpp"
+#include "documents/document_kinds.hpp"
 #include "fields/text_field.hpp"
 #include "frame/command_log.hpp"
 #include "frame/host_buffer.hpp"
@@ -41,15 +42,6 @@ constexpr std::array kCierres = {
     Cierre{"TQ", "FC", "T"},
 };
 
-template <typename Tabla>
-const typename Tabla::value_type* Buscar(const Tabla& tabla, std::string_view familia,
-                                         std::string_view tipo) {
-  for (const auto& fila : tabla) {
-    if (fila.familia == familia && fila.tipo == tipo) return &fila;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 std::int32_t AbrirComprobanteNoFiscalHomologado(Biblioteca& k,
@@ -59,7 +51,7 @@ std::int32_t AbrirComprobanteNoFiscalHomologado(Biblioteca& k,
   if (!Confirmar(k, pregunta)) return kFracaso;
   PonerCopias(apertura);
   PonerDomicilio(apertura);
-  const auto* tipo = Buscar(kAperturas, k.estado.TipoComprobante, apertura.tipo);
+  const auto* tipo = BuscarFila(kAperturas, k.estado.TipoComprobante, apertura.tipo);
   if (tipo == nullptr) return kFracaso;
   EscribirLog(k, tipo->registro);
   return Mandar(k, ComandoDeApertura(k.estado, apertura,
@@ -78,7 +70,7 @@ std::int32_t CerrarComprobanteNoFiscalHomologado(Biblioteca& k, const char* tipo
       LlamadaEntreComillas("EP_CerrrarComprobanteNoFiscalHomologado", {clase, letra});
   if (!Confirmar(k, llamada)) return kFracaso;
   EscribirLog(k, " - Comando : EP_CerrarComprobanteNoFiscalHomologado");
-  const auto* cierre = Buscar(kCierres, k.estado.TipoComprobante, clase);
+  const auto* cierre = BuscarFila(kCierres, k.estado.TipoComprobante, clase);
   if (cierre == nullptr) return kFracaso;
   return Mandar(k, ComandoDeCierre(cierre->familia, cierre->letra, letra));
 }

@@ -1,30 +1,16 @@
 #include "platform/windows/components/module.hpp"
 
+#include "platform/windows/module.hpp"
+
 namespace kestra {
 namespace {
 
-constexpr DWORD kLongestPath = 32768;
-
 using EntryPoint = HRESULT(STDAPICALLTYPE*)();
-
-HMODULE OwnModule() {
-  constexpr DWORD kByAddress =
-      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-  HMODULE module = nullptr;
-  GetModuleHandleExW(kByAddress, reinterpret_cast<LPCWSTR>(&OwnModule), &module);
-  return module;
-}
 
 }  // namespace
 
 std::wstring ModulePath() {
-  for (DWORD size = MAX_PATH; size <= kLongestPath; size *= 2) {
-    std::wstring path(size, L'\0');
-    const DWORD length = GetModuleFileNameW(OwnModule(), path.data(), size);
-    // A path that just fills the buffer was cut.
-    if (length < size) return path.substr(0, length);
-  }
-  return {};
+  return PathOf(OwnModule());
 }
 
 LoadedLibrary::LoadedLibrary(const std::wstring& path) : module_(LoadLibraryW(path.c_str())) {}
