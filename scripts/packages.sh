@@ -10,9 +10,7 @@ ensure_packages() {
   echo "Installing from Debian: ${missing[*]}"
   find_root || return 1
   update_lists
-  install_packages && return 0
-  show_failure
-  return 1
+  install_from_any_suite
 }
 
 # What the Windows library is built and run with: the cross compilers, Wine for both widths, and a display
@@ -35,15 +33,10 @@ ensure_windows_packages() {
   if [ "$(dpkg --print-architecture)" = amd64 ]; then
     dpkg --print-foreign-architectures | grep -qx i386 || "${as_root[@]}" dpkg --add-architecture i386
     update_lists
-    install_packages && return 0
-    rm -f "$install_log"
-    # A list of one architecture that is older than the other's: its libraries do not go together.
-    echo "That did not work; trying with the packages of Debian's main suite alone."
-    install_packages_of_main_suite && return 0
-    show_failure
+    install_from_any_suite && return 0
   fi
   echo "The Windows library cannot be tested here: Debian's packages for it (32-bit Wine among them)" \
-    "cannot be installed on this machine. scripts/test does the Linux half alone." >&2
+    "cannot be installed on this machine. scripts/test --nativo does the Linux half alone." >&2
   return 1
 }
 
@@ -81,9 +74,16 @@ install_packages() {
   rm -f "$install_log"
 }
 
-show_failure() {
+# The missing ones, from all suites or, where their packages do not go together, from the main one alone: the
+# list of one architecture or suite may be older than the other's.
+install_from_any_suite() {
+  install_packages && return 0
+  rm -f "$install_log"
+  echo "That did not work; trying with the packages of Debian's main suite alone."
+  install_packages_of_main_suite && return 0
   cat "$install_log" >&2
   rm -f "$install_log"
+  return 1
 }
 
 # The same from lists of its own, of the main suite alone: there both architectures agree. What an update

@@ -25,8 +25,10 @@ wine_start() {
   wine_wait_for "Wine's server" "$!" wineserver -k0 || return 1
   [ -f "$WINEPREFIX/complete" ] || fresh=yes
   [ "$fresh" = no ] || echo "Making a Windows to run programs in (some 15 seconds)..."
-  if ! "$wine32" wineboot -i >"$wine_directory/wineboot.log" 2>&1; then
-    cat "$wine_directory/wineboot.log" >&2
+  # The first program brings up the rest. Not wineboot: it would start the services a second time, and two
+  # of each make some programs wait ten seconds for an answer.
+  if ! "$wine32" cmd /c exit >"$wine_directory/start.log" 2>&1; then
+    cat "$wine_directory/start.log" >&2
     echo "Wine could not make its prefix in $WINEPREFIX." >&2
     return 1
   fi

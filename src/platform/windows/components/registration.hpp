@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "platform/windows/components/registry.hpp"
+
 namespace kestra {
 
 // Registers the public classes as living in the file `module`: for the machine, or, where this user may
@@ -17,6 +19,9 @@ HRESULT UnregisterModule(const std::wstring& module);
 // True when programs that look the classes up are led to the file `module`, by a registration that is
 // complete and meant to stay.
 bool IsRegistered(const std::wstring& module);
+
+// True when the hive's registration, lasting or not, names the file `module`.
+bool NamesFile(const Hive& hive, const std::wstring& module);
 
 // Says of the registration that names `module` that it lasts for a start-up only. Another registering
 // takes the mark away.

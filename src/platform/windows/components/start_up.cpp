@@ -8,6 +8,7 @@
 #include "platform/windows/components/com_ptr.hpp"
 #include "platform/windows/components/module.hpp"
 #include "platform/windows/components/registration_lock.hpp"
+#include "platform/windows/components/users_class.hpp"
 
 namespace kestra {
 namespace {
@@ -22,13 +23,19 @@ HRESULT CallOwnEntry(const char* entry) {
   return LoadedLibrary(ModulePath()).Call(entry);
 }
 
-HRESULT CreateAndCall() {
+HRESULT CreateInitObject(ComPtr<IInitClass>& object) {
   CLSID id{};
-  HRESULT result = CLSIDFromProgID(L"Kestra.InitClass", &id);
-  if (FAILED(result)) return result;
+  const HRESULT found = CLSIDFromProgID(L"Kestra.InitClass", &id);
+  if (FAILED(found)) return found;
+  return CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IInitClass),
+                          object.ReceiveAny());
+}
+
+HRESULT CreateAndCall() {
   ComPtr<IInitClass> object;
-  result = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IInitClass),
-                            object.ReceiveAny());
+  HRESULT result = CreateInitObject(object);
+  // Systems that look for the machine's classes alone know nothing of those of a user without rights.
+  if (FAILED(result)) result = CreateUsersInitObject(object.ReceiveAny());
   return FAILED(result) ? result : object->InitVBCall();
 }
 
