@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/floating_point.hpp"
 #include "platform/host_memory.hpp"
 
 namespace kestra {
@@ -62,6 +63,7 @@ void HostOperator::Set(const KestraOperador* record) {
 
 std::int32_t HostOperator::Message(std::string_view text, std::string_view title,
                                    std::int32_t style) {
+  const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
   const KestraOperador host = record_;
   if (host.mensaje == nullptr) return fallback_.Message(text, title, style);
   const std::int32_t answer =
@@ -71,6 +73,7 @@ std::int32_t HostOperator::Message(std::string_view text, std::string_view title
 }
 
 bool HostOperator::StatusReport(const InformeEstados& informe) {
+  const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
   const KestraOperador host = record_;
   if (host.informe_estados == nullptr) return fallback_.StatusReport(informe);
   const Rows rows(informe.filas);
@@ -79,6 +82,7 @@ bool HostOperator::StatusReport(const InformeEstados& informe) {
 }
 
 void HostOperator::MemoryFull() {
+  const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
   const KestraOperador host = record_;
   if (host.memoria_llena == nullptr) {
     fallback_.MemoryFull();

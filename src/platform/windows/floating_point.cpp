@@ -27,16 +27,16 @@ void SetVectorControl(std::uint32_t control) {
 }  // namespace
 
 FloatingPoint::FloatingPoint() noexcept {
+  // First of all: the run time may set up both units anew where it is asked for one.
+  if (HasVectorUnit()) hosts_vector_control_ = VectorControl();
   std::feholdexcept(&hosts_);
   std::fesetenv(FE_PC53_ENV);  // doubles, and no digit more
-  if (!HasVectorUnit()) return;
-  hosts_vector_control_ = VectorControl();
-  SetVectorControl(kDefaultVectorControl);
+  if (HasVectorUnit()) SetVectorControl(kDefaultVectorControl);
 }
 
 FloatingPoint::~FloatingPoint() {
-  if (HasVectorUnit()) SetVectorControl(hosts_vector_control_);
   std::fesetenv(&hosts_);
+  if (HasVectorUnit()) SetVectorControl(hosts_vector_control_);
 }
 
 }  // namespace kestra

@@ -14,6 +14,15 @@ std::size_t WithinPage(const void* address, std::size_t count) {
   return std::min<std::size_t>(count, kPage - reinterpret_cast<std::uintptr_t>(address) % kPage);
 }
 
+// The system writes over code when it is asked to as below, which is right for debuggers alone.
+bool MayBeWritten(const void* address) {
+  constexpr DWORD kWritable =
+      PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
+  MEMORY_BASIC_INFORMATION pages = {};
+  return ::VirtualQuery(address, &pages, sizeof pages) != 0 && pages.State == MEM_COMMIT &&
+         (pages.Protect & kWritable) != 0 && (pages.Protect & PAGE_GUARD) == 0;
+}
+
 }  // namespace
 
 // The system copies and says when a page is not there, instead of raising what a host cannot catch.
@@ -38,7 +47,8 @@ std::size_t WriteHostMemory(void* to, const void* from, std::size_t count) noexc
     auto* there = static_cast<char*>(to) + done;
     const auto part = WithinPage(there, count - done);
     SIZE_T copied = 0;
-    if (!::WriteProcessMemory(::GetCurrentProcess(), there, static_cast<const char*>(from) + done,
+    if (!MayBeWritten(there) ||
+        !::WriteProcessMemory(::GetCurrentProcess(), there, static_cast<const char*>(from) + done,
                               part, &copied)) {
       return done;
     }

@@ -3,5 +3,7 @@
 #define INVOKE_H
 
 #define INVOKE(outcome, function, arguments) ((outcome) = function arguments)
+/* A function without a result. */
+#define INVOKE_VOID(function, arguments) function arguments
 
 #endif

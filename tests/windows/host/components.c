@@ -12,7 +12,9 @@
 #define NO_SUCH_CLASS ((int32_t)0x80040111)
 
 Found find(const char* name) {
-  const Found found = (Found)(uintptr_t)GetProcAddress(GetModuleHandleW(L"Kestra.dll"), name);
+  static HMODULE library = NULL;
+  if (library == NULL) library = LoadLibraryW(L"Kestra.dll");
+  const Found found = (Found)(uintptr_t)GetProcAddress(library, name);
   if (found == NULL) {
     fprintf(stderr, "Kestra.dll has no %s\n", name);
     exit(EXIT_FAILURE);

@@ -21,17 +21,20 @@ void expect_stack(const char* what, intptr_t before, intptr_t after);
 #define READ_STACK(place) __asm__ volatile("movq %%rsp, %0" : "=m"(place) : : "memory")
 #endif
 
-/* The call as if the function had the type of `shape`. */
-#define INVOKE_AS(outcome, shape, name, arguments)                      \
+/* The call as if the function had the type of `shape`; what becomes of its result stands before. */
+#define INVOKE_INTO(result, shape, name, arguments)                     \
   do {                                                                  \
     __typeof__(shape)* const called = (__typeof__(shape)*)(find(name)); \
     volatile intptr_t stack_before = 0, stack_after = 0;                \
     READ_STACK(stack_before);                                           \
-    (outcome) = called arguments;                                       \
+    result called arguments;                                            \
     READ_STACK(stack_after);                                            \
     expect_stack(name, stack_before, stack_after);                      \
   } while (0)
 
+#define INVOKE_AS(outcome, shape, name, arguments) INVOKE_INTO((outcome) =, shape, name, arguments)
 #define INVOKE(outcome, function, arguments) INVOKE_AS(outcome, function, #function, arguments)
+/* A function without a result. */
+#define INVOKE_VOID(function, arguments) INVOKE_INTO((void), function, #function, arguments)
 
 #endif

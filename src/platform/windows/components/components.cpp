@@ -1,5 +1,8 @@
 #include "platform/components.hpp"
 
+#include <windows.h>
+
+#include "platform/host_memory.hpp"
 #include "platform/windows/components/class_factory.hpp"
 #include "platform/windows/components/com_guard.hpp"
 #include "platform/windows/components/module.hpp"
@@ -20,6 +23,15 @@ HRESULT MakeFactory(REFCLSID class_id, REFIID interface_id, void** object) {
   return CLASS_E_CLASSNOTAVAILABLE;
 }
 
+// The caller's memory need not be there, as with every other export.
+bool Take(GUID& here, const void* there) {
+  return there != nullptr && ReadHostMemory(&here, there, sizeof here) == sizeof here;
+}
+
+bool Give(void** there, void* object) {
+  return there != nullptr && WriteHostMemory(there, &object, sizeof object) == sizeof object;
+}
+
 }  // namespace
 
 std::int32_t RegisterComponents() {
@@ -31,13 +43,16 @@ std::int32_t UnregisterComponents() {
 }
 
 std::int32_t ComponentFactory(const void* class_id, const void* interface_id, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (class_id == nullptr || interface_id == nullptr) return E_INVALIDARG;
-  return ComGuard([&] {
-    return MakeFactory(*static_cast<const CLSID*>(class_id), *static_cast<const IID*>(interface_id),
-                       object);
-  });
+  void* factory = nullptr;
+  if (!Give(object, factory)) return E_POINTER;
+  CLSID class_name{};
+  IID interface_name{};
+  if (!Take(class_name, class_id) || !Take(interface_name, interface_id)) return E_INVALIDARG;
+  const HRESULT result =
+      ComGuard([&] { return MakeFactory(class_name, interface_name, &factory); });
+  if (FAILED(result) || Give(object, factory)) return result;
+  static_cast<IUnknown*>(factory)->Release();
+  return E_POINTER;
 }
 
 bool ComponentsInUse() {

@@ -1,0 +1,177 @@
+// Loading, leaving and ending, the way that hosts do it.
+
+#include <kestra/kestra.h>
+#include <windows.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+#include "exports.hpp"
+#include "stories.hpp"
+
+namespace armour {
+namespace {
+
+constexpr const wchar_t* kLibrary = L"Kestra.dll";
+constexpr DWORD kPatience = 30000;  // milliseconds; only a failing test waits so long
+
+template <class Function>
+Function Entry(HMODULE library, const char* name) {
+  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
+}
+
+using Plain = std::int32_t(KESTRA_CALL*)();
+using Adjust = std::int32_t(KESTRA_CALL*)(double);
+using SetOperator = void(KESTRA_CALL*)(const KestraOperador*);
+using ReadClock = std::int32_t(KESTRA_CALL*)(char*);
+
+int32_t KESTRA_CALL Decline(void*, const char*, const char*, int32_t style) {
+  return style == 0 ? 1 : 7;
+}
+
+int32_t KESTRA_CALL Close(void*, const char*, const char*, const KestraFila*, int32_t) {
+  return 0;
+}
+
+void KESTRA_CALL Nothing(void*) {}
+
+HMODULE Load(const wchar_t* file = kLibrary) {
+  static const KestraOperador quiet = {sizeof quiet, nullptr, Decline, Close, Nothing};
+  const HMODULE library = LoadLibraryW(file);
+  if (library == nullptr) {
+    Fail("LoadLibrary", "error " + std::to_string(GetLastError()));
+    ExitProcess(1);
+  }
+  Entry<SetOperator>(library, "Kestra_DefinirOperador")(&quiet);
+  return library;
+}
+
+bool IsLoaded() {
+  return GetModuleHandleW(kLibrary) != nullptr;
+}
+
+Target OfSystem(const char* name, std::uintptr_t word) {
+  const auto found = GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name);
+  return {name, reinterpret_cast<std::uintptr_t>(found), {word}};
+}
+
+DWORD WINAPI LoadAndLeave(void*) {
+  for (int i = 0; i < 40; ++i) {
+    const HMODULE library = LoadLibraryW(kLibrary);
+    if (library == nullptr) return 1;
+    // Turned away or done: both say zero.
+    if (Entry<Adjust>(library, "EP_AjusteRedondeo")(1.0) != 0) return 2;
+    FreeLibrary(library);
+  }
+  return 0;
+}
+
+DWORD WINAPI AskForTheTime(void* library) {
+  std::array<char, 12> time{};
+  Entry<ReadClock>(static_cast<HMODULE>(library), "EP_ObtenerFechaHora")(time.data());
+  return 0;
+}
+
+// A thread that has called the library outlives it.
+DWORD WINAPI CallAndOutlive(void* events) {
+  const auto* const both = static_cast<const HANDLE*>(events);
+  const HMODULE library = LoadLibraryW(kLibrary);
+  Entry<Plain>(library, "EP_CortaPapel")();  // fails inside: there was no start
+  FreeLibrary(library);
+  SetEvent(both[0]);
+  WaitForSingleObject(both[1], kPatience);
+  return 0;
+}
+
+}  // namespace
+
+// What the system's own files do to the units when they are loaded is theirs: they are there before.
+void LoadingKeepsTheUnits() {
+  for (const auto* const file :
+       {L"advapi32", L"comctl32", L"gdi32", L"ole32", L"oleaut32", L"user32"}) {
+    LoadLibraryW(file);
+  }
+  for (const Habit& habit : Habits()) {
+    const auto path = reinterpret_cast<std::uintptr_t>(kLibrary);
+    CallIntact(OfSystem("LoadLibraryW", path), habit);
+    const HMODULE library = GetModuleHandleW(kLibrary);
+    Expect(library != nullptr, habit.name, "the library was not loaded");
+    CallIntact(OfSystem("FreeLibrary", reinterpret_cast<std::uintptr_t>(library)), habit);
+    Expect(!IsLoaded(), habit.name, "the library stayed");
+  }
+}
+
+void LoadingFromManyThreads() {
+  std::array<HANDLE, 8> threads{};
+  for (auto& thread : threads) thread = CreateThread(nullptr, 0, LoadAndLeave, nullptr, 0, nullptr);
+  const auto count = static_cast<DWORD>(threads.size());
+  const DWORD waited = WaitForMultipleObjects(count, threads.data(), TRUE, kPatience);
+  Expect(waited == WAIT_OBJECT_0, "many threads", "some of them hang");
+  for (const HANDLE thread : threads) {
+    DWORD result = 99;
+    GetExitCodeThread(thread, &result);
+    Expect(result == 0, "many threads", "one ended with " + std::to_string(result));
+  }
+  Expect(!IsLoaded(), "many threads", "the library stayed");
+}
+
+void LoadingTwice() {
+  const HMODULE first = Load(), again = Load();
+  Expect(first == again, "twice", "one file is two libraries");
+  FreeLibrary(again);
+  Expect(Entry<Plain>(first, "EP_Init")() == 1, "twice", "the first was gone with the second");
+  CopyFileW(kLibrary, L"Otra.dll", FALSE);
+  const HMODULE other = Load(L"Otra.dll");
+  Expect(first != other, "a copy", "is the same library");
+  Expect(Entry<Plain>(other, "EP_Init")() == 1, "a copy", "does not start beside the other");
+  Expect(Entry<Plain>(first, "DllCanUnloadNow")() == 1, "a copy", "ended the other");
+  Entry<Plain>(other, "EP_Kill")();
+  Expect(Entry<Plain>(first, "DllCanUnloadNow")() == 1, "a copy", "took the other's port along");
+  FreeLibrary(other);
+  Entry<Plain>(first, "EP_Kill")();
+  FreeLibrary(first);
+  Expect(!IsLoaded(), "twice", "the library stayed");
+}
+
+// The component system may keep the library then, which is as good as leaving: the host sees a start like the
+// first.
+void LeavingWithoutAGoodbye() {
+  for (int i = 0; i < 5; ++i) {
+    const HMODULE library = Load();
+    Expect(Entry<Plain>(library, "EP_Init")() == 1, "no goodbye", "the next start fails");
+    std::array<char, 12> time{};
+    Expect(Entry<ReadClock>(library, "EP_ObtenerFechaHora")(time.data()) == 0, "no goodbye",
+           "the printer does not answer");
+    FreeLibrary(library);
+  }
+}
+
+void LeavingThreadsBehind() {
+  HANDLE events[] = {CreateEventW(nullptr, FALSE, FALSE, nullptr),
+                     CreateEventW(nullptr, FALSE, FALSE, nullptr)};
+  const HMODULE library = Load();
+  const HANDLE thread = CreateThread(nullptr, 0, CallAndOutlive, events, 0, nullptr);
+  WaitForSingleObject(events[0], kPatience);
+  FreeLibrary(library);
+  Expect(!IsLoaded(), "a thread that outlives it", "keeps the library");
+  SetEvent(events[1]);
+  Expect(WaitForSingleObject(thread, kPatience) == WAIT_OBJECT_0, "a thread that outlives it",
+         "hangs");
+}
+
+// The component system may still have the library: it is left to the end of the process.
+void EndingWithoutAGoodbye() {
+  Expect(Entry<Plain>(Load(), "EP_Init")() == 1, "the end", "no start");
+}
+
+// The printer is silent: the call waits for it with the port open when the host ends.
+void EndingInMidCall() {
+  const HMODULE library = Load();
+  Expect(Entry<Plain>(library, "EP_Init")() == 1, "the end", "no start");
+  const HANDLE thread = CreateThread(nullptr, 0, AskForTheTime, library, 0, nullptr);
+  Expect(WaitForSingleObject(thread, 1000) == WAIT_TIMEOUT, "the end", "the call does not wait");
+}
+
+}  // namespace armour
