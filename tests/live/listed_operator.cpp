@@ -1,0 +1,50 @@
+#include "live/listed_operator.hpp"
+
+#include "kestra/kestra.h"
+
+namespace kestra::live {
+namespace {
+
+FakeOperator& PersonOf(void* context) {
+  return *static_cast<FakeOperator*>(context);
+}
+
+std::int32_t KESTRA_CALL Message(void* context, const char* text, const char* title,
+                                 std::int32_t style) {
+  return PersonOf(context).Message(text, title, style);
+}
+
+std::int32_t KESTRA_CALL StatusReport(void* context, const char* printer, const char* fiscal,
+                                      const KestraFila* rows, std::int32_t count) {
+  InformeEstados report{.impresora = printer, .fiscal = fiscal, .filas = {}};
+  for (std::int32_t i = 0; i < count; ++i) {
+    report.filas.push_back({.grupo = rows[i].grupo,
+                            .numero = rows[i].numero,
+                            .error = rows[i].clase != 0,
+                            .encendida = rows[i].encendida != 0,
+                            .texto = rows[i].texto,
+                            .ayuda = rows[i].ayuda});
+  }
+  return PersonOf(context).StatusReport(report) ? 1 : 0;
+}
+
+void KESTRA_CALL MemoryFull(void* context) {
+  PersonOf(context).MemoryFull();
+}
+
+}  // namespace
+
+ListedOperator::ListedOperator() {
+  const KestraOperador record{.tamano = sizeof(KestraOperador),
+                              .contexto = &person_,
+                              .mensaje = &Message,
+                              .informe_estados = &StatusReport,
+                              .memoria_llena = &MemoryFull};
+  Kestra_DefinirOperador(&record);
+}
+
+ListedOperator::~ListedOperator() {
+  Kestra_DefinirOperador(nullptr);
+}
+
+}  // namespace kestra::live
