@@ -1,12 +1,16 @@
 # What both Windows toolchains share. A file that includes this has set `triplet`, and `processor_flags`
-# where the processor wants some.
+# where the processor wants some; a program that needs more than the library may have set `thread_model`
+# and `windows_version`.
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_C_COMPILER ${triplet}-gcc)
-set(CMAKE_CXX_COMPILER ${triplet}-g++)
+set(CMAKE_C_COMPILER ${triplet}-gcc${thread_model})
+set(CMAKE_CXX_COMPILER ${triplet}-g++${thread_model})
 set(CMAKE_RC_COMPILER ${triplet}-windres)
 
 # Tills are old: nothing newer than Windows XP.
-set(CMAKE_C_FLAGS_INIT "-D_WIN32_WINNT=0x0501 -DWINVER=0x0501 ${processor_flags}")
+if(NOT windows_version)
+  set(windows_version 0x0501)
+endif()
+set(CMAKE_C_FLAGS_INIT "-D_WIN32_WINNT=${windows_version} -DWINVER=${windows_version} ${processor_flags}")
 set(CMAKE_CXX_FLAGS_INIT "${CMAKE_C_FLAGS_INIT}")
 
 # One file: the compiler's own libraries go inside. And no date in it: the same sources, the same bytes.

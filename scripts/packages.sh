@@ -29,15 +29,32 @@ ensure_windows_packages() {
   missing_packages "${windows_packages[@]}"
   [ ${#missing[@]} -eq 0 ] && return 0
   echo "Installing from Debian: ${missing[*]}"
-  find_root || return 1
-  if [ "$(dpkg --print-architecture)" = amd64 ]; then
-    dpkg --print-foreign-architectures | grep -qx i386 || "${as_root[@]}" dpkg --add-architecture i386
+  if [ "$(dpkg --print-architecture)" = amd64 ] && find_root && know_i386; then
     update_lists
     install_from_any_suite && return 0
   fi
   echo "The Windows library cannot be tested here: Debian's packages for it (32-bit Wine among them)" \
     "cannot be installed on this machine. scripts/test --nativo does the Linux half alone." >&2
   return 1
+}
+
+know_i386() {
+  dpkg --print-foreign-architectures | grep -qx i386 || "${as_root[@]}" dpkg --add-architecture i386
+}
+
+# The virtual printer's libraries: its loop, its panel, its memory, the pictures of its paper.
+# shellcheck disable=SC2034
+printer_packages=(
+  libasio-dev libcpp-httplib-dev nlohmann-json3-dev libsqlite3-dev libfreetype-dev libpng-dev
+  fonts-dejavu-core
+)
+
+# ensure_browser: what the panel's page is tested in. Node.js may be there without Debian's packages.
+ensure_browser() {
+  local wanted=(chromium)
+  command -v node >/dev/null || wanted+=(nodejs)
+  command -v npm >/dev/null || wanted+=(npm)
+  ensure_packages "${wanted[@]}"
 }
 
 # Fills `missing` with those of the packages that are not installed.
@@ -55,7 +72,7 @@ find_root() {
   as_root=()
   [ "$(id -u)" -eq 0 ] && return 0
   command -v sudo >/dev/null || {
-    echo "Not root and no sudo here. Install them yourself: apt-get install ${missing[*]}" >&2
+    echo "Not root and no sudo here. Let root install: ${missing[*]}" >&2
     return 1
   }
   as_root=(sudo)

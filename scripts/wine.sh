@@ -77,6 +77,7 @@ wine_wait_for() {
     kill -0 "$process" 2>/dev/null || break
     sleep 0.05
   done
-  echo "$what did not start; see $wine_directory" >&2
+  echo "$what did not start:" >&2
+  tail -n 5 "$wine_directory"/*.log >&2 2>/dev/null || true
   return 1
 }

@@ -49,9 +49,9 @@ constexpr std::array kSetClockFields{FieldRow{"fecha", kDate}, FieldRow{"hora", 
 constexpr std::array kSheetFields{
     FieldRow{"operación", kChoice, 0, "QD"}, FieldRow{"objeto", kChoice, 0, "LP"},
     FieldRow{"hoja", kChoice, 0, "T"}, FieldRow{"acción", kChoice, 0, "TO"}};
-constexpr std::array kSetHeaderFields{FieldRow{"línea", kNumber, kHeaderLines},
+constexpr std::array kSetHeaderFields{FieldRow{"línea", kNumber, kHeaderLines + kTrailerLines},
                                       FieldRow{"texto", kText, kLongText}};
-constexpr std::array kReadHeaderFields{FieldRow{"línea", kNumber, kHeaderLines}};
+constexpr std::array kReadHeaderFields{FieldRow{"línea", kNumber, kHeaderLines + kTrailerLines}};
 constexpr std::array kOpenInvoiceFields{
     FieldRow{"tipo", kChoice, 0, "FTDMNEC"},
     FieldRow{"papel", kChoice, 0, kCapitals},

@@ -44,6 +44,9 @@ std::span<const CommandRow> Commands();
 // The row for a byte, whatever the family, or null.
 const CommandRow* FindCommand(std::uint8_t byte);
 
+// What an open document will be known by; money and end are the caller's.
+Receipt ReceiptOf(const Document& document);
+
 // Fiscal documents.
 Outcome OpenTicket(Machine& m, const Fields& f);
 Outcome OpenInvoice(Machine& m, const Fields& f);

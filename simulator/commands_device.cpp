@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "calendar.hpp"
 #include "commands.hpp"
 #include "layout.hpp"
@@ -83,6 +85,19 @@ constexpr std::array<StatusQuery, 5> kStatusQueries{{
     {'D', DayFigures},
 }};
 
+// The fiscal clock never goes back behind what the printer has recorded.
+std::int64_t EarliestClock(const Machine& m) {
+  const std::int64_t closed = m.closings.empty() ? 0 : m.closings.back().moment;
+  return m.day.opened ? std::max(closed, m.now) : closed;
+}
+
+// The header's lines, then the trailer's, counted from 1.
+std::string* FindLine(Machine& m, std::int64_t number) {
+  if (number < 1 || number > kHeaderLines + kTrailerLines) return nullptr;
+  const auto index = static_cast<std::size_t>(number - 1);
+  return index < kHeaderLines ? &m.header.at(index) : &m.trailer.at(index - kHeaderLines);
+}
+
 }  // namespace
 
 Outcome OpenNonFiscal(Machine& m, const Fields& /*f*/) {
@@ -101,6 +116,7 @@ Outcome CloseNonFiscal(Machine& m, const Fields& /*f*/) {
   m.non_fiscal_open = false;
   ++m.day.non_fiscal;
   ++m.documents_closed;
+  m.Finish({.receipt_class = ReceiptClass::kNonFiscal, .kind = "DOCUMENTO NO FISCAL"});
   return {};
 }
 
@@ -112,7 +128,7 @@ Outcome QueryStatus(Machine& m, const Fields& f) {
 }
 
 Outcome CutPaper(Machine& m, const Fields& /*f*/) {
-  m.paper.Rule('~');
+  m.paper.Cut();
   return {};
 }
 
@@ -123,6 +139,7 @@ Outcome FeedPaper(Machine& m, const Fields& f) {
 
 Outcome SetClock(Machine& m, const Fields& f) {
   const std::int64_t wanted = f.Number(0) + f.Number(1);
+  if (wanted < EarliestClock(m)) return Refused(kWrongState);
   m.clock_offset += wanted - m.now;
   m.now = wanted;
   return {};
@@ -133,17 +150,16 @@ Outcome ReadClock(Machine& m, const Fields& /*f*/) {
 }
 
 Outcome SetHeader(Machine& m, const Fields& f) {
-  const std::int64_t line = f.Number(0);
-  if (line < 1) return Refused(kInvalidField);
-  m.header.at(static_cast<std::size_t>(line - 1)) = TrimRight(f.Text(1));
+  std::string* const line = FindLine(m, f.Number(0));
+  if (line == nullptr) return Refused(kInvalidField);
+  *line = TrimRight(f.Text(1));
   return {};
 }
 
 Outcome ReadHeader(Machine& m, const Fields& f) {
-  const std::int64_t line = f.Number(0);
-  if (line < 1) return Refused(kInvalidField);
-  return {.error = 0,
-          .fields = {std::to_string(line), m.header.at(static_cast<std::size_t>(line - 1))}};
+  const std::string* const line = FindLine(m, f.Number(0));
+  if (line == nullptr) return Refused(kInvalidField);
+  return {.error = 0, .fields = {std::to_string(f.Number(0)), *line}};
 }
 
 Outcome OpenDrawer(Machine& m, const Fields& /*f*/) {

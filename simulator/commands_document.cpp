@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <utility>
 
 #include "commands.hpp"
+#include "cuit.hpp"
 #include "layout.hpp"
 #include "status.hpp"
 #include "text.hpp"
@@ -11,6 +13,7 @@ namespace {
 enum OpenField : std::size_t {
   kKind = 0,
   kLetter = 2,
+  kCopies = 3,
   kCustomerIva = 7,
   kName,
   kNameMore,
@@ -27,11 +30,17 @@ constexpr std::size_t kInvoiceFirstExtra = 7;
 constexpr std::size_t kInvoiceLastExtra = 9;
 constexpr std::size_t kInvoiceInternal = 11;
 
-Outcome Open(Machine& m, const DocumentKind& kind, char letter, Customer customer) {
-  if (m.MemoryFull() || m.ClosingDue()) return Refused(kWrongState);
+Outcome Open(Machine& m, const DocumentKind& kind, char letter, Customer customer, int copies) {
+  if (m.MemoryFull() || m.MemoryDamaged() || m.ClosingDue()) return Refused(kWrongState);
   if (!m.day.opened) m.day.opened = m.now;
-  const std::uint32_t number = m.numbering.Next(kind.series, letter);
-  m.document.emplace(kind, letter, number, std::move(customer));
+  const std::int64_t moved = kind.sales_sign < 0 ? m.day.credits.total : m.day.sales.total;
+  DocumentContent content;
+  content.letter = letter;
+  content.number = m.numbering.Next(kind.series, letter);
+  content.largest_total = std::min(kLargestTotal, kLargestDay - moved);
+  content.customer = std::move(customer);
+  content.copies = copies;
+  m.document.emplace(kind, std::move(content));
   PrintDocumentHead(m);
   return {};
 }
@@ -93,7 +102,8 @@ Outcome EnterItem(Machine& m, const Fields& f, std::size_t internal_field) {
                   .price = f.Number(kPrice),
                   .rate = f.Number(kRate),
                   .amount = *amount,
-                  .internal = *internal};
+                  .internal = *internal,
+                  .internal_each = f.Number(internal_field)};
   const Qualifier& qualifier = FindQualifier(f.Letter(kQualifier));
   const Entry entry = (*m.document.*qualifier.enter)(item);
   if (entry != Entry::kDone) return Refused(ErrorOf(entry));
@@ -107,8 +117,8 @@ void SettlePayments(Machine& m) {
   if (!document.paying) PrintTotal(m);
   const std::int64_t left = document.Total().total - document.Paid();
   if (left > 0 && document.kind().sales_sign != 0) {
-    document.Pay({"Efectivo", left});
-    PrintPayment(m, document.payments().back());
+    document.payments.push_back({"Efectivo", left});
+    PrintPayment(m, document.payments.back());
   }
   if (left < 0) PrintChange(m, -left);
 }
@@ -119,17 +129,33 @@ Outcome Close(Machine& m, std::string_view text) {
   SettlePayments(m);
   if (!Trim(text).empty()) m.paper.HostText(text);
   PrintFoot(m);
-  const std::uint32_t number = document.number();
-  m.day.Close(document.kind(), document.Total());
+  PrintCopies(m);
+  const std::uint32_t number = document.number;
+  const Totals totals = document.Total();
+  Receipt receipt = ReceiptOf(document);
+  receipt.total = totals.total;
+  receipt.iva = totals.iva;
+  m.day.Close(document.kind(), totals);
   m.document.reset();
   ++m.documents_closed;
+  m.Finish(std::move(receipt));
   return {.error = 0, .fields = {Padded(number, 8)}};
 }
 
 }  // namespace
 
+Receipt ReceiptOf(const Document& document) {
+  Receipt receipt;
+  receipt.kind = document.kind().title;
+  receipt.code = document.kind().code;
+  receipt.letter = document.letter;
+  receipt.number = document.number;
+  receipt.customer_id = document.customer.id_number;
+  return receipt;
+}
+
 Outcome OpenTicket(Machine& m, const Fields& /*f*/) {
-  return Open(m, kTicketKind, 'B', {});
+  return Open(m, kTicketKind, 'B', {}, 1);
 }
 
 Outcome OpenInvoice(Machine& m, const Fields& f) {
@@ -138,7 +164,10 @@ Outcome OpenInvoice(Machine& m, const Fields& f) {
   if (kind == nullptr || kind->letters.find(letter) == std::string_view::npos) {
     return Refused(kInvalidField);
   }
-  return Open(m, *kind, letter, ReadCustomer(f));
+  Customer customer = ReadCustomer(f);
+  if (m.settings.strict_cuit && !HasGoodCuit(customer)) return Refused(kInvalidField);
+  const int copies = static_cast<int>(f.Number(kCopies));
+  return Open(m, *kind, letter, std::move(customer), copies);
 }
 
 Outcome TicketItem(Machine& m, const Fields& f) {
@@ -165,7 +194,7 @@ Outcome CloseTicket(Machine& m, const Fields& f) {
 
 Outcome CloseInvoice(Machine& m, const Fields& f) {
   const Document& document = *m.document;
-  const bool same = f.Letter(0) == document.kind().code && f.Letter(1) == document.letter();
+  const bool same = f.Letter(0) == document.kind().code && f.Letter(1) == document.letter;
   return same ? Close(m, f.Text(2)) : Refused(kInvalidField);
 }
 

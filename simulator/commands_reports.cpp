@@ -20,22 +20,36 @@ std::vector<std::string> ReportFields(const Day& day, std::uint32_t number) {
 }
 
 template <class Wanted>
-Outcome ListClosings(Machine& m, Wanted wanted) {
+Outcome ListClosings(Machine& m, char detail, Wanted wanted) {
   std::vector<DailyClosing> chosen;
   for (const DailyClosing& closing : m.closings) {
     if (wanted(closing)) chosen.push_back(closing);
   }
-  PrintClosingList(m, chosen);
+  PrintClosingList(m, chosen, detail != 'T');
+  m.Finish({.receipt_class = ReceiptClass::kReport, .kind = "CIERRES Z DE LA MEMORIA FISCAL"});
   return {.error = 0, .fields = {Padded(static_cast<std::int64_t>(chosen.size()), 5)}};
+}
+
+Receipt ReportReceipt(char type, std::uint32_t number, const Day& day) {
+  Receipt receipt;
+  receipt.receipt_class = ReceiptClass::kReport;
+  receipt.kind = type == 'Z' ? "CIERRE Z" : "INFORME X";
+  receipt.number = number;
+  receipt.total = day.sales.total;
+  receipt.iva = day.sales.Iva();
+  return receipt;
 }
 
 }  // namespace
 
 Outcome DailyReport(Machine& m, const Fields& f) {
   const char type = f.Letter(0);
-  if (type == 'Z' && m.MemoryFull()) return Refused(kWrongState);
+  if (type == 'Z' && (m.MemoryFull() || m.MemoryDamaged())) return Refused(kWrongState);
   const auto number = static_cast<std::uint32_t>(m.closings.size() + 1);
-  if (type == 'Z' || f.Letter(1) != 'N') PrintDailyReport(m, type, number);
+  if (type == 'Z' || f.Letter(1) != 'N') {
+    PrintDailyReport(m, type, number);
+    m.Finish(ReportReceipt(type, number, m.day));
+  }
   Outcome outcome{.error = 0, .fields = ReportFields(m.day, number)};
   if (type == 'Z') {
     m.closings.push_back({number, m.now, m.day});
@@ -49,7 +63,7 @@ Outcome ClosingsByNumber(Machine& m, const Fields& f) {
   const std::int64_t first = f.Number(0);
   const std::int64_t last = f.Number(1);
   if (first > last) return Refused(kInvalidField);
-  return ListClosings(m, [first, last](const DailyClosing& closing) {
+  return ListClosings(m, f.Letter(2), [first, last](const DailyClosing& closing) {
     return closing.number >= first && closing.number <= last;
   });
 }
@@ -58,7 +72,7 @@ Outcome ClosingsByDate(Machine& m, const Fields& f) {
   const std::int64_t first = f.Number(0);
   const std::int64_t end = f.Number(1) + kSecondsPerDay;
   if (first >= end) return Refused(kInvalidField);
-  return ListClosings(m, [first, end](const DailyClosing& closing) {
+  return ListClosings(m, f.Letter(2), [first, end](const DailyClosing& closing) {
     return closing.moment >= first && closing.moment < end;
   });
 }

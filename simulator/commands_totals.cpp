@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "commands.hpp"
 #include "layout.hpp"
 #include "status.hpp"
@@ -25,9 +27,11 @@ Outcome Adjust(Machine& m, const Fields& f, int sign) {
 
 Outcome Pay(Machine& m, const Fields& f) {
   Document& document = *m.document;
-  if (!document.paying) PrintTotal(m);
-  document.Pay({std::string(f.Text(0)), f.Number(1)});
-  PrintPayment(m, document.payments().back());
+  if (document.Pay({std::string(f.Text(0)), f.Number(1)}) != Entry::kDone) {
+    return Refused(kOverflow);
+  }
+  if (document.payments.size() == 1) PrintTotal(m);
+  PrintPayment(m, document.payments.back());
   const std::int64_t left = document.Total().total - document.Paid();
   return {.error = 0,
           .fields = {MoneyField(left > 0 ? left : 0), MoneyField(left < 0 ? -left : 0)}};
@@ -36,7 +40,10 @@ Outcome Pay(Machine& m, const Fields& f) {
 Outcome Cancel(Machine& m) {
   PrintCancelled(m);
   ++m.day.cancelled;
+  Receipt receipt = ReceiptOf(*m.document);
+  receipt.cancelled = true;
   m.document.reset();
+  m.Finish(std::move(receipt));
   return {};
 }
 
@@ -66,8 +73,8 @@ Outcome Subtotal(Machine& m, const Fields& f) {
   if (f.Letter(0) == 'P') PrintSubtotal(m);
   const std::int64_t left = totals.total - document.Paid();
   return {.error = 0,
-          .fields = {Padded(document.lines(), 5), Padded(document.units(), 8),
-                     MoneyField(totals.total), MoneyField(totals.iva), MoneyField(document.Paid()),
+          .fields = {Padded(document.lines, 5), Padded(document.units, 8), MoneyField(totals.total),
+                     MoneyField(totals.iva), MoneyField(document.Paid()),
                      MoneyField(totals.internal), MoneyField(totals.perceptions),
                      MoneyField(totals.net), MoneyField(left > 0 ? left : 0)}};
 }

@@ -22,18 +22,27 @@ void AddTo(std::vector<RateBase>& bases, std::int64_t rate, std::int64_t amount)
   }
 }
 
-// Spreads an amount over the rates in proportion to what was sold at each; the last one takes what
+bool Larger(const RateBase& a, const RateBase& b) {
+  return a.amount < b.amount;
+}
+
+// Spreads an amount over the rates in proportion to what was sold at each; the largest takes what
 // rounding leaves over, so that the parts always add up.
 void Spread(std::vector<RateBase>& bases, std::int64_t amount) {
   const std::int64_t whole = Sum(bases);
+  const auto largest = std::max_element(bases.begin(), bases.end(), Larger);
   std::int64_t rest = amount;
-  for (std::size_t i = 0; i + 1 < bases.size() && whole > 0; ++i) {
-    const std::int64_t part = std::clamp<std::int64_t>(bases[i].amount, 0, whole);
-    const std::int64_t share = Share(amount, part, whole);
-    bases[i].amount += share;
+  for (auto base = bases.begin(); base != bases.end() && whole > 0; ++base) {
+    if (base == largest) continue;
+    const std::int64_t share = Share(amount, base->amount, whole);
+    base->amount += share;
     rest -= share;
   }
-  bases.back().amount += rest;
+  largest->amount += rest;
+}
+
+bool AnyNegative(const std::vector<RateBase>& bases) {
+  return std::any_of(bases.begin(), bases.end(), [](const RateBase& b) { return b.amount < 0; });
 }
 
 }  // namespace
@@ -45,12 +54,14 @@ const DocumentKind* FindKind(char code, Family family) {
   return nullptr;
 }
 
-Document::Document(const DocumentKind& kind, char letter, std::uint32_t number, Customer customer)
-    : kind_(&kind), letter_(letter), number_(number), customer_(std::move(customer)) {}
+Document::Document(const DocumentKind& kind, DocumentContent content)
+    : DocumentContent(std::move(content)), kind_(&kind) {}
 
 Entry Document::Sell(const Item& item) {
   const Entry entry = Add(item, 1);
-  if (entry == Entry::kDone) sold_.push_back({item.description, item.price, item.quantity});
+  if (entry == Entry::kDone) {
+    sold.push_back({item.description, item.price, item.quantity, item.rate, item.internal_each});
+  }
   return entry;
 }
 
@@ -59,12 +70,12 @@ Entry Document::Return(const Item& item) {
 }
 
 Entry Document::Void(const Item& item) {
-  const auto matches = [&item](const Sold& sold) {
-    return sold.price == item.price && sold.quantity >= item.quantity &&
-           sold.description == item.description;
+  const auto matches = [&item](const SoldItem& line) {
+    return line.price == item.price && line.quantity >= item.quantity && line.rate == item.rate &&
+           line.internal_each == item.internal_each && line.description == item.description;
   };
-  const auto found = std::find_if(sold_.begin(), sold_.end(), matches);
-  if (found == sold_.end()) return Entry::kRejected;
+  const auto found = std::find_if(sold.begin(), sold.end(), matches);
+  if (found == sold.end()) return Entry::kRejected;
   const Entry entry = Add(item, -1);
   if (entry == Entry::kDone) found->quantity -= item.quantity;
   return entry;
@@ -72,71 +83,73 @@ Entry Document::Void(const Item& item) {
 
 Entry Document::Add(const Item& item, int sign) {
   if (!NetPrices() && item.internal > item.amount) return Entry::kRejected;
-  std::vector<RateBase> bases = bases_;
+  std::vector<RateBase> with = bases;
   const std::int64_t taxed = NetPrices() ? item.amount : item.amount - item.internal;
-  AddTo(bases, item.rate, sign * taxed);
-  const std::int64_t internal = internal_ + sign * item.internal;
-  const Entry entry = Check(bases, internal, perceptions_);
+  AddTo(with, item.rate, sign * taxed);
+  const std::int64_t taxes = internal + sign * item.internal;
+  const Entry entry = Check(with, taxes, perceptions);
   if (entry != Entry::kDone) return entry;
-  bases_ = std::move(bases);
-  internal_ = internal;
-  units_ += sign * item.quantity;
-  ++lines_;
+  bases = std::move(with);
+  internal = taxes;
+  units += sign * item.quantity;
+  ++lines;
   ++lines_on_sheet;
   return Entry::kDone;
 }
 
 Entry Document::Adjust(std::int64_t amount) {
-  if (bases_.empty()) return Entry::kRejected;
-  std::vector<RateBase> bases = bases_;
-  Spread(bases, amount);
-  const Entry entry = Check(bases, internal_, perceptions_);
-  if (entry == Entry::kDone) bases_ = std::move(bases);
+  if (bases.empty()) return Entry::kRejected;
+  std::vector<RateBase> with = bases;
+  Spread(with, amount);
+  const Entry entry = Check(with, internal, perceptions);
+  if (entry == Entry::kDone) bases = std::move(with);
   return entry;
 }
 
 Entry Document::AddPerception(std::int64_t amount) {
-  const Entry entry = Check(bases_, internal_, perceptions_ + amount);
-  if (entry == Entry::kDone) perceptions_ += amount;
+  const Entry entry = Check(bases, internal, perceptions + amount);
+  if (entry == Entry::kDone) perceptions += amount;
   return entry;
 }
 
-void Document::Pay(Payment payment) {
-  payments_.push_back(std::move(payment));
+Entry Document::Pay(Payment payment) {
+  if (Paid() + payment.amount > kLargestTotal) return Entry::kTooLarge;
+  payments.push_back(std::move(payment));
   paying = true;
+  return Entry::kDone;
 }
 
-Entry Document::Check(const std::vector<RateBase>& bases, std::int64_t internal,
-                      std::int64_t perceptions) const {
-  if (Sum(bases) < 0 || internal < 0) return Entry::kRejected;
-  const Totals totals = TotalOf(bases, internal, perceptions);
-  return totals.total > kLargestTotal ? Entry::kTooLarge : Entry::kDone;
+Entry Document::Check(const std::vector<RateBase>& with_bases, std::int64_t with_internal,
+                      std::int64_t with_perceptions) const {
+  if (AnyNegative(with_bases) || with_internal < 0) return Entry::kRejected;
+  const Totals totals = TotalOf(with_bases, with_internal, with_perceptions);
+  return totals.total > largest_total ? Entry::kTooLarge : Entry::kDone;
 }
 
 Totals Document::Total() const {
-  return TotalOf(bases_, internal_, perceptions_);
+  return TotalOf(bases, internal, perceptions);
 }
 
-Totals Document::TotalOf(const std::vector<RateBase>& bases, std::int64_t internal,
-                         std::int64_t perceptions) const {
+Totals Document::TotalOf(const std::vector<RateBase>& with_bases, std::int64_t with_internal,
+                         std::int64_t with_perceptions) const {
   Totals totals;
-  for (const RateBase& base : bases) {
+  for (const RateBase& base : with_bases) {
     const std::int64_t net = NetPrices() ? base.amount : NetOfGross(base.amount, base.rate);
     const std::int64_t iva = NetPrices() ? IvaOnNet(net, base.rate) : base.amount - net;
     totals.rates.push_back({base.rate, net, iva});
     totals.net += net;
     totals.iva += iva;
   }
-  totals.internal = internal;
-  totals.perceptions = perceptions;
-  totals.subtotal = Sum(bases) + (NetPrices() ? 0 : internal);
-  totals.total = totals.net + totals.iva + internal + perceptions;
+  totals.internal = with_internal;
+  totals.perceptions = with_perceptions;
+  totals.subtotal = Sum(with_bases) + (NetPrices() ? 0 : with_internal);
+  totals.total = totals.net + totals.iva + with_internal + with_perceptions;
   return totals;
 }
 
 std::int64_t Document::Paid() const {
   std::int64_t paid = 0;
-  for (const Payment& payment : payments_) paid += payment.amount;
+  for (const Payment& payment : payments) paid += payment.amount;
   return paid;
 }
 

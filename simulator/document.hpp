@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "paper.hpp"
 #include "settings.hpp"
 
 namespace impresora {
@@ -46,6 +47,8 @@ struct Customer {
   std::string name, name_more, id_kind, id_number;
   char iva = 0;
   std::vector<std::string> address;
+
+  bool operator==(const Customer&) const = default;
 };
 
 struct Item {
@@ -55,20 +58,35 @@ struct Item {
   std::int64_t rate = 0;
   std::int64_t amount = 0;    // positive
   std::int64_t internal = 0;  // internal taxes of the whole line, positive
+  std::int64_t internal_each = 0;
 };
 
 struct Payment {
   std::string description;
   std::int64_t amount;
+
+  bool operator==(const Payment&) const = default;
+};
+
+// A line sold, and what voids have left of it.
+struct SoldItem {
+  std::string description;
+  std::int64_t price, quantity, rate, internal_each;
+
+  bool operator==(const SoldItem&) const = default;
 };
 
 struct RateBase {
   std::int64_t rate;
   std::int64_t amount;  // in the terms of the prices: net on letter A, IVA included elsewhere
+
+  bool operator==(const RateBase&) const = default;
 };
 
 struct RateTotal {
   std::int64_t rate, net, iva;
+
+  bool operator==(const RateTotal&) const = default;
 };
 
 struct Totals {
@@ -83,61 +101,61 @@ struct Totals {
 
 enum class Entry { kDone, kRejected, kTooLarge };
 
-// The open fiscal document: what was sold, corrected and paid, and what it all comes to.
-class Document {
- public:
-  Document(const DocumentKind& kind, char letter, std::uint32_t number, Customer customer);
-
-  // Each leaves the document as it was unless it returns kDone.
-  Entry Sell(const Item& item);
-  Entry Void(const Item& item);    // takes back what was sold at that price
-  Entry Return(const Item& item);  // a sale of the opposite sign
-  Entry Adjust(std::int64_t amount);
-  Entry AddPerception(std::int64_t amount);
-  void Pay(Payment payment);
-
-  Totals Total() const;
-  std::int64_t Paid() const;
-  bool NetPrices() const { return letter_ == 'A'; }
-  bool HasItems() const { return lines_ > 0; }
-
-  const DocumentKind& kind() const { return *kind_; }
-  char letter() const { return letter_; }
-  std::uint32_t number() const { return number_; }
-  const Customer& customer() const { return customer_; }
-  const std::vector<Payment>& payments() const { return payments_; }
-  int lines() const { return lines_; }
-  std::int64_t units() const { return units_; }
+// All that an open document is, as it outlives a power cut.
+struct DocumentContent {
+  char letter = 0;
+  std::uint32_t number = 0;
+  std::int64_t largest_total = kLargestTotal;
+  Customer customer;
+  std::vector<RateBase> bases;
+  std::vector<SoldItem> sold;
+  std::vector<Payment> payments;
+  std::int64_t internal = 0;
+  std::int64_t perceptions = 0;
+  std::int64_t units = 0;
+  int lines = 0;
 
   // Progress of the document through its stages.
   bool paying = false;
   bool between_sheets = false;
   int lines_on_sheet = 0;
 
- private:
-  struct Sold {
-    std::string description;
-    std::int64_t price;
-    std::int64_t quantity;  // what voids have left of it
-  };
+  // How many papers the host wants, and what is on the first one if it is not the only one.
+  int copies = 1;
+  std::vector<PaperLine> printed;
 
+  bool operator==(const DocumentContent&) const = default;
+};
+
+// The open fiscal document: what was sold, corrected and paid, and what it all comes to.
+class Document : public DocumentContent {
+ public:
+  Document(const DocumentKind& kind, DocumentContent content);
+
+  // Each leaves the document as it was unless it returns kDone.
+  Entry Sell(const Item& item);
+  Entry Void(const Item& item);    // takes back what was sold like that
+  Entry Return(const Item& item);  // a sale of the opposite sign
+  Entry Adjust(std::int64_t amount);
+  Entry AddPerception(std::int64_t amount);
+  Entry Pay(Payment payment);
+
+  Totals Total() const;
+  std::int64_t Paid() const;
+  bool NetPrices() const { return letter == 'A'; }
+  bool HasItems() const { return lines > 0; }
+
+  const DocumentKind& kind() const { return *kind_; }
+  bool operator==(const Document&) const = default;
+
+ private:
   Entry Add(const Item& item, int sign);
-  Entry Check(const std::vector<RateBase>& bases, std::int64_t internal,
-              std::int64_t perceptions) const;
-  Totals TotalOf(const std::vector<RateBase>& bases, std::int64_t internal,
-                 std::int64_t perceptions) const;
+  Entry Check(const std::vector<RateBase>& with_bases, std::int64_t with_internal,
+              std::int64_t with_perceptions) const;
+  Totals TotalOf(const std::vector<RateBase>& with_bases, std::int64_t with_internal,
+                 std::int64_t with_perceptions) const;
 
   const DocumentKind* kind_;
-  char letter_;
-  std::uint32_t number_;
-  Customer customer_;
-  std::vector<RateBase> bases_;
-  std::vector<Sold> sold_;
-  std::vector<Payment> payments_;
-  std::int64_t internal_ = 0;
-  std::int64_t perceptions_ = 0;
-  std::int64_t units_ = 0;
-  int lines_ = 0;
 };
 
 }  // namespace impresora

@@ -1,5 +1,6 @@
 #include "fields.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "calendar.hpp"
@@ -15,6 +16,17 @@ std::string_view WithoutSign(std::string_view text) {
 
 bool OnlyDigits(std::string_view text) {
   return text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// Bytes that mean something on the line or to the mechanism have no place in a text.
+bool IsPrintable(char byte) {
+  const auto code = static_cast<unsigned char>(byte);
+  return code >= 0x20 && byte != kEmptyField;
+}
+
+bool IsText(std::string_view text, int limit) {
+  return text.size() <= static_cast<std::size_t>(limit) &&
+         std::all_of(text.begin(), text.end(), IsPrintable);
 }
 
 std::optional<std::int64_t> Accept(bool fits) {
@@ -54,7 +66,7 @@ std::optional<std::int64_t> ReadField(std::string_view text, const FieldRow& row
                                       const FieldDigits& digits) {
   switch (row.kind) {
     case FieldKind::kText:
-      return Accept(text.size() <= static_cast<std::size_t>(row.limit));
+      return Accept(IsText(text, row.limit));
     case FieldKind::kChoice:
       return Accept(text.size() == 1 && row.allowed.find(text.front()) != std::string_view::npos);
     case FieldKind::kNumber:

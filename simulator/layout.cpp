@@ -40,7 +40,7 @@ void PrintCustomer(Machine& m, const Customer& customer) {
   PrintHostLine(m, "Señor/es: ", customer.name);
   PrintHostLine(m, "          ", customer.name_more);
   const std::string_view id_kind = Trim(customer.id_kind);
-  const std::string label(id_kind.empty() ? "Documento" : id_kind);
+  const std::string label = id_kind.empty() ? "Documento" : Utf8FromHost(id_kind);
   PrintHostLine(m, label + ": ", customer.id_number);
   for (const std::string& line : customer.address) PrintHostLine(m, "", line);
   m.paper.Line(IvaWords(customer.iva));
@@ -57,7 +57,7 @@ void PrintMoment(Machine& m) {
 
 std::string Title(const Document& document) {
   std::string title(document.kind().title);
-  if (&document.kind() != &kTicketKind) title.append(" \"").append(1, document.letter()) += '"';
+  if (&document.kind() != &kTicketKind) title.append(" \"").append(1, document.letter) += '"';
   return title;
 }
 
@@ -72,7 +72,7 @@ void PrintLetterhead(Machine& m) {
   for (const std::string& line : m.header) {
     if (!Trim(line).empty()) m.paper.CenterHostText(line);
   }
-  m.paper.Center(m.settings.owner);
+  m.paper.Line(m.settings.owner, Paper::Style::kStrongCentred);
   m.paper.Center("C.U.I.T. Nº " + m.settings.owner_cuit);
   m.paper.Center("IVA RESPONSABLE INSCRIPTO");
   m.paper.Rule('=');
@@ -81,15 +81,15 @@ void PrintLetterhead(Machine& m) {
 void PrintDocumentHead(Machine& m) {
   const Document& document = *m.document;
   PrintLetterhead(m);
-  m.paper.Center(Title(document));
-  m.paper.Split(PointOfSale(m), "Nº " + Padded(document.number(), 8));
+  m.paper.Line(Title(document), Paper::Style::kStrongCentred);
+  m.paper.Split(PointOfSale(m), "Nº " + Padded(document.number, 8));
   PrintMoment(m);
   m.paper.Rule('-');
   if (&document.kind() == &kTicketKind) {
     m.paper.Line("A CONSUMIDOR FINAL");
     m.paper.Rule('-');
   } else {
-    PrintCustomer(m, document.customer());
+    PrintCustomer(m, document.customer);
   }
   m.paper.Line("CANT. x PRECIO UNIT. (% IVA)");
   m.paper.Split("DESCRIPCIÓN", "IMPORTE");
@@ -122,12 +122,12 @@ void PrintTotal(Machine& m) {
     if (totals.internal != 0) m.paper.Split("Impuestos internos", FormatMoney(totals.internal));
     m.paper.Rule('-');
   }
-  m.paper.Split("T O T A L", "$ " + FormatMoney(totals.total));
+  m.paper.Split("T O T A L", "$ " + FormatMoney(totals.total), Paper::Style::kStrong);
   m.paper.Feed(1);
 }
 
 void PrintPayment(Machine& m, const Payment& payment) {
-  if (m.document->payments().size() == 1) m.paper.Line("RECIBI(MOS)");
+  if (m.document->payments.size() == 1) m.paper.Line("RECIBI(MOS)");
   m.paper.Split(Utf8FromHost(payment.description), FormatMoney(payment.amount));
 }
 
@@ -135,17 +135,20 @@ void PrintChange(Machine& m, std::int64_t change) {
   m.paper.Split("Su vuelto", FormatMoney(change));
 }
 
-void PrintFoot(Machine& m) {
+void PrintFoot(Machine& m, Paper::Style style) {
   m.paper.Rule('=');
-  m.paper.Split(m.settings.model, PrintedTime(m.now));
+  for (const std::string& line : m.trailer) {
+    if (!Trim(line).empty()) m.paper.CenterHostText(line);
+  }
+  m.paper.Split(m.settings.model, PrintedTime(m.now), style);
   m.paper.Center(kNoFiscalValue);
   m.paper.Feed(3);
 }
 
 void PrintCancelled(Machine& m) {
   m.paper.Feed(1);
-  m.paper.Center("*** COMPROBANTE CANCELADO ***");
-  PrintFoot(m);
+  m.paper.Line("*** COMPROBANTE CANCELADO ***", Paper::Style::kStrongCentred);
+  PrintFoot(m, Paper::Style::kPlain);
 }
 
 void PrintTransport(Machine& m, bool closing) {
@@ -153,12 +156,16 @@ void PrintTransport(Machine& m, bool closing) {
   if (!closing) PrintDocumentHead(m);
   m.paper.Split(closing ? "Transporte a la hoja siguiente" : "Transporte de la hoja anterior",
                 total);
-  if (closing) PrintFoot(m);
+  if (closing) PrintFoot(m, Paper::Style::kPlain);
+}
+
+void PrintPowerCut(Machine& m) {
+  m.paper.Center("*** CORTE DE ENERGÍA ***");
 }
 
 void PrintNonFiscalHead(Machine& m) {
   PrintLetterhead(m);
-  m.paper.Center("DOCUMENTO NO FISCAL");
+  m.paper.Line("DOCUMENTO NO FISCAL", Paper::Style::kStrongCentred);
   PrintMoment(m);
   m.paper.Rule('-');
 }
@@ -166,7 +173,7 @@ void PrintNonFiscalHead(Machine& m) {
 void PrintNonFiscalFoot(Machine& m) {
   m.paper.Rule('-');
   m.paper.Center("NO FISCAL");
-  PrintFoot(m);
+  PrintFoot(m, Paper::Style::kPlain);
 }
 
 }  // namespace impresora

@@ -17,14 +17,18 @@ void PrintSubtotal(Machine& m);
 void PrintTotal(Machine& m);
 void PrintPayment(Machine& m, const Payment& payment);
 void PrintChange(Machine& m, std::int64_t change);
-void PrintFoot(Machine& m);
+void PrintFoot(Machine& m, Paper::Style style = Paper::Style::kLogo);
 void PrintCancelled(Machine& m);
 void PrintTransport(Machine& m, bool closing);
+void PrintPowerCut(Machine& m);
+
+// The further papers of a document that was opened with copies; after its foot.
+void PrintCopies(Machine& m);
 
 void PrintNonFiscalHead(Machine& m);
 void PrintNonFiscalFoot(Machine& m);
 
 void PrintDailyReport(Machine& m, char type, std::uint32_t number);
-void PrintClosingList(Machine& m, const std::vector<DailyClosing>& closings);
+void PrintClosingList(Machine& m, const std::vector<DailyClosing>& closings, bool detailed);
 
 }  // namespace impresora

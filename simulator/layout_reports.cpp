@@ -7,7 +7,7 @@ namespace impresora {
 namespace {
 
 void PrintMovement(Machine& m, std::string_view title, const Movement& movement) {
-  m.paper.Line(title);
+  m.paper.Line(title, Paper::Style::kStrong);
   m.paper.Split("  Comprobantes", std::to_string(movement.documents));
   for (const RateTotal& row : movement.rates) {
     const std::string rate = FormatDecimal(row.rate, kRateDecimals) + "%";
@@ -16,7 +16,7 @@ void PrintMovement(Machine& m, std::string_view title, const Movement& movement)
   }
   m.paper.Split("  Impuestos internos", FormatMoney(movement.internal));
   m.paper.Split("  Percepciones", FormatMoney(movement.perceptions));
-  m.paper.Split("  TOTAL", "$ " + FormatMoney(movement.total));
+  m.paper.Split("  TOTAL", "$ " + FormatMoney(movement.total), Paper::Style::kStrong);
 }
 
 void PrintDay(Machine& m, const Day& day) {
@@ -56,6 +56,14 @@ void PrintNumbering(Machine& m) {
   }
 }
 
+void PrintClosing(Machine& m, const DailyClosing& closing) {
+  m.paper.Rule('-');
+  m.paper.Split("Z Nº " + Padded(closing.number, 5), PrintedDate(closing.moment));
+  m.paper.Split("  Ventas", FormatMoney(closing.day.sales.total));
+  m.paper.Split("  IVA de ventas", FormatMoney(closing.day.sales.Iva()));
+  m.paper.Split("  Notas de crédito", FormatMoney(closing.day.credits.total));
+}
+
 }  // namespace
 
 void PrintDailyReport(Machine& m, char type, std::uint32_t number) {
@@ -68,21 +76,17 @@ void PrintDailyReport(Machine& m, char type, std::uint32_t number) {
   PrintDay(m, m.day);
   m.paper.Rule('-');
   PrintNumbering(m);
-  PrintFoot(m);
+  PrintFoot(m, type == 'Z' ? Paper::Style::kLogo : Paper::Style::kPlain);
 }
 
-void PrintClosingList(Machine& m, const std::vector<DailyClosing>& closings) {
+void PrintClosingList(Machine& m, const std::vector<DailyClosing>& closings, bool detailed) {
   PrintLetterhead(m);
   m.paper.Center("CIERRES Z DE LA MEMORIA FISCAL");
   m.paper.Split("Fecha " + PrintedDate(m.now), "Hora " + PrintedTime(m.now));
   std::int64_t sold = 0;
   std::int64_t credited = 0;
   for (const DailyClosing& closing : closings) {
-    m.paper.Rule('-');
-    m.paper.Split("Z Nº " + Padded(closing.number, 5), PrintedDate(closing.moment));
-    m.paper.Split("  Ventas", FormatMoney(closing.day.sales.total));
-    m.paper.Split("  IVA de ventas", FormatMoney(closing.day.sales.Iva()));
-    m.paper.Split("  Notas de crédito", FormatMoney(closing.day.credits.total));
+    if (detailed) PrintClosing(m, closing);
     sold += closing.day.sales.total;
     credited += closing.day.credits.total;
   }

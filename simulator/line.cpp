@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "faults/fault_plan.hpp"
 #include "wire.hpp"
 
 namespace impresora {
@@ -16,8 +17,12 @@ Micros ByteTime(int baud) {
 
 }  // namespace
 
-Line::Line(Printer& printer, WallClock& clock, LineSettings settings)
-    : printer_(printer), clock_(clock), settings_(settings), byte_time_(ByteTime(settings.baud)) {}
+Line::Line(Printer& printer, WallClock& clock, LineSettings settings, FaultPlan* faults)
+    : printer_(printer),
+      clock_(clock),
+      settings_(settings),
+      faults_(faults),
+      byte_time_(ByteTime(settings.baud)) {}
 
 void Line::Receive(std::string_view bytes, Micros now) {
   if (incoming_.empty()) next_in_ = std::max(next_in_, now) + byte_time_;
@@ -25,16 +30,21 @@ void Line::Receive(std::string_view bytes, Micros now) {
 }
 
 std::string Line::Advance(Micros now) {
+  while (Step(now)) {
+  }
+  return Leave(now).bytes;
+}
+
+bool Line::Step(Micros now) {
   Work(now);
-  while (TakeByte(now)) Work(now);
-  return Leave(now);
+  return TakeByte(now);
 }
 
 // Nothing is read while a command is being worked on.
 bool Line::TakeByte(Micros now) {
   if (working_ || incoming_.empty() || next_in_ > now) return false;
   const auto event = decoder_.Push(incoming_[taken_++]);
-  const Micros at = std::max(next_in_, done_at_);
+  const Micros at = std::max(next_in_, free_at_);
   if (taken_ == incoming_.size()) {
     incoming_.clear();
     taken_ = 0;
@@ -52,50 +62,126 @@ void Line::Handle(const Event& event, Micros at) {
       ++acknowledgements_;
       break;
     case EventKind::kDamagedFrame:
-      Send(std::string_view(&kNak, 1), at);
-      Keep(ExchangeKind::kDamaged, event.packet);
+      Begin(ExchangeKind::kDamaged, event, at);
+      Schedule({.bursts = {{.bytes = std::string(1, kNak)}}}, at);
       break;
     case EventKind::kPacket:
-      HandlePacket(event.packet, at);
+      HandlePacket(event, at);
       break;
   }
 }
 
 // A host that missed the answer sends the same frame again; it gets the same answer and nothing is
 // sold twice.
-void Line::HandlePacket(const Packet& packet, Micros at) {
+void Line::HandlePacket(const Event& event, Micros at) {
+  const Packet& packet = event.packet;
   acknowledged_ = false;
-  if (packet.body == last_body_) {
-    Send(last_frame_, at);
-    Keep(ExchangeKind::kRepeated, packet);
+  Begin(ExchangeKind::kExecuted, event, at);
+  if (!Heard(packet, at)) return;
+  if (packet.body == done_.body) {
+    current_.kind = ExchangeKind::kRepeated;
+    Schedule(Judge(packet, 0), at);
     return;
   }
-  last_answer_ = printer_.Execute(packet, clock_.LocalSeconds());
-  last_body_ = packet.body;
-  last_frame_ = FrameAnswer(packet, last_answer_);
+  CarryOut(packet);
+  const Machine& machine = printer_.machine();
+  Verdict verdict = Judge(packet, machine.paper.lines().size() - machine.command_paper);
+  verdict.busy += printer_.WorkTime(packet.command);
+  Schedule(std::move(verdict), at);
+}
+
+// Whether the faults let the command through.
+bool Line::Heard(const Packet& packet, Micros at) {
+  if (faults_ == nullptr) return true;
+  printer_.SetTime(clock_.LocalSeconds());
+  Verdict verdict = faults_->Arriving(packet, printer_);
+  if (verdict.heard) {
+    current_.faults = std::move(verdict.faults);
+    return true;
+  }
+  const bool refused = !verdict.bursts.empty() && !verdict.bursts.front().bytes.empty();
+  current_.kind = refused ? ExchangeKind::kDamaged : ExchangeKind::kLost;
+  Schedule(std::move(verdict), at);
+  return false;
+}
+
+void Line::CarryOut(const Packet& packet) {
+  const Stage stage = printer_.stage();
+  Answer answer = printer_.Execute(packet, clock_.LocalSeconds());
+  former_frame_ = std::move(done_.frame);
+  done_ = {.body = packet.body, .answer = std::move(answer), .frame = {}, .stage = stage};
+}
+
+Verdict Line::Judge(const Packet& packet, std::uint64_t lines) {
+  Verdict verdict;
+  if (faults_ != nullptr) {
+    const FaultPlan::Reply reply{packet, done_.answer, former_frame_, done_.stage, lines};
+    verdict = faults_->Leaving(reply, printer_);
+  }
+  done_.frame = FrameAnswer(packet, done_.answer);
+  if (faults_ == nullptr) verdict.bursts.push_back({.bytes = done_.frame});
+  return verdict;
+}
+
+void Line::Schedule(Verdict verdict, Micros start) {
   working_ = true;
-  done_at_ = at + printer_.WorkTime(packet.command);
-  next_busy_ = at + settings_.busy_interval;
-  Keep(ExchangeKind::kExecuted, packet);
+  busy_until_ = start + verdict.busy;
+  next_busy_ = start + settings_.busy_interval;
+  Micros at = busy_until_;
+  for (Burst& burst : verdict.bursts) {
+    at += burst.after;
+    burst.after = at;
+    bursts_.push_back(std::move(burst));
+  }
+  free_at_ = at;
+  for (std::string& fault : verdict.faults) current_.faults.push_back(std::move(fault));
+  current_.answer = current_.kind <= ExchangeKind::kRepeated ? done_.answer : Answer{};
 }
 
 void Line::Work(Micros now) {
   if (!working_) return;
-  while (next_busy_ < done_at_ && next_busy_ <= now) {
+  SayBusy(now);
+  while (!bursts_.empty() && bursts_.front().after <= now) {
+    const Burst& burst = bursts_.front();
+    if (burst.ending != Ending::kNone) return;  // what has to leave before it leaves first
+    if (!burst.bytes.empty()) current_.answered_at = Send(burst.bytes, burst.after);
+    current_.raw_answer += burst.bytes;
+    bursts_.pop_front();
+  }
+  if (bursts_.empty() && busy_until_ <= now) Finish();
+}
+
+void Line::SayBusy(Micros now) {
+  while (next_busy_ < busy_until_ && next_busy_ <= now) {
     Send(std::string_view(&kDc2, 1), next_busy_);
+    ++current_.busy_bytes;
     next_busy_ += settings_.busy_interval;
   }
-  if (done_at_ > now) return;
-  working_ = false;
-  Send(last_frame_, done_at_);
 }
 
-void Line::Send(std::string_view bytes, Micros at) {
+// Returns when the last of the bytes will have left.
+Micros Line::Send(std::string_view bytes, Micros at) {
   if (outgoing_.empty()) next_out_ = std::max(next_out_, at) + byte_time_;
   outgoing_ += bytes;
+  return next_out_ + byte_time_ * static_cast<std::int64_t>(outgoing_.size() - 1);
 }
 
-std::string Line::Leave(Micros now) {
+Output Line::Leave(Micros now) {
+  Output output{.bytes = LeaveBytes(now)};
+  if (!outgoing_.empty() || bursts_.empty()) return output;
+  const Burst last = bursts_.front();
+  if (last.ending == Ending::kNone || last.after > now) return output;
+  output.hang_up = last.ending == Ending::kHangUp;
+  output.power_off = last.ending == Ending::kPowerOff;
+  output.off_time = last.off_time;
+  current_.answered_at = std::max(current_.answered_at, last.after);
+  Finish();
+  if (output.power_off) SwitchOff();
+  Clear();
+  return output;
+}
+
+std::string Line::LeaveBytes(Micros now) {
   if (byte_time_.count() == 0) return std::exchange(outgoing_, {});
   std::size_t count = 0;
   for (; count < outgoing_.size() && next_out_ <= now; ++count) next_out_ += byte_time_;
@@ -108,9 +194,11 @@ std::string Line::Leave(Micros now) {
 
 std::optional<Micros> Line::NextDue() const {
   std::optional<Micros> due;
-  const auto consider = [&due](Micros moment) { due = due ? std::min(*due, moment) : moment; };
+  const auto consider = [&due](std::optional<Micros> moment) {
+    if (moment) due = due ? std::min(*due, *moment) : *moment;
+  };
   if (working_) {
-    consider(std::min(next_busy_, done_at_));
+    consider(WorkDue());
   } else if (!incoming_.empty()) {
     consider(next_in_);
   }
@@ -118,10 +206,44 @@ std::optional<Micros> Line::NextDue() const {
   return due;
 }
 
-void Line::Keep(ExchangeKind kind, const Packet& packet) {
-  if (!settings_.keep_exchanges) return;
-  const Answer answer = kind == ExchangeKind::kDamaged ? Answer{} : last_answer_;
-  exchanges_.push_back({kind, clock_.LocalSeconds(), packet, answer});
+std::optional<Micros> Line::WorkDue() const {
+  if (next_busy_ < busy_until_) return next_busy_;
+  if (bursts_.empty()) return busy_until_;
+  const bool waits_for_bytes = bursts_.front().ending != Ending::kNone && !outgoing_.empty();
+  if (waits_for_bytes) return std::nullopt;
+  return bursts_.front().after;
+}
+
+void Line::Clear() {
+  if (working_) Finish();
+  decoder_ = PacketDecoder();
+  incoming_.clear();
+  taken_ = 0;
+  outgoing_.clear();
+  bursts_.clear();
+  next_in_ = next_out_ = free_at_ = Micros{};
+}
+
+void Line::SwitchOff() {
+  Clear();
+  done_ = {};
+  former_frame_.clear();
+}
+
+void Line::Begin(ExchangeKind kind, const Event& event, Micros at) {
+  current_ = {.kind = kind,
+              .moment = clock_.LocalSeconds(),
+              .packet = event.packet,
+              .number = ++exchange_number_,
+              .received_at = at,
+              .answered_at = at,
+              .raw_command = event.raw};
+}
+
+void Line::Finish() {
+  working_ = false;
+  current_.answered_at = std::max(current_.answered_at, busy_until_);
+  if (settings_.keep_exchanges) exchanges_.push_back(std::move(current_));
 }
 
 std::vector<Exchange> Line::TakeExchanges() {

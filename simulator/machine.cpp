@@ -1,5 +1,7 @@
 #include "machine.hpp"
 
+#include <utility>
+
 #include "calendar.hpp"
 #include "status.hpp"
 
@@ -11,9 +13,12 @@ struct FaultBit {
   std::uint16_t bit;
 };
 
-constexpr std::array<FaultBit, 6> kPrinterFaults{{
+constexpr std::array<FaultBit, 9> kPrinterFaults{{
     {&Faults::printer_failure, kPrinterFailure},
     {&Faults::offline, kPrinterOffline},
+    {&Faults::cover_open, kPrinterOffline},
+    {&Faults::journal_paper_out, kJournalPaperOut},
+    {&Faults::receipt_paper_out, kReceiptPaperOut},
     {&Faults::buffer_full, kBufferFull},
     {&Faults::slip_entry_ready, kSlipEntryReady},
     {&Faults::slip_ready, kSlipReady},
@@ -47,6 +52,12 @@ Stage Machine::stage() const {
 
 bool Machine::ClosingDue() const {
   return day.opened && now - *day.opened >= kSecondsPerDay;
+}
+
+void Machine::Finish(Receipt receipt) {
+  receipt.ordinal = ++finished;
+  receipt.moment = now;
+  receipts.push_back(std::move(receipt));
 }
 
 std::uint16_t Machine::PrinterBits() const {

@@ -84,7 +84,7 @@ std::optional<Event> PacketDecoder::Push(char byte) {
 }
 
 std::optional<Event> PacketDecoder::PushBetweenFrames(char byte) {
-  if (byte == kAck) return Event{.kind = EventKind::kAck, .packet = {}};
+  if (byte == kAck) return Event{.kind = EventKind::kAck};
   return std::nullopt;
 }
 
@@ -95,7 +95,7 @@ std::optional<Event> PacketDecoder::PushInFrame(char byte) {
     checksum_.clear();
   } else if (frame_.size() > kLongestFrame) {
     state_ = State::kBetweenFrames;
-    return Event{.kind = EventKind::kDamagedFrame, .packet = {}};
+    return Event{.kind = EventKind::kDamagedFrame, .raw = frame_};
   }
   return std::nullopt;
 }
@@ -108,12 +108,13 @@ std::optional<Event> PacketDecoder::PushInChecksum(char byte) {
 }
 
 Event PacketDecoder::Finish() const {
-  constexpr auto kDamaged = EventKind::kDamagedFrame;
-  if (frame_.size() < kShortestFrame || checksum_ != Hex4(Checksum(frame_))) return {kDamaged, {}};
+  Event event{.kind = EventKind::kDamagedFrame, .raw = frame_ + checksum_};
+  if (frame_.size() < kShortestFrame || checksum_ != Hex4(Checksum(frame_))) return event;
   const std::uint8_t sequence = Code(frame_[1]);
-  if (sequence < kFirstSequence || sequence > kLastSequence) return {kDamaged, {}};
-  const std::string_view body = std::string_view(frame_).substr(1, frame_.size() - 2);
-  return {.kind = EventKind::kPacket, .packet = Parse(body)};
+  if (sequence < kFirstSequence || sequence > kLastSequence) return event;
+  event.kind = EventKind::kPacket;
+  event.packet = Parse(std::string_view(frame_).substr(1, frame_.size() - 2));
+  return event;
 }
 
 }  // namespace impresora

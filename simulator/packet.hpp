@@ -22,7 +22,8 @@ enum class EventKind { kPacket, kDamagedFrame, kAck };
 
 struct Event {
   EventKind kind = EventKind::kPacket;
-  Packet packet;
+  Packet packet{};
+  std::string raw{};  // the frame as it came
 };
 
 // Sum of the bytes, modulo 65536.

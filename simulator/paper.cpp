@@ -8,6 +8,8 @@
 namespace impresora {
 namespace {
 
+using Style = PaperLine::Style;
+
 std::string SpacedOut(std::string_view utf8) {
   std::string text;
   while (!utf8.empty()) {
@@ -19,44 +21,78 @@ std::string SpacedOut(std::string_view utf8) {
   return text;
 }
 
+std::string Fitted(std::string_view utf8, std::size_t columns) {
+  return std::string(TrimRight(CutToColumns(utf8, columns)));
+}
+
+std::string Centred(std::string_view utf8, std::size_t columns) {
+  const std::string_view text = CutToColumns(Trim(utf8), columns);
+  std::string line((columns - Columns(text)) / 2, ' ');
+  line += text;
+  return Fitted(line, columns);
+}
+
+std::string Repeated(std::string_view character, std::size_t columns) {
+  std::string line;
+  for (std::size_t i = 0; i < columns; ++i) line += character;
+  return line;
+}
+
 bool IsDoubleWidth(std::string_view bytes) {
   return !bytes.empty() && bytes.front() == kDoubleWidth;
 }
 
 }  // namespace
 
+std::string AsText(const PaperLine& line, std::size_t columns) {
+  switch (line.style) {
+    case Style::kCentred:
+    case Style::kStrongCentred:
+      return Centred(line.text, columns);
+    case Style::kWide:
+      return Fitted(SpacedOut(line.text), columns);
+    case Style::kWideCentred:
+      return Centred(SpacedOut(line.text), columns);
+    case Style::kRule:
+    case Style::kCut:
+      return Repeated(line.text, columns);
+    case Style::kPlain:
+    case Style::kStrong:
+    case Style::kLogo:
+    case Style::kFeed:
+      break;
+  }
+  return Fitted(line.text, columns);
+}
+
 Paper::Paper(std::size_t columns) : columns_(columns) {}
 
-void Paper::Line(std::string_view utf8) {
-  lines_.emplace_back(TrimRight(CutToColumns(utf8, columns_)));
+// Blanks in front of a line are part of it only where it stands as it is.
+void Paper::Line(std::string_view utf8, Style style) {
+  const bool as_it_is = style == Style::kPlain || style == Style::kStrong || style == Style::kLogo;
+  const std::string_view text = as_it_is ? TrimRight(CutToColumns(utf8, columns_)) : Trim(utf8);
+  lines_.push_back({std::string(text), style});
 }
 
-void Paper::Center(std::string_view utf8) {
-  const std::string_view text = CutToColumns(Trim(utf8), columns_);
-  std::string line((columns_ - Columns(text)) / 2, ' ');
-  line += text;
-  Line(line);
-}
-
-void Paper::Wide(std::string_view utf8) {
-  Center(SpacedOut(Trim(utf8)));
-}
-
-void Paper::Split(std::string_view left, std::string_view right) {
+void Paper::Split(std::string_view left, std::string_view right, Style style) {
   const std::size_t taken = Columns(right);
   const std::size_t room = columns_ > taken ? columns_ - taken - 1 : 0;
   std::string line(CutToColumns(TrimRight(left), room));
   line.append(columns_ > taken ? columns_ - taken - Columns(line) : 0, ' ');
   line += right;
-  Line(line);
+  Line(line, style);
 }
 
 void Paper::Rule(char with) {
-  Line(std::string(columns_, with));
+  lines_.push_back({std::string(1, with), Style::kRule});
+}
+
+void Paper::Cut() {
+  lines_.push_back({"~", Style::kCut});
 }
 
 void Paper::Feed(int lines) {
-  for (int i = 0; i < lines; ++i) Line("");
+  for (int i = 0; i < lines; ++i) lines_.push_back({"", Style::kFeed});
 }
 
 void Paper::CenterHostText(std::string_view bytes) {
@@ -65,11 +101,11 @@ void Paper::CenterHostText(std::string_view bytes) {
 }
 
 void Paper::HostText(std::string_view bytes) {
-  if (IsDoubleWidth(bytes)) return Line(SpacedOut(Trim(Utf8FromHost(bytes.substr(1)))));
+  if (IsDoubleWidth(bytes)) return Line(Utf8FromHost(bytes.substr(1)), Style::kWide);
   Line(Utf8FromHost(bytes));
 }
 
-std::vector<std::string> Paper::Take() {
+std::vector<PaperLine> Paper::Take() {
   return std::exchange(lines_, {});
 }
 

@@ -1,8 +1,12 @@
 #include "printer.hpp"
 
+#include <algorithm>
+#include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "commands.hpp"
+#include "layout.hpp"
 #include "status.hpp"
 #include "wire.hpp"
 
@@ -27,7 +31,8 @@ std::optional<Fields> ReadFields(const Packet& packet, const CommandRow& row,
 }
 
 bool Stuck(const Faults& faults) {
-  return faults.paper_out || faults.offline || faults.printer_failure;
+  return faults.paper_out || faults.journal_paper_out || faults.receipt_paper_out ||
+         faults.cover_open || faults.offline || faults.printer_failure;
 }
 
 bool Prints(const CommandRow& row, const Fields& fields) {
@@ -57,17 +62,96 @@ std::uint16_t Join(unsigned bits, unsigned more) {
   return static_cast<std::uint16_t>(bits | more);
 }
 
+// A word with some bits shown as somebody wants them. The summary follows the others unless it is
+// among these.
+std::uint16_t Shown(std::uint16_t bits, ForcedBits forced, std::uint16_t (*summed)(std::uint16_t)) {
+  const unsigned changed = (bits | unsigned{forced.on}) & ~unsigned{forced.off};
+  const unsigned word = summed(static_cast<std::uint16_t>(changed));
+  return static_cast<std::uint16_t>((word | forced.on) & ~unsigned{forced.off});
+}
+
+std::uint16_t PrinterShown(const Machine& m, unsigned more = 0) {
+  return Shown(Join(m.PrinterBits(), more), m.forced_printer, WithSummaryPrinter);
+}
+
+std::uint16_t FiscalShown(const Machine& m, unsigned more = 0) {
+  return Shown(Join(m.FiscalBits(), more), m.forced_fiscal, WithSummaryFiscal);
+}
+
+// Nobody who wants the receipts waits that long to take them.
+constexpr std::size_t kReceiptsKept = 1000;
+
 }  // namespace
 
 Printer::Printer(Settings settings) : machine_(std::move(settings)) {}
 
 Answer Printer::Execute(const Packet& packet, std::int64_t local_seconds) {
-  machine_.now = local_seconds + machine_.clock_offset;
+  SetTime(local_seconds);
+  machine_.command_paper = machine_.paper.lines().size();
   Attempt attempt = Try(machine_, packet);
+  Account(machine_.command_paper);
+  Keep();
   const unsigned failure = attempt.mechanism_failed ? kPrinterFailure : 0U;
-  return {.printer = WithSummaryPrinter(Join(machine_.PrinterBits(), failure)),
-          .fiscal = WithSummaryFiscal(Join(machine_.FiscalBits(), attempt.outcome.error)),
+  return {.printer = PrinterShown(machine_, failure),
+          .fiscal = FiscalShown(machine_, attempt.outcome.error),
           .fields = std::move(attempt.outcome.fields)};
+}
+
+// What the command printed comes off the roll; a document of several papers remembers its first.
+void Printer::Account(std::size_t lines_before) {
+  const std::vector<PaperLine>& lines = machine_.paper.lines();
+  const auto printed = static_cast<std::int64_t>(lines.size() - lines_before);
+  if (machine_.document && machine_.document->copies > 1) {
+    std::vector<PaperLine>& first = machine_.document->printed;
+    first.insert(first.end(), lines.end() - printed, lines.end());
+  }
+  if (machine_.paper_left == kEndlessPaper || printed == 0) return;
+  machine_.paper_left = std::max<std::int64_t>(machine_.paper_left - printed, 0);
+  if (machine_.paper_left == 0) machine_.faults.paper_out = true;
+}
+
+void Printer::SetTime(std::int64_t local_seconds) {
+  machine_.now = local_seconds + machine_.clock_offset;
+}
+
+void Printer::Keep() {
+  if (store_ != nullptr) store_->Save(machine_, machine_.closings, machine_.receipts);
+  for (Receipt& receipt : machine_.receipts) receipts_.push_back(std::move(receipt));
+  machine_.receipts.clear();
+  if (receipts_.size() <= kReceiptsKept) return;
+  receipts_.erase(receipts_.begin(), receipts_.end() - static_cast<std::ptrdiff_t>(kReceiptsKept));
+}
+
+std::vector<Receipt> Printer::TakeReceipts() {
+  return std::exchange(receipts_, {});
+}
+
+void Printer::UseMemory(Store& store) {
+  store_ = &store;
+  Load();
+  Keep();
+}
+
+void Printer::Load() {
+  std::optional<Recall> recall = store_->Load();
+  if (!recall) return;
+  static_cast<Books&>(machine_) = std::move(recall->books);
+  machine_.closings = std::move(recall->closings);
+  if (machine_.stage() != Stage::kIdle) PrintPowerCut(machine_);
+}
+
+void Printer::Restart() {
+  machine_.receipts.clear();
+  if (store_ != nullptr) return Load();
+  if (machine_.stage() != Stage::kIdle) PrintPowerCut(machine_);
+}
+
+std::uint16_t Printer::printer_word() const {
+  return PrinterShown(machine_);
+}
+
+std::uint16_t Printer::fiscal_word() const {
+  return FiscalShown(machine_);
 }
 
 std::chrono::milliseconds Printer::WorkTime(std::uint8_t command) const {

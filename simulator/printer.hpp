@@ -7,6 +7,7 @@
 
 #include "machine.hpp"
 #include "packet.hpp"
+#include "store.hpp"
 
 namespace impresora {
 
@@ -22,12 +23,29 @@ class Printer {
  public:
   explicit Printer(Settings settings);
 
+  // Carries out the command and, with a memory, keeps what it did before it returns. Throws
+  // MemoryFailure when that cannot be kept: such a command must not be answered.
   Answer Execute(const Packet& packet, std::int64_t local_seconds);
+
+  // Takes up what the memory holds, or makes it begin with this printer when it is new.
+  void UseMemory(Store& store);
+
+  // Off and on again: everything is as the memory has it; an open document is still open.
+  void Restart();
+
+  // Writes down what was changed other than by a command.
+  void Keep();
+
+  // What time it is, for who wants the words or the clock between two commands.
+  void SetTime(std::int64_t local_seconds);
 
   // How long a command keeps the printer busy before it answers.
   std::chrono::milliseconds WorkTime(std::uint8_t command) const;
 
-  std::vector<std::string> TakePaper() { return machine_.paper.Take(); }
+  std::vector<PaperLine> TakePaper() { return machine_.paper.Take(); }
+
+  // The documents finished since the last call, fiscal, non-fiscal and reports.
+  std::vector<Receipt> TakeReceipts();
 
   // What goes wrong with the machine, for whoever plays the part of the world.
   Faults& faults() { return machine_.faults; }
@@ -38,8 +56,20 @@ class Printer {
   unsigned drawer_openings() const { return machine_.drawer_openings; }
   const Settings& settings() const { return machine_.settings; }
 
+  // Both words as an answer would carry them now.
+  std::uint16_t printer_word() const;
+  std::uint16_t fiscal_word() const;
+
+  const Machine& machine() const { return machine_; }
+  Machine& machine() { return machine_; }
+
  private:
+  void Load();
+  void Account(std::size_t lines_before);
+
   Machine machine_;
+  Store* store_ = nullptr;
+  std::vector<Receipt> receipts_;
 };
 
 // The answer as it goes out on the line.

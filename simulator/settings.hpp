@@ -31,6 +31,7 @@ struct Settings {
   int point_of_sale = 1;
   int closings_left = 1825;  // daily closings that still fit in the fiscal memory
   int lines_per_form = 24;   // item lines that fit on one form
+  bool strict_cuit = false;  // refuse a customer's CUIT whose check digit is wrong
 
   // How long the printer works on each command before it answers, by command byte.
   std::array<std::uint32_t, 256> work_milliseconds{};
@@ -41,6 +42,9 @@ struct Settings {
 // Everything about the machine that can go wrong on its own.
 struct Faults {
   bool paper_out = false;
+  bool journal_paper_out = false;
+  bool receipt_paper_out = false;
+  bool cover_open = false;
   bool offline = false;
   bool printer_failure = false;
   bool buffer_full = false;

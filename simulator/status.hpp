@@ -10,6 +10,8 @@ namespace impresora {
 // Bits of the printer word.
 inline constexpr std::uint16_t kPrinterFailure = 0x0004;
 inline constexpr std::uint16_t kPrinterOffline = 0x0008;
+inline constexpr std::uint16_t kJournalPaperOut = 0x0010;
+inline constexpr std::uint16_t kReceiptPaperOut = 0x0020;
 inline constexpr std::uint16_t kBufferFull = 0x0040;
 inline constexpr std::uint16_t kBufferEmpty = 0x0080;
 inline constexpr std::uint16_t kSlipEntryReady = 0x0100;
@@ -41,9 +43,11 @@ struct Condition {
   std::string_view words;
 };
 
-inline constexpr std::array<Condition, 7> kPrinterConditions{{
+inline constexpr std::array<Condition, 9> kPrinterConditions{{
     {kPrinterFailure, true, "falla de impresora"},
     {kPrinterOffline, true, "fuera de línea"},
+    {kJournalPaperOut, true, "falta papel de auditoría"},
+    {kReceiptPaperOut, true, "falta papel de comprobantes"},
     {kBufferFull, false, "buffer lleno"},
     {kBufferEmpty, false, "buffer vacío"},
     {kSlipEntryReady, false, "entrada de hojas sueltas preparada"},

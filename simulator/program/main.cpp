@@ -6,6 +6,7 @@
 
 #include "options.hpp"
 #include "station.hpp"
+#include "trace/compare.hpp"
 
 namespace {
 
@@ -39,6 +40,10 @@ int main(int argc, char** argv) {
   if (options.version) {
     std::cout << "impresora-virtual " << IMPRESORA_VERSION << '\n';
     return 0;
+  }
+  if (!options.compare.empty()) {
+    return impresora::CompareFiles(options.compare[0], options.compare[1],
+                                   {.clock = options.compare_clock}, std::cout, std::cerr);
   }
   return Run(options);
 }

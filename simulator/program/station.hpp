@@ -1,51 +1,48 @@
 #pragma once
 
+#include <asio.hpp>
+#include <memory>
 #include <optional>
-#include <string>
 
-#include "line.hpp"
+#include "driver.hpp"
 #include "options.hpp"
-#include "output_file.hpp"
-#include "pseudo_terminal.hpp"
+#include "parts.hpp"
+#include "sinks.hpp"
+#include "system_clock.hpp"
+#include "trace/player.hpp"
 
 namespace impresora {
 
-// The printer at work on its pseudo-terminal: waits for bytes, for the time of the next one to
-// leave, or for a signal to end.
+// The printer at work: its line, its files and its panel around one loop.
 class Station {
  public:
-  // Throws std::system_error when a terminal, link or file cannot be had.
+  // Throws std::exception when a line, file or memory cannot be had.
   explicit Station(const Options& options);
 
   // Returns when a signal arrives or the wanted number of documents is done.
   void Run();
 
  private:
-  class SystemClock : public WallClock {
-   public:
-    std::int64_t LocalSeconds() override;
-  };
+  std::unique_ptr<Seat> MakeSeat(const Options& options);
+  void CatchSignals();
+  void SetUpPrinter(const Options& options);
+  void OpenPanel(const Options& options);
+  void Announce() const;
+  void EndIfFinished();
 
-  bool Wait();
-  void Serve();
-  void WatchForClosing();
-  void DrainWatch();
-  void Record();
-  bool Finished() const;
-  std::optional<Micros> NextWake() const;
-
-  int wanted_documents_;
-  Descriptor signals_;
-  PseudoTerminal terminal_;
-  std::optional<PortLink> link_;
-  Descriptor watch_;
+  unsigned wanted_documents_;
+  asio::io_context loop_;
+  asio::signal_set signals_;
   SystemClock clock_;
-  Printer printer_;
-  Line line_;
-  OutputFile paper_;
-  OutputFile trace_;
-  std::string received_;
-  std::optional<Micros> quiet_at_;  // when the line will have been idle for a second
+  std::unique_ptr<Store> memory_;
+  Session session_;
+  std::optional<Player> player_;
+  std::unique_ptr<Seat> seat_;
+  DocumentCount documents_;
+  Sinks sinks_;
+  std::unique_ptr<Endpoint> endpoint_;
+  Driver driver_;
+  std::unique_ptr<PanelPart> panel_;
 };
 
 }  // namespace impresora

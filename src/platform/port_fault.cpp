@@ -29,13 +29,21 @@ constexpr std::array kRows = {
     Row{PortFault::kLost, 8020, "Se perdió la conexión con "_ansi, ""_ansi},
     Row{PortFault::kStalled, 8020, "El dispositivo "_ansi, " no acepta datos"_ansi},
     Row{PortFault::kTransfer, 8020, "Error de lectura o escritura en "_ansi, ""_ansi},
+    Row{PortFault::kBadAddress, 380, "La dirección "_ansi,
+        " no es válida (tcp:EQUIPO:PUERTO)"_ansi},
+    Row{PortFault::kUnknownHost, 8015, "No se conoce el equipo de "_ansi, ""_ansi},
+    Row{PortFault::kRefused, 8015, "Nadie atiende en "_ansi, ""_ansi},
+    Row{PortFault::kNoAnswer, 8015, "No responde "_ansi, ""_ansi},
+    Row{PortFault::kUnreachable, 8015, "No hay camino hasta "_ansi, ""_ansi},
+    Row{PortFault::kTurnedAway, 8020, ""_ansi,
+        " cortó la conexión sin contestar: se perdió o está en uso por otro programa"_ansi},
 };
 
 constexpr bool RowsAreInOrder() {
   for (std::size_t i = 0; i < kRows.size(); ++i) {
     if (static_cast<std::size_t>(kRows[i].fault) != i) return false;
   }
-  return kRows.size() == static_cast<std::size_t>(PortFault::kTransfer) + 1;
+  return kRows.size() == static_cast<std::size_t>(PortFault::kTurnedAway) + 1;
 }
 static_assert(RowsAreInOrder(), "one row per fault, in the order of the faults");
 

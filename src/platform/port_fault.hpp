@@ -8,7 +8,7 @@
 
 namespace kestra {
 
-// What can go wrong with a serial port, on any platform.
+// What can go wrong with a port, on any platform.
 enum class PortFault : std::uint8_t {
   kBadNumber,
   kBadSettings,
@@ -23,6 +23,12 @@ enum class PortFault : std::uint8_t {
   kLost,
   kStalled,
   kTransfer,
+  kBadAddress,
+  kUnknownHost,
+  kRefused,
+  kNoAnswer,
+  kUnreachable,
+  kTurnedAway,
 };
 
 // The failure with the number that the classic communications control gives it, in words that name

@@ -1,16 +1,15 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <filesystem>
 #include <future>
 
 #include "contract/failure_number.hpp"
+#include "contract/processor_time.hpp"
 #include "contract/pty_line.hpp"
 #include "contract/scratch.hpp"
 #include "contract/ticking.hpp"
@@ -20,29 +19,11 @@
 namespace kestra {
 namespace {
 
-// Processor time of this thread so far, in milliseconds.
-double ProcessorTime() {
-  rusage usage = {};
-  ::getrusage(RUSAGE_THREAD, &usage);
-  const auto milliseconds = [](const timeval& t) {
-    return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_usec) / 1e3;
-  };
-  return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
-}
-
-// Looks at the port for 300 ms, as an exchange does; returns the processor time that it took.
-double CostOfWaiting(SerialPort& port) {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
-  const double before = ProcessorTime();
-  while (std::chrono::steady_clock::now() < end) port.InBufferCount();
-  return ProcessorTime() - before;
-}
-
 TEST(PosixPort, WaitingForASilentPrinterCostsNoProcessor) {
   PtyLine line;
   const auto port = line.MakePort();
   port->PortOpen(true);
-  EXPECT_LT(CostOfWaiting(*port), 15.0);
+  EXPECT_LT(Watch(*port).cost, 15.0);
 }
 
 TEST(PosixPort, WaitingWithThreeBytesThereCostsNoProcessorEither) {
@@ -51,7 +32,7 @@ TEST(PosixPort, WaitingWithThreeBytesThereCostsNoProcessorEither) {
   port->PortOpen(true);
   port->DiscardInput();
   line.Send("\x12\x12\x12");
-  EXPECT_LT(CostOfWaiting(*port), 15.0);
+  EXPECT_LT(Watch(*port).cost, 15.0);
   EXPECT_EQ(port->Waiting(), "\x12\x12\x12");
 }
 

@@ -1,141 +1,86 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <filesystem>
+#include <fstream>
 
-#include "contract/scratch.hpp"
-#include "platform/posix/profile_file.hpp"
-#include "platform/posix/profile_text.hpp"
+#include "contract/profile_rows.hpp"
 
 namespace kestra {
 namespace {
 
-struct Row {
-  const char* why;
-  const char* text;
-  const char* value;  // of the key CPI in the section Epson_Fiscal
+// A file of the current directory that carries the test's name.
+class ProfileTest : public ::testing::Test {
+ protected:
+  ~ProfileTest() override { std::filesystem::remove(name_); }
+
+  void Write(const std::string& text) { std::ofstream(name_, std::ios::binary) << text; }
+  std::string Value() { return profile_->Read("Epson_Fiscal", "CPI", ".\\" + name_); }
+
+  std::string name_ =
+      std::string("Perfil") + ::testing::UnitTest::GetInstance()->current_test_info()->name();
+  std::unique_ptr<ProfileFile> profile_ = MakeProfile();
 };
 
-constexpr Row kRows[] = {
-    {"a plain key", "[Epson_Fiscal]\nCPI=12\n", "12"},
-    {"an empty file", "", ""},
-    {"no such section", "[Otra]\nCPI=12\n", ""},
-    {"no such key", "[Epson_Fiscal]\nOtra=12\n", ""},
-    {"a key before any section", "CPI=12\n[Epson_Fiscal]\n", ""},
-    {"a key of the next section", "[Epson_Fiscal]\n[Otra]\nCPI=12\n", ""},
-    {"names in another case", "[EPSON_fiscal]\ncpi=12\n", "12"},
-    {"the first key of a name serves", "[Epson_Fiscal]\nCPI=1\nCPI=2\n", "1"},
-    {"the first section of a name serves", "[Epson_Fiscal]\nA=1\n[Epson_Fiscal]\nCPI=2\n", ""},
-    {"a section behind others", "[A]\nCPI=1\n[B]\n[Epson_Fiscal]\nCPI=3\n", "3"},
-    {"blanks around the name and the value", "[Epson_Fiscal]\n \tCPI \t= \t12 \t\n", "12"},
-    {"blanks around the section", "  [ Epson_Fiscal ]  \nCPI=12\n", "12"},
-    {"words behind the section", "[Epson_Fiscal] ; la impresora\nCPI=12\n", "12"},
-    {"double quotes", "[Epson_Fiscal]\nCPI=\"12\"\n", "12"},
-    {"single quotes", "[Epson_Fiscal]\nCPI='12'\n", "12"},
-    {"one pair of quotes only", "[Epson_Fiscal]\nCPI=\"\"12\"\"\n", "\"12\""},
-    {"quotes that do not match", "[Epson_Fiscal]\nCPI=\"12'\n", "\"12'"},
-    {"a single quote alone", "[Epson_Fiscal]\nCPI=\"\n", "\""},
-    {"empty quotes", "[Epson_Fiscal]\nCPI=\"\"\n", ""},
-    {"blanks inside quotes stay", "[Epson_Fiscal]\nCPI= \"  a b  \" \n", "  a b  "},
-    {"a comment line", "[Epson_Fiscal]\n;CPI=1\n ; CPI=2\nCPI=3\n", "3"},
-    {"a semicolon behind the value belongs to it", "[Epson_Fiscal]\nCPI=12 ; caracteres\n",
-     "12 ; caracteres"},
-    {"an equals sign in the value", "[Epson_Fiscal]\nCPI=a=b\n", "a=b"},
-    {"an empty value", "[Epson_Fiscal]\nCPI=\nCPI=5\n", ""},
-    {"a line without an equals sign", "[Epson_Fiscal]\nCPI\nCPI=12\n", "12"},
-    {"a longer name that begins alike", "[Epson_Fiscal]\nCPI2=1\nCP=2\nCPI=3\n", "3"},
-    {"lines that end with CR LF", "[Epson_Fiscal]\r\nCPI=12\r\n", "12"},
-    {"lines that end with CR CR LF", "[Epson_Fiscal]\r\r\nCPI=12\r\r\n", "12"},
-    {"a last line without its end", "[Epson_Fiscal]\nCPI=12", "12"},
-    {"empty lines", "\n\n[Epson_Fiscal]\n\n\nCPI=12\n", "12"},
-    {"a byte-order mark", "\xEF\xBB\xBF[Epson_Fiscal]\nCPI=12\n", "12"},
-    {"the end-of-file byte of old editors", "[Epson_Fiscal]\nCPI=12\n\x1A", "12"},
-    {"a bracket that never closes begins no section", "[Epson_Fiscal]\n[rota\nCPI=12\n", "12"},
-    {"accents are bytes like others", "[Epson_Fiscal]\nCPI=\xE1\xE9\n", "\xE1\xE9"},
-};
+std::string WithValue(const std::string& value) {
+  return "[Epson_Fiscal]\nCPI=" + value + "\n";
+}
 
-TEST(ProfileText, IsReadAsWindowsReadsIt) {
-  for (const Row& row : kRows) {
-    EXPECT_EQ(FindInProfile(row.text, "Epson_Fiscal", "CPI"), row.value) << row.why;
+TEST_F(ProfileTest, IsReadByTheSameRulesEverywhere) {
+  for (const ProfileRow& row : kProfileRows) {
+    Write(row.text);
+    EXPECT_EQ(Value(), row.value) << row.why;
   }
 }
 
-TEST(ProfileText, AValueHasAtMost254Characters) {
-  const std::string text = "[S]\nK=" + std::string(300, 'x') + "\n";
-  EXPECT_EQ(FindInProfile(text, "S", "K"), std::string(254, 'x'));
+TEST_F(ProfileTest, EveryByteOfAValueStaysAsItIs) {
+  for (int code = 0x80; code <= 0xFF; ++code) {
+    const std::string byte(1, static_cast<char>(code));
+    Write(WithValue(byte));
+    EXPECT_EQ(Value(), byte) << code;
+    Write(WithValue("a" + byte + "ctico"));
+    EXPECT_EQ(Value(), "a" + byte + "ctico") << code;
+  }
 }
 
-TEST(ProfileText, AZeroByteInAValueIsAByte) {
-  const std::string text("[S]\nK=a\0b\n", 10);
-  EXPECT_EQ(FindInProfile(text, "S", "K"), std::string("a\0b", 3));
+TEST_F(ProfileTest, AValueHasAtMost254Characters) {
+  Write(WithValue(std::string(300, 'x')));
+  EXPECT_EQ(Value(), std::string(254, 'x'));
 }
 
-class ProfileFileTest : public ::testing::Test {
- protected:
-  std::string Value() { return profile_.Read("S", "K", ".\\Fiscal.ini"); }
+TEST_F(ProfileTest, AZeroByteInAValueIsAByte) {
+  Write(WithValue(std::string("a\0b", 3)));
+  EXPECT_EQ(Value(), std::string("a\0b", 3));
+}
 
-  ScratchDirectory scratch_;
-  PosixProfile profile_;
-};
+TEST_F(ProfileTest, IsFoundInAnotherCase) {
+  const std::string name = name_;
+  name_ = "PERFIL" + name_.substr(6);
+  Write(WithValue("1"));
+  EXPECT_EQ(profile_->Read("Epson_Fiscal", "CPI", ".\\" + name), "1");
+}
 
-TEST_F(ProfileFileTest, IsFoundInTheCurrentDirectory) {
-  WriteFile("Fiscal.ini", "[S]\nK=1\n");
+TEST_F(ProfileTest, IsReadAnewEachTime) {
+  Write(WithValue("1"));
   EXPECT_EQ(Value(), "1");
+  Write(WithValue("un valor largo"));
+  EXPECT_EQ(Value(), "un valor largo");
 }
 
-TEST_F(ProfileFileTest, IsFoundUnderAPathWithBackslashes) {
-  std::filesystem::create_directory("caja");
-  WriteFile("caja/Fiscal.ini", "[S]\nK=1\n");
-  EXPECT_EQ(profile_.Read("S", "K", scratch_.Path() + "\\caja\\Fiscal.ini"), "1");
+TEST_F(ProfileTest, AMissingFileOrDirectoryIsEmpty) {
+  EXPECT_EQ(Value(), "");
+  EXPECT_EQ(profile_->Read("Epson_Fiscal", "CPI", ".\\no\\hay\\Fiscal.ini"), "");
 }
 
-TEST_F(ProfileFileTest, IsFoundInAnotherCase) {
-  WriteFile("FISCAL.INI", "[S]\nK=1\n");
-  EXPECT_EQ(Value(), "1");
-}
-
-TEST_F(ProfileFileTest, TheExactNameGoesBeforeAnotherCase) {
-  WriteFile("FISCAL.INI", "[S]\nK=1\n");
-  WriteFile("Fiscal.ini", "[S]\nK=2\n");
-  EXPECT_EQ(Value(), "2");
-}
-
-TEST_F(ProfileFileTest, OfSeveralOtherCasesTheFirstByNameServes) {
-  WriteFile("fiscal.ini", "[S]\nK=2\n");
-  WriteFile("FISCAL.ini", "[S]\nK=1\n");
-  EXPECT_EQ(Value(), "1");
-}
-
-TEST_F(ProfileFileTest, IsReadAnewEachTime) {
-  WriteFile("Fiscal.ini", "[S]\nK=1\n");
-  EXPECT_EQ(Value(), "1");
-  WriteFile("Fiscal.ini", "[S]\nK=2\n");
-  EXPECT_EQ(Value(), "2");
-}
-
-TEST_F(ProfileFileTest, AMissingFileIsEmpty) {
+TEST_F(ProfileTest, ADirectoryOfThatNameIsEmpty) {
+  std::filesystem::create_directory(name_);
   EXPECT_EQ(Value(), "");
 }
 
-TEST_F(ProfileFileTest, AMissingDirectoryIsEmpty) {
-  EXPECT_EQ(profile_.Read("S", "K", ".\\no\\hay\\Fiscal.ini"), "");
-}
-
-TEST_F(ProfileFileTest, ADirectoryOfThatNameIsEmpty) {
-  std::filesystem::create_directory("Fiscal.ini");
-  EXPECT_EQ(Value(), "");
-}
-
-TEST_F(ProfileFileTest, APipeOfThatNameIsEmptyAndStopsNobody) {
-  ASSERT_EQ(::mkfifo("Fiscal.ini", 0600), 0);
-  EXPECT_EQ(Value(), "");
-}
-
-TEST_F(ProfileFileTest, AHugeFileIsEmpty) {
-  const std::string key = "[S]\nK=1\n";
-  WriteFile("Fiscal.ini", key + std::string((1 << 20) - key.size(), '\n'));
+TEST_F(ProfileTest, AHugeFileIsEmpty) {
+  const std::string key = WithValue("1");
+  Write(key + std::string((1 << 20) - key.size(), '\n'));
   EXPECT_EQ(Value(), "1");
-  WriteFile("Fiscal.ini", key + std::string((1 << 20) - key.size() + 1, '\n'));
+  Write(key + std::string((1 << 20) - key.size() + 1, '\n'));
   EXPECT_EQ(Value(), "");
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -38,6 +39,7 @@ class SerialLine {
 struct SerialTwin {
   const char* name;
   std::unique_ptr<SerialLine> (*make)();
+  std::int32_t in_use = 8005;  // failure of opening what another program has
 };
 
 // The twins that this platform can try.

@@ -2,6 +2,7 @@
 
 #include "contract/pty_line.hpp"
 #include "contract/serial_line.hpp"
+#include "contract/tcp_line.hpp"
 #include "fakes/fake_clock.hpp"
 #include "fakes/fake_port.hpp"
 #include "fakes/journal.hpp"
@@ -45,7 +46,9 @@ std::unique_ptr<SerialLine> Make() {
 }  // namespace
 
 std::vector<SerialTwin> SerialTwins() {
-  return {{.name = "Posix", .make = Make<PtyLine>}, {.name = "Fake", .make = Make<FakeTwin>}};
+  return {{.name = "Posix", .make = Make<PtyLine>},
+          {.name = "Tcp", .make = Make<TcpLine>, .in_use = 8015},
+          {.name = "Fake", .make = Make<FakeTwin>}};
 }
 
 }  // namespace kestra

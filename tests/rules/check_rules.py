@@ -117,7 +117,8 @@ def simulator_stands_alone():
         for number, quoted, name in includes(path):
             folder = name.split("/")[0] if "/" in name else ""
             own = quoted and any((base / name).is_file()
-                                 for base in (path.parent, root / "simulator", root)
+                                 for base in (path.parent, root / "simulator" / "program",
+                                      root / "simulator", root)
                                  if "src" not in (base / name).parts)
             if folder in driver or ".." in name or (quoted and not own):
                 breaches.append(at(path, number, f"includes {name}"))

@@ -69,7 +69,7 @@ TEST(Fields, OfTheOtherCommands) {
       {"a date with blanks", Body({"X", "2502  ", "120000"}), kBad},
       {"the last header line", Body({"]", "10", "texto"}), 0},
       {"header line zero", Body({"]", "0", "texto"}), kBad},
-      {"a header line beyond the last", Body({"]", "11", "texto"}), kBad},
+      {"a header line beyond the last", Body({"]", "21", "texto"}), kBad},
       {"a header text too long", Body({"]", "1", std::string(121, 'a')}), kBad},
       {"an empty header text", Body({"]", "1", kEmpty}), 0},
       {"feeding many lines", Body({"R", "99"}), 0},

@@ -74,7 +74,8 @@ class Shop {
 
   std::string PaperText() {
     std::string text;
-    for (const std::string& line : printer.TakePaper()) text += line + "\n";
+    const std::size_t columns = printer.settings().columns();
+    for (const PaperLine& line : printer.TakePaper()) text += AsText(line, columns) + "\n";
     return text;
   }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "exchange_text.hpp"
 #include "host.hpp"
 
 namespace impresora {
@@ -124,26 +123,6 @@ TEST(Line, ASlowLineTakesTenBitsPerByteBothWays) {
   EXPECT_EQ(desk.line.Advance(heard + 17 * byte), answer.substr(1, 16));
   EXPECT_EQ(desk.line.Advance(heard + 18 * byte), answer.substr(17));
   EXPECT_FALSE(desk.line.NextDue());
-}
-
-TEST(Line, ExchangesAreToldInWords) {
-  Desk desk({.keep_exchanges = true});
-  desk.Exchange(Frame(40, Body({"^", "1"})) + Frame(40, Body({"^", "1"})) + Frame(41, "?"));
-  std::string frame = Frame(42, "K");
-  frame.back() ^= 1;
-  desk.Exchange(frame);
-  const auto exchanges = desk.line.TakeExchanges();
-  ASSERT_EQ(exchanges.size(), 4U);
-  EXPECT_EQ(Describe(exchanges[0]),
-            "10:30:00 sec 40 Leer encabezado(línea='1') -> impresora 0080 (buffer vacío), "
-            "fiscal 0600 (en orden); respuesta '1', vacío");
-  EXPECT_EQ(Describe(exchanges[1]),
-            "10:30:00 sec 40 (repetido, no se ejecuta) Leer encabezado(línea='1') -> impresora "
-            "0080 (buffer vacío), fiscal 0600 (en orden); respuesta '1', vacío");
-  EXPECT_EQ(Describe(exchanges[2]),
-            "10:30:00 sec 41 Comando 3F() -> impresora 0080 (buffer vacío), fiscal 8608 (comando "
-            "no reconocido)");
-  EXPECT_EQ(Describe(exchanges[3]), "10:30:00 trama dañada -> NAK");
 }
 
 }  // namespace

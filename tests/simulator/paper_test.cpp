@@ -20,7 +20,9 @@ TEST(Paper, TextIsSetWithinItsColumns) {
       "\xF4"
       "ABC");
   paper.HostText("  \xF1 ");
-  EXPECT_EQ(paper.Take(),
+  std::vector<std::string> lines;
+  for (const PaperLine& line : paper.Take()) lines.push_back(AsText(line, paper.columns()));
+  EXPECT_EQ(lines,
             (std::vector<std::string>{"0123456789", "   año", "descr 1,00", "  A B C", "  ñ"}));
   EXPECT_TRUE(paper.Take().empty());
 }

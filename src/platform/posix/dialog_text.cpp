@@ -5,7 +5,7 @@
 #include "dialogs/memory_full.hpp"
 #include "dialogs/status_report.hpp"
 #include "fields/ansi.hpp"
-#include "platform/posix/ascii_case.hpp"
+#include "platform/ascii_case.hpp"
 
 namespace kestra {
 namespace {

@@ -9,9 +9,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/posix/ascii_case.hpp"
+#include "platform/ascii_case.hpp"
 #include "platform/posix/native_file.hpp"
-#include "platform/posix/profile_text.hpp"
+#include "platform/profile_text.hpp"
 
 namespace kestra {
 namespace {

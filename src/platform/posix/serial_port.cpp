@@ -12,42 +12,30 @@
 #include <chrono>
 #include <utility>
 
-#include "platform/line_speed.hpp"
+#include "platform/error_rows.hpp"
+#include "platform/port_choice.hpp"
 #include "platform/posix/line_settings.hpp"
 #include "platform/posix/native_file.hpp"
 
 namespace kestra {
 namespace {
 
-struct ErrorRow {
-  int error;
-  PortFault fault;
-};
-
 constexpr std::array kOpeningFaults = {
-    ErrorRow{ENOENT, PortFault::kMissing},      ErrorRow{ENOTDIR, PortFault::kMissing},
-    ErrorRow{ENXIO, PortFault::kNoHardware},    ErrorRow{ENODEV, PortFault::kNoHardware},
-    ErrorRow{EIO, PortFault::kNoHardware},  // a port that the system names but the machine lacks
-    ErrorRow{ENOTTY, PortFault::kNotSerial},    ErrorRow{EISDIR, PortFault::kNotSerial},
-    ErrorRow{EACCES, PortFault::kNotPermitted}, ErrorRow{EPERM, PortFault::kNotPermitted},
-    ErrorRow{EROFS, PortFault::kNotPermitted},  ErrorRow{EBUSY, PortFault::kBusy},
-    ErrorRow{EWOULDBLOCK, PortFault::kBusy},
+    ErrorRow<int>{ENOENT, PortFault::kMissing},      ErrorRow<int>{ENOTDIR, PortFault::kMissing},
+    ErrorRow<int>{ENXIO, PortFault::kNoHardware},    ErrorRow<int>{ENODEV, PortFault::kNoHardware},
+    ErrorRow<int>{EIO, PortFault::kNoHardware},  // a port that the system names but the machine lacks
+    ErrorRow<int>{ENOTTY, PortFault::kNotSerial},    ErrorRow<int>{EISDIR, PortFault::kNotSerial},
+    ErrorRow<int>{EACCES, PortFault::kNotPermitted}, ErrorRow<int>{EPERM, PortFault::kNotPermitted},
+    ErrorRow<int>{EROFS, PortFault::kNotPermitted},  ErrorRow<int>{EBUSY, PortFault::kBusy},
+    ErrorRow<int>{EWOULDBLOCK, PortFault::kBusy},
 };
 
 // A device that is unplugged, or whose far end is gone.
 constexpr std::array kTransferFaults = {
-    ErrorRow{EIO, PortFault::kLost},
-    ErrorRow{ENXIO, PortFault::kLost},
-    ErrorRow{ENODEV, PortFault::kLost},
+    ErrorRow<int>{EIO, PortFault::kLost},
+    ErrorRow<int>{ENXIO, PortFault::kLost},
+    ErrorRow<int>{ENODEV, PortFault::kLost},
 };
-
-template <typename Rows>
-PortFault FaultIn(const Rows& rows, int error, PortFault otherwise) {
-  for (const ErrorRow& row : rows) {
-    if (row.error == error) return row.fault;
-  }
-  return otherwise;
-}
 
 Falla FallaDelSistema(PortFault fault, PortFault unexplained, const std::string& device,
                       int error) {
@@ -203,16 +191,13 @@ std::string PosixPort::Input() {
   return std::exchange(received_, std::string());
 }
 
-std::unique_ptr<SerialPort> CreatePosixPort(const PortSettings& settings) {
-  const std::optional<std::int32_t> speed = LineSpeedOf(settings.Settings);
-  if (!settings.dispositivo.empty()) {
-    return std::make_unique<PosixPort>(settings.dispositivo, speed);
-  }
-  if (settings.CommPort < 1 || settings.CommPort > 256) {
-    throw FallaDePuerto(PortFault::kBadNumber, std::to_string(settings.CommPort));
-  }
-  if (!speed) throw FallaDePuerto(PortFault::kBadSettings, settings.Settings);
-  return std::make_unique<PosixPort>("/dev/ttyS" + std::to_string(settings.CommPort - 1), speed);
+std::unique_ptr<SerialPort> MakeDevicePort(const std::string& device,
+                                           std::optional<std::int32_t> speed) {
+  return std::make_unique<PosixPort>(device, speed);
+}
+
+std::string DeviceOfNumber(std::int32_t number) {
+  return "/dev/ttyS" + std::to_string(number - 1);
 }
 
 }  // namespace kestra

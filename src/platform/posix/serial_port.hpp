@@ -2,22 +2,16 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/port_fault.hpp"
+#include "platform/port_patience.hpp"
 #include "platform/posix/file_descriptor.hpp"
 #include "platform/serial_port.hpp"
 
 namespace kestra {
-
-// How long, in milliseconds, the port waits before it comes back to its caller.
-struct PortPatience {
-  int look = 20;     // for a byte that has not come yet
-  int stall = 5000;  // for a line that takes no byte of ours
-};
 
 // A terminal device: a serial port, a USB adapter, a pseudo-terminal.
 class PosixPort : public SerialPort {
@@ -54,10 +48,6 @@ class PosixPort : public SerialPort {
   bool stale_ = false;  // opened, and what the device still held not dropped yet
   std::string received_;
 };
-
-// A closed port as the settings tell. Throws Falla for a port number or a speed that is none,
-// unless the settings name a device.
-std::unique_ptr<SerialPort> CreatePosixPort(const PortSettings& settings);
 
 // What a failed opening of a device, or a failed transfer on an open one, means.
 PortFault OpeningFault(int error);

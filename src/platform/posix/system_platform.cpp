@@ -1,8 +1,8 @@
 #include "platform/platform.hpp"
+#include "platform/port_choice.hpp"
 #include "platform/posix/clock.hpp"
 #include "platform/posix/log_file.hpp"
 #include "platform/posix/profile_file.hpp"
-#include "platform/posix/serial_port.hpp"
 #include "platform/posix/terminal_operator.hpp"
 
 namespace kestra {
@@ -11,7 +11,7 @@ namespace {
 class PosixPlatform : public Platform {
  public:
   std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override {
-    return CreatePosixPort(settings);
+    return MakePort(settings);
   }
   Clock& GetClock() override { return clock_; }
   Operator& GetOperator() override { return operator_; }

@@ -21,7 +21,7 @@ else()
   target_link_options(kestra PRIVATE LINKER:--kill-at)
 endif()
 target_link_options(kestra PRIVATE ${definition} LINKER:--gc-sections $<$<CONFIG:Release>:-s>)
-target_link_libraries(kestra PRIVATE user32 gdi32 comctl32 advapi32 ole32 oleaut32 uuid)
+target_link_libraries(kestra PRIVATE user32 gdi32 comctl32 advapi32 ole32 oleaut32 uuid ws2_32)
 
 # The linker's own import library forgets the argument counts that 32-bit callers link against.
 find_program(KESTRA_DLLTOOL NAMES ${triplet}-dlltool REQUIRED)

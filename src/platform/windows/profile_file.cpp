@@ -1,12 +1,48 @@
 #include "platform/windows/profile_file.hpp"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <array>
 
+#include "platform/profile_text.hpp"
+#include "platform/windows/handle.hpp"
+#include "platform/windows/text.hpp"
+
 namespace kestra {
 namespace {
+
+constexpr DWORD kLargestProfile = DWORD{1} << 20;
+
+// The whole file; empty when there is none or when it is larger than any that somebody wrote.
+std::string BytesOf(std::string_view file) {
+  const Handle profile(::CreateFileW(WideFromAnsi(file).c_str(), GENERIC_READ,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                     nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const DWORD size = profile ? ::GetFileSize(profile.Get(), nullptr) : 0;
+  if (size == INVALID_FILE_SIZE || size > kLargestProfile) return {};
+  std::string bytes(size, '\0');
+  DWORD length = 0;
+  if (size > 0 && ::ReadFile(profile.Get(), bytes.data(), size, &length, nullptr) == 0) return {};
+  bytes.resize(length);
+  return bytes;
+}
+
+// Editors of this system also keep texts in units of 16 bits, with a mark in front.
+std::string AnsiOf(std::string bytes) {
+  constexpr std::string_view kWideMark = "\xFF\xFE";
+  if (std::string_view(bytes).substr(0, kWideMark.size()) != kWideMark) return bytes;
+  std::wstring wide(bytes.size() / sizeof(wchar_t) - 1, L'\0');
+  bytes.copy(reinterpret_cast<char*>(wide.data()), wide.size() * sizeof(wchar_t), kWideMark.size());
+  return AnsiFromWide(wide);
+}
+
+// The system's own reader takes the bytes for texts of the system's code page: one whose characters have
+// several bytes damages accents on the way. And a UTF-8 mark hides the first section from it.
+bool SystemReaderServes(std::string_view bytes) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  CPINFO page = {};
+  const bool one_byte = ::GetCPInfo(CP_ACP, &page) != 0 && page.MaxCharSize == 1;
+  return one_byte && bytes.substr(0, kMark.size()) != kMark;
+}
 
 // The file as a path from a drive's root: a bare name would be looked for in the Windows directory. A
 // directory that the system's code page cannot write keeps the path relative, which ".\" makes safe.
@@ -20,16 +56,24 @@ std::string FromCurrentDirectory(const std::string& file) {
   return exists ? path : file;
 }
 
+std::string AskSystem(const std::string& section, const std::string& key, const std::string& file) {
+  std::array<char, kLongestProfileValue + 1> value{};
+  value.fill(' ');
+  const DWORD length = ::GetPrivateProfileStringA(section.c_str(), key.c_str(), "", value.data(),
+                                                  static_cast<DWORD>(value.size()),
+                                                  FromCurrentDirectory(file).c_str());
+  return {value.data(), std::min<std::size_t>(length, kLongestProfileValue)};
+}
+
 }  // namespace
 
 std::string WindowsProfile::Read(std::string_view section, std::string_view key,
                                  std::string_view file) {
-  std::array<char, kLongestProfileValue + 1> value{};
-  value.fill(' ');
-  const DWORD length = ::GetPrivateProfileStringA(
-      std::string(section).c_str(), std::string(key).c_str(), "", value.data(),
-      static_cast<DWORD>(value.size()), FromCurrentDirectory(std::string(file)).c_str());
-  return {value.data(), std::min<std::size_t>(length, kLongestProfileValue)};
+  const std::string bytes = BytesOf(file);
+  if (SystemReaderServes(bytes)) {
+    return AskSystem(std::string(section), std::string(key), std::string(file));
+  }
+  return FindInProfile(AnsiOf(bytes), section, key);
 }
 
 }  // namespace kestra

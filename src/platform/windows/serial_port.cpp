@@ -3,7 +3,8 @@
 #include <array>
 #include <utility>
 
-#include "platform/line_speed.hpp"
+#include "platform/error_rows.hpp"
+#include "platform/port_choice.hpp"
 #include "platform/windows/line_settings.hpp"
 
 namespace kestra {
@@ -12,54 +13,41 @@ namespace {
 constexpr std::string_view kDevicePrefix = R"(\\.\)";
 constexpr DWORD kBufferSize = 4096;
 
-struct ErrorRow {
-  DWORD error;
-  PortFault fault;
-};
-
 constexpr std::array kOpeningFaults = {
-    ErrorRow{ERROR_FILE_NOT_FOUND, PortFault::kMissing},
-    ErrorRow{ERROR_PATH_NOT_FOUND, PortFault::kMissing},
-    ErrorRow{ERROR_INVALID_NAME, PortFault::kMissing},
-    ErrorRow{ERROR_BAD_PATHNAME, PortFault::kMissing},
-    ErrorRow{ERROR_DEV_NOT_EXIST, PortFault::kNoHardware},
-    ErrorRow{ERROR_DEVICE_NOT_CONNECTED, PortFault::kNoHardware},
-    ErrorRow{ERROR_GEN_FAILURE, PortFault::kNoHardware},
-    ErrorRow{ERROR_NOT_READY, PortFault::kNoHardware},
-    ErrorRow{ERROR_BAD_COMMAND, PortFault::kNoHardware},
-    ErrorRow{ERROR_SEM_TIMEOUT, PortFault::kNoHardware},  // a wireless port out of reach
-    ErrorRow{ERROR_INVALID_FUNCTION, PortFault::kNotSerial},
-    ErrorRow{ERROR_INVALID_HANDLE, PortFault::kNotSerial},
-    ErrorRow{ERROR_NOT_SUPPORTED, PortFault::kNotSerial},
-    ErrorRow{ERROR_ACCESS_DENIED, PortFault::kBusy},  // the system's word for a port in use
-    ErrorRow{ERROR_SHARING_VIOLATION, PortFault::kBusy},
-    ErrorRow{ERROR_BUSY, PortFault::kBusy},
+    ErrorRow<DWORD>{ERROR_FILE_NOT_FOUND, PortFault::kMissing},
+    ErrorRow<DWORD>{ERROR_PATH_NOT_FOUND, PortFault::kMissing},
+    ErrorRow<DWORD>{ERROR_INVALID_NAME, PortFault::kMissing},
+    ErrorRow<DWORD>{ERROR_BAD_PATHNAME, PortFault::kMissing},
+    ErrorRow<DWORD>{ERROR_DEV_NOT_EXIST, PortFault::kNoHardware},
+    ErrorRow<DWORD>{ERROR_DEVICE_NOT_CONNECTED, PortFault::kNoHardware},
+    ErrorRow<DWORD>{ERROR_GEN_FAILURE, PortFault::kNoHardware},
+    ErrorRow<DWORD>{ERROR_NOT_READY, PortFault::kNoHardware},
+    ErrorRow<DWORD>{ERROR_BAD_COMMAND, PortFault::kNoHardware},
+    ErrorRow<DWORD>{ERROR_SEM_TIMEOUT, PortFault::kNoHardware},  // a wireless port out of reach
+    ErrorRow<DWORD>{ERROR_INVALID_FUNCTION, PortFault::kNotSerial},
+    ErrorRow<DWORD>{ERROR_INVALID_HANDLE, PortFault::kNotSerial},
+    ErrorRow<DWORD>{ERROR_NOT_SUPPORTED, PortFault::kNotSerial},
+    ErrorRow<DWORD>{ERROR_ACCESS_DENIED, PortFault::kBusy},  // the system's word for a port in use
+    ErrorRow<DWORD>{ERROR_SHARING_VIOLATION, PortFault::kBusy},
+    ErrorRow<DWORD>{ERROR_BUSY, PortFault::kBusy},
 };
 
 // A device that is unplugged, or whose far end is gone. Drivers differ in what they say then.
 constexpr std::array kTransferFaults = {
-    ErrorRow{ERROR_BAD_COMMAND, PortFault::kLost},
-    ErrorRow{ERROR_DEVICE_NOT_CONNECTED, PortFault::kLost},
-    ErrorRow{ERROR_OPERATION_ABORTED, PortFault::kLost},
-    ErrorRow{ERROR_GEN_FAILURE, PortFault::kLost},
-    ErrorRow{ERROR_ACCESS_DENIED, PortFault::kLost},
-    ErrorRow{ERROR_FILE_NOT_FOUND, PortFault::kLost},
-    ErrorRow{ERROR_INVALID_HANDLE, PortFault::kLost},
-    ErrorRow{ERROR_NOT_READY, PortFault::kLost},
-    ErrorRow{ERROR_DEV_NOT_EXIST, PortFault::kLost},
-    ErrorRow{ERROR_DEVICE_REMOVED, PortFault::kLost},
-    ErrorRow{ERROR_IO_DEVICE, PortFault::kLost},
-    ErrorRow{ERROR_BROKEN_PIPE, PortFault::kLost},
-    ErrorRow{ERROR_HANDLE_EOF, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_BAD_COMMAND, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_DEVICE_NOT_CONNECTED, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_OPERATION_ABORTED, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_GEN_FAILURE, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_ACCESS_DENIED, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_FILE_NOT_FOUND, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_INVALID_HANDLE, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_NOT_READY, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_DEV_NOT_EXIST, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_DEVICE_REMOVED, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_IO_DEVICE, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_BROKEN_PIPE, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_HANDLE_EOF, PortFault::kLost},
 };
-
-template <typename Rows>
-PortFault FaultIn(const Rows& rows, DWORD error, PortFault otherwise) {
-  for (const ErrorRow& row : rows) {
-    if (row.error == error) return row.fault;
-  }
-  return otherwise;
-}
 
 Falla FallaDelSistema(PortFault fault, PortFault unexplained, const std::string& device,
                       DWORD error) {
@@ -204,16 +192,13 @@ std::string WindowsPort::Input() {
   return std::exchange(received_, std::string());
 }
 
-std::unique_ptr<SerialPort> CreateWindowsPort(const PortSettings& settings) {
-  const std::optional<std::int32_t> speed = LineSpeedOf(settings.Settings);
-  if (!settings.dispositivo.empty()) {
-    return std::make_unique<WindowsPort>(settings.dispositivo, speed);
-  }
-  if (settings.CommPort < 1 || settings.CommPort > 256) {
-    throw FallaDePuerto(PortFault::kBadNumber, std::to_string(settings.CommPort));
-  }
-  if (!speed) throw FallaDePuerto(PortFault::kBadSettings, settings.Settings);
-  return std::make_unique<WindowsPort>("COM" + std::to_string(settings.CommPort), speed);
+std::unique_ptr<SerialPort> MakeDevicePort(const std::string& device,
+                                           std::optional<std::int32_t> speed) {
+  return std::make_unique<WindowsPort>(device, speed);
+}
+
+std::string DeviceOfNumber(std::int32_t number) {
+  return "COM" + std::to_string(number);
 }
 
 }  // namespace kestra

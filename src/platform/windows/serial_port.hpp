@@ -2,22 +2,16 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/port_fault.hpp"
+#include "platform/port_patience.hpp"
 #include "platform/serial_port.hpp"
 #include "platform/windows/handle.hpp"
 
 namespace kestra {
-
-// How long, in milliseconds, the port waits before it comes back to its caller.
-struct PortPatience {
-  std::int32_t look = 20;     // for a byte that has not come yet
-  std::int32_t stall = 5000;  // for a line that takes no byte of ours
-};
 
 // A communications device: a serial port, a USB adapter.
 class WindowsPort : public SerialPort {
@@ -51,10 +45,6 @@ class WindowsPort : public SerialPort {
   bool stale_ = false;  // opened, and what the device still held not dropped yet
   std::string received_;
 };
-
-// A closed port as the settings tell. Throws Falla for a port number or a speed that is none,
-// unless the settings name a device.
-std::unique_ptr<SerialPort> CreateWindowsPort(const PortSettings& settings);
 
 // The name under which the system opens a device: with "\\.\" before it, which COM10 and above need.
 std::string DevicePath(std::string_view device);

@@ -1,10 +1,10 @@
 #include "platform/platform.hpp"
+#include "platform/port_choice.hpp"
 #include "platform/windows/clock.hpp"
 #include "platform/windows/components/start_up.hpp"
 #include "platform/windows/dialogs/window_operator.hpp"
 #include "platform/windows/log_file.hpp"
 #include "platform/windows/profile_file.hpp"
-#include "platform/windows/serial_port.hpp"
 
 namespace kestra {
 namespace {
@@ -15,7 +15,7 @@ class WindowsPlatform : public Platform {
   void EndStartUp() override { components_.End(); }
   void ShutDown() override { components_.ShutDown(); }
   std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override {
-    return CreateWindowsPort(settings);
+    return MakePort(settings);
   }
   Clock& GetClock() override { return clock_; }
   Operator& GetOperator() override { return operator_; }

@@ -3,6 +3,7 @@
 
 #include "com_line.hpp"
 #include "contract/failure_number.hpp"
+#include "contract/processor_time.hpp"
 #include "fields/ansi.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/serial_port.hpp"
@@ -10,29 +11,6 @@
 
 namespace kestra {
 namespace {
-
-// Processor time of this process so far, in milliseconds.
-double ProcessorTime() {
-  FILETIME created = {}, ended = {}, kernel = {}, user = {};
-  ::GetProcessTimes(::GetCurrentProcess(), &created, &ended, &kernel, &user);
-  const auto milliseconds = [](const FILETIME& time) {
-    return (time.dwHighDateTime * 4294967296.0 + time.dwLowDateTime) / 1e4;
-  };
-  return milliseconds(kernel) + milliseconds(user);
-}
-
-// Looks at the port for 300 ms, as an exchange does.
-struct Watch {
-  explicit Watch(SerialPort& port) {
-    const DWORD start = ::GetTickCount();
-    const double before = ProcessorTime();
-    for (; ::GetTickCount() - start < 300; ++looks) port.InBufferCount();
-    cost = ProcessorTime() - before;
-  }
-
-  int looks = 0;
-  double cost = 0;  // processor time, milliseconds
-};
 
 void ExpectCheap(const Watch& watch) {
   EXPECT_LE(watch.looks, 30);

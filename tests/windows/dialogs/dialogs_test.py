@@ -103,6 +103,8 @@ class Shown:
             elif word == "screen":
                 self.screen, self.density = (int(fields[0]), int(fields[1])), int(fields[2])
                 self.grey = fields[3]
+            elif word == "codepage":
+                self.code_page = int(fields[0])
             elif word == "beeps":
                 self.beeps = int(fields[0])
         self.by_number = {control.number: control for control in self.controls}
@@ -346,6 +348,27 @@ class MessageBoxes(DialogTest):
 
     def test_a_host_without_windows(self):
         self.assertEqual(self.box(OK, "0", "", "Hola", owner="without").owner, "nobody")
+
+
+class AService(unittest.TestCase):
+    """Nobody can press what no screen shows: the answer that does no harm, at once."""
+
+    def answer(self, *dialog):
+        ended = subprocess.run([WINE, PROGRAM, "service", "none", *dialog], stdin=subprocess.DEVNULL,
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=SECONDS,
+                               check=True)
+        return ended.stdout.decode("utf-8").split("answer\t")[1].strip()
+
+    def test_says_no_to_questions(self):
+        self.assertEqual(self.answer("message", "36", "Envia?", "EP_CortaPapel()"), NO)
+        self.assertEqual(self.answer("message", "4", "Error !", "Reintentar?"), NO)
+
+    def test_takes_note_of_messages(self):
+        self.assertEqual(self.answer("message", "0", "", "Hola"), OK)
+
+    def test_closes_the_report_and_the_warning(self):
+        self.assertEqual(self.answer("report", "4000", "0000"), "0")
+        self.assertEqual(self.answer("memory"), "0")
 
 
 if __name__ == "__main__":

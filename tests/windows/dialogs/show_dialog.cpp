@@ -5,8 +5,8 @@
 //   show_dialog OWNER ANSWER message STYLE TITLE TEXT     ("\r" in the text is a carriage return)
 //   show_dialog OWNER ANSWER nested PRINTER_WORD FISCAL_WORD     (memory, from the host's timer)
 //
-// OWNER: with or without (a host window). ANSWER: the number of a button to press, "closebox", or
-// "wait" for somebody at the keyboard.
+// OWNER: with or without (a host window), or service (where no screen shows any). ANSWER: the number of
+// a button to press, "closebox", or "wait" for somebody at the keyboard.
 #include <windows.h>
 
 #include <cstdio>
@@ -184,6 +184,14 @@ const std::map<std::string, Show> kDialogs = {
      }},
 };
 
+// A process as services are: its windows would be on a desktop that no screen shows.
+int RunAsService(const Words& words) {
+  const HWINSTA unseen = CreateWindowStationW(L"show_dialog", 0, WINSTA_ALL_ACCESS, nullptr);
+  if (unseen == nullptr || !SetProcessWindowStation(unseen)) return kFailed;
+  std::printf("answer\t%d\n", kDialogs.at(words.at(0))(words));
+  return 0;
+}
+
 int Run(const Story& story) {
   nested = story.words.at(0) == "nested";
   const HWND host = story.owner ? OpenHost() : nullptr;
@@ -214,6 +222,8 @@ Words Arguments() {
 int main() {
   const Words words = Arguments();
   if (words.size() < 3 || !ListenForBeeps()) return kFailed;
+  std::printf("codepage\t%u\n", GetACP());
+  if (words[0] == "service") return RunAsService({words.begin() + 2, words.end()});
   SeeEveryPixel();
   const HDC screen = GetDC(nullptr);
   std::printf("screen\t%d\t%d\t%d\t%06lx\n", GetSystemMetrics(SM_CXSCREEN),

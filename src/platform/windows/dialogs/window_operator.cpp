@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/windows/dialogs/desktop.hpp"
 #include "platform/windows/dialogs/host_program.hpp"
 #include "platform/windows/dialogs/memory_full_dialog.hpp"
 #include "platform/windows/dialogs/status_report_dialog.hpp"
@@ -20,10 +21,16 @@ std::string WithLineEnds(std::string_view text) {
   return lines;
 }
 
+// Nobody is there to press: what does no harm.
+std::int32_t SafeAnswer(std::int32_t style) {
+  return (style & MB_TYPEMASK) == MB_YESNO ? kAnswerNo : kAnswerOk;
+}
+
 }  // namespace
 
 std::int32_t WindowOperator::Message(std::string_view text, std::string_view title,
                                      std::int32_t style) {
+  if (!DesktopIsSeen()) return SafeAnswer(style);
   constexpr UINT kWithoutOwner = MB_SETFOREGROUND | MB_TASKMODAL;
   const HWND owner = ::GetActiveWindow();
   const std::wstring caption = title.empty() ? HostName() : WideFromAnsi(title);
@@ -32,11 +39,11 @@ std::int32_t WindowOperator::Message(std::string_view text, std::string_view tit
 }
 
 bool WindowOperator::StatusReport(const InformeEstados& informe) {
-  return StatusReportDialog(informe).Show() == IDRETRY;
+  return DesktopIsSeen() && StatusReportDialog(informe).Show() == IDRETRY;
 }
 
 void WindowOperator::MemoryFull() {
-  MemoryFullDialog().Show();
+  if (DesktopIsSeen()) MemoryFullDialog().Show();
 }
 
 }  // namespace kestra

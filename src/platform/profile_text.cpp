@@ -1,8 +1,8 @@
-#include "platform/posix/profile_text.hpp"
+#include "platform/profile_text.hpp"
 
 #include <optional>
 
-#include "platform/posix/ascii_case.hpp"
+#include "platform/ascii_case.hpp"
 #include "platform/profile_file.hpp"
 
 namespace kestra {

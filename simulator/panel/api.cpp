@@ -1,0 +1,231 @@
+#include "api.hpp"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "event_json.hpp"
+#include "paper/drawing.hpp"
+#include "paper/paper_folder.hpp"
+#include "paper/svg.hpp"
+#include "state_json.hpp"
+#include "web_files.hpp"
+#include "web_server.hpp"
+
+namespace impresora {
+namespace {
+
+constexpr const char* kText = "text/plain; charset=utf-8";
+constexpr const char* kJson = "application/json; charset=utf-8";
+
+// An address; N stands for a number of up to nine digits.
+struct Route {
+  std::string_view method;
+  std::string_view path;
+  void (Api::*run)(const Api::Call&);
+};
+
+constexpr std::array<Route, 21> kRoutes{{
+    {"GET", "/", &Api::Page},
+    {"GET", "/panel.css", &Api::Page},
+    {"GET", "/panel.js", &Api::Page},
+    {"GET", "/trace.js", &Api::Page},
+    {"GET", "/icono.svg", &Api::Page},
+    {"GET", "/api/estado", &Api::State},
+    {"GET", "/api/papel", &Api::PaperText},
+    {"DELETE", "/api/papel", &Api::TearPaper},
+    {"GET", "/api/papel.json", &Api::PaperLines},
+    {"GET", "/api/documentos", &Api::Documents},
+    {"GET", "/api/documentos/N/papel", &Api::DocumentText},
+    {"GET", "/api/documentos/N/papel.svg", &Api::DocumentPicture},
+    {"GET", "/api/traza", &Api::Exchanges},
+    {"GET", "/api/controles", &Api::GetControls},
+    {"POST", "/api/controles", &Api::SetControls},
+    {"GET", "/api/fallas", &Api::GetFaults},
+    {"POST", "/api/fallas", &Api::AddFaults},
+    {"DELETE", "/api/fallas", &Api::RemoveAllFaults},
+    {"DELETE", "/api/fallas/N", &Api::RemoveFault},
+    {"POST", "/api/reiniciar", &Api::PowerCycle},
+    {"POST", "/api/verificar", &Api::Check},
+}};
+
+constexpr Route kEvents{"GET", "/api/eventos", &Api::Events};
+
+// The text through its next slash.
+std::string_view NextPiece(std::string_view& text) {
+  const std::size_t slash = text.find('/');
+  const std::string_view piece = text.substr(0, slash);
+  text.remove_prefix(slash == std::string_view::npos ? text.size() : slash + 1);
+  return piece;
+}
+
+std::optional<unsigned> ReadCount(std::string_view text) {
+  constexpr std::size_t kMostDigits = 9;
+  unsigned number = 0;
+  const char* const end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  if (text.size() > kMostDigits || read.ec != std::errc() || read.ptr != end) return std::nullopt;
+  return number;
+}
+
+bool Matches(std::string_view pattern, std::string_view path, unsigned& number) {
+  if (pattern == path) return true;
+  if (std::count(pattern.begin(), pattern.end(), '/') !=
+      std::count(path.begin(), path.end(), '/')) {
+    return false;
+  }
+  while (!pattern.empty()) {
+    const std::string_view wanted = NextPiece(pattern);
+    const std::string_view found = NextPiece(path);
+    if (wanted == found) continue;
+    const auto count = wanted == "N" ? ReadCount(found) : std::nullopt;
+    if (!count) return false;
+    number = *count;
+  }
+  return path.empty();
+}
+
+}  // namespace
+
+Api::Api(Session& session, History& history, Feed& feed, LoopCalls& loop,
+         std::function<void()> power_cycle)
+    : session_(session),
+      history_(history),
+      feed_(feed),
+      loop_(loop),
+      power_cycle_(std::move(power_cycle)) {}
+
+void Api::Handle(const httplib::Request& request, httplib::Response& response) {
+  const std::string_view asked = request.method;
+  const std::string_view method = asked == "HEAD" ? "GET" : asked;
+  std::string allowed;
+  const auto try_route = [&](const Route& route) {
+    Call call{request, response, 0};
+    if (!Matches(route.path, request.path, call.number)) return false;
+    if (route.method == method) return (this->*route.run)(call), true;
+    allowed += (allowed.empty() ? "" : ", ") + std::string(route.method);
+    return false;
+  };
+  if (asked != "HEAD" && try_route(kEvents)) return;
+  for (const Route& route : kRoutes) {
+    if (try_route(route)) return;
+  }
+  response.status = allowed.empty() ? 404 : 405;
+  if (!allowed.empty()) response.set_header("Allow", allowed);
+  const char* const words = allowed.empty() ? "no hay nada aquí" : "método no admitido aquí";
+  response.set_content(WebServer::ErrorBody(words), kJson);
+}
+
+void Api::Answer(const Call& call, std::function<Reply()> question) {
+  Reply reply;
+  try {
+    reply = loop_.Ask<Reply>(std::move(question));
+  } catch (const LoopGone& error) {
+    reply = {.status = 503, .body = WebServer::ErrorBody(error.what())};
+  } catch (const std::exception& error) {
+    reply = {.status = 500, .body = OneLine({{"error", error.what()}}) + "\n"};
+  }
+  call.response.status = reply.status;
+  call.response.set_content(reply.body, reply.type);
+}
+
+void Api::Page(const Call& call) {
+  for (const WebFile& file : WebFiles()) {
+    if (file.path != call.request.path) continue;
+    call.response.set_content(file.content.data(), file.content.size(), file.type);
+  }
+}
+
+Api::Reply Api::StateReply() {
+  return {.body = OneLine(StateJson(session_, history_)) + "\n"};
+}
+
+void Api::State(const Call& call) {
+  Answer(call, [this] { return StateReply(); });
+}
+
+void Api::PaperText(const Call& call) {
+  Answer(call, [this] {
+    const std::vector<PaperLine> lines(history_.roll().begin(), history_.roll().end());
+    const std::size_t columns = session_.printer().settings().columns();
+    return Reply{.body = impresora::PaperText(lines, columns), .type = kText};
+  });
+}
+
+void Api::PaperLines(const Call& call) {
+  Answer(call, [this] {
+    std::string lines;
+    for (const PaperLine& line : history_.roll()) {
+      lines += (lines.empty() ? "" : ",\n") + PaperLineJson(line);
+    }
+    const std::size_t columns = session_.printer().settings().columns();
+    return Reply{.body = "{\"evento\": " + std::to_string(feed_.Now().id) + ", \"columnas\": " +
+                         std::to_string(columns) + ", \"lineas\": [" + lines + "]}\n"};
+  });
+}
+
+void Api::TearPaper(const Call& call) {
+  Answer(call, [this] {
+    history_.TearOff();
+    return Reply{.body = "{}\n"};
+  });
+}
+
+void Api::Documents(const Call& call) {
+  Answer(call, [this] {
+    std::string body;
+    for (const KeptDocument& kept : history_.documents()) {
+      body += (body.empty() ? "" : ",\n") + ReceiptJson(kept.receipt);
+    }
+    return Reply{.body = "[" + body + "]\n"};
+  });
+}
+
+Api::Reply Api::DocumentReply(unsigned ordinal, bool picture) {
+  const KeptDocument* const kept = history_.FindDocument(ordinal);
+  if (kept == nullptr) {
+    return {.status = 404,
+            .body = WebServer::ErrorBody("ese documento no está entre los últimos 50")};
+  }
+  const std::size_t columns = session_.printer().settings().columns();
+  if (!picture) return {.body = impresora::PaperText(kept->paper, columns), .type = kText};
+  const std::string name = DocumentName(kept->receipt);
+  return {.body = ToSvg(Draw(kept->paper, columns, name)), .type = "image/svg+xml; charset=utf-8"};
+}
+
+void Api::DocumentText(const Call& call) {
+  Answer(call, [this, n = call.number] { return DocumentReply(n, false); });
+}
+
+void Api::DocumentPicture(const Call& call) {
+  Answer(call, [this, n = call.number] { return DocumentReply(n, true); });
+}
+
+void Api::Exchanges(const Call& call) {
+  const std::string text = call.request.get_param_value("desde");
+  const auto from = text.empty() ? std::optional(0U) : ReadCount(text);
+  if (!from) {
+    call.response.status = 400;
+    return call.response.set_content(WebServer::ErrorBody("desde tiene que ser un número"), kJson);
+  }
+  Answer(call, [this, from] {
+    std::string body;
+    for (const History::KeptExchange& exchange : history_.exchanges()) {
+      if (exchange.number >= *from) body += (body.empty() ? "" : ",\n") + exchange.json;
+    }
+    return Reply{.body = "[" + body + "]\n"};
+  });
+}
+
+void Api::GetControls(const Call& call) {
+  Answer(call, [this] { return Reply{.body = OneLine(ControlsJson(session_.printer())) + "\n"}; });
+}
+
+void Api::GetFaults(const Call& call) {
+  Answer(call, [this] { return Reply{.body = OneLine(FaultRulesJson(session_.faults())) + "\n"}; });
+}
+
+}  // namespace impresora

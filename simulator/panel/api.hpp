@@ -1,0 +1,72 @@
+#pragma once
+
+#include <httplib.h>
+
+#include <functional>
+#include <string>
+
+#include "feed.hpp"
+#include "history.hpp"
+#include "loop_calls.hpp"
+
+namespace impresora {
+
+// What the panel's addresses answer. Every question about the printer is put to its own thread.
+class Api {
+ public:
+  Api(Session& session, History& history, Feed& feed, LoopCalls& loop,
+      std::function<void()> power_cycle);
+
+  // Answers the request, whatever it is.
+  void Handle(const httplib::Request& request, httplib::Response& response);
+
+  // One row of the table of addresses. `number` is what stands for N in its path.
+  struct Call {
+    const httplib::Request& request;
+    httplib::Response& response;
+    unsigned number;
+  };
+
+  void Page(const Call& call);
+  void State(const Call& call);
+  void PaperText(const Call& call);
+  void PaperLines(const Call& call);
+  void Documents(const Call& call);
+  void DocumentText(const Call& call);
+  void DocumentPicture(const Call& call);
+  void TearPaper(const Call& call);
+  void Exchanges(const Call& call);
+  void GetControls(const Call& call);
+  void SetControls(const Call& call);
+  void GetFaults(const Call& call);
+  void AddFaults(const Call& call);
+  void RemoveFault(const Call& call);
+  void RemoveAllFaults(const Call& call);
+  void PowerCycle(const Call& call);
+  void Check(const Call& call);
+  void Events(const Call& call);
+
+ private:
+  // What a question to the printer came to.
+  struct Reply {
+    int status = 200;
+    std::string body;
+    const char* type = "application/json; charset=utf-8";
+  };
+  void Answer(const Call& call, std::function<Reply()> question);
+
+  void Changed();
+  Reply StateReply();
+  Reply SetControlsNow(const std::string& body);
+  Reply CheckNow(const std::string& body);
+  Reply DocumentReply(unsigned ordinal, bool picture);
+  bool SendNews(httplib::DataSink& sink, Feed::Place& place);
+
+  Session& session_;
+  History& history_;
+  Feed& feed_;
+  LoopCalls& loop_;
+  std::function<void()> power_cycle_;
+};
+
+}  // namespace impresora

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "journal.hpp"
+#include "paper.hpp"
+
+namespace impresora {
+
+// What happened, as JSON on one line.
+std::string PaperLineJson(const PaperLine& line);
+std::string ReceiptJson(const Receipt& receipt);
+
+}  // namespace impresora

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace impresora {
+
+class Session;
+
+struct PanelSettings {
+  std::string host = "127.0.0.1";  // nobody but this machine unless told otherwise
+  int port = 0;                    // 0: any that is free
+};
+
+// What the panel needs of the program around it. A function given to `post` is run on the thread
+// that the session lives on. `power_cycle` is called there and switches the printer off and on.
+struct PanelHost {
+  Session& session;
+  std::function<void(std::function<void()>)> post;
+  std::function<void()> power_cycle;
+};
+
+// A page and an HTTP interface to look at a printer and to work on it while it runs. It is made and
+// destroyed on the session's thread, and serves from threads of its own in between.
+class Panel {
+ public:
+  // Throws std::runtime_error when the address cannot be had.
+  Panel(const PanelSettings& settings, PanelHost host);
+  Panel(const Panel&) = delete;
+  Panel& operator=(const Panel&) = delete;
+  ~Panel();
+
+  // "http://127.0.0.1:8080/".
+  std::string url() const;
+
+  // What whoever started it should know, or nothing.
+  std::string warning() const;
+
+ private:
+  class Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+// HOST:PORT, [IPV6]:PORT, :PORT or PORT; false when it is none of them.
+bool ReadPanelAddress(const std::string& text, PanelSettings& settings);
+
+}  // namespace impresora

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "paper/drawing.hpp"
+
+namespace impresora {
+
+// The drawing as a file of its own that any browser shows.
+std::string ToSvg(const Drawing& drawing);
+
+}  // namespace impresora

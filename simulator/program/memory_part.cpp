@@ -1,0 +1,11 @@
+#include "memory/memory.hpp"
+#include "parts.hpp"
+
+namespace impresora {
+
+std::unique_ptr<Store> OpenMemoryPart(const Options& options) {
+  if (options.memory.empty()) return nullptr;
+  return OpenMemory(options.memory, options.settings);
+}
+
+}  // namespace impresora

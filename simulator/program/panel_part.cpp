@@ -1,0 +1,31 @@
+#include <utility>
+
+#include "panel/panel.hpp"
+#include "parts.hpp"
+
+namespace impresora {
+namespace {
+
+class RunningPanel : public PanelPart {
+ public:
+  RunningPanel(const TcpAddress& address, PanelHost host)
+      : panel_({.host = address.host, .port = address.port}, std::move(host)) {}
+
+  std::string url() const override { return panel_.url(); }
+  std::string warning() const override { return panel_.warning(); }
+
+ private:
+  Panel panel_;
+};
+
+}  // namespace
+
+std::unique_ptr<PanelPart> OpenPanelPart(const Options& options, Session& session, Post post) {
+  if (!options.panel) return nullptr;
+  PanelHost host{.session = session, .post = std::move(post), .power_cycle = [&session] {
+                   session.PowerCycle();
+                 }};
+  return std::make_unique<RunningPanel>(*options.panel, std::move(host));
+}
+
+}  // namespace impresora

@@ -1,0 +1,19 @@
+#include <stdexcept>
+
+#include "endpoints.hpp"
+#include "posix/pseudo_terminal.hpp"
+#include "serial_device.hpp"
+#include "tcp_server.hpp"
+
+namespace impresora {
+
+std::unique_ptr<Endpoint> MakeEndpoint(asio::io_context& loop, const Options& options) {
+  if (!options.pipe.empty()) throw std::runtime_error("--tuberia es del programa para Windows");
+  if (options.tcp) return std::make_unique<TcpServer>(loop, *options.tcp);
+  if (!options.device.empty()) {
+    return std::make_unique<SerialDevice>(loop, options.device, options.baud);
+  }
+  return std::make_unique<PseudoTerminal>(loop, options.link);
+}
+
+}  // namespace impresora

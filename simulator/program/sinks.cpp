@@ -1,0 +1,108 @@
+#include "sinks.hpp"
+
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+
+#include "exchange_text.hpp"
+#include "output_file.hpp"
+#include "paper/paper_folder.hpp"
+#include "trace/exchange_json.hpp"
+#include "trace/recording.hpp"
+
+namespace impresora {
+namespace {
+
+// The paper as one long text, on the disk after each document.
+class PaperFile : public Sink {
+ public:
+  PaperFile(const std::string& path, const Printer& printer)
+      : file_(path, false), printer_(printer) {}
+
+  void Printed(const PaperLine& line) override {
+    file_.Line(AsText(line, printer_.settings().columns()));
+    fresh_ = true;
+  }
+  void Changed() override {
+    if (!fresh_ || printer_.stage() != Stage::kIdle) return;
+    file_.Flush();
+    fresh_ = false;
+  }
+
+ private:
+  OutputFile file_;
+  const Printer& printer_;
+  bool fresh_ = false;
+};
+
+void TellPerson(const std::string& text) {
+  std::fprintf(stderr, "impresora-virtual: %s\n", text.c_str());
+}
+
+// Each document's paper as files of a folder.
+class PaperPictures : public Sink {
+ public:
+  PaperPictures(const Options& options, const Printer& printer)
+      : folder_(options.paper, printer.settings().columns(), options.font, TellPerson) {}
+
+  void Printed(const PaperLine& line) override { folder_.Printed(line); }
+  void Closed(const Receipt& receipt) override { folder_.Closed(receipt); }
+  void Finish() override { folder_.Finish(); }
+
+ private:
+  PaperFolder folder_;
+};
+
+bool EndsWith(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+// One line for each exchange, for people or for programs.
+class Trace : public Sink {
+ public:
+  explicit Trace(const std::string& path) : file_(path, true), json_(EndsWith(path, ".jsonl")) {}
+
+  void Exchanged(const Exchange& exchange) override {
+    file_.Line(json_ ? TraceJson(exchange) : Describe(exchange));
+  }
+
+ private:
+  OutputFile file_;
+  bool json_;
+};
+
+class RecordingFile : public Sink {
+ public:
+  RecordingFile(const std::string& path, const Settings& settings)
+      : file_(path, true),
+        recorder_(settings, [this](std::string_view line) { file_.Line(line); }) {}
+
+  void Exchanged(const Exchange& exchange) override { recorder_.Exchanged(exchange); }
+
+ private:
+  OutputFile file_;
+  Recorder recorder_;
+};
+
+bool IsFolder(const std::string& path) {
+  std::error_code ignored;
+  return path.back() == '/' || path.back() == '\\' || std::filesystem::is_directory(path, ignored);
+}
+
+}  // namespace
+
+Sinks MakeSinks(const Options& options, const Printer& printer) {
+  Sinks sinks;
+  if (IsFolder(options.paper)) {
+    sinks.push_back(std::make_unique<PaperPictures>(options, printer));
+  } else {
+    sinks.push_back(std::make_unique<PaperFile>(options.paper, printer));
+  }
+  if (!options.trace.empty()) sinks.push_back(std::make_unique<Trace>(options.trace));
+  if (!options.recording.empty()) {
+    sinks.push_back(std::make_unique<RecordingFile>(options.recording, printer.settings()));
+  }
+  return sinks;
+}
+
+}  // namespace impresora

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "options.hpp"
+#include "session.hpp"
+
+namespace impresora {
+
+// Something that puts down what happens.
+class Sink : public Observer {
+ public:
+  // Nothing more will come.
+  virtual void Finish() {}
+};
+
+using Sinks = std::vector<std::unique_ptr<Sink>>;
+
+// Those that the options ask for. Throws std::exception when a file cannot be had.
+Sinks MakeSinks(const Options& options, const Printer& printer);
+
+// Counts the documents that came to their end, fiscal or not.
+class DocumentCount : public Observer {
+ public:
+  void Closed(const Receipt& receipt) override {
+    if (receipt.receipt_class != ReceiptClass::kReport && !receipt.cancelled) ++count_;
+  }
+  unsigned count() const { return count_; }
+
+ private:
+  unsigned count_ = 0;
+};
+
+}  // namespace impresora

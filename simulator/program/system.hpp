@@ -1,0 +1,19 @@
+#pragma once
+
+#include <ctime>
+#include <vector>
+
+namespace impresora {
+
+// What each system does in a way of its own: one file for each.
+
+std::tm LocalTime(std::time_t moment);
+
+// Signals that end the program. From here on a reader who has gone is an error, not the program's end.
+std::vector<int> EndingSignals();
+
+// Whether a port may be taken right after its last owner. Where it could be taken from an owner who is
+// still there, no.
+bool MayReusePorts();
+
+}  // namespace impresora

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <asio.hpp>
+#include <string>
+#include <string_view>
+
+#include "endpoint.hpp"
+#include "tcp_address.hpp"
+
+namespace impresora {
+
+// A cable over TCP, with one host at a time: whoever comes while another is there is turned away.
+class TcpServer : public Endpoint {
+ public:
+  // Throws std::system_error when the address cannot be had.
+  TcpServer(asio::io_context& loop, const TcpAddress& address);
+
+  std::string port() const override;
+  void Start(LineEvents events) override;
+  void Write(std::string_view bytes) override;
+  void HangUp() override;
+
+ private:
+  void Accept();
+  void Welcome(asio::ip::tcp::socket host);
+  void Listen();
+  void Drain();
+
+  asio::ip::tcp::acceptor acceptor_;
+  asio::ip::tcp::socket host_;
+  asio::steady_timer pause_;
+  LineEvents events_;
+  unsigned visit_ = 0;  // counts the hosts
+  std::array<char, 4096> buffer_{};
+};
+
+}  // namespace impresora

@@ -1,0 +1,30 @@
+#include "platform/port_choice.hpp"
+
+#include "platform/line_speed.hpp"
+#include "platform/port_fault.hpp"
+#include "platform/tcp_address.hpp"
+#include "platform/tcp_port.hpp"
+
+namespace kestra {
+namespace {
+
+std::unique_ptr<SerialPort> MakeTcpPort(const std::string& device) {
+  std::optional<TcpAddress> address = TcpAddressOf(device);
+  if (!address) throw FallaDePuerto(PortFault::kBadAddress, device);
+  return std::make_unique<TcpPort>(device, *std::move(address));
+}
+
+}  // namespace
+
+std::unique_ptr<SerialPort> MakePort(const PortSettings& settings) {
+  if (IsTcp(settings.dispositivo)) return MakeTcpPort(settings.dispositivo);
+  const std::optional<std::int32_t> speed = LineSpeedOf(settings.Settings);
+  if (!settings.dispositivo.empty()) return MakeDevicePort(settings.dispositivo, speed);
+  if (settings.CommPort < 1 || settings.CommPort > 256) {
+    throw FallaDePuerto(PortFault::kBadNumber, std::to_string(settings.CommPort));
+  }
+  if (!speed) throw FallaDePuerto(PortFault::kBadSettings, settings.Settings);
+  return MakeDevicePort(DeviceOfNumber(settings.CommPort), speed);
+}
+
+}  // namespace kestra

@@ -1,0 +1,189 @@
+#include "controls.hpp"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "host.hpp"
+#include "status.hpp"
+
+namespace impresora {
+namespace {
+
+using prueba::Shop;
+
+void Set(Shop& shop, std::string_view key, std::int64_t value) {
+  const Control* const control = FindControl(key);
+  ASSERT_NE(control, nullptr) << key;
+  EXPECT_TRUE(SetControl(shop.printer, *control, value)) << key;
+  EXPECT_EQ(control->get(shop.printer), value) << key;
+}
+
+std::int64_t Get(const Shop& shop, std::string_view key) {
+  return FindControl(key)->get(shop.printer);
+}
+
+TEST(Controls, EachKeyIsThereOnce) {
+  std::set<std::string_view> keys;
+  for (const Control& control : Controls()) EXPECT_TRUE(keys.insert(control.key).second);
+  for (const Lamp& lamp : Lamps()) EXPECT_TRUE(keys.insert(lamp.key).second);
+  EXPECT_EQ(FindControl("nada"), nullptr);
+  EXPECT_EQ(FindLamp("nada"), nullptr);
+}
+
+TEST(Controls, EachSwitchShowsInItsWord) {
+  struct SwitchCase {
+    std::string_view key;
+    std::uint16_t printer, fiscal;
+  };
+  constexpr std::array<SwitchCase, 12> kCases{{
+      {"sin_papel", 0xC080, 0x0600},
+      {"sin_papel_auditoria", 0x8090, 0x0600},
+      {"sin_papel_comprobantes", 0x80A0, 0x0600},
+      {"tapa_abierta", 0x8088, 0x0600},
+      {"fuera_de_linea", 0x8088, 0x0600},
+      {"falla_de_impresora", 0x8084, 0x0600},
+      {"buffer_lleno", 0x0040, 0x0600},
+      {"entrada_de_hojas", 0x0180, 0x0600},
+      {"hoja_preparada", 0x0280, 0x0600},
+      {"error_memoria_fiscal", 0x0080, 0x8601},
+      {"error_memoria_trabajo", 0x0080, 0x8602},
+      {"bateria_baja", 0x0080, 0x8604},
+  }};
+  for (const SwitchCase& c : kCases) {
+    Shop shop;
+    EXPECT_EQ(Get(shop, c.key), 0) << c.key;
+    Set(shop, c.key, 1);
+    const Answer answer = shop.Send({"Y"});
+    EXPECT_EQ(answer.printer, c.printer) << c.key;
+    EXPECT_EQ(answer.fiscal, c.fiscal) << c.key;
+    EXPECT_EQ(shop.printer.printer_word(), c.printer) << c.key;
+    EXPECT_EQ(shop.printer.fiscal_word(), c.fiscal) << c.key;
+    Set(shop, c.key, 0);
+    EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0600) << c.key;
+  }
+}
+
+TEST(Controls, NothingIsPrintedWithoutTheMeansToPrint) {
+  for (const std::string_view key : {"sin_papel", "sin_papel_auditoria", "sin_papel_comprobantes",
+                                     "tapa_abierta", "fuera_de_linea", "falla_de_impresora"}) {
+    Shop shop;
+    Set(shop, key, 1);
+    const Answer answer = shop.OpenTicket();
+    EXPECT_EQ(answer.printer & kPrinterFailure, kPrinterFailure) << key;
+    EXPECT_EQ(answer.fiscal, 0x0600) << key;
+    EXPECT_EQ(shop.PaperText(), "") << key;
+    Set(shop, key, 0);
+    EXPECT_EQ(shop.OpenTicket().fiscal, 0x1600) << key;
+  }
+}
+
+TEST(Controls, ThePaperEndsAfterSoManyLines) {
+  Shop shop;
+  Set(shop, "papel", 3);
+  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0x0080);
+  EXPECT_EQ(Get(shop, "papel"), 1);
+  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0xC080);  // carried out; the end shows at once
+  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0xC084);  // not carried out
+  EXPECT_EQ(shop.PaperText(), "\n\n\n\n");
+  Set(shop, "papel", 100);
+  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0x0080);
+  Set(shop, "papel", 1);
+  shop.Send({"R", "2"});
+  Set(shop, "sin_papel", 0);
+  EXPECT_EQ(Get(shop, "papel"), kEndlessPaper);
+  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0x0080);
+}
+
+TEST(Controls, MemoryNearlyFullAndFull) {
+  Shop shop;
+  Set(shop, "cierres_restantes", 30);
+  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0600);
+  Set(shop, "cierres_restantes", 29);
+  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0700);
+  Set(shop, "cierres_restantes", 0);
+  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x8780);
+}
+
+TEST(Controls, TheClock) {
+  Shop shop;
+  const Control& clock = *FindControl("reloj");
+  EXPECT_EQ(ReadControl(clock, "2026-11-22 09:00:00"), *ParseDate("261122") + *ParseTime("090000"));
+  shop.Send({"Y"});
+  Set(shop, "reloj", *ReadControl(clock, "2026-11-22T09:00:00"));
+  EXPECT_EQ(shop.Send({"Y"}).fields, (std::vector<std::string>{"261122", "090000"}));
+  EXPECT_EQ(ControlText(clock, Get(shop, "reloj")), "2026-11-22 09:00:00");
+  Set(shop, "desfase_reloj", 0);
+  EXPECT_EQ(shop.Send({"Y"}).fields, (std::vector<std::string>{"261121", "103000"}));
+  Set(shop, "desfase_reloj", 90);
+  EXPECT_EQ(shop.Send({"Y"}).fields, (std::vector<std::string>{"261121", "103130"}));
+}
+
+TEST(Controls, ADayIsOverWhenTheClockIsPutForward) {
+  Shop shop;
+  shop.OpenTicket();
+  shop.TicketItem("Pan", "1000", "1000");
+  shop.Send({"E", "T"});
+  Set(shop, "desfase_reloj", kSecondsPerDay);
+  EXPECT_EQ(shop.printer.fiscal_word(), 0x8E00);
+  EXPECT_EQ(shop.OpenTicket().fiscal, 0x8E20);
+}
+
+TEST(Controls, ValuesAsPeopleWriteThem) {
+  struct TextCase {
+    std::string_view key, text;
+    std::optional<std::int64_t> value;
+  };
+  const std::vector<TextCase> cases{{"sin_papel", "si", 1},
+                                    {"sin_papel", "sí", 1},
+                                    {"sin_papel", "no", 0},
+                                    {"sin_papel", "true", 1},
+                                    {"sin_papel", "2", std::nullopt},
+                                    {"papel", "0", 0},
+                                    {"papel", "-1", -1},
+                                    {"papel", "-2", std::nullopt},
+                                    {"papel", "1x", std::nullopt},
+                                    {"papel", "", std::nullopt},
+                                    {"cierres_restantes", "5", 5},
+                                    {"reloj", "2026-02-29 00:00:00", std::nullopt},
+                                    {"reloj", "ayer", std::nullopt},
+                                    {"reloj", "2026-02-28_00:00:00", std::nullopt}};
+  for (const TextCase& c : cases) {
+    EXPECT_EQ(ReadControl(*FindControl(c.key), c.text), c.value) << c.key << " = " << c.text;
+  }
+  Shop shop;
+  EXPECT_FALSE(SetControl(shop.printer, *FindControl("sin_papel"), 2));
+  EXPECT_EQ(Get(shop, "sin_papel"), 0);
+}
+
+// ---- Lamps ----
+
+TEST(Controls, EveryLampCanBeForcedOnAndOff) {
+  for (const Lamp& lamp : Lamps()) {
+    Shop shop;
+    const auto lit = [&shop, &lamp] {
+      const Answer answer = shop.Send({"Y"});
+      return ((lamp.word == Word::kPrinter ? answer.printer : answer.fiscal) & lamp.bit) != 0;
+    };
+    const bool natural = lit();
+    for (const Forced forced : {Forced::kOn, Forced::kOff, Forced::kNo}) {
+      ForceLamp(shop.printer, lamp, forced);
+      EXPECT_EQ(ForcedLamp(shop.printer, lamp), forced) << lamp.key;
+      EXPECT_EQ(lit(), forced == Forced::kNo ? natural : forced == Forced::kOn) << lamp.key;
+    }
+  }
+}
+
+TEST(Controls, TheSummaryFollowsAForcedLamp) {
+  Shop shop;
+  ForceLamp(shop.printer, *FindLamp("fiscal_bateria_baja"), Forced::kOn);
+  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x8604);
+  ForceLamp(shop.printer, *FindLamp("fiscal_resumen"), Forced::kOff);
+  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0604);
+  ForceLamp(shop.printer, *FindLamp("impresora_fuera_de_linea"), Forced::kOn);
+  EXPECT_EQ(shop.OpenTicket().printer, 0x8088);  // shown, but it prints
+  EXPECT_NE(shop.PaperText(), "");
+}
+
+}  // namespace
+}  // namespace impresora

@@ -1,0 +1,136 @@
+#include "options.hpp"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "ini_file.hpp"
+
+namespace impresora {
+namespace {
+
+namespace fs = std::filesystem;
+
+class OptionsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "impresora-XXXXXX").string();
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder_ = name;
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string File(const std::string& text) const {
+    const std::string path = (folder_ / "Fiscal.ini").string();
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+  }
+
+  fs::path folder_;
+};
+
+TEST_F(OptionsTest, TheHostsFileSetsFamilyModelAndDigits) {
+  Settings settings;
+  EXPECT_EQ(ApplyFiscalIni(File("\xEF\xBB\xBF; caja 1\r\n"
+                                "[otra]\r\nEntPrecio=1\r\n"
+                                "[ EPSON_fiscal ]\r\n"
+                                "tipocomprobante = \"FC\"\r\n"
+                                "ModeloNombre='TM-T900'\r\n"
+                                ";EntCantidad=9\r\n"
+                                "EntPrecio=5\r\nEntPrecio=8\r\nDecPrecio=4\r\n"
+                                "EntDesc=6\r\nDecDesc=3\r\nEntPercepcion=4\r\nDecPercepcion=1\r\n"
+                                "[mas]\r\nDecIVA=0\r\n"),
+                           settings),
+            "");
+  EXPECT_EQ(settings.family, Family::kForm);
+  EXPECT_EQ(settings.model, "TM-T900");
+  EXPECT_EQ(settings.digits.quantity.integers, 5);
+  EXPECT_EQ(settings.digits.price.integers, 5);
+  EXPECT_EQ(settings.digits.price.decimals, 4);
+  EXPECT_EQ(settings.digits.amount.integers, 6);
+  EXPECT_EQ(settings.digits.amount.decimals, 3);
+  EXPECT_EQ(settings.digits.perception.integers, 4);
+  EXPECT_EQ(settings.digits.perception.decimals, 1);
+  EXPECT_EQ(settings.digits.rate.decimals, 2);
+}
+
+TEST_F(OptionsTest, WhatIsWrongWithTheHostsFile) {
+  Settings settings;
+  EXPECT_EQ(ApplyFiscalIni("/nowhere/at/all", settings), "no se puede leer /nowhere/at/all");
+  EXPECT_NE(ApplyFiscalIni(File("EntPrecio=7\n"), settings).find("[Epson_Fiscal]"),
+            std::string::npos);
+  for (const std::string line :
+       {"EntPrecio=siete", "EntPrecio=0", "DecIVA=5", "DecDesc=", "TipoComprobante=XX"}) {
+    const std::string key = line.substr(0, line.find('='));
+    EXPECT_NE(ApplyFiscalIni(File("[Epson_Fiscal]\n" + line + "\n"), settings).find(key),
+              std::string::npos)
+        << line;
+  }
+}
+
+TEST_F(OptionsTest, AFlagGoesBeforeTheFileWhereverItStands) {
+  const std::string path = File("[Epson_Fiscal]\nTipoComprobante=FC\nEntPrecio=5\n");
+  Options options;
+  EXPECT_EQ(ParseOptions({"--familia", "TQ", "--ini", path}, options), "");
+  EXPECT_EQ(options.settings.family, Family::kTicket);
+  EXPECT_EQ(options.settings.digits.price.integers, 5);
+}
+
+TEST(OptionsValues, ThinkingTimesForAllOrForOneCommand) {
+  Options options;
+  ASSERT_EQ(ParseOptions({"--demora", "10,B=250,*=0"}, options), "");
+  EXPECT_EQ(options.settings.work_milliseconds['@'], 10U);
+  EXPECT_EQ(options.settings.work_milliseconds['B'], 250U);
+  EXPECT_EQ(options.settings.work_milliseconds['*'], 0U);
+}
+
+struct Case {
+  std::vector<std::string_view> arguments;
+  std::string_view says;
+};
+
+TEST(OptionsValues, WhatCannotBe) {
+  const std::vector<Case> cases{
+      {{"--demora", "B="}, "valor no válido para --demora"},
+      {{"--demora", "BB=3"}, "valor no válido para --demora"},
+      {{"--tcp", "caja"}, "valor no válido para --tcp"},
+      {{"--semilla", "-1"}, "valor no válido para --semilla"},
+      {{"--comparar", "a"}, "falta el valor de --comparar"},
+      {{"--tcp", "1", "--enlace", "x"}, "hay que elegir una línea"},
+      {{"--reproducir", "a", "--memoria", "b"}, "no va con --memoria"},
+      {{"--estado", "nada=1"}, "valor no válido para --estado"},
+      {{"--ini", "/nowhere/at/all"}, "no se puede leer /nowhere/at/all"},
+  };
+  for (const Case& c : cases) {
+    Options options;
+    const std::string wrong = ParseOptions(c.arguments, options);
+    EXPECT_NE(wrong.find(c.says), std::string::npos) << wrong;
+  }
+}
+
+TEST(OptionsValues, TwoRecordingsToCompare) {
+  for (const std::vector<std::string_view>& arguments :
+       {std::vector<std::string_view>{"--comparar", "a", "b"}, {"--comparar=a", "b"}}) {
+    Options options;
+    EXPECT_EQ(ParseOptions(arguments, options), "");
+    EXPECT_EQ(options.compare, (std::vector<std::string>{"a", "b"}));
+  }
+}
+
+TEST(OptionsValues, TheHelpFitsATerminal) {
+  std::ostringstream help;
+  PrintHelp(help);
+  std::istringstream lines(help.str());
+  for (std::string line; std::getline(lines, line);) {
+    EXPECT_LE(std::count_if(line.begin(), line.end(), [](char c) { return (c & 0xC0) != 0x80; }),
+              110)
+        << line;
+  }
+}
+
+}  // namespace
+}  // namespace impresora

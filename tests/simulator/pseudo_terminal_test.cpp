@@ -1,0 +1,79 @@
+#include "posix/pseudo_terminal.hpp"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "cables.hpp"
+#include "posix/descriptor.hpp"
+
+namespace impresora {
+namespace {
+
+namespace fs = std::filesystem;
+
+class PseudoTerminalTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "impresora-XXXXXX").string();
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder_ = name;
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string link() const { return (folder_ / "puerto").string(); }
+  Descriptor Open() const { return Descriptor(open(link().c_str(), O_RDWR | O_NOCTTY)); }
+
+  fs::path folder_;
+  asio::io_context loop_;
+  prueba::FarEnd far_{loop_};
+};
+
+TEST_F(PseudoTerminalTest, BytesGoBothWaysAndTheLineOutlivesAVisit) {
+  PseudoTerminal terminal(loop_, link());
+  far_.Start(terminal);
+  for (const std::string expected : {"a", "aa"}) {
+    const Descriptor host = Open();
+    ASSERT_EQ(write(host.get(), "a", 1), 1);
+    ASSERT_TRUE(far_.UntilArrived(expected));
+    terminal.Write("b");
+    char byte = 0;
+    ASSERT_EQ(read(host.get(), &byte, 1), 1);
+    EXPECT_EQ(byte, 'b');
+  }
+}
+
+TEST_F(PseudoTerminalTest, AnUnpluggedHostFindsItsPortDeadAndTheNextFindsANewOne) {
+  PseudoTerminal terminal(loop_, link());
+  far_.Start(terminal);
+  const Descriptor host = Open();
+  const std::string before = terminal.port();
+  terminal.HangUp();
+  EXPECT_EQ(far_.hosts, 1);
+  EXPECT_NE(terminal.port(), before);
+  pollfd wait{host.get(), POLLIN, 0};
+  ASSERT_EQ(poll(&wait, 1, 20'000), 1);
+  EXPECT_NE(wait.revents & POLLHUP, 0);
+  const Descriptor next = Open();
+  ASSERT_EQ(write(next.get(), "c", 1), 1);
+  EXPECT_TRUE(far_.UntilArrived("c"));
+}
+
+TEST_F(PseudoTerminalTest, TheLinkStaysAcrossUnpluggingAndGoesWithTheTerminal) {
+  {
+    PseudoTerminal terminal(loop_, link());
+    far_.Start(terminal);
+    for (int times = 0; times < 3; ++times) {
+      terminal.HangUp();
+      EXPECT_EQ(fs::read_symlink(link()), terminal.port());
+    }
+  }
+  EXPECT_FALSE(fs::exists(fs::symlink_status(link())));
+}
+
+}  // namespace
+}  // namespace impresora

@@ -1,0 +1,78 @@
+// Prints what is on a dialog of another program, a line each, fields apart by tabs, texts in UTF-8:
+//
+//   control  number class middle_x middle_y text
+//
+//   read_window CAPTION     exits with 1 when there is no dialog of that caption to be answered
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+namespace {
+
+constexpr UINT kPatience = 5000;
+
+std::string Utf8(const std::wstring& wide) {
+  const int units = static_cast<int>(wide.size());
+  std::string utf8(wide.size() * 3, '\0');
+  const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, utf8.data(),
+                                         static_cast<int>(utf8.size()), nullptr, nullptr);
+  utf8.resize(static_cast<std::size_t>(length));
+  for (char& c : utf8) {
+    if (c == '\n' || c == '\r' || c == '\t') c = '|';
+  }
+  return utf8;
+}
+
+// By a message, as the window itself tells it; a window that hangs tells nothing.
+std::wstring TextOf(HWND window) {
+  std::wstring text(4096, L'\0');
+  DWORD_PTR length = 0;
+  SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
+                      SMTO_ABORTIFHUNG, kPatience, &length);
+  text.resize(length);
+  return text;
+}
+
+std::wstring ClassOf(HWND window) {
+  std::array<wchar_t, 64> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return name.data();
+}
+
+struct Search {
+  std::wstring caption;
+  HWND found = nullptr;
+};
+
+BOOL CALLBACK KeepDialog(HWND window, LPARAM told) {
+  auto& search = *reinterpret_cast<Search*>(told);
+  if (!IsWindowVisible(window) || !IsWindowEnabled(window) || ClassOf(window) != L"#32770")
+    return TRUE;
+  if (TextOf(window) != search.caption) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+BOOL CALLBACK PrintControl(HWND control, LPARAM /*told*/) {
+  RECT place{};
+  GetWindowRect(control, &place);
+  std::printf("control\t%d\t%s\t%ld\t%ld\t%s\n", GetDlgCtrlID(control),
+              Utf8(ClassOf(control)).c_str(), (place.left + place.right) / 2,
+              (place.top + place.bottom) / 2, Utf8(TextOf(control)).c_str());
+  return TRUE;
+}
+
+}  // namespace
+
+int main() {
+  int count = 0;
+  LPWSTR* const words = CommandLineToArgvW(GetCommandLineW(), &count);
+  if (count != 2) return 2;
+  Search search{.caption = words[1]};
+  EnumWindows(KeepDialog, reinterpret_cast<LPARAM>(&search));
+  if (search.found == nullptr) return 1;
+  EnumChildWindows(search.found, PrintControl, 0);
+  return 0;
+}
