@@ -8,10 +8,20 @@ namespace {
 
 using enum FieldKind;
 
-// Longest texts that the commands take, in bytes.
-constexpr int kCustomerText = 80;
-constexpr int kDescription = 80;
-constexpr int kLongText = 120;
+// A text whose longest the printer is set up with; `least` bytes always fit, for what hosts put
+// there on their own.
+constexpr FieldRow Text(std::string_view name, int TextLengths::*length, int least = 0) {
+  return {.name = name, .kind = kText, .limit = least, .length = length};
+}
+
+constexpr int TextLengths::*kDescription = &TextLengths::description;
+constexpr int TextLengths::*kFiscalText = &TextLengths::fiscal_text;
+constexpr int TextLengths::*kHeader = &TextLengths::header;
+constexpr int TextLengths::*kNonFiscalText = &TextLengths::non_fiscal_text;
+constexpr int TextLengths::*kCustomer = &TextLengths::customer;
+constexpr int kLooseText = 26;      // a line of text, last words
+constexpr int kPaymentText = 20;    // payments, perceptions, roundings
+constexpr int kNoAddressText = 13;  // "SIN DOMICILIO"
 
 constexpr std::string_view kCapitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
@@ -24,9 +34,9 @@ constexpr std::array kByNumberFields{FieldRow{"desde", kNumber, 99'999},
                                      FieldRow{"hasta", kNumber, 99'999},
                                      FieldRow{"detalle", kChoice, 0, "DT"}};
 constexpr std::array kOpenTicketFields{FieldRow{"impresión", kChoice, 0, "CG"}};
-constexpr std::array kFiscalTextFields{FieldRow{"texto", kText, kDescription}};
+constexpr std::array kFiscalTextFields{Text("texto", kDescription, kLooseText)};
 constexpr std::array kTicketItemFields{
-    FieldRow{"descripción", kText, kDescription},
+    Text("descripción", kDescription),
     FieldRow{"cantidad", kQuantity},
     FieldRow{"precio", kPrice},
     FieldRow{"IVA", kRate},
@@ -36,13 +46,13 @@ constexpr std::array kTicketItemFields{
     FieldRow{"impuestos internos", kInternal},
 };
 constexpr std::array kTicketSubtotalFields{FieldRow{"salida", kChoice, 0, "PN"},
-                                           FieldRow{"texto", kText, kDescription}};
-constexpr std::array kAdjustFields{FieldRow{"descripción", kText, kDescription},
+                                           Text("texto", kDescription, kLooseText)};
+constexpr std::array kAdjustFields{Text("descripción", kFiscalText, kPaymentText),
                                    FieldRow{"importe", kAmountOrEmpty},
                                    FieldRow{"calificador", kChoice, 0, "DRTC"}};
 constexpr std::array kCloseTicketFields{FieldRow{"tipo", kChoice, 0, "T"},
-                                        FieldRow{"texto", kText, kDescription}};
-constexpr std::array kNonFiscalTextFields{FieldRow{"texto", kText, kLongText}};
+                                        Text("texto", kDescription, kLooseText)};
+constexpr std::array kNonFiscalTextFields{Text("texto", kNonFiscalText)};
 constexpr std::array kCloseNonFiscalFields{FieldRow{"tipo", kChoice, 0, "T"}};
 constexpr std::array kFeedFields{FieldRow{"líneas", kNumber, 99}};
 constexpr std::array kSetClockFields{FieldRow{"fecha", kDate}, FieldRow{"hora", kTime}};
@@ -50,7 +60,7 @@ constexpr std::array kSheetFields{
     FieldRow{"operación", kChoice, 0, "QD"}, FieldRow{"objeto", kChoice, 0, "LP"},
     FieldRow{"hoja", kChoice, 0, "T"}, FieldRow{"acción", kChoice, 0, "TO"}};
 constexpr std::array kSetHeaderFields{FieldRow{"línea", kNumber, kHeaderLines + kTrailerLines},
-                                      FieldRow{"texto", kText, kLongText}};
+                                      Text("texto", kHeader)};
 constexpr std::array kReadHeaderFields{FieldRow{"línea", kNumber, kHeaderLines + kTrailerLines}};
 constexpr std::array kOpenInvoiceFields{
     FieldRow{"tipo", kChoice, 0, "FTDMNEC"},
@@ -61,36 +71,36 @@ constexpr std::array kOpenInvoiceFields{
     FieldRow{"caracteres por pulgada", kNumber, 20},
     FieldRow{"IVA del emisor", kText, 1},
     FieldRow{"IVA del cliente", kChoice, 0, kCapitals},
-    FieldRow{"nombre", kText, kCustomerText},
-    FieldRow{"nombre 2", kText, kCustomerText},
+    Text("nombre", kCustomer),
+    Text("nombre 2", kCustomer),
     FieldRow{"tipo de documento", kText, 6},
     FieldRow{"documento", kText, 11},
     FieldRow{"bien de uso", kText, 1},
-    FieldRow{"domicilio", kText, kCustomerText},
-    FieldRow{"domicilio 2", kText, kCustomerText},
-    FieldRow{"domicilio 3", kText, kCustomerText},
-    FieldRow{"remito 1", kText, kCustomerText},
-    FieldRow{"remito 2", kText, kCustomerText},
+    Text("domicilio", kCustomer, kNoAddressText),
+    Text("domicilio 2", kCustomer),
+    Text("domicilio 3", kCustomer),
+    Text("remito 1", kCustomer),
+    Text("remito 2", kCustomer),
     FieldRow{"almacenamiento", kChoice, 0, kCapitals},
 };
 constexpr std::array kInvoiceItemFields{
-    FieldRow{"descripción", kText, kDescription},
+    Text("descripción", kDescription),
     FieldRow{"cantidad", kQuantity},
     FieldRow{"precio", kPrice},
     FieldRow{"IVA", kRate},
     FieldRow{"calificador", kChoice, 0, "MRm"},
     FieldRow{"bultos", kFiller},
     FieldRow{"tasa de ajuste", kFiller},
-    FieldRow{"extra 1", kText, kDescription},
-    FieldRow{"extra 2", kText, kDescription},
-    FieldRow{"extra 3", kText, kDescription},
+    Text("extra 1", kDescription),
+    Text("extra 2", kDescription),
+    Text("extra 3", kDescription),
     FieldRow{"acrecentamiento", kFiller},
     FieldRow{"impuestos internos", kInternal},
 };
 constexpr std::array kCloseInvoiceFields{FieldRow{"tipo", kChoice, 0, "FTDMNEC"},
                                          FieldRow{"letra", kChoice, 0, kCapitals},
-                                         FieldRow{"texto", kText, kDescription}};
-constexpr std::array kPerceptionFields{FieldRow{"descripción", kText, kDescription},
+                                         Text("texto", kDescription, kLooseText)};
+constexpr std::array kPerceptionFields{Text("descripción", kFiscalText, kPaymentText),
                                        FieldRow{"calificador", kChoice, 0, "IO"},
                                        FieldRow{"importe", kPerception}, FieldRow{"IVA", kRate}};
 
@@ -114,13 +124,14 @@ constexpr unsigned kInvoices = kOnRolls | kOnForms;
 constexpr Printing kNo = Printing::kNever;
 constexpr Printing kYes = Printing::kAlways;
 constexpr Printing kAsks = Printing::kUnlessAsking;
+constexpr Printing kQuestion = Printing::kQuestion;
 
 constexpr std::span<const FieldRow> kNone{};
 
 // clang-format off
 // byte, name, fields, required, families, stages, printing, what it does
 constexpr std::array<CommandRow, 28> kCommands{{
-    {'*', "Consulta de estado", kStatusFields, 0, kAll, kAlways, kNo, QueryStatus},
+    {'*', "Consulta de estado", kStatusFields, 0, kAll, kAlways, kQuestion, QueryStatus},
     {'9', "Cierre de jornada", kReportFields, 1, kAll, kIdle, kYes, DailyReport},
     {':', "Cierres por fecha", kByDateFields, 2, kAll, kIdle, kYes, ClosingsByDate},
     {';', "Cierres por número", kByNumberFields, 2, kAll, kIdle, kYes, ClosingsByNumber},
@@ -138,11 +149,11 @@ constexpr std::array<CommandRow, 28> kCommands{{
     {'K', "Cortar papel", kNone, 0, kAll, kIdle | kNonFiscal, kYes, CutPaper},
     {'R', "Avanzar papel", kFeedFields, 1, kAll, kAlways, kYes, FeedPaper},
     {'X', "Fijar fecha y hora", kSetClockFields, 2, kAll, kIdle, kNo, SetClock},
-    {'Y', "Leer fecha y hora", kNone, 0, kAll, kAlways, kNo, ReadClock},
+    {'Y', "Leer fecha y hora", kNone, 0, kAll, kAlways, kQuestion, ReadClock},
     {'\\', "Hoja de transporte", kSheetFields, 2, kOnForms, kInvoiceItems | kSheets, kAsks,
      TransportSheet},
     {']', "Fijar encabezado", kSetHeaderFields, 2, kAll, kIdle, kNo, SetHeader},
-    {'^', "Leer encabezado", kReadHeaderFields, 1, kAll, kAlways, kNo, ReadHeader},
+    {'^', "Leer encabezado", kReadHeaderFields, 1, kAll, kAlways, kQuestion, ReadHeader},
     {'`', "Abrir factura", kOpenInvoiceFields, 19, kInvoices, kIdle, kYes, OpenInvoice},
     {'b', "Ítem de factura", kInvoiceItemFields, 12, kInvoices, kInvoiceItems, kYes, InvoiceItem},
     {'c', "Subtotal de factura", kTicketSubtotalFields, 0, kInvoices, kInvoice, kAsks, Subtotal},
@@ -173,6 +184,19 @@ const CommandRow* FindCommand(std::uint8_t byte) {
   const auto before = [](const CommandRow& row, std::uint8_t wanted) { return row.byte < wanted; };
   const auto row = std::lower_bound(kCommands.begin(), kCommands.end(), byte, before);
   return row != kCommands.end() && row->byte == byte ? &*row : nullptr;
+}
+
+bool NeedsPaper(const CommandRow& row, char first_letter) {
+  if (row.printing == Printing::kUnlessAsking) return first_letter != 'N' && first_letter != 'Q';
+  return row.printing == Printing::kAlways;
+}
+
+bool OnlyAsks(const Packet& packet) {
+  const CommandRow* const row = FindCommand(packet.command);
+  if (row == nullptr) return false;
+  if (row->printing != Printing::kUnlessAsking) return row->printing == Printing::kQuestion;
+  const std::string_view first = packet.fields.empty() ? std::string_view() : packet.fields[0];
+  return !NeedsPaper(*row, first.empty() ? '\0' : first.front());
 }
 
 }  // namespace impresora

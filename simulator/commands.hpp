@@ -9,6 +9,7 @@
 
 #include "fields.hpp"
 #include "machine.hpp"
+#include "packet.hpp"
 
 namespace impresora {
 
@@ -24,8 +25,9 @@ inline Outcome Refused(std::uint16_t bit) {
 }
 
 // Whether a command needs paper and a working mechanism. Some commands print or only ask, as their
-// first field says: "N" (do not print) and "Q" (query) need no paper.
-enum class Printing { kNever, kAlways, kUnlessAsking };
+// first field says: "N" (do not print) and "Q" (query) need no paper. Questions print nothing and
+// change nothing.
+enum class Printing { kNever, kAlways, kUnlessAsking, kQuestion };
 
 struct CommandRow {
   std::uint8_t byte;
@@ -43,6 +45,10 @@ std::span<const CommandRow> Commands();
 
 // The row for a byte, whatever the family, or null.
 const CommandRow* FindCommand(std::uint8_t byte);
+
+// Whether it needs paper, as its first letter says; and whether it leaves the printer as it was.
+bool NeedsPaper(const CommandRow& row, char first_letter);
+bool OnlyAsks(const Packet& packet);
 
 // What an open document will be known by; money and end are the caller's.
 Receipt ReceiptOf(const Document& document);

@@ -60,7 +60,8 @@ std::vector<std::string> Model(const Machine& m) {
 }
 
 std::vector<std::string> Owner(const Machine& m) {
-  return {m.settings.owner_cuit, Padded(m.settings.point_of_sale, 4), "I", m.settings.owner};
+  return {m.settings.owner_cuit, Padded(m.settings.point_of_sale, 4),
+          std::string(1, m.settings.owner_iva), m.settings.owner};
 }
 
 std::vector<std::string> DayFigures(const Machine& m) {

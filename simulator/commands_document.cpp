@@ -79,8 +79,8 @@ struct Qualifier {
 
 constexpr std::array<Qualifier, 3> kQualifiers{{
     {'M', "", 1, &Document::Sell},
-    {'R', "DEVOLUCIÓN", -1, &Document::Return},
-    {'m', "ANULACIÓN", -1, &Document::Void},
+    {'R', "DEVOLUCIÓN", -1, &Document::TakeBack},
+    {'m', "ANULACIÓN", -1, &Document::TakeBack},
 }};
 
 const Qualifier& FindQualifier(char letter) {

@@ -45,6 +45,11 @@ bool AnyNegative(const std::vector<RateBase>& bases) {
   return std::any_of(bases.begin(), bases.end(), [](const RateBase& b) { return b.amount < 0; });
 }
 
+bool IsLike(const SoldItem& line, const Item& item) {
+  return line.price == item.price && line.rate == item.rate &&
+         line.internal_each == item.internal_each && line.description == item.description;
+}
+
 }  // namespace
 
 const DocumentKind* FindKind(char code, Family family) {
@@ -65,19 +70,18 @@ Entry Document::Sell(const Item& item) {
   return entry;
 }
 
-Entry Document::Return(const Item& item) {
-  return Add(item, -1);
-}
-
-Entry Document::Void(const Item& item) {
-  const auto matches = [&item](const SoldItem& line) {
-    return line.price == item.price && line.quantity >= item.quantity && line.rate == item.rate &&
-           line.internal_each == item.internal_each && line.description == item.description;
-  };
-  const auto found = std::find_if(sold.begin(), sold.end(), matches);
-  if (found == sold.end()) return Entry::kRejected;
+Entry Document::TakeBack(const Item& item) {
+  std::vector<SoldItem> left = sold;
+  std::int64_t wanted = item.quantity;
+  for (SoldItem& line : left) {
+    if (!IsLike(line, item)) continue;
+    const std::int64_t taken = std::min(wanted, line.quantity);
+    line.quantity -= taken;
+    wanted -= taken;
+  }
+  if (wanted > 0) return Entry::kRejected;
   const Entry entry = Add(item, -1);
-  if (entry == Entry::kDone) found->quantity -= item.quantity;
+  if (entry == Entry::kDone) sold = std::move(left);
   return entry;
 }
 

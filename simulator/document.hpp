@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "paper.hpp"
 #include "settings.hpp"
 
 namespace impresora {
@@ -68,7 +67,7 @@ struct Payment {
   bool operator==(const Payment&) const = default;
 };
 
-// A line sold, and what voids have left of it.
+// A line sold, and what voids and returns have left of it.
 struct SoldItem {
   std::string description;
   std::int64_t price, quantity, rate, internal_each;
@@ -120,9 +119,7 @@ struct DocumentContent {
   bool between_sheets = false;
   int lines_on_sheet = 0;
 
-  // How many papers the host wants, and what is on the first one if it is not the only one.
-  int copies = 1;
-  std::vector<PaperLine> printed;
+  int copies = 1;  // how many papers the host wants
 
   bool operator==(const DocumentContent&) const = default;
 };
@@ -134,8 +131,7 @@ class Document : public DocumentContent {
 
   // Each leaves the document as it was unless it returns kDone.
   Entry Sell(const Item& item);
-  Entry Void(const Item& item);    // takes back what was sold like that
-  Entry Return(const Item& item);  // a sale of the opposite sign
+  Entry TakeBack(const Item& item);  // of what was sold like that, over all its lines
   Entry Adjust(std::int64_t amount);
   Entry AddPerception(std::int64_t amount);
   Entry Pay(Payment payment);

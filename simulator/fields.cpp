@@ -24,7 +24,15 @@ bool IsPrintable(char byte) {
   return code >= 0x20 && byte != kEmptyField;
 }
 
+// Longest text that the field takes. Some commands have texts of their own besides those that the
+// host gives a length.
+int LongestText(const FieldRow& row, const TextLengths& lengths) {
+  return row.length == nullptr ? row.limit : std::max(row.limit, lengths.*row.length);
+}
+
+// The mark of double width stands before the text and takes none of its room.
 bool IsText(std::string_view text, int limit) {
+  if (!text.empty() && text.front() == kDoubleWidth) text.remove_prefix(1);
   return text.size() <= static_cast<std::size_t>(limit) &&
          std::all_of(text.begin(), text.end(), IsPrintable);
 }
@@ -63,10 +71,11 @@ std::string_view WithoutEmptyMark(std::string_view text) {
 }
 
 std::optional<std::int64_t> ReadField(std::string_view text, const FieldRow& row,
-                                      const FieldDigits& digits) {
+                                      const Settings& settings) {
+  const FieldDigits& digits = settings.digits;
   switch (row.kind) {
     case FieldKind::kText:
-      return Accept(IsText(text, row.limit));
+      return Accept(IsText(text, LongestText(row, settings.texts())));
     case FieldKind::kChoice:
       return Accept(text.size() == 1 && row.allowed.find(text.front()) != std::string_view::npos);
     case FieldKind::kNumber:

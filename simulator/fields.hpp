@@ -12,7 +12,7 @@
 namespace impresora {
 
 enum class FieldKind {
-  kText,        // up to `limit` bytes
+  kText,        // up to `limit` bytes, or more if `length` says so
   kChoice,      // one letter out of `allowed`
   kNumber,      // plain decimal, up to `limit`
   kFiller,      // digits or empty; accepted and not used
@@ -32,6 +32,7 @@ struct FieldRow {
   FieldKind kind;
   int limit = 0;
   std::string_view allowed = {};
+  int TextLengths::*length = nullptr;
 };
 
 // A command's fields once checked: texts as bytes, numbers as the units of amounts.hpp, dates and
@@ -56,7 +57,7 @@ class Fields {
 // The bytes of one field turned into a value; nothing when its row does not allow them. The byte
 // that stands for an empty field reads as the empty text.
 std::optional<std::int64_t> ReadField(std::string_view text, const FieldRow& row,
-                                      const FieldDigits& digits);
+                                      const Settings& settings);
 
 std::string_view WithoutEmptyMark(std::string_view text);
 

@@ -24,6 +24,21 @@ constexpr std::array<IvaName, 8> kIvaNames{{
     {'C', "A Consumidor Final"},
 }};
 
+constexpr std::array<IvaName, 5> kOwnerIvaNames{{
+    {'I', "IVA RESPONSABLE INSCRIPTO"},
+    {'R', "IVA RESPONSABLE NO INSCRIPTO"},
+    {'N', "NO RESPONSABLE"},
+    {'E', "IVA EXENTO"},
+    {'M', "RESPONSABLE MONOTRIBUTO"},
+}};
+
+std::string_view OwnerIvaWords(char letter) {
+  for (const IvaName& name : kOwnerIvaNames) {
+    if (name.letter == letter) return name.words;
+  }
+  return "OTRA CONDICIÓN ANTE EL IVA";
+}
+
 std::string_view IvaWords(char letter) {
   for (const IvaName& name : kIvaNames) {
     if (name.letter == letter) return name.words;
@@ -74,7 +89,7 @@ void PrintLetterhead(Machine& m) {
   }
   m.paper.Line(m.settings.owner, Paper::Style::kStrongCentred);
   m.paper.Center("C.U.I.T. Nº " + m.settings.owner_cuit);
-  m.paper.Center("IVA RESPONSABLE INSCRIPTO");
+  m.paper.Center(OwnerIvaWords(m.settings.owner_iva));
   m.paper.Rule('=');
 }
 

@@ -28,7 +28,7 @@ void PrintCopy(Machine& m, const std::vector<PaperLine>& original, const std::st
 void PrintCopies(Machine& m) {
   const Document& document = *m.document;
   if (document.copies < 2) return;
-  std::vector<PaperLine> original = document.printed;
+  std::vector<PaperLine> original = m.printed;
   const std::vector<PaperLine>& waiting = m.paper.lines();
   for (std::size_t i = m.command_paper; i < waiting.size(); ++i) original.push_back(waiting[i]);
   for (int paper = 2; paper <= document.copies; ++paper) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "commands.hpp"
 #include "faults/fault_plan.hpp"
 #include "wire.hpp"
 
@@ -10,6 +11,10 @@ namespace impresora {
 namespace {
 
 constexpr int kBitsPerByte = 10;
+
+// A host that waits for an answer gives up within five seconds. The same frame after a longer
+// silence is no second try: its number came round again.
+constexpr Micros kSecondTry = std::chrono::seconds(6);
 
 Micros ByteTime(int baud) {
   return baud > 0 ? Micros(std::int64_t{kBitsPerByte} * 1'000'000 / baud) : Micros(0);
@@ -60,6 +65,7 @@ void Line::Handle(const Event& event, Micros at) {
     case EventKind::kAck:
       acknowledged_ = true;
       ++acknowledgements_;
+      done_.body.clear();  // the host has its answer: nothing to say again
       break;
     case EventKind::kDamagedFrame:
       Begin(ExchangeKind::kDamaged, event, at);
@@ -78,7 +84,7 @@ void Line::HandlePacket(const Event& event, Micros at) {
   acknowledged_ = false;
   Begin(ExchangeKind::kExecuted, event, at);
   if (!Heard(packet, at)) return;
-  if (packet.body == done_.body) {
+  if (IsSecondTry(packet, at)) {
     current_.kind = ExchangeKind::kRepeated;
     Schedule(Judge(packet, 0), at);
     return;
@@ -88,6 +94,11 @@ void Line::HandlePacket(const Event& event, Micros at) {
   Verdict verdict = Judge(packet, machine.paper.lines().size() - machine.command_paper);
   verdict.busy += printer_.WorkTime(packet.command);
   Schedule(std::move(verdict), at);
+}
+
+// A question is answered anew however often it comes.
+bool Line::IsSecondTry(const Packet& packet, Micros at) const {
+  return packet.body == done_.body && at - free_at_ <= kSecondTry && !OnlyAsks(packet);
 }
 
 // Whether the faults let the command through.
@@ -222,6 +233,7 @@ void Line::Clear() {
   outgoing_.clear();
   bursts_.clear();
   next_in_ = next_out_ = free_at_ = Micros{};
+  done_.body.clear();  // whoever comes now has not asked for anything yet
 }
 
 void Line::SwitchOff() {

@@ -78,7 +78,8 @@ class Line {
   // When there is something to do next, if nothing arrives before.
   std::optional<Micros> NextDue() const;
 
-  // Forgets what is on its way either way; with the power goes the memory of the last command too.
+  // Forgets what is on its way either way and that somebody may ask again; with the power goes the
+  // last answer too.
   void Clear();
   void SwitchOff();
 
@@ -89,7 +90,8 @@ class Line {
   std::vector<Exchange> TakeExchanges();
 
  private:
-  // The last command carried out, what it was answered, and how it went before the line.
+  // The last command carried out, what it was answered, and how it went before the line. The body is
+  // empty once nobody can be waiting for that answer.
   struct Done {
     std::string body;
     Answer answer;
@@ -103,6 +105,7 @@ class Line {
   void Handle(const Event& event, Micros at);
   void Refuse(const Event& event, Micros at);
   void HandlePacket(const Event& event, Micros at);
+  bool IsSecondTry(const Packet& packet, Micros at) const;
   bool Heard(const Packet& packet, Micros at);
   void CarryOut(const Packet& packet);
   Verdict Judge(const Packet& packet, std::uint64_t lines);

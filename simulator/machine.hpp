@@ -37,6 +37,7 @@ inline constexpr std::int64_t kEndlessPaper = -1;
 struct Books {
   std::optional<Document> document;
   bool non_fiscal_open = false;
+  std::vector<PaperLine> printed;  // of the open document, fiscal or not
 
   std::array<std::string, kHeaderLines> header;
   std::array<std::string, kTrailerLines> trailer;

@@ -15,7 +15,7 @@ namespace {
 
 // Every field checked against its row; nothing when the host sent too few, too many or wrong ones.
 std::optional<Fields> ReadFields(const Packet& packet, const CommandRow& row,
-                                 const FieldDigits& digits) {
+                                 const Settings& settings) {
   const std::size_t count = packet.fields.size();
   if (!packet.well_formed || count < row.required || count > row.fields.size()) {
     return std::nullopt;
@@ -23,7 +23,7 @@ std::optional<Fields> ReadFields(const Packet& packet, const CommandRow& row,
   Fields fields;
   for (std::size_t i = 0; i < count; ++i) {
     const std::string_view text = WithoutEmptyMark(packet.fields[i]);
-    const auto number = ReadField(text, row.fields[i], digits);
+    const auto number = ReadField(text, row.fields[i], settings);
     if (!number) return std::nullopt;
     fields.Append(std::string(text), *number);
   }
@@ -33,11 +33,6 @@ std::optional<Fields> ReadFields(const Packet& packet, const CommandRow& row,
 bool Stuck(const Faults& faults) {
   return faults.paper_out || faults.journal_paper_out || faults.receipt_paper_out ||
          faults.cover_open || faults.offline || faults.printer_failure;
-}
-
-bool Prints(const CommandRow& row, const Fields& fields) {
-  if (row.printing != Printing::kUnlessAsking) return row.printing == Printing::kAlways;
-  return fields.Letter(0) != 'N' && fields.Letter(0) != 'Q';
 }
 
 // A command that cannot print is not carried out, and its answer says that the mechanism failed:
@@ -52,9 +47,10 @@ Attempt Try(Machine& m, const Packet& packet) {
   const auto family = static_cast<unsigned>(m.settings.family);
   if (row == nullptr || (row->families & family) == 0) return {Refused(kUnknownCommand)};
   if ((row->stages & static_cast<unsigned>(m.stage())) == 0) return {Refused(kWrongState)};
-  const auto fields = ReadFields(packet, *row, m.settings.digits);
+  const auto fields = ReadFields(packet, *row, m.settings);
   if (!fields) return {Refused(kInvalidField)};
-  if (Prints(*row, *fields) && Stuck(m.faults)) return {.outcome = {}, .mechanism_failed = true};
+  if (NeedsPaper(*row, fields->Letter(0)) && Stuck(m.faults))
+    return {.outcome = {}, .mechanism_failed = true};
   return {row->run(m, *fields)};
 }
 
@@ -97,13 +93,15 @@ Answer Printer::Execute(const Packet& packet, std::int64_t local_seconds) {
           .fields = std::move(attempt.outcome.fields)};
 }
 
-// What the command printed comes off the roll; a document of several papers remembers its first.
+// What the command printed comes off the roll and is kept while its document is open: its copies and
+// whoever shows it after a power cut want it whole.
 void Printer::Account(std::size_t lines_before) {
   const std::vector<PaperLine>& lines = machine_.paper.lines();
   const auto printed = static_cast<std::int64_t>(lines.size() - lines_before);
-  if (machine_.document && machine_.document->copies > 1) {
-    std::vector<PaperLine>& first = machine_.document->printed;
-    first.insert(first.end(), lines.end() - printed, lines.end());
+  if (machine_.stage() == Stage::kIdle) {
+    machine_.printed.clear();
+  } else {
+    machine_.printed.insert(machine_.printed.end(), lines.end() - printed, lines.end());
   }
   if (machine_.paper_left == kEndlessPaper || printed == 0) return;
   machine_.paper_left = std::max<std::int64_t>(machine_.paper_left - printed, 0);
@@ -137,13 +135,19 @@ void Printer::Load() {
   if (!recall) return;
   static_cast<Books&>(machine_) = std::move(recall->books);
   machine_.closings = std::move(recall->closings);
-  if (machine_.stage() != Stage::kIdle) PrintPowerCut(machine_);
+  CutShort();
 }
 
 void Printer::Restart() {
   machine_.receipts.clear();
   if (store_ != nullptr) return Load();
-  if (machine_.stage() != Stage::kIdle) PrintPowerCut(machine_);
+  CutShort();
+}
+
+void Printer::CutShort() {
+  if (machine_.stage() == Stage::kIdle) return;
+  PrintPowerCut(machine_);
+  machine_.printed.push_back(machine_.paper.lines().back());
 }
 
 std::uint16_t Printer::printer_word() const {

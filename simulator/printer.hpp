@@ -65,6 +65,7 @@ class Printer {
 
  private:
   void Load();
+  void CutShort();
   void Account(std::size_t lines_before);
 
   Machine machine_;

@@ -59,7 +59,15 @@ std::optional<Micros> Session::NextDue() const {
   return off_until_ ? off_until_ : line_.NextDue();
 }
 
+// What is still to be told comes with the next call, and is not told twice.
 void Session::Attach(Observer& observer) {
+  Gather();
+  const auto is_line = [](const News& item) { return std::holds_alternative<PaperLine>(item); };
+  const auto untold = std::count_if(news_.begin(), news_.end(), is_line);
+  const std::vector<PaperLine>& printed = printer_.machine().printed;
+  if (untold < static_cast<std::ptrdiff_t>(printed.size())) {
+    observer.Resumed({printed.begin(), printed.end() - untold});
+  }
   observers_.push_back(&observer);
 }
 

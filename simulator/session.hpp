@@ -17,6 +17,8 @@ namespace impresora {
 // news have already been handed out, so that no host waits for a file or a picture.
 struct Observer {
   virtual ~Observer() = default;
+  // With Attach, when a document is open: what it has on its paper from before.
+  virtual void Resumed(const std::vector<PaperLine>& /*paper*/) {}
   virtual void Exchanged(const Exchange& /*exchange*/) {}
   virtual void Printed(const PaperLine& /*line*/) {}  // all of a document before its Closed
   virtual void Closed(const Receipt& /*receipt*/) {}

@@ -22,12 +22,24 @@ struct FieldDigits {
   Digits perception{7, 2};
 };
 
+// Longest texts that the commands' fields take, in bytes.
+struct TextLengths {
+  int description = 80;       // of items, with their extra lines
+  int fiscal_text = 80;       // of discounts and surcharges
+  int header = 120;           // above and below documents
+  int non_fiscal_text = 120;  // of non-fiscal documents
+  int customer = 80;          // name, address and further lines
+};
+
 struct Settings {
   Family family = Family::kTicketInvoice;
   FieldDigits digits;
+  TextLengths roll_texts;
+  TextLengths form_texts;
   std::string model = "TM-U220AF";
   std::string owner = "COMERCIO DE PRUEBA S.A.";
   std::string owner_cuit = "30-00000000-7";
+  char owner_iva = 'I';
   int point_of_sale = 1;
   int closings_left = 1825;  // daily closings that still fit in the fiscal memory
   int lines_per_form = 24;   // item lines that fit on one form
@@ -36,6 +48,7 @@ struct Settings {
   // How long the printer works on each command before it answers, by command byte.
   std::array<std::uint32_t, 256> work_milliseconds{};
 
+  const TextLengths& texts() const { return family == Family::kForm ? form_texts : roll_texts; }
   std::size_t columns() const { return family == Family::kForm ? 80 : 40; }
 };
 

@@ -137,10 +137,13 @@ void ReadContent(Statements& sql, DocumentContent& content) {
     payment.amount = row.Number();
     content.payments.push_back(std::move(payment));
   });
+}
+
+void ReadPaper(Statements& sql, std::vector<PaperLine>& printed) {
   ForEach(sql("SELECT texto, estilo FROM documento_papel ORDER BY n"), [&](Statement& row) {
     PaperLine line{row.Text(), PaperLine::Style::kPlain};
     line.style = static_cast<PaperLine::Style>(row.Number());
-    content.printed.push_back(std::move(line));
+    printed.push_back(std::move(line));
   });
 }
 
@@ -171,6 +174,7 @@ Books ReadBooks(Statements& statements, Family family) {
   ReadHeader(statements, books);
   ReadMovements(statements, kOpenDay, kOpenDay, [&](std::int64_t) -> Day& { return books.day; });
   ReadDocument(statements, family, books.document);
+  ReadPaper(statements, books.printed);
   return books;
 }
 

@@ -91,7 +91,6 @@ void ForgetDocument(Statements& sql) {
   sql("DELETE FROM documento_tasas").Run();
   sql("DELETE FROM documento_items").Run();
   sql("DELETE FROM documento_pagos").Run();
-  sql("DELETE FROM documento_papel").Run();
 }
 
 void WriteHead(Statements& sql, const Document& d) {
@@ -134,10 +133,17 @@ void WriteContent(Statements& sql, const DocumentContent& last, const DocumentCo
     Statement& put = sql("INSERT OR REPLACE INTO documento_pagos VALUES (?, ?, ?)");
     put.Bind(n).BindBytes(payment.description).Bind(payment.amount).Run();
   });
-  WriteRows(last.printed, now.printed, [&](std::int64_t n, const PaperLine& line) {
+}
+
+void WritePaper(Statements& sql, const std::vector<PaperLine>& last,
+                const std::vector<PaperLine>& now) {
+  const bool shorter = now.size() < last.size();
+  if (shorter) sql("DELETE FROM documento_papel").Run();
+  const auto put_line = [&](std::int64_t n, const PaperLine& line) {
     Statement& put = sql("INSERT OR REPLACE INTO documento_papel VALUES (?, ?, ?)");
     put.Bind(n).Bind(line.text).Bind(static_cast<int>(line.style)).Run();
-  });
+  };
+  WriteRows(shorter ? std::vector<PaperLine>() : last, now, put_line);
 }
 
 bool SameDocument(const std::optional<Document>& a, const std::optional<Document>& b) {
@@ -171,6 +177,7 @@ void WriteBooks(Statements& statements, const Books& last, const Books& books) {
     WriteMovement(statements, kOpenDay, kCredits, books.day.credits);
   }
   WriteDocument(statements, last.document, books.document);
+  WritePaper(statements, last.printed, books.printed);
 }
 
 void WriteClosing(Statements& statements, const DailyClosing& closing) {

@@ -144,7 +144,11 @@ void Api::RemoveAllFaults(const Call& call) {
 }
 
 void Api::PowerCycle(const Call& call) {
-  Answer(call, [this] {
+  Answer(call, [this, body = call.request.body]() -> Reply {
+    const auto json = body.empty() ? std::optional(Json::object()) : ReadObject(body);
+    if (!json || !json->empty()) {
+      return {.status = 400, .body = ErrorJson("se espera un cuerpo vacío o {}")};
+    }
     power_cycle_();
     Changed();
     return StateReply();

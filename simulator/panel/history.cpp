@@ -23,6 +23,10 @@ void Keep(std::deque<Item>& kept, Item item, std::size_t most) {
 
 }  // namespace
 
+void History::Resumed(const std::vector<PaperLine>& paper) {
+  for (const PaperLine& line : paper) TakeLine(line);
+}
+
 void History::Exchanged(const Exchange& exchange) {
   counters_.commands += exchange.kind == ExchangeKind::kExecuted ? 1 : 0;
   counters_.repeated += exchange.kind == ExchangeKind::kRepeated ? 1 : 0;
@@ -38,6 +42,10 @@ void History::Exchanged(const Exchange& exchange) {
 void History::Printed(const PaperLine& line) {
   ++counters_.lines;
   feed_.Publish("papel", PaperLineJson(line));
+  TakeLine(line);
+}
+
+void History::TakeLine(const PaperLine& line) {
   if (open_paper_.size() < kLinesOfDocument) open_paper_.push_back(line);
   Keep(roll_, line, kRoll);
 }

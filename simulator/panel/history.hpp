@@ -35,6 +35,7 @@ class History : public Observer {
  public:
   explicit History(Feed& feed) : feed_(feed) {}
 
+  void Resumed(const std::vector<PaperLine>& paper) override;
   void Exchanged(const Exchange& exchange) override;
   void Printed(const PaperLine& line) override;
   void Closed(const Receipt& receipt) override;
@@ -56,6 +57,8 @@ class History : public Observer {
   void TearOff();
 
  private:
+  void TakeLine(const PaperLine& line);
+
   Feed& feed_;
   std::deque<KeptExchange> exchanges_;
   std::deque<KeptDocument> documents_;

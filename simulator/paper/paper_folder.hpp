@@ -25,6 +25,7 @@ class PaperFolder : public Observer {
   PaperFolder(std::filesystem::path folder, std::size_t columns, const std::string& font,
               Tell tell);
 
+  void Resumed(const std::vector<PaperLine>& paper) override { lines_ = paper; }
   void Printed(const PaperLine& line) override;
   void Closed(const Receipt& receipt) override;
 

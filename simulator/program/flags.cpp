@@ -116,7 +116,8 @@ using Text = std::string_view;
 constexpr std::array kFlags{
     Flag{"--familia", "TQ|TF|FC", "tiques, tique-facturas (por omisión) o formularios",
          [](Options& o, Text v) { return SetFamily(o.settings, v); }},
-    Flag{"--ini", "FISCAL.INI", "familia, modelo y dígitos como en ese archivo del controlador",
+    Flag{"--ini", "FISCAL.INI",
+         "familia, modelo, dígitos y largos como en ese archivo del controlador",
          [](Options&, Text v) { return !v.empty(); }},
     Flag{"--enlace", "RUTA", "enlace simbólico estable hacia el puerto",
          [](Options& o, Text v) { return o.link = v, !v.empty(); }},

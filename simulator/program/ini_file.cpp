@@ -53,6 +53,22 @@ constexpr std::array<DigitKeys, 6> kDigitKeys{{
     {"EntPercepcion", "DecPercepcion", &FieldDigits::perception},
 }};
 
+// A text and the keys that say how long it may be: on a roll and on a form.
+struct LengthKeys {
+  std::string_view roll;
+  std::string_view form;
+  int TextLengths::*length;
+};
+
+constexpr std::array<LengthKeys, 5> kLengthKeys{{
+    {"LonDescripcionT", "LonDescripcionF", &TextLengths::description},
+    {"LonTextoFiscalT", "LonTextoFiscalF", &TextLengths::fiscal_text},
+    {"LonEncabezadoT", "LonEncabezadoF", &TextLengths::header},
+    {"LonTextoNoFiscalT", "LonTextoNoFiscalF", &TextLengths::non_fiscal_text},
+    {"LonDatosClienteT", "LonDatosClienteF", &TextLengths::customer},
+}};
+
+constexpr int kLongestText = 999;
 constexpr int kMostIntegers = 9;
 constexpr int kMostDecimals = 4;
 
@@ -85,13 +101,29 @@ std::string ApplyDigits(const IniSection& section, FieldDigits& digits) {
   return {};
 }
 
+std::string ApplyLengths(const IniSection& section, Settings& settings) {
+  for (const LengthKeys& row : kLengthKeys) {
+    if (!ReadCount(section, row.roll, 1, kLongestText, settings.roll_texts.*row.length)) {
+      return WrongKey(row.roll);
+    }
+    if (!ReadCount(section, row.form, 1, kLongestText, settings.form_texts.*row.length)) {
+      return WrongKey(row.form);
+    }
+  }
+  return {};
+}
+
 std::string ApplySection(const IniSection& section, Settings& settings) {
   if (!section.found()) return "no tiene la sección [Epson_Fiscal]";
   const std::optional<std::string> family = section.Value("TipoComprobante");
   if (family && !SetFamily(settings, *family)) return WrongKey("TipoComprobante");
   const std::optional<std::string> model = section.Value("ModeloNombre");
   if (model && !model->empty()) settings.model = *model;
-  return ApplyDigits(section, settings.digits);
+  const std::string iva = section.Value("TipoIVA").value_or("");
+  if (!iva.empty() && (iva.front() < 'A' || iva.front() > 'Z')) return WrongKey("TipoIVA");
+  if (!iva.empty()) settings.owner_iva = iva.front();
+  const std::string wrong = ApplyDigits(section, settings.digits);
+  return wrong.empty() ? ApplyLengths(section, settings) : wrong;
 }
 
 }  // namespace

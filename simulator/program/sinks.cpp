@@ -19,6 +19,10 @@ class PaperFile : public Sink {
   PaperFile(const std::string& path, const Printer& printer)
       : file_(path, false), printer_(printer) {}
 
+  // The file begins anew with the program, and the document with it.
+  void Resumed(const std::vector<PaperLine>& paper) override {
+    for (const PaperLine& line : paper) Printed(line);
+  }
   void Printed(const PaperLine& line) override {
     file_.Line(AsText(line, printer_.settings().columns()));
     fresh_ = true;
@@ -45,6 +49,7 @@ class PaperPictures : public Sink {
   PaperPictures(const Options& options, const Printer& printer)
       : folder_(options.paper, printer.settings().columns(), options.font, TellPerson) {}
 
+  void Resumed(const std::vector<PaperLine>& paper) override { folder_.Resumed(paper); }
   void Printed(const PaperLine& line) override { folder_.Printed(line); }
   void Closed(const Receipt& receipt) override { folder_.Closed(receipt); }
   void Finish() override { folder_.Finish(); }

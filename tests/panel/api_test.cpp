@@ -153,6 +153,28 @@ TEST_F(PanelApi, AnOpenDocumentIsStillOpenAfterThePowerCameBack) {
   EXPECT_EQ(State()["abierto"], true);
 }
 
+TEST_F(PanelApi, ThePowerIsNotSwitchedForABodyThatAsksForMore) {
+  Send({"@", "C"});
+  for (const char* const body : {"[]", "{\"demora\": 5}", "null", "{", "\"{}\"", "0"}) {
+    EXPECT_EQ(Post("/api/reiniciar", body)->status, 400) << body;
+  }
+  EXPECT_EQ(Get("/api/papel")->body.find("CORTE DE ENERG"), std::string::npos);
+  for (const char* const body : {"", "{}", " { } "}) {
+    EXPECT_EQ(Post("/api/reiniciar", body)->status, 200) << body;
+  }
+}
+
+TEST_F(PanelApi, ADocumentThatLivedThroughAPowerCutIsWhole) {
+  Send({"@", "C"});
+  Post("/api/reiniciar", "{}");
+  Send({"B", "Cafe", "00002000", "000001050", "2100", "M", "0001", "0000", "000000000"});
+  Send({"E", "T"});
+  const std::string paper = Get("/api/documentos/0/papel")->body;
+  for (const char* const words : {"TIQUE", "CORTE DE ENERG", "Cafe", "T O T A L"}) {
+    EXPECT_NE(paper.find(words), std::string::npos) << words;
+  }
+}
+
 TEST_F(PanelApi, AnExpectationThatHoldsIsConfirmed) {
   PrintTicket();
   const auto answer = Post("/api/verificar", R"({

@@ -98,14 +98,47 @@ TEST(Documents, OnlyWhatWasSoldCanBeVoided) {
   EXPECT_EQ(shop.TicketTotal(), "000000000500");
 }
 
-TEST(Documents, AReturnTakesFromTheTotalButNotBelowNothing) {
+TEST(Documents, WhatIsTakenBackCountsOverAllEqualLines) {
+  struct Line {
+    std::string_view text, quantity, qualifier;
+    bool done;
+  };
+  const std::vector<std::vector<Line>> stories{
+      {{"Pan", "1000", "M", true},
+       {"Pan", "1000", "M", true},
+       {"Pan", "2000", "m", true},
+       {"Pan", "1", "m", false}},
+      {{"Pan", "2000", "M", true},
+       {"Pan", "1500", "R", true},
+       {"Pan", "1000", "m", false},
+       {"Pan", "500", "m", true},
+       {"Pan", "500", "R", false}},
+      {{"Pan", "1000", "M", true},
+       {"Torta", "5000", "M", true},
+       {"Pan", "2000", "R", false},
+       {"Pan", "1000", "M", true},
+       {"Pan", "2000", "R", true}},
+  };
+  for (std::size_t story = 0; story < stories.size(); ++story) {
+    Shop shop;
+    shop.OpenTicket();
+    for (const Line& line : stories[story]) {
+      const Answer answer =
+          shop.TicketItem(line.text, line.quantity, "1000", "2100", line.qualifier);
+      EXPECT_EQ(answer.fiscal, line.done ? 0x1600 : 0x9610)
+          << story << ": " << line.qualifier << " " << line.quantity;
+    }
+  }
+}
+
+TEST(Documents, NothingIsReturnedThatWasNotSold) {
   Shop shop;
   shop.OpenTicket();
   shop.TicketItem("Pan", "2000", "1000");
-  EXPECT_EQ(shop.TicketItem("Envase", "1000", "1500", "2100", "R").fiscal, 0x1600);
-  EXPECT_EQ(shop.TicketTotal(), "000000000500");
-  EXPECT_EQ(shop.TicketItem("Envase", "1000", "1500", "2100", "R").fiscal, 0x9610);
-  EXPECT_EQ(shop.TicketTotal(), "000000000500");
+  EXPECT_EQ(shop.TicketItem("Envase", "1000", "500", "2100", "R").fiscal, 0x9610);
+  EXPECT_EQ(shop.TicketItem("Pan", "1000", "1000", "1050", "R").fiscal, 0x9610);
+  EXPECT_EQ(shop.TicketItem("Pan", "1000", "1000", "2100", "R").fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketTotal(), "000000001000");
 }
 
 TEST(Documents, ATotalThatWouldOverflowIsRefusedAndStaysAsItWas) {

@@ -37,7 +37,8 @@ TEST(Trace, WhatWentWrongStandsOut) {
   Booth booth;
   Lines lines;
   booth.session.Attach(lines);
-  booth.Send(41, {"?"});
+  booth.session.Receive(Frame(41, "?"), booth.now);  // and the answer is lost
+  booth.session.Advance(booth.now);
   booth.Send(41, {"?"});
   booth.Send(42, {"H", "sobra"});
   std::string damaged = Frame(43, "K");

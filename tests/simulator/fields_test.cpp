@@ -57,6 +57,7 @@ TEST(Fields, OfATicketItem) {
     Shop shop;
     shop.OpenTicket();
     shop.TicketItem("Base", "10000", "100000");
+    shop.TicketItem("Pan", "1000", "100");
     EXPECT_EQ(shop.SendBody(c.body).fiscal & kErrors, c.error) << c.story;
   }
 }
@@ -87,6 +88,75 @@ TEST(Fields, OfTheOtherCommands) {
     Shop shop;
     EXPECT_EQ(shop.SendBody(c.body).fiscal & kErrors, c.error) << c.story;
   }
+}
+
+std::string Opening(std::string_view name, std::string_view address) {
+  return Body({"`", "T",    "C",           "A", "1",     "F",    "12",   "I",    "I",    name,
+               " ", "CUIT", "20123456789", "N", address, kEmpty, kEmpty, kEmpty, kEmpty, "C"});
+}
+
+TEST(Fields, TextsAreAsLongAsTheSettingsSay) {
+  struct TextCase {
+    const char* story;
+    std::string_view stage;  // what is open: nothing, a ticket or a non-fiscal document
+    std::string (*body)(const std::string& text);
+    std::size_t longest;
+  };
+  const std::vector<TextCase> cases{
+      {"an item", "t",
+       [](const std::string& t) { return TicketItem(t, "1000", "100", "2100", "M", "1", "0"); },
+       21},
+      {"a discount", "t",
+       [](const std::string& t) {
+         return Body({"D", t, "1", "D"});
+       },
+       22},
+      {"a header", "",
+       [](const std::string& t) {
+         return Body({"]", "1", t});
+       },
+       23},
+      {"a header in double width", "",
+       [](const std::string& t) {
+         return Body({"]", "1", "\xF4" + t});
+       },
+       23},
+      {"a non-fiscal line", "n",
+       [](const std::string& t) {
+         return Body({"I", t});
+       },
+       24},
+      {"a customer", "", [](const std::string& t) { return Opening(t, kEmpty); }, 14},
+      {"an address", "", [](const std::string& t) { return Opening("Juan", t); }, 14},
+      {"a line of text, which hosts send as they please", "t",
+       [](const std::string& t) {
+         return Body({"A", t});
+       },
+       26},
+  };
+  Settings settings;
+  settings.roll_texts = {21, 22, 23, 24, 14};
+  for (const TextCase& c : cases) {
+    for (const bool fits : {true, false}) {
+      Shop shop(settings);
+      if (c.stage == "t") shop.OpenTicket();
+      if (c.stage == "t") shop.TicketItem("Base", "10000", "100000");
+      if (c.stage == "n") shop.Send({"H"});
+      const std::string text(fits ? c.longest : c.longest + 1, 'a');
+      EXPECT_EQ(shop.SendBody(c.body(text)).fiscal & kErrors, fits ? 0 : kBad) << c.story;
+    }
+  }
+}
+
+TEST(Fields, WhatHostsWriteOnTheirOwnFitsWhateverTheSettings) {
+  Settings settings;
+  settings.roll_texts = {3, 3, 3, 3, 3};
+  Shop shop(settings);
+  EXPECT_EQ(shop.SendBody(Opening("Ana", "SIN DOMICILIO")).fiscal, 0x3600);
+  EXPECT_EQ(shop.InvoiceItem("Pan", "1000", "1000").fiscal, 0x3600);
+  EXPECT_EQ(shop.Send({"d", "Ajuste por Redondeo", "1", "D"}).fiscal, 0x3600);
+  EXPECT_EQ(shop.Send({"f", "Ajuste por redondeo", "O", "1", "0000"}).fiscal, 0x3600);
+  EXPECT_EQ(shop.Send({"d", "Tarjeta de credito..", "1", "T"}).fiscal, 0x3600);
 }
 
 TEST(Fields, DigitCountsAreThoseOfTheSettings) {

@@ -57,9 +57,10 @@ TEST(Fiscal, AReturnTakesFromItsOwnRateOnly) {
   Shop shop;
   shop.OpenInvoice("T", "A");
   shop.InvoiceItem("Yerba", "1000", "10000", "2100");
-  EXPECT_EQ(shop.InvoiceItem("Pan", "1000", "1000", "1050", "R").fiscal, 0xB610);
+  shop.InvoiceItem("Envase", "1000", "1000", "2100");
+  EXPECT_EQ(shop.InvoiceItem("Envase", "1000", "1000", "1050", "R").fiscal, 0xB610);
   EXPECT_EQ(shop.InvoiceItem("Envase", "1000", "1000", "2100", "R").fiscal, 0x3600);
-  EXPECT_EQ(shop.InvoiceTotal(), "000000010890");
+  EXPECT_EQ(shop.InvoiceTotal(), "000000012100");
 }
 
 TEST(Fiscal, ATextWithBytesOfTheLineIsRefused) {
@@ -195,7 +196,24 @@ TEST(Fiscal, OneCopyIsThePaperItself) {
   EXPECT_EQ(Count(paper, "DUPLICADO"), 0U);
 }
 
-// ---- Lines above and below ----
+// ---- The shop's own lines ----
+
+TEST(Fiscal, TheIssuersConditionIsOnPaperAndInItsAnswer) {
+  const std::vector<std::pair<char, std::string_view>> cases{
+      {'I', "IVA RESPONSABLE INSCRIPTO\n"},
+      {'M', "RESPONSABLE MONOTRIBUTO\n"},
+      {'E', "IVA EXENTO\n"},
+      {'Q', "OTRA CONDICIÓN ANTE EL IVA\n"},
+  };
+  for (const auto& [letter, words] : cases) {
+    Settings settings;
+    settings.owner_iva = letter;
+    Shop shop(settings);
+    shop.OpenTicket();
+    EXPECT_EQ(Count(shop.PaperText(), words), 1U) << letter;
+    EXPECT_EQ(shop.Send({"*", "C"}).fields.at(2), std::string(1, letter));
+  }
+}
 
 TEST(Fiscal, LinesUpToTenStandAboveAndTheOthersBelow) {
   Shop shop;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "host.hpp"
 
 namespace impresora {
@@ -59,6 +61,64 @@ TEST(Line, TheSameFrameAgainRepeatsTheAnswerOnly) {
   EXPECT_EQ(desk.printer.drawer_openings(), 1U);
   desk.Exchange(Frame(41, "{"));
   EXPECT_EQ(desk.printer.drawer_openings(), 2U);
+}
+
+TEST(Line, AFrameIsASecondTryOnlyWhileTheHostMayStillWaitForItsAnswer) {
+  struct TryCase {
+    const char* story;
+    std::function<void(Desk&)> between;
+    unsigned openings;
+  };
+  const std::vector<TryCase> cases{
+      {"the answer was lost", [](Desk&) {}, 1},
+      {"after the longest wait of a host", [](Desk& d) { d.now += milliseconds(5'500); }, 1},
+      {"refused as damaged in between",
+       [](Desk& d) {
+         d.Exchange(
+             "\x02(x\x03"
+             "0000");
+       },
+       1},
+      {"a third try, each after a wait",
+       [](Desk& d) {
+         d.now += milliseconds(5'500);
+         d.Exchange(Frame(40, "{"));
+         d.now += milliseconds(5'500);
+       },
+       1},
+      {"the answer was confirmed", [](Desk& d) { d.Exchange("\x06"); }, 2},
+      {"much later", [](Desk& d) { d.now += milliseconds(6'001); }, 2},
+      {"another host", [](Desk& d) { d.line.Clear(); }, 2},
+      {"after a power cut", [](Desk& d) { d.line.SwitchOff(); }, 2},
+  };
+  for (const TryCase& c : cases) {
+    Desk desk;
+    desk.Exchange(Frame(40, "{"));
+    c.between(desk);
+    EXPECT_EQ(desk.Exchange(Frame(40, "{")), Frame(40, Body({"{", "0080", "0600"}))) << c.story;
+    EXPECT_EQ(desk.printer.drawer_openings(), c.openings) << c.story;
+  }
+}
+
+TEST(Line, AQuestionIsAnsweredAsThingsAreNow) {
+  for (const std::string& question :
+       {Body({"Y"}), Body({"*", "N"}), Body({"^", "1"}), Body({"c", "N", prueba::kEmpty})}) {
+    Desk desk;
+    desk.Exchange(Frame(39, question));
+    const std::string before = desk.Exchange(Frame(40, question));
+    desk.printer.faults().low_battery = true;
+    const std::string after = desk.Exchange(Frame(40, question));
+    EXPECT_NE(after, before) << question;
+  }
+}
+
+TEST(Line, ASubtotalOnPaperIsPrintedOnce) {
+  Desk desk;
+  desk.Exchange(Frame(38, Body({"@", "C"})));
+  desk.printer.TakePaper();
+  desk.Exchange(Frame(39, Body({"C", "P", prueba::kEmpty})));
+  desk.Exchange(Frame(39, Body({"C", "P", prueba::kEmpty})));
+  EXPECT_EQ(desk.printer.TakePaper().size(), 1U);
 }
 
 TEST(Line, AnotherCommandUnderTheSameNumberIsANewCommand) {

@@ -64,12 +64,31 @@ TEST_F(OptionsTest, WhatIsWrongWithTheHostsFile) {
   EXPECT_NE(ApplyFiscalIni(File("EntPrecio=7\n"), settings).find("[Epson_Fiscal]"),
             std::string::npos);
   for (const std::string line :
-       {"EntPrecio=siete", "EntPrecio=0", "DecIVA=5", "DecDesc=", "TipoComprobante=XX"}) {
+       {"EntPrecio=siete", "EntPrecio=0", "DecIVA=5", "DecDesc=", "TipoComprobante=XX", "TipoIVA=1",
+        "LonDescripcionT=0", "LonEncabezadoF=mil", "LonDatosClienteT=1000"}) {
     const std::string key = line.substr(0, line.find('='));
     EXPECT_NE(ApplyFiscalIni(File("[Epson_Fiscal]\n" + line + "\n"), settings).find(key),
               std::string::npos)
         << line;
   }
+}
+
+TEST_F(OptionsTest, TextsAndTheIssuerAsInTheHostsFile) {
+  const std::string path = File(
+      "[Epson_Fiscal]\nTipoIVA=M\nLonDescripcionT=26\nLonTextoFiscalT=25\nLonEncabezadoT=40\n"
+      "LonTextoNoFiscalT=41\nLonDatosClienteT=42\nLonDescripcionF=50\nLonDatosClienteF=60\n");
+  Options options;
+  ASSERT_EQ(ParseOptions({"--ini", path}, options), "");
+  EXPECT_EQ(options.settings.owner_iva, 'M');
+  EXPECT_EQ(options.settings.texts().description, 26);
+  EXPECT_EQ(options.settings.texts().fiscal_text, 25);
+  EXPECT_EQ(options.settings.texts().header, 40);
+  EXPECT_EQ(options.settings.texts().non_fiscal_text, 41);
+  EXPECT_EQ(options.settings.texts().customer, 42);
+  ASSERT_EQ(ParseOptions({"--ini", path, "--familia=FC"}, options), "");
+  EXPECT_EQ(options.settings.texts().description, 50);
+  EXPECT_EQ(options.settings.texts().customer, 60);
+  EXPECT_EQ(options.settings.texts().header, 120);  // the file does not say
 }
 
 TEST_F(OptionsTest, AFlagGoesBeforeTheFileWhereverItStands) {

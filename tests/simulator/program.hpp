@@ -81,6 +81,11 @@ class Program {
     return std::exchange(said_, {}) + ReadUntil(output_, [](const std::string&) { return false; });
   }
   void Stop() const { kill(pid_, SIGTERM); }
+  void Kill() {
+    kill(pid_, SIGKILL);
+    waitpid(pid_, nullptr, 0);
+    pid_ = -1;
+  }
   int Wait() {
     int status = 0;
     waitpid(pid_, &status, 0);

@@ -172,6 +172,37 @@ TEST_F(ProgramParts, ThePanelSaysWhereItIs) {
   EXPECT_EQ(program.Wait(), 0);
 }
 
+#ifdef IMPRESORA_CON_MEMORIA
+TEST_F(ProgramParts, KilledInTheMiddleOfADocumentItsPaperIsWholeAllTheSame) {
+  for (const bool as_folder : {true, false}) {
+    const std::string memory = In(as_folder ? "m1.db" : "m2.db");
+    const std::string paper = as_folder ? In("papeles/") : In("papel");
+    const std::vector<std::string> arguments{"--tcp=0", "--memoria", memory, "--papel", paper};
+    {
+      Program program(arguments);
+      Port port(ConnectTo(program.Line()));
+      port.Exchange(40, Body({"@", "C"}));
+      port.Exchange(41, Body({"B", "Pan", "1000", "1000", "2100", "M", "0001", "0000", "0"}));
+      program.Kill();
+    }
+    Program program(arguments);
+    Port port(ConnectTo(program.Line()));
+    port.Exchange(42, Body({"E", "T"}));
+    program.Stop();
+    EXPECT_EQ(program.Wait(), 0);
+    const std::string text =
+        ReadAll(as_folder ? In("papeles/0001-tique-B-00000001.txt") : In("papel"));
+    std::size_t at = 0;
+    for (const char* const words : {"TIQUE", "Pan", "CORTE DE ENERGÍA", "T O T A L"}) {
+      const std::size_t found = text.find(words, at);
+      ASSERT_NE(found, std::string::npos) << words << " in:\n" << text;
+      at = found;
+    }
+    EXPECT_EQ(text.find("COMERCIO DE PRUEBA"), text.rfind("COMERCIO DE PRUEBA"));
+  }
+}
+#endif
+
 TEST_F(ProgramParts, AsTheHostsFileSays) {
   std::ofstream(In("Fiscal.ini"))
       << "[Epson_Fiscal]\nTipoComprobante=FC\nEntCantidad=4\nDecCantidad=1\n";

@@ -149,6 +149,51 @@ TEST(Session, AnotherHostHearsNothingOfTheFormerOnes) {
             "\x12" + Frame(42, Body({"Y", "0080", "0600", "261121", "103000"})));
 }
 
+TEST(Session, AnotherHostsFirstCommandIsItsOwnWhateverItsNumber) {
+  Booth booth;
+  for (const unsigned openings : {1U, 2U}) {
+    booth.session.Receive(Frame(40, "{"), booth.now);
+    booth.session.Advance(booth.now);
+    booth.session.NewHost();
+    EXPECT_EQ(booth.session.printer().drawer_openings(), openings);
+  }
+}
+
+// The paper of each document as an observer has it that is there from some moment on.
+struct Folder : Observer {
+  void Resumed(const std::vector<PaperLine>& paper) override {
+    for (const PaperLine& line : paper) Printed(line);
+  }
+  void Printed(const PaperLine& line) override { text += line.text + "\n"; }
+  void Closed(const Receipt& /*receipt*/) override { papers.push_back(std::exchange(text, {})); }
+
+  std::string text;
+  std::vector<std::string> papers;
+};
+
+TEST(Session, WhoeverComesInTheMiddleOfADocumentHasAllOfIt) {
+  for (const bool cut : {false, true}) {
+    Booth booth;
+    Folder from_the_start;
+    Folder late;
+    booth.session.Attach(from_the_start);
+    booth.Ticket(40);
+    booth.Send(50, {"@", "C"});
+    if (cut) booth.session.PowerCycle();
+    booth.Send(51, {"B", "Pan", "1000", "1000", "2100", "M", "0001", "0000", "0"});
+    booth.session.Receive(Frame(52, Body({"A", "Gracias"})), booth.now);
+    booth.session.Advance(booth.now);  // printed and not yet told
+    booth.session.Attach(late);
+    booth.Send(53, {"E", "T"});
+    booth.session.Tell();
+    ASSERT_EQ(from_the_start.papers.size(), 2U);
+    ASSERT_EQ(late.papers.size(), 1U);
+    EXPECT_EQ(late.papers[0], from_the_start.papers[1]);
+    EXPECT_NE(late.papers[0].find("Gracias"), std::string::npos);
+    EXPECT_EQ(late.papers[0].find("CORTE DE ENERG") != std::string::npos, cut);
+  }
+}
+
 TEST(Session, PowerGoesAndComesByHand) {
   Booth booth;
   Diary diary;
