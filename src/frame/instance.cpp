@@ -4,15 +4,38 @@
 
 #include "dialogs/host_operator.hpp"
 #include "frame/library.hpp"
+#include "frame/turn.hpp"
 
 namespace kestra {
 namespace {
+
+// Every box may run the host's code: its callback, or what its timers do meanwhile.
+class VisitedOperator : public Operator {
+ public:
+  explicit VisitedOperator(Operator& operador) : operator_(operador) {}
+
+  std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override {
+    const Turno::Visita visita;
+    return operator_.Message(text, title, style);
+  }
+  bool StatusReport(const InformeEstados& informe) override {
+    const Turno::Visita visita;
+    return operator_.StatusReport(informe);
+  }
+  void MemoryFull() override {
+    const Turno::Visita visita;
+    operator_.MemoryFull();
+  }
+
+ private:
+  Operator& operator_;
+};
 
 // The world with the host's own operator before it.
 class HostPlatform : public Platform {
  public:
   explicit HostPlatform(std::unique_ptr<Platform> system)
-      : system_(std::move(system)), operator_(system_->GetOperator()) {}
+      : system_(std::move(system)), host_(system_->GetOperator()) {}
 
   void BeginStartUp() override { system_->BeginStartUp(); }
   void EndStartUp() override { system_->EndStartUp(); }
@@ -21,13 +44,16 @@ class HostPlatform : public Platform {
     return system_->CreatePort(settings);
   }
   Clock& GetClock() override { return system_->GetClock(); }
-  HostOperator& GetOperator() override { return operator_; }
+  Operator& GetOperator() override { return operator_; }
   ProfileFile& GetProfile() override { return system_->GetProfile(); }
   LogFile& GetLog() override { return system_->GetLog(); }
 
+  HostOperator& GetHost() { return host_; }
+
  private:
   std::unique_ptr<Platform> system_;
-  HostOperator operator_;
+  HostOperator host_;
+  VisitedOperator operator_{host_};
 };
 
 // Members in this order: the port goes before the world it came from.
@@ -39,15 +65,17 @@ struct Proceso {
   Biblioteca biblioteca;
 };
 
-std::unique_ptr<Proceso>& Lugar() {
-  static std::unique_ptr<Proceso> proceso;
-  return proceso;
+std::unique_ptr<Proceso>& Reemplazo() {
+  static std::unique_ptr<Proceso> reemplazo;
+  return reemplazo;
 }
 
+// Some exports take no turn: two threads may come here first at the same time, and the language lets
+// one of them make the process while the other waits.
 Proceso& Unico() {
-  auto& proceso = Lugar();
-  if (proceso == nullptr) proceso = std::make_unique<Proceso>(MakeSystemPlatform());
-  return *proceso;
+  if (const auto& otro = Reemplazo()) return *otro;
+  static Proceso proceso(MakeSystemPlatform());
+  return proceso;
 }
 
 }  // namespace
@@ -57,11 +85,11 @@ Biblioteca& Instancia() {
 }
 
 void DefinirOperador(const KestraOperador* operador) {
-  Unico().platform.GetOperator().Set(operador);
+  Unico().platform.GetHost().Set(operador);
 }
 
 void ReemplazarInstancia(std::unique_ptr<Platform> platform) {
-  Lugar() = std::make_unique<Proceso>(std::move(platform));
+  Reemplazo() = std::make_unique<Proceso>(std::move(platform));
 }
 
 }  // namespace kestra

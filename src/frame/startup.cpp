@@ -45,14 +45,24 @@ void ConfigurarPuerto(Biblioteca& k) {
   k.estado.Puerto = k.platform.CreatePort(ajustes);
 }
 
+// For where another failure is on its way already, or nobody to hear of one.
+template <typename Accion>
+void EnSilencio(Accion accion) noexcept {
+  try {
+    accion();
+  } catch (...) {  // NOLINT(bugprone-empty-catch)
+  }
+}
+
 void Preparar(Biblioteca& k) {
   k.platform.BeginStartUp();
   try {
     Lee_Ini(k);
     AplicarModelo(k.estado);
     ConfigurarPuerto(k);
-  } catch (const Falla&) {
-    k.platform.EndStartUp();  // a start that fails leaves nothing registered either
+  } catch (...) {
+    // A start that fails leaves nothing registered either.
+    EnSilencio([&] { k.platform.EndStartUp(); });
     throw;
   }
   k.platform.EndStartUp();
@@ -73,6 +83,14 @@ std::int32_t Init(Biblioteca& k) {
 void Kill(Biblioteca& k) {
   k.estado.Puerto.reset();
   k.platform.ShutDown();
+}
+
+void SoltarAbandonado(Biblioteca& k) noexcept {
+  EnSilencio([&] {
+    const auto& puerto = k.estado.Puerto;
+    if (puerto != nullptr && puerto->PortOpen()) puerto->PortOpen(false);
+  });
+  EnSilencio([&] { k.platform.EndStartUp(); });
 }
 
 }  // namespace kestra

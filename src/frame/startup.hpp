@@ -12,4 +12,8 @@ std::int32_t Init(Biblioteca& k);
 // Gives Puerto up.
 void Kill(Biblioteca& k);
 
+// Lets go of what a call held that the host left in the middle: the open port, and what start-up
+// alone needs.
+void SoltarAbandonado(Biblioteca& k) noexcept;
+
 }  // namespace kestra

@@ -15,6 +15,7 @@ HOST = os.path.join(ENV["KESTRA_BIN"], "armour_host.exe")
 
 class Host(Till):
     family = "TF"
+    maxDiff = None
 
     def play(self, story):
         for file in (HOST, ENV["KESTRA_LIBRARY"]):
@@ -40,6 +41,10 @@ class AHost(Host):
 
     def test_may_pass_any_pointer_for_a_result(self):
         self.play("result_pointers")
+
+    def test_may_leave_a_callback_for_good(self):
+        self.write_settings(MostrarRespuestas=1, CPI=99999)
+        self.play("abandoned")
 
     def test_may_end_while_a_call_waits_for_the_printer(self):
         self.printer.send_signal(signal.SIGSTOP)
@@ -78,6 +83,9 @@ class AHostWithoutAPrinter(Host):
 
     def test_may_load_it_from_many_threads(self):
         self.play("many_threads")
+
+    def test_may_call_it_first_from_many_threads(self):
+        self.play("first_calls")
 
     def test_may_leave_threads_behind(self):
         self.play("threads_behind")

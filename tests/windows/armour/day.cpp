@@ -62,7 +62,6 @@ constexpr std::array kEnd = {
     Step{"EP_ReporteZ", ""},
     Step{"EP_ReporteZporNumeros", "1|1|0"},
     Step{"EP_ReporteZporFechas", "200101|991231|0"},
-    Step{"EP_CambiarFechaHora", "990101|103000"},
 };
 // Those that any state of the shop gives the same result to.
 constexpr std::array kAlways = {
@@ -203,12 +202,20 @@ void Play(const Steps& steps, const Habit& habit, World world) {
   }
 }
 
+// Each day's later than the one before it: a printer's clock does not go back behind its last closing.
+std::string TomorrowMorning() {
+  static int day = 10;
+  return "9901" + std::to_string(day++) + "|103000";
+}
+
 void PlayDay(const Habit& habit, World world) {
   ExpectResult({"EP_Init", ""}, habit, world == World::kNoSettings ? 0 : 1);
   ExpectResult({"DllCanUnloadNow", ""}, habit, world == World::kNoSettings ? 0 : 1);
   Play(kStart, habit, world);
   Play(kDocuments, habit, world);
   Play(kEnd, habit, world);
+  const std::string morning = TomorrowMorning();
+  Play(std::array{Step{"EP_CambiarFechaHora", morning}}, habit, world);
   Play(kRefused, habit, world);
   for (const Step& step : kAlways) ExpectResult(step, habit, step.result);
   ExpectResult({"EP_Kill", ""}, habit, 0);
@@ -238,7 +245,7 @@ bool Has(const Steps& steps, std::string_view name) {
 }
 
 bool IsCalledByDay(std::string_view name) {
-  constexpr std::array kElsewhere = {"EP_Init", "EP_Kill", "DllCanUnloadNow",
+  constexpr std::array kElsewhere = {"EP_Init", "EP_Kill", "DllCanUnloadNow", "EP_CambiarFechaHora",
                                      "Kestra_DefinirOperador"};
   return Has(kStart, name) || Has(kDocuments, name) || Has(kEnd, name) || Has(kAlways, name) ||
          Has(kRefused, name) || std::any_of(kElsewhere.begin(), kElsewhere.end(), [&](auto other) {

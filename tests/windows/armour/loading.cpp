@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -72,6 +73,39 @@ DWORD WINAPI AskForTheTime(void* library) {
   std::array<char, 12> time{};
   Entry<ReadClock>(static_cast<HMODULE>(library), "EP_ObtenerFechaHora")(time.data());
   return 0;
+}
+
+struct FirstCalls {
+  HMODULE library = nullptr;
+  std::atomic<int> awaited = 2;  // threads
+  int boxes = 0;
+};
+
+int32_t KESTRA_CALL Count(void* context, const char*, const char*, int32_t style) {
+  ++static_cast<FirstCalls*>(context)->boxes;
+  return style == 0 ? 1 : 7;
+}
+
+void WaitForTheOther(FirstCalls& calls) {
+  --calls.awaited;
+  while (calls.awaited > 0) {  // being woken would take the second one too long
+  }
+}
+
+DWORD WINAPI BecomeTheOperator(void* context) {
+  auto& calls = *static_cast<FirstCalls*>(context);
+  const KestraOperador record = {sizeof record, &calls, Count, nullptr, nullptr};
+  const auto set = Entry<SetOperator>(calls.library, "Kestra_DefinirOperador");
+  WaitForTheOther(calls);
+  set(&record);
+  return 0;
+}
+
+DWORD WINAPI AskForTheLastError(void* context) {
+  auto& calls = *static_cast<FirstCalls*>(context);
+  const auto ask = Entry<Plain>(calls.library, "EP_Chequear_Error");
+  WaitForTheOther(calls);
+  return static_cast<DWORD>(ask());
 }
 
 // A thread that has called the library outlives it.
@@ -145,6 +179,25 @@ void LeavingWithoutAGoodbye() {
     Expect(Entry<ReadClock>(library, "EP_ObtenerFechaHora")(time.data()) == 0, "no goodbye",
            "the printer does not answer");
     FreeLibrary(library);
+  }
+}
+
+// The exports that may be called at any time meet in a library that nobody has called before.
+void FirstCallsAtOnce() {
+  for (int i = 0; i < 300; ++i) {
+    FirstCalls calls;
+    calls.library = LoadLibraryW(kLibrary);
+    const std::array threads = {CreateThread(nullptr, 0, BecomeTheOperator, &calls, 0, nullptr),
+                                CreateThread(nullptr, 0, AskForTheLastError, &calls, 0, nullptr)};
+    const auto count = static_cast<DWORD>(threads.size());
+    const DWORD waited = WaitForMultipleObjects(count, threads.data(), TRUE, kPatience);
+    Expect(waited == WAIT_OBJECT_0, "first calls", "some of them hang");
+    // Without a start this call has something to say.
+    Entry<Plain>(calls.library, "EP_CortaPapel")();
+    Expect(calls.boxes == 1, "first calls", "the operator was lost");
+    for (const HANDLE thread : threads) CloseHandle(thread);
+    FreeLibrary(calls.library);
+    Expect(!IsLoaded(), "first calls", "the library stayed");
   }
 }
 

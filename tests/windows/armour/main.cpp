@@ -28,6 +28,8 @@ constexpr std::array kStories = {
     Story{"pointers", armour::BadPointers},
     Story{"result_pointers", armour::BadPointersForResults},
     Story{"callbacks", armour::Callbacks},
+    Story{"abandoned", armour::AbandonedCalls},
+    Story{"first_calls", armour::FirstCallsAtOnce},
     Story{"loading", armour::LoadingKeepsTheUnits},
     Story{"many_threads", armour::LoadingFromManyThreads},
     Story{"twice", armour::LoadingTwice},

@@ -12,6 +12,8 @@ void Numbers();
 void BadPointers();
 void BadPointersForResults();
 void Callbacks();
+void AbandonedCalls();
+void FirstCallsAtOnce();
 void LoadingKeepsTheUnits();
 void LoadingFromManyThreads();
 void LoadingTwice();

@@ -14,6 +14,8 @@
 #include <cstring>
 #include <string>
 
+#include "host.hpp"
+
 // The interface as a compiled client calls it: straight through its table. Outside the unnamed
 // namespace, where the compiler would take it for never implemented.
 struct InitInterface : IDispatch {
@@ -22,47 +24,7 @@ struct InitInterface : IDispatch {
 
 namespace {
 
-int failures = 0;
-
-void Check(bool holds, const char* promise, int line) {
-  if (holds) return;
-  std::printf("line %d: broken: %s\n", line, promise);
-  ++failures;
-}
-
-#define CHECK(promise) Check((promise), #promise, __LINE__)
-
-std::wstring library_path;
-
-using Plain = std::int32_t(WINAPI*)();
 using GetClassObject = HRESULT(WINAPI*)(const void*, const void*, void**);
-
-HMODULE Library() {
-  static const HMODULE module = LoadLibraryW(library_path.c_str());
-  if (module == nullptr) {
-    std::printf("the library cannot be loaded: error %lu\n", GetLastError());
-    ExitProcess(99);
-  }
-  return module;
-}
-
-template <typename Function>
-Function Entry(const char* name) {
-  const auto address = reinterpret_cast<void*>(GetProcAddress(Library(), name));
-  if (address == nullptr) {
-    std::printf("no entry %s\n", name);
-    ExitProcess(99);
-  }
-  return reinterpret_cast<Function>(address);
-}
-
-std::int32_t Call(const char* name) {
-  return Entry<Plain>(name)();
-}
-
-bool CanUnload() {
-  return Call("DllCanUnloadNow") == S_OK;
-}
 
 // In place of what the library's own header would say: a client knows no more than this.
 constexpr CLSID kInitClass = {
@@ -242,16 +204,6 @@ void NamesWorkWhileRegistered() {
   CoUninitialize();
 }
 
-// How the component system stands on this thread: none, or as the host or the library left it.
-enum class Apartment { kNone, kSingle, kMulti };
-
-Apartment Here() {
-  const HRESULT result = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  if (result == RPC_E_CHANGED_MODE) return Apartment::kMulti;
-  CoUninitialize();
-  return result == S_FALSE ? Apartment::kSingle : Apartment::kNone;
-}
-
 void HostWithoutComponents() {
   CHECK(Here() == Apartment::kNone);
   CHECK(Call("EP_Init") == 1);
@@ -338,86 +290,6 @@ void FailedStartLeavesNoRegistration() {
   CHECK(Here() == Apartment::kNone);
 }
 
-// Stands in for missing rights: nothing can be written below a root that leads to a removed key.
-class UnwritableRoot {
- public:
-  explicit UnwritableRoot(HKEY root) : root_(root) {
-    const wchar_t* const name = L"Software\\KestraUnwritable";
-    RegCreateKeyExW(HKEY_CURRENT_USER, name, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &removed_,
-                    nullptr);
-    RegDeleteKeyW(HKEY_CURRENT_USER, name);
-  }
-  UnwritableRoot(const UnwritableRoot&) = delete;
-  UnwritableRoot& operator=(const UnwritableRoot&) = delete;
-  ~UnwritableRoot() {
-    Allow();
-    RegCloseKey(removed_);
-  }
-
-  void Forbid() { CHECK(RegOverridePredefKey(root_, removed_) == ERROR_SUCCESS); }
-  void Allow() { RegOverridePredefKey(root_, nullptr); }
-
- private:
-  HKEY root_;
-  HKEY removed_ = nullptr;
-};
-
-bool UserHas(const wchar_t* key) {
-  HKEY opened = nullptr;
-  const std::wstring path = std::wstring(L"Software\\Classes\\") + key;
-  const auto error = RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &opened);
-  if (error == ERROR_SUCCESS) RegCloseKey(opened);
-  return error == ERROR_SUCCESS;
-}
-
-constexpr const wchar_t* kInUserHive[] = {
-    L"Kestra.InitClass\\CLSID",
-    L"Kestra.ExampleClass\\CLSID",
-    L"CLSID\\{05FE5BDD-5311-4072-9BC6-CCC50EDCE3A3}\\InprocServer32",
-    L"CLSID\\{EB34D3E4-7800-4767-BB09-02831A681970}\\InprocServer32",
-    L"Interface\\{EAAF22B2-563C-43FA-AAA4-A12D7778C727}\\TypeLib",
-    L"TypeLib\\{09A546AC-7EB8-47CA-9848-E59672A0AB91}\\1.0",
-};
-
-void UserWithoutRightsRegistersForHimself() {
-  UnwritableRoot machine(HKEY_LOCAL_MACHINE);
-  machine.Forbid();
-  CHECK(Call("DllRegisterServer") == S_OK);
-  for (const auto* const key : kInUserHive) CHECK(UserHas(key));
-  machine.Allow();
-  CHECK(Call("DllUnregisterServer") == S_OK);
-  for (const auto* const key : kInUserHive) CHECK(!UserHas(key));
-}
-
-void UserWithoutRightsStarts() {
-  UnwritableRoot machine(HKEY_LOCAL_MACHINE);
-  machine.Forbid();
-  for (int round = 0; round < 2; ++round) {
-    CHECK(Call("EP_Init") == 1);
-    for (const auto* const key : kInUserHive) CHECK(!UserHas(key));
-    Call("EP_Kill");
-  }
-  CHECK(CanUnload());
-}
-
-// Nobody may write to the registry: start-up fails, and undoes what it began.
-void StartWithoutRights() {
-  UnwritableRoot machine(HKEY_LOCAL_MACHINE);
-  UnwritableRoot user(HKEY_CURRENT_USER);
-  machine.Forbid();
-  user.Forbid();
-  CHECK(FAILED(Call("DllRegisterServer")));
-  CHECK(Call("EP_Init") == 0);
-  CHECK(Here() == Apartment::kNone);
-  Call("EP_Kill");
-  CHECK(Here() == Apartment::kNone);
-  machine.Allow();
-  user.Allow();
-  CHECK(Call("EP_Init") == 1);
-  Call("EP_Kill");
-  CHECK(Here() == Apartment::kNone);
-}
-
 // Leaves at once, as a till does when it is switched off: nothing may hang.
 void LeavesWithoutEnding() {
   CHECK(Call("EP_Init") == 1);
@@ -447,6 +319,8 @@ constexpr Story kStories[] = {
     {"user_without_rights_registers_for_himself", UserWithoutRightsRegistersForHimself},
     {"user_without_rights_starts", UserWithoutRightsStarts},
     {"start_without_rights", StartWithoutRights},
+    {"start_that_cannot_take_its_registration_back", StartThatCannotTakeItsRegistrationBack},
+    {"another_copy_serves", AnotherCopyServes},
     {"leaves_without_ending", LeavesWithoutEnding},
 };
 

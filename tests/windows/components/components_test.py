@@ -32,6 +32,7 @@ def ini_with_port(number):
 
 GOOD_INI = ini_with_port(20)
 BAD_PORT_INI = ini_with_port(0)
+BAD_KEY_INI = re.sub(r"(?m)^EntPrecio=.*?\r", "EntPrecio=x\r", GOOD_INI)
 
 # Stories of components_host.exe that every run must know.
 STORIES = [
@@ -53,8 +54,22 @@ STORIES = [
     "user_without_rights_registers_for_himself",
     "user_without_rights_starts",
     "start_without_rights",
+    "start_that_cannot_take_its_registration_back",
+    "another_copy_serves",
     "leaves_without_ending",
 ]
+
+# These need other settings than a good till's, or other things in the registry.
+SETTINGS = {
+    "failed_start_leaves_no_registration": BAD_PORT_INI,
+    "start_that_cannot_take_its_registration_back": BAD_KEY_INI,
+}
+TOLD_ELSEWHERE = ["another_copy_serves"]
+
+# A class of another product, or of a copy of the library from before these classes.
+FOREIGN_CLASS = "{11111111-2222-3333-4444-555555555555}"
+NAMES = ["Kestra.InitClass", "Kestra.InitClass.1", "Kestra.ExampleClass", "Kestra.ExampleClass.1"]
+HIVES = ["HKLM", "HKCU"]
 
 
 class Wine:
@@ -133,8 +148,9 @@ class Components(unittest.TestCase):
 
     def test_stories_leave_the_registry_as_it_was(self):
         for story in STORIES:
-            bad = story == "failed_start_leaves_no_registration"
-            ini = BAD_PORT_INI if bad else GOOD_INI
+            if story in TOLD_ELSEWHERE:
+                continue
+            ini = SETTINGS.get(story, GOOD_INI)
             (self.directory / "Fiscal.ini").write_bytes(ini.encode("cp1252"))
             with self.subTest(story):
                 self.tell(story)
@@ -185,6 +201,86 @@ class Components(unittest.TestCase):
         self.assertEqual(wine.regsvr32("/u", windows_path(wine.library)), 0)
         self.unchanged_since(lasting)
         self.assertEqual(wine.regsvr32("/u", windows_path(other)), 0)
+        self.unchanged_since(self.before)
+
+    def test_another_copy_serves_where_nothing_can_be_registered(self):
+        other = self.directory / "Otra.dll"
+        shutil.copy(wine.library, other)
+        self.assertEqual(wine.regsvr32(windows_path(other)), 0)
+        try:
+            self.tell("another_copy_serves")
+        finally:
+            self.assertEqual(wine.regsvr32("/u", windows_path(other)), 0)
+        self.unchanged_since(self.before)
+
+    def reg(self, *arguments):
+        ran = wine.run("reg", *arguments)
+        self.assertEqual(ran.returncode, 0, arguments)
+        return ran.stdout
+
+    def foreign_name(self, hive, name):
+        """A name that leads to somebody else's class; with more below and beside it than ours have."""
+        key = rf"{hive}\Software\Classes\{name}"
+        self.addCleanup(wine.run, "reg", "delete", key, "/f")  # when the test fails
+        self.reg("add", key, "/ve", "/d", "Otro producto", "/f")
+        self.reg("add", key, "/v", "EditFlags", "/t", "REG_DWORD", "/d", "65536", "/f")
+        self.reg("add", key + r"\CLSID", "/ve", "/d", FOREIGN_CLASS, "/f")
+        self.reg("add", key + r"\CLSID", "/v", "Nota", "/d", "suya", "/f")
+        if name == "Kestra.InitClass":
+            self.reg("add", key + r"\CurVer", "/ve", "/d", "Kestra.InitClass.7", "/f")
+            self.reg("add", key + r"\DefaultIcon", "/ve", "/d", "otro.exe,1", "/f")
+        return key
+
+    def untouched(self, keys, action):
+        def values():
+            return [sorted(self.reg("query", key, "/s").splitlines()) for key in keys]
+        names, before = wine.registry("names"), values()
+        action()
+        self.assertEqual(values(), before)
+        self.unchanged_since(names)
+
+    def unregister(self):
+        self.assertEqual(wine.regsvr32("/u", windows_path(wine.library)), 0)
+
+    def fail_to_start(self):
+        (self.directory / "Fiscal.ini").write_bytes(BAD_PORT_INI.encode("cp1252"))
+        self.tell("failed_start_leaves_no_registration")
+
+    def test_names_of_other_products_survive(self):
+        for hive in HIVES:
+            keys = [self.foreign_name(hive, name) for name in NAMES]
+            for what, action in [
+                    ("a start", lambda: self.tell("host_without_components")),
+                    ("two starts", lambda: self.tell("started_twice_ended_twice")),
+                    ("being removed without being there", self.unregister),
+                    ("a start that fails", self.fail_to_start)]:
+                (self.directory / "Fiscal.ini").write_bytes(GOOD_INI.encode("cp1252"))
+                with self.subTest(what, hive=hive):
+                    self.untouched(keys, action)
+            self.remove_keys(keys)
+
+    def remove_keys(self, keys):
+        for key in keys:
+            self.reg("delete", key, "/f")
+
+    def test_one_name_of_another_product_survives(self):
+        for name in NAMES:
+            key = self.foreign_name("HKLM", name)
+            with self.subTest(name):
+                self.untouched([key], lambda: self.tell("host_without_components"))
+                self.untouched([key], self.unregister)
+            self.remove_keys([key])
+
+    def test_names_that_others_took_from_a_lasting_registration_stay_theirs(self):
+        other = self.directory / "Otra.dll"
+        shutil.copy(wine.library, other)
+        for registered in (other, wine.library):
+            self.assertEqual(wine.regsvr32(windows_path(registered)), 0)
+            key = self.foreign_name("HKLM", "Kestra.InitClass")
+            with self.subTest(registered.name):
+                self.untouched([key], lambda: self.tell("host_without_components"))
+            self.remove_keys([key])
+            self.assertEqual(wine.regsvr32("/u", windows_path(registered)), 0)
         self.unchanged_since(self.before)
 
     def test_a_planted_file_in_the_current_directory_is_not_loaded(self):

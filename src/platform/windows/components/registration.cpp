@@ -59,8 +59,8 @@ LSTATUS Remove(const Hive& hive, const std::wstring& module) {
   const Hive other = OtherWidth(hive);
   // Both widths live by the names and the library's entry: whoever goes last takes them along.
   if (RegisteredFile(other).empty()) {
-    RemoveKeys(hive, AllKeys(rows));
-    RemoveKeys(other, SharedKeys(rows));
+    RemoveKeys(hive, WithoutForeignNames(hive, AllKeys(rows)));
+    RemoveKeys(other, WithoutForeignNames(other, SharedKeys(rows)));
   }
   if (hive.root == HKEY_CURRENT_USER) {
     // A user who never had a class of his own had no such keys either.
@@ -80,8 +80,12 @@ LSTATUS Write(const Hive& hive, const std::wstring& module) {
 
 // All of it or nothing.
 LSTATUS WriteWhole(const Hive& hive, const std::wstring& module) {
+  const auto names = ForeignNames::Read(hive);
   const LSTATUS error = Write(hive, module);
-  if (error != ERROR_SUCCESS && NamesFile(hive, module)) Remove(hive, module);
+  if (error != ERROR_SUCCESS && NamesFile(hive, module)) {
+    Remove(hive, module);
+    names.Restore(hive);
+  }
   return error;
 }
 
@@ -103,15 +107,20 @@ void MarkIfOwn(const Hive& hive, const std::wstring& module) {
 HRESULT RegisterModule(const std::wstring& module) {
   const RegistrationLock lock;
   const LSTATUS machine = WriteWhole(MachineHive(), module);
-  // What the user has wins over what the machine has: another file named there would be taken.
-  if (machine == ERROR_SUCCESS && RegisteredFile(UserHive()).empty()) return S_OK;
+  // What the user has wins over what the machine has: another file or class named there would be taken.
+  const bool users = !RegisteredFile(UserHive()).empty() || HasForeignNames(UserHive());
+  if (machine == ERROR_SUCCESS && !users) return S_OK;
   return HRESULT_FROM_WIN32(static_cast<DWORD>(WriteWhole(UserHive(), module)));
 }
 
 HRESULT UnregisterModule(const std::wstring& module) {
   const RegistrationLock lock;
+  const bool by_user = NamesFile(UserHive(), module);
+  const bool by_machine = NamesFile(MachineHive(), module);
   const LSTATUS user = RemoveOwn(UserHive(), module);
-  const LSTATUS machine = RemoveOwn(MachineHive(), module);
+  LSTATUS machine = RemoveOwn(MachineHive(), module);
+  // A user without rights has taken his own back; what the machine has is the administrator's to remove.
+  if (by_user && (!by_machine || machine == ERROR_ACCESS_DENIED)) machine = ERROR_SUCCESS;
   return HRESULT_FROM_WIN32(static_cast<DWORD>(user != ERROR_SUCCESS ? user : machine));
 }
 
@@ -133,14 +142,25 @@ void MarkTemporary(const std::wstring& module) {
 
 LastingRegistrations LastingRegistrations::Read() {
   LastingRegistrations now;
-  now.machine_ = LastingFile(MachineHive());
-  now.user_ = LastingFile(UserHive());
+  now.machine_ = ReadFrom(MachineHive());
+  now.user_ = ReadFrom(UserHive());
   return now;
 }
 
 void LastingRegistrations::Restore() const {
-  RestoreFile(MachineHive(), machine_);
-  RestoreFile(UserHive(), user_);
+  RestoreTo(MachineHive(), machine_);
+  RestoreTo(UserHive(), user_);
+}
+
+LastingRegistrations::Kept LastingRegistrations::ReadFrom(const Hive& hive) {
+  return {.file = LastingFile(hive), .names = ForeignNames::Read(hive)};
+}
+
+void LastingRegistrations::RestoreTo(const Hive& hive, const Kept& kept) {
+  RestoreFile(hive, kept.file);
+  // Another copy that was registered for good meanwhile keeps the names that it took.
+  const auto now = LastingFile(hive);
+  if (now.empty() || now == kept.file) kept.names.Restore(hive);
 }
 
 }  // namespace kestra

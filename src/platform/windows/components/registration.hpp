@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "platform/windows/components/foreign_names.hpp"
 #include "platform/windows/components/registry.hpp"
 
 namespace kestra {
@@ -13,7 +14,8 @@ namespace kestra {
 HRESULT RegisterModule(const std::wstring& module);
 
 // Removes what RegisterModule wrote for the file `module`, from machine and user. A registration that
-// names another file is not touched: it is somebody else's. Removing twice is fine.
+// names another file is not touched, nor is a name that leads to another class: it is somebody else's.
+// Removing twice is fine.
 HRESULT UnregisterModule(const std::wstring& module);
 
 // True when programs that look the classes up are led to the file `module`, by a registration that is
@@ -27,7 +29,8 @@ bool NamesFile(const Hive& hive, const std::wstring& module);
 // takes the mark away.
 void MarkTemporary(const std::wstring& module);
 
-// The files that lasting registrations name, kept over a temporary one that overwrites them.
+// What is registered for good, kept over a temporary registration that overwrites it: the library's other
+// copies, and names that lead to somebody else's classes.
 class LastingRegistrations {
  public:
   // As they are now.
@@ -37,8 +40,16 @@ class LastingRegistrations {
   void Restore() const;
 
  private:
-  std::wstring machine_;
-  std::wstring user_;
+  struct Kept {
+    std::wstring file;
+    ForeignNames names;
+  };
+
+  static Kept ReadFrom(const Hive& hive);
+  static void RestoreTo(const Hive& hive, const Kept& kept);
+
+  Kept machine_;
+  Kept user_;
 };
 
 }  // namespace kestra

@@ -22,10 +22,18 @@ std::wstring GuidText(const GUID& id) {
   return text;
 }
 
+std::wstring LastingName(const PublicClass& row) {
+  return std::wstring(kLibrary) + L"." + row.name;
+}
+
+std::wstring VersionedName(const PublicClass& row) {
+  return LastingName(row) + L".1";
+}
+
 void AddClass(Rows& rows, const PublicClass& row, const std::wstring& module) {
   const auto key = ClassKey(row);
-  const auto lasting = std::wstring(kLibrary) + L"." + row.name;
-  const auto versioned = lasting + L".1";
+  const auto lasting = LastingName(row);
+  const auto versioned = VersionedName(row);
   const Rows added{
       {.key = key, .name = {}, .text = lasting},
       {.key = key + L"\\InprocServer32", .name = {}, .text = module},
@@ -94,6 +102,18 @@ std::vector<std::wstring> KeysWithParents(const Rows& rows, Wanted wanted) {
 
 std::wstring ClassKey(const PublicClass& row) {
   return L"CLSID\\" + GuidText(*row.id);
+}
+
+std::vector<ClassName> ClassNames() {
+  std::vector<ClassName> names;
+  for (const auto& row : PublicClasses()) {
+    for (const auto& key : {LastingName(row), VersionedName(row)}) {
+      names.push_back({.key = key,
+                       .class_id = GuidText(*row.id),
+                       .keys = {key + L"\\CurVer", key + L"\\CLSID", key}});
+    }
+  }
+  return names;
 }
 
 std::vector<RegistrationRow> RegistrationRows(const std::wstring& module) {

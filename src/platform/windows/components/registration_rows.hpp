@@ -22,6 +22,15 @@ inline constexpr const wchar_t* kTopKeys[] = {L"CLSID", L"Interface", L"TypeLib"
 // "CLSID\{...}"
 std::wstring ClassKey(const PublicClass& row);
 
+// A name that programs ask for a class by. It may belong to another product, or to a copy of the library
+// from before these classes.
+struct ClassName {
+  std::wstring key;
+  std::wstring class_id;           // what it leads to when it is ours
+  std::vector<std::wstring> keys;  // those that are written for it, the longest first
+};
+std::vector<ClassName> ClassNames();
+
 // Everything that makes the classes of the file `module` known.
 std::vector<RegistrationRow> RegistrationRows(const std::wstring& module);
 

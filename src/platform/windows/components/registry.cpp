@@ -1,6 +1,7 @@
 #include "platform/windows/components/registry.hpp"
 
-#include <vector>
+#include <algorithm>
+#include <utility>
 
 namespace kestra {
 namespace {
@@ -84,6 +85,10 @@ std::wstring ReadText(const Hive& hive, const std::wstring& key, const std::wstr
   return readable ? std::wstring(text.data()) : std::wstring();
 }
 
+bool HasKey(const Hive& hive, const std::wstring& key) {
+  return static_cast<bool>(Key::Open(hive, key, KEY_QUERY_VALUE));
+}
+
 bool HasValue(const Hive& hive, const std::wstring& key, const std::wstring& name) {
   const auto opened = Key::Open(hive, key, KEY_QUERY_VALUE);
   return opened && RegQueryValueExW(opened.Get(), name.c_str(), nullptr, nullptr, nullptr,
@@ -93,6 +98,45 @@ bool HasValue(const Hive& hive, const std::wstring& key, const std::wstring& nam
 void RemoveValue(const Hive& hive, const std::wstring& key, const std::wstring& name) {
   const auto opened = Key::Open(hive, key, KEY_SET_VALUE);
   if (opened) RegDeleteValueW(opened.Get(), name.c_str());
+}
+
+std::vector<RegistryValue> ReadValues(const Hive& hive, const std::wstring& key) {
+  const auto opened = Key::Open(hive, key, KEY_QUERY_VALUE);
+  DWORD longest_name = 0;
+  DWORD most_bytes = 0;
+  if (!opened ||
+      RegQueryInfoKeyW(opened.Get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                       &longest_name, &most_bytes, nullptr, nullptr) != ERROR_SUCCESS) {
+    return {};
+  }
+  std::vector<RegistryValue> values;
+  for (DWORD index = 0;; ++index) {
+    std::wstring name(longest_name + 1, L'\0');
+    auto length = static_cast<DWORD>(name.size());
+    RegistryValue value{.name = {}, .type = REG_NONE, .bytes = std::vector<BYTE>(most_bytes)};
+    auto bytes = most_bytes;
+    if (RegEnumValueW(opened.Get(), index, name.data(), &length, nullptr, &value.type,
+                      value.bytes.data(), &bytes) != ERROR_SUCCESS) {
+      return values;
+    }
+    value.name = name.substr(0, length);
+    value.bytes.resize(bytes);
+    values.push_back(std::move(value));
+  }
+}
+
+void PutBackValues(const Hive& hive, const std::wstring& key,
+                   const std::vector<RegistryValue>& values) {
+  const auto opened = Key::Create(hive, key);
+  if (!opened) return;
+  if (std::none_of(values.begin(), values.end(),
+                   [](const auto& one) { return one.name.empty(); })) {
+    RegDeleteValueW(opened.Get(), L"");
+  }
+  for (const auto& value : values) {
+    RegSetValueExW(opened.Get(), value.name.c_str(), 0, value.type, value.bytes.data(),
+                   static_cast<DWORD>(value.bytes.size()));
+  }
 }
 
 LSTATUS RemoveKey(const Hive& hive, const std::wstring& key) {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace kestra {
 
@@ -33,8 +34,21 @@ LSTATUS WriteText(const Hive& hive, const std::wstring& key, const std::wstring&
 // Empty when there is none.
 std::wstring ReadText(const Hive& hive, const std::wstring& key, const std::wstring& name);
 
+bool HasKey(const Hive& hive, const std::wstring& key);
 bool HasValue(const Hive& hive, const std::wstring& key, const std::wstring& name);
 void RemoveValue(const Hive& hive, const std::wstring& key, const std::wstring& name);
+
+// A key's values whatever they are, so that they can be put back.
+struct RegistryValue {
+  std::wstring name;
+  DWORD type = REG_NONE;
+  std::vector<BYTE> bytes;
+};
+std::vector<RegistryValue> ReadValues(const Hive& hive, const std::wstring& key);
+
+// Makes the key hold these; its other values stay, but its own one goes where it is none of these.
+void PutBackValues(const Hive& hive, const std::wstring& key,
+                   const std::vector<RegistryValue>& values);
 
 // Removes a key that has no keys of its own left. One that is not there counts as removed.
 LSTATUS RemoveKey(const Hive& hive, const std::wstring& key);

@@ -58,37 +58,45 @@ void ThreadApartment::Leave() {
 }
 
 void ComponentStartUp::Begin() {
-  End();
+  Undo();
   const bool entered = apartment_.Enter();
   try {
     const RegistrationLock lock;
-    if (!IsRegistered(ModulePath())) Register();
+    if (IsRegistered(ModulePath())) {
+      temporary_ = false;
+    } else {
+      Register();
+    }
     CreateInitObject();
   } catch (...) {
-    End();
+    Undo();
     if (entered) apartment_.Leave();
     throw;
   }
 }
 
 void ComponentStartUp::End() {
-  if (!temporary_) return;
-  temporary_ = false;
-  const RegistrationLock lock;
-  CallOwnEntry("DllUnregisterServer");
-  lasting_.Restore();
+  if (!Undo()) throw Falla(70, "Permission denied");
 }
 
 void ComponentStartUp::ShutDown() {
-  End();
+  Undo();
   apartment_.Leave();
 }
 
+bool ComponentStartUp::Undo() {
+  if (!temporary_) return true;
+  const RegistrationLock lock;
+  temporary_ = FAILED(CallOwnEntry("DllUnregisterServer"));
+  lasting_.Restore();
+  return !temporary_;
+}
+
 void ComponentStartUp::Register() {
-  lasting_ = LastingRegistrations::Read();
+  // What an earlier start could not take back is not what was there before it.
+  if (!temporary_) lasting_ = LastingRegistrations::Read();
   temporary_ = true;
-  if (FAILED(CallOwnEntry("DllRegisterServer"))) throw Falla(70, "Permission denied");
-  MarkTemporary(ModulePath());
+  if (SUCCEEDED(CallOwnEntry("DllRegisterServer"))) MarkTemporary(ModulePath());
 }
 
 void ComponentStartUp::CreateInitObject() {

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+
+// What the stories share: the library under test, and the count of broken promises.
+
+extern int failures;
+extern std::wstring library_path;
+
+void Check(bool holds, const char* promise, int line);
+
+#define CHECK(promise) Check((promise), #promise, __LINE__)
+
+// The library's function of that name; without it there is no story to tell.
+void* Address(const char* name);
+
+template <typename Function>
+Function Entry(const char* name) {
+  return reinterpret_cast<Function>(Address(name));
+}
+
+// Calls a function without arguments.
+std::int32_t Call(const char* name);
+bool CanUnload();
+
+// How the component system stands on this thread: none, or as the host or the library left it.
+enum class Apartment { kNone, kSingle, kMulti };
+Apartment Here();
+
+// ---- Stories of rights and registrations ----
+
+void UserWithoutRightsRegistersForHimself();
+void UserWithoutRightsStarts();
+void StartWithoutRights();
+void StartThatCannotTakeItsRegistrationBack();
+void AnotherCopyServes();
