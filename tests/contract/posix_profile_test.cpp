@@ -23,6 +23,24 @@ class PosixProfileTest : public ::testing::Test {
   PosixProfile profile_;
 };
 
+TEST_F(PosixProfileTest, ALineWithoutAnEqualsSignIsNoKey) {
+  WriteFile("Fiscal.ini", "[S]\nK\nK=12\n");
+  EXPECT_EQ(Value(), "12");
+}
+
+TEST_F(PosixProfileTest, AZeroByteInAValueIsAByte) {
+  WriteFile("Fiscal.ini", std::string("[S]\nK=a\0b\n", 10));
+  EXPECT_EQ(Value(), std::string("a\0b", 3));
+}
+
+TEST_F(PosixProfileTest, AHugeFileIsEmpty) {
+  const std::string key = "[S]\nK=1\n";
+  WriteFile("Fiscal.ini", key + std::string((1 << 20) - key.size(), '\n'));
+  EXPECT_EQ(Value(), "1");
+  WriteFile("Fiscal.ini", key + std::string((1 << 20) - key.size() + 1, '\n'));
+  EXPECT_EQ(Value(), "");
+}
+
 TEST_F(PosixProfileTest, IsFoundUnderAPathWithBackslashes) {
   std::filesystem::create_directory("caja");
   WriteFile("caja/Fiscal.ini", "[S]\nK=1\n");

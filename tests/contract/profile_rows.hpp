@@ -41,7 +41,6 @@ inline constexpr ProfileRow kProfileRows[] = {
      "12 ; caracteres"},
     {"an equals sign in the value", "[Epson_Fiscal]\nCPI=a=b\n", "a=b"},
     {"an empty value", "[Epson_Fiscal]\nCPI=\nCPI=5\n", ""},
-    {"a line without an equals sign", "[Epson_Fiscal]\nCPI\nCPI=12\n", "12"},
     {"a longer name that begins alike", "[Epson_Fiscal]\nCPI2=1\nCP=2\nCPI=3\n", "3"},
     {"lines that end with CR LF", "[Epson_Fiscal]\r\nCPI=12\r\n", "12"},
     {"lines that end with CR CR LF", "[Epson_Fiscal]\r\r\nCPI=12\r\r\n", "12"},

@@ -47,11 +47,6 @@ TEST_F(ProfileTest, AValueHasAtMost254Characters) {
   EXPECT_EQ(Value(), std::string(254, 'x'));
 }
 
-TEST_F(ProfileTest, AZeroByteInAValueIsAByte) {
-  Write(WithValue(std::string("a\0b", 3)));
-  EXPECT_EQ(Value(), std::string("a\0b", 3));
-}
-
 TEST_F(ProfileTest, IsFoundInAnotherCase) {
   const std::string name = name_;
   name_ = "PERFIL" + name_.substr(6);
@@ -73,14 +68,6 @@ TEST_F(ProfileTest, AMissingFileOrDirectoryIsEmpty) {
 
 TEST_F(ProfileTest, ADirectoryOfThatNameIsEmpty) {
   std::filesystem::create_directory(name_);
-  EXPECT_EQ(Value(), "");
-}
-
-TEST_F(ProfileTest, AHugeFileIsEmpty) {
-  const std::string key = WithValue("1");
-  Write(key + std::string((1 << 20) - key.size(), '\n'));
-  EXPECT_EQ(Value(), "1");
-  Write(key + std::string((1 << 20) - key.size() + 1, '\n'));
   EXPECT_EQ(Value(), "");
 }
 
