@@ -25,6 +25,9 @@ struct Tally {
 };
 using NamedTallies = std::vector<std::pair<std::string_view, Tally>>;
 
+// What an operation takes that never returns.
+inline constexpr Micros kNoEnd = Micros::max();
+
 // What one operation took.
 struct OperationTimes {
   std::size_t frames = 0;  // at most

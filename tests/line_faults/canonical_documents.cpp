@@ -8,8 +8,8 @@ namespace {
 using impresora::Family;
 
 // clang-format off
-const std::array<CanonicalDocument, 13>& Documents() {
-  static const std::array<CanonicalDocument, 13> documents{{
+const std::array<CanonicalDocument, 15>& Documents() {
+  static const std::array<CanonicalDocument, 15> documents{{
       {"TQ ticket", Family::kTicket, {{"TipoComprobante", "TQ"}}, {
         R"(EP_AbrirComprobanteFiscal "FC" "B" "" "" "" "" "F" "" "" "" "" "" 1)",
         R"(EP_ImprimirItem "Cafe molido" 2 1500 21 0 "Tostado" "" "")",
@@ -32,6 +32,7 @@ const std::array<CanonicalDocument, 13>& Documents() {
       {"TF ticket-invoice B", Family::kTicketInvoice, {{"TipoComprobante", "TF"}}, {
         R"(EP_AbrirComprobanteFiscal "FC" "B" "Juan Perez" "" "DNI" "12345678" "F" "" "" "" "" "" 1)",
         R"(EP_ImprimirTextoFiscal "Oferta de la semana")",
+        R"(EP_ImprimirTextoFiscalInterna "Llevando dos")",
         R"(EP_ImprimirItem "Diccionario" 1 4500 10.5 0 "" "" "")",
         R"(EP_CerrarComprobanteFiscal "FC" "B" out)"}},
       {"TF credit note A", Family::kTicketInvoice, {{"TipoComprobante", "TF"}}, {
@@ -65,6 +66,11 @@ const std::array<CanonicalDocument, 13>& Documents() {
         R"(EP_ImprimirTextoNoFiscal "Retirar por deposito")",
         R"(EP_CerrarComprobanteNoFiscal)",
         R"(EP_AbrirCajonDeDinero 1)"}},
+      {"TQ ticket, rounded", Family::kTicket, {{"TipoComprobante", "TQ"}, {"AjusteRedondeo", "1"}}, {
+        R"(EP_AbrirComprobanteFiscal "FC" "B" "" "" "" "" "F" "" "" "" "" "" 1)",
+        R"(EP_ImprimirItem "Pan" 3 333.33 21 0 "" "" "")",
+        R"(EP_AjusteRedondeo 1000)",
+        R"(EP_CerrarComprobanteFiscal "FC" "B" out)"}},
       {"X and Z reports, clock, counters", Family::kTicketInvoice, {{"TipoComprobante", "TF"}}, {
         R"(EP_ObtenerFechaHora out)",
         R"(EP_ReporteX)",
@@ -72,6 +78,14 @@ const std::array<CanonicalDocument, 13>& Documents() {
         R"(EP_ReporteZporNumeros 1 1 0)",
         R"(EP_Numeracion out)",
         R"(EP_ValoresModelo out)"}},
+      {"Header, clock, paper, model", Family::kTicketInvoice, {{"TipoComprobante", "TF"}}, {
+        R"(EP_SetEncabezado "Gracias por su compra" 11 1)",
+        R"(EP_GetEncabezado out 11)",
+        R"(EP_CambiarFechaHora "261121" "103000")",
+        R"(EP_ReporteZporFechas "261101" "261121" 0)",
+        R"(EP_AvanzaPapel 3)",
+        R"(EP_CortaPapel)",
+        R"(EP_AutodetectarModelo out)"}},
       {"A closing that is refused", Family::kTicket, {{"TipoComprobante", "TQ"}}, {
         R"(EP_CerrarComprobanteFiscal "FC" "B" out)"}},
   }};

@@ -9,9 +9,9 @@ namespace kestra::line_faults {
 
 // How far what the printer counted is from what the host was told, from harmless to worst.
 enum class Verdict {
-  kAgreed,     // success: done once; failure: not done
-  kAmbiguous,  // the host was told failure, and the printer did it, at least in part
-  kExtraMissing,  // success, but an extra line of a ticket's item is missing: nobody looks at its result
+  kAgreed,        // success: done once; failure: not done
+  kAmbiguous,     // the host was told failure, and the printer did it, at least in part
+  kUnseen,        // success is told whatever comes of it, and it was not done
   kMisread,       // done once and told so, but what the host reads in its buffer is wrong
   kTwice,         // the printer did it more than once
   kFalseSuccess,  // the host was told success, and the printer did not do it
@@ -19,11 +19,14 @@ enum class Verdict {
 };
 inline constexpr std::array<std::string_view, 7> kVerdictNames{"agreed",
                                                                "told failure, done",
-                                                               "told success, extra text missing",
+                                                               "told success unseen, not done",
                                                                "datum misread",
                                                                "done twice",
                                                                "told success, not done",
                                                                "something else done"};
+
+// The rounding always tells success.
+inline constexpr std::string_view kRounding = "EP_AjusteRedondeo";
 
 // What a run comes to, next to one on a good line.
 Verdict Judge(const RunReport& run, const RunReport& good);

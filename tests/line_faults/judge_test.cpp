@@ -41,8 +41,7 @@ TEST(Judge, ComparesWhatWasToldWithWhatWasDone) {
       Row{"told success, not done", Call(0, {"E"}), Call(0, {}), Verdict::kFalseSuccess},
       Row{"told success of what is refused", Call(1, {}), Call(0, {}), Verdict::kFalseSuccess},
       Row{"told failure of what is refused", Call(1, {}), Call(1, {}), Verdict::kAgreed},
-      Row{"a text of an item is missing", Call(0, {"Ax", "B"}), Call(0, {"B"}),
-          Verdict::kExtraMissing},
+      Row{"a text of an item is missing", Call(0, {"Ax", "B"}), Call(0, {"B"}), Verdict::kUnseen},
       Row{"the item itself is missing", Call(0, {"Ax", "B"}), Call(0, {"Ax"}),
           Verdict::kFalseSuccess},
       Row{"a text by itself is missing", Call(0, {"Ax"}), Call(0, {}), Verdict::kFalseSuccess},
@@ -55,6 +54,12 @@ TEST(Judge, ComparesWhatWasToldWithWhatWasDone) {
     SCOPED_TRACE(row.name);
     EXPECT_EQ(Judge(One(row.call), One(row.good)), row.verdict);
   }
+}
+
+TEST(Judge, TheRoundingTellsSuccessWhateverComesOfIt) {
+  CallReport good = Call(0, {"D"}), call = Call(0, {});
+  good.operation = call.operation = kRounding;
+  EXPECT_EQ(Judge(One(call), One(good)), Verdict::kUnseen);
 }
 
 TEST(Judge, WhatNobodyWroteIsTheWorst) {

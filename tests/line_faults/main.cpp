@@ -44,6 +44,7 @@ CampaignSettings ReadOptions(int argc, char** argv) {
 }
 
 std::string Seconds(Micros time) {
+  if (time == kNoEnd) return "no end";
   const auto tenths = (time.count() + 50'000) / 100'000;
   return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
 }

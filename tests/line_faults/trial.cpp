@@ -9,6 +9,10 @@ namespace {
 // A printer that says nothing is not heard for so many of the document's own lengths.
 constexpr std::size_t kAttempts = 4;
 
+// The rounding goes on until the printer's total is right, so that a fault costs it a round more, and
+// with a silent printer it does not end. A round asks, adds a line and asks again.
+constexpr std::size_t kRoundsAtMost = 3;
+
 std::string Describe(const ByteFault& fault) {
   const bool to_printer = fault.direction == Direction::kToPrinter;
   return std::string(to_printer ? ", to the printer" : ", to the host") + " byte " +
@@ -36,12 +40,14 @@ CallReport Trial::Silent(std::size_t call) const {
 void Trial::MeasureOperations() {
   for (std::size_t i = 0; i < good_.calls.size(); ++i) {
     const CallReport& good = good_.calls[i];
-    const CallReport silent = Silent(i);
-    frames_.push_back(std::max(good.frames, silent.frames));
+    const bool in_rounds = good.operation == kRounding;
+    const CallReport silent = in_rounds ? good : Silent(i);
+    frames_.push_back(in_rounds ? kRoundsAtMost * good.frames
+                                : std::max(good.frames, silent.frames));
     auto& times = report_->operations[good.operation];
     times.frames = std::max(times.frames, frames_.back());
     times.good = std::max(times.good, good.lasted);
-    times.silent = std::max(times.silent, silent.lasted);
+    times.silent = in_rounds ? kNoEnd : std::max(times.silent, silent.lasted);
     times.allowed = std::max(times.allowed, LongestCall(frames_.back(), {1, habit_}));
   }
 }
