@@ -13,8 +13,11 @@ std::string Count(unsigned value) {
   return Padded(value, 5);
 }
 
+// Of the finished documents: a host that was not told how its close ended finds out here.
 std::string LastNumber(const Machine& m, Series series, char letter) {
-  return Padded(m.numbering.Last(series, letter), 8);
+  const bool open =
+      m.document && m.document->kind().series == series && m.document->letter == letter;
+  return Padded(m.numbering.Last(series, letter) - (open ? 1U : 0U), 8);
 }
 
 std::string LastClosing(const Machine& m) {

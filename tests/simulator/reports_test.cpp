@@ -101,5 +101,23 @@ TEST(Reports, CountersAreNumbersInTheirPlaces) {
                              "00000", "00000000", "00000001", "00000000", "00000000"}));
 }
 
+// A host that was not told how its close ended compares the counter with the one before.
+TEST(Reports, ACounterGoesOnWhenItsDocumentIsFinished) {
+  Shop shop;
+  const auto last_ticket = [&shop] { return shop.Send({"*", "A"}).fields.at(1); };
+  SellTicket(shop, "1000");
+  shop.OpenTicket();
+  EXPECT_EQ(last_ticket(), "00000001");
+  shop.TicketItem("Pan", "1000", "1000");
+  EXPECT_EQ(last_ticket(), "00000001");
+  shop.Send({"E", "T"});
+  EXPECT_EQ(last_ticket(), "00000002");
+  shop.OpenTicket();
+  shop.Send({"D", kEmpty, kEmpty, "C"});
+  EXPECT_EQ(last_ticket(), "00000003");
+  shop.OpenInvoice("T", "A");
+  EXPECT_EQ(last_ticket(), "00000003");
+}
+
 }  // namespace
 }  // namespace impresora
