@@ -4,6 +4,7 @@
 
 #include "commands.hpp"
 #include "faults/rule_reader.hpp"
+#include "utf8.hpp"
 
 namespace impresora {
 namespace {
@@ -132,7 +133,9 @@ std::uint8_t RuleReader::Command() {
   if (here.kind == Kind::kWord && here.raw.size() == 1) byte = Code(here.raw.front());
   const auto hex = ReadHexBytes(here.raw);
   if (here.kind == Kind::kWord && hex && hex->size() == 1) byte = Code(hex->front());
-  if (!byte) Fail(kCommandWords);
+  // A byte that cannot be shown would make another rule of the text that people see.
+  const std::string written(line_.substr(here.begin, here.end - here.begin));
+  if (!byte || CleanUtf8(written) != written) Fail(kCommandWords);
   ++at_;
   return *byte;
 }

@@ -88,10 +88,10 @@ std::optional<std::int64_t> Ordinal(std::string_view folded) {
   return ReadInteger(folded.substr(0, digits));
 }
 
-// Fit for every file and page, whatever stood in the line.
+// Fit for every file and page, whatever stood in the line. Every blank shows as one.
 std::string Clean(std::string_view text) {
   std::string clean(text);
-  std::replace(clean.begin(), clean.end(), '\t', ' ');
+  for (const char blank : {'\t', '\r'}) std::replace(clean.begin(), clean.end(), blank, ' ');
   return CleanUtf8(clean);
 }
 

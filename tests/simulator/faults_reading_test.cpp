@@ -38,6 +38,10 @@ TEST(FaultMistakes, SayTheLineWhatItReadsAndWhatWasExpected) {
       {"siempre de \"Bailar\": callar",
        "renglón 1: dice «\"Bailar\"», se esperaba un comando: su carácter, dos dígitos "
        "hexadecimales o su nombre entre comillas"},
+      // Half a character of another encoding would not be the same when the rule is shown.
+      {"siempre de \xFE: callar",
+       "renglón 1: dice «\uFFFD», se esperaba un comando: su carácter, dos dígitos hexadecimales o "
+       "su nombre entre comillas"},
       {"siempre de \"Abrir tique: callar",
        "renglón 1: dice «\"Abrir tique: callar», se esperaba el cierre de las comillas"},
       {"siempre en casa: callar",
@@ -99,6 +103,12 @@ TEST(FaultReading, TakesFilesFromAnyEditor) {
   ASSERT_EQ(rules.size(), 2U);
   EXPECT_EQ(rules[0].text, "siempre: callar");
   EXPECT_EQ(rules[1].text, "en la 2da respuesta de '#':nak");
+}
+
+TEST(FaultReading, WhatItShowsIsTheSameRuleWhateverTheBlanks) {
+  FaultPlan plan;
+  ASSERT_TRUE(plan.Add("siempre\rcon\tprobabilidad 50 %: callar").empty());
+  EXPECT_EQ(plan.Rules().at(0).text, "siempre con probabilidad 50 %: callar");
 }
 
 TEST(FaultReading, WhatItShowsIsAlwaysFitForAPage) {
