@@ -1,5 +1,7 @@
 #include "platform/components.hpp"
 
+#include "platform/host_memory.hpp"
+
 namespace kestra {
 namespace {
 
@@ -18,7 +20,8 @@ std::int32_t UnregisterComponents() {
 
 std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_id*/,
                               void** object) {
-  if (object != nullptr) *object = nullptr;
+  const void* const none = nullptr;
+  if (object != nullptr) WriteHostMemory(object, &none, sizeof none);
   return kNotImplemented;
 }
 

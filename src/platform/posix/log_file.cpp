@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "frame/failure.hpp"
+#include "platform/posix/held_signals.hpp"
 #include "platform/posix/native_file.hpp"
 
 namespace kestra {
@@ -42,6 +43,7 @@ void PosixLog::Append(std::string_view file, std::string_view bytes) {
   const FileDescriptor log =
       OpenFile(NativePath(file), O_WRONLY | O_APPEND | O_CREAT | O_NOCTTY | O_NONBLOCK);
   Require(static_cast<bool>(log));
+  const HeldSignals held;
   Require(WriteAll(log.Get(), bytes));
 }
 

@@ -18,8 +18,8 @@ std::string NativePath(std::string_view file) {
 FileDescriptor OpenFile(const std::string& path, int flags) {
   constexpr mode_t kReadableByAll = 0666;  // less what the process masks
   for (;;) {
-    const int fd = ::open(path.c_str(), flags | O_CLOEXEC, kReadableByAll);
-    if (fd >= 0 || errno != EINTR) return FileDescriptor(fd);
+    const int fd = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, kReadableByAll);
+    if (fd >= 0 || errno != EINTR) return OffStandardStreams(FileDescriptor(fd));
   }
 }
 

@@ -14,6 +14,7 @@
 #include <memory>
 
 #include "platform/error_rows.hpp"
+#include "platform/posix/file_descriptor.hpp"
 
 namespace kestra {
 namespace {
@@ -106,7 +107,10 @@ std::vector<SocketAddress> Resolve(const TcpAddress& address) {
 
 SocketResult Socket::Connect(const SocketAddress& address, std::int32_t milliseconds) {
   Close();
-  const int fd = ::socket(FamilyOf(address), SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+  const int fd =
+      OffStandardStreams(FileDescriptor(::socket(FamilyOf(address),
+                                                 SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)))
+          .Release();
   if (fd < 0) return OpeningResult(errno);
   handle_ = fd;
   SendAtOnce(fd);

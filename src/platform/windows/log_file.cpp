@@ -40,8 +40,10 @@ void Require(bool done) {
 }  // namespace
 
 void WindowsLog::Append(std::string_view file, std::string_view bytes) {
-  const Handle log(::CreateFileA(std::string(file).c_str(), FILE_APPEND_DATA, FILE_SHARE_READ,
-                                 nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  // Shared with another till's library: each line goes whole to the end that the file then has.
+  constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE;
+  const Handle log(::CreateFileA(std::string(file).c_str(), FILE_APPEND_DATA, kShared, nullptr,
+                                 OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
   Require(static_cast<bool>(log));
   while (!bytes.empty()) {
     DWORD written = 0;
