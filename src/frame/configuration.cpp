@@ -91,7 +91,7 @@ constexpr std::array kClaves = {
 };
 static_assert(kClaves.size() == 52);
 
-constexpr bool SinRepetir() {
+consteval bool SinRepetir() {
   for (std::size_t i = 0; i < kClaves.size(); ++i) {
     for (std::size_t j = 0; j < i; ++j) {
       if (kClaves[i].nombre == kClaves[j].nombre) return false;

@@ -7,9 +7,13 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstddef>
+#include <cstring>
 #include <string>
 #include <string_view>
 
+#include "dialogs/host_operator.hpp"
+#include "fakes/fake_platform.hpp"
 #include "frame/host_buffer.hpp"
 
 namespace kestra {
@@ -62,6 +66,22 @@ TEST_F(PageEdge, ABufferThatIsTooShortReceivesWhatItHolds) {
   DevolverCadena(Last(3), "ABCDE", 5);
   EXPECT_EQ(std::string_view(Last(3), 3), "ABC");
   EXPECT_EQ(DevolverCadena(Nowhere(), "ABCDE", 5), 5);
+}
+
+// Half of a record is none: what follows it could be anybody's callback.
+TEST_F(PageEdge, ADialogRecordThatIsShorterThanItSaysLeavesTheDefault) {
+  FakePlatform world;
+  HostOperator host(world.GetOperator());
+  KestraOperador record = {};
+  record.tamano = sizeof record;
+  record.mensaje = [](void*, const char*, const char*, std::int32_t) -> std::int32_t { return 7; };
+  host.Set(&record);
+  EXPECT_EQ(host.Message("text", "", kBoxYesNo), kAnswerNo);
+  constexpr auto kThere = offsetof(KestraOperador, memoria_llena);
+  std::memcpy(Last(kThere), &record, kThere);
+  host.Set(reinterpret_cast<const KestraOperador*>(Last(kThere)));
+  world.GetOperator().Queue(Answer::kYes);
+  EXPECT_EQ(host.Message("text", "", kBoxYesNo), kAnswerYes);
 }
 
 }  // namespace

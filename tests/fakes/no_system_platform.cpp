@@ -4,6 +4,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "fakes/components.hpp"
 #include "platform/components.hpp"
 #include "platform/host_memory.hpp"
 #include "platform/platform.hpp"
@@ -14,7 +15,7 @@ std::unique_ptr<Platform> MakeSystemPlatform() {
   throw std::logic_error("a test must bring its own world");
 }
 
-// No component system, and no object of it alive.
+// No component system; a test says whether an object of it is alive.
 std::int32_t RegisterComponents() {
   return -1;
 }
@@ -30,7 +31,7 @@ std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_
 }
 
 bool ComponentsInUse() {
-  return false;
+  return fake_components_in_use;
 }
 
 // The memory of a test is where it says.

@@ -1,0 +1,38 @@
+// A failure in the words of the log, whatever it was that failed.
+
+#include "frame/failure.hpp"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+#include <string>
+
+namespace kestra {
+namespace {
+
+std::string InTheLog(const std::exception& error) {
+  return TextoDeFalla(AFalla(error));
+}
+
+TEST(Failure, OfOurOwnKeepsItsNumberAndWords) {
+  EXPECT_EQ(InTheLog(Falla(8002, "Puerto")), "Error 8002 (Puerto)");
+  EXPECT_EQ(InTheLog(TipoNoCoincide()), "Error 13 (Type mismatch)");
+}
+
+TEST(Failure, OfMemoryHasItsOwnNumber) {
+  EXPECT_EQ(InTheLog(std::bad_alloc()), "Error 7 (Out of memory)");
+}
+
+TEST(Failure, OfAnyOtherKindIsInternal) {
+  EXPECT_EQ(InTheLog(std::runtime_error("anything")), "Error 51 (Internal error)");
+}
+
+TEST(Failure, TellsItsWordsToWhomeverKnowsNoMoreThanAnException) {
+  const Falla falla(8018, "Puerto cerrado");
+  const std::exception& error = falla;
+  EXPECT_STREQ(error.what(), "Puerto cerrado");
+}
+
+}  // namespace
+}  // namespace kestra
