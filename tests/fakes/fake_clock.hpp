@@ -34,6 +34,9 @@ class FakeClock : public Clock {
   // Lets time pass. Throws when more has passed than any call may take.
   void Advance(std::int64_t micros);
 
+  // Another session begins: it has as long as any other.
+  void StartOver() { started_ = elapsed_; }
+
   // Microseconds that have passed since the clock was made, whatever the hands were set to.
   [[nodiscard]] std::int64_t Elapsed() const { return elapsed_; }
 
@@ -44,6 +47,7 @@ class FakeClock : public Clock {
   Journal& journal_;
   Trouble& trouble_;
   std::int64_t elapsed_ = 0;
+  std::int64_t started_ = 0;
   std::int64_t offset_ = 0;  // of the wall's time, in microseconds since midnight of the first day
   std::int64_t first_day_ = 0;  // days since 1/1/1970
   int looks_ = 0;               // since time last passed

@@ -26,6 +26,12 @@ class FakeOperator : public Operator {
   void Queue(Answer answer) { answers_.push_back(answer); }
   [[nodiscard]] std::size_t Queued() const { return answers_.size(); }
 
+  // The list is torn up.
+  void Forget() {
+    answers_.clear();
+    meanwhile_.clear();
+  }
+
   // What goes on in the host while the next box is open: its timers may call the library.
   void Meanwhile(std::function<void()> action) { meanwhile_.push_back(std::move(action)); }
 

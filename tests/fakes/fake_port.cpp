@@ -19,6 +19,12 @@ constexpr std::string_view kAcknowledge = "\x06";
 
 }  // namespace
 
+void FakeLine::Forget() {
+  replies_.clear();
+  due_.clear();
+  received_.clear();
+}
+
 void FakeLine::Arrive(const std::vector<Burst>& bursts) {
   for (const Burst& burst : bursts) {
     due_.push_back({clock_.Elapsed() + burst.delay, burst.bytes, burst.unplug});

@@ -38,6 +38,9 @@ class FakeLine {
   void SetDefault(Reply reply) { default_ = std::move(reply); }
   [[nodiscard]] std::size_t Queued() const { return replies_.size(); }
 
+  // What the far end had still to say, and what it was to do, is gone.
+  void Forget();
+
   // The far end speaks without being asked; delays count from now.
   void Arrive(const std::vector<Burst>& bursts);
 

@@ -8,6 +8,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "golden/onlooker.hpp"
 #include "golden/visible.hpp"
 #include "golden/words.hpp"
 #include "kestra/kestra.h"
@@ -208,9 +209,18 @@ std::string BufferText(const Value& value) {
   return bytes.substr(0, size);
 }
 
+std::int32_t Watched(const Export& row, Values& values, Onlooker* onlooker) {
+  if (onlooker == nullptr) return row.invoke(values);
+  onlooker->BeforeCall(row.name);
+  const std::int32_t result = row.invoke(values);
+  onlooker->AfterCall(row.name, result);
+  return result;
+}
+
 }  // namespace
 
-CallOutcome CallExport(std::string_view name, const std::vector<std::string_view>& arguments) {
+CallOutcome CallExport(std::string_view name, const std::vector<std::string_view>& arguments,
+                       Onlooker* onlooker) {
   const Export& row = Find(name);
   if (arguments.size() != row.count) {
     throw std::invalid_argument(std::string(name) + " takes " + std::to_string(row.count) +
@@ -220,7 +230,7 @@ CallOutcome CallExport(std::string_view name, const std::vector<std::string_view
   for (std::size_t i = 0; i < row.count; ++i) {
     values[i] = ReadValue(arguments[i], row.parameters[i]);
   }
-  CallOutcome outcome{row.invoke(values), {}};
+  CallOutcome outcome{Watched(row, values, onlooker), {}};
   for (const Value& value : values) {
     if (value.kind == Kind::kBuffer && !value.null) outcome.buffers.push_back(BufferText(value));
   }

@@ -7,6 +7,8 @@
 
 namespace kestra::golden {
 
+class Onlooker;
+
 // What a call did besides its result: its result buffers as the call left them.
 struct CallOutcome {
   std::int32_t result = 0;
@@ -15,7 +17,9 @@ struct CallOutcome {
 
 // Calls an exported function by its name, the way a host would. `arguments` are the words of the
 // case: numbers, "texts", null, out. Throws std::invalid_argument when they do not fit the
-// function, and std::logic_error when the function wrote behind a buffer's end.
-CallOutcome CallExport(std::string_view name, const std::vector<std::string_view>& arguments);
+// function, and std::logic_error when the function wrote behind a buffer's end. The onlooker hears of
+// the call alone, not of what is made ready for it.
+CallOutcome CallExport(std::string_view name, const std::vector<std::string_view>& arguments,
+                       Onlooker* onlooker = nullptr);
 
 }  // namespace kestra::golden

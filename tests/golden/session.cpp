@@ -11,6 +11,7 @@
 #include "frame/library.hpp"
 #include "golden/base_configuration.hpp"
 #include "golden/exports.hpp"
+#include "golden/onlooker.hpp"
 #include "golden/replies.hpp"
 #include "golden/state_fields.hpp"
 #include "golden/transcript.hpp"
@@ -25,7 +26,7 @@ constexpr std::int64_t kWorthTelling = kMicrosPerSecond / 2;
 
 class Session {
  public:
-  Session();
+  explicit Session(Onlooker* onlooker);
 
   Played Play(std::string_view text);
 
@@ -61,6 +62,7 @@ class Session {
   [[nodiscard]] std::string Leftovers() const;
 
   FakePlatform* world_;  // owned by the library
+  Onlooker* onlooker_;   // or null
   Detail detail_;
   std::string output_;
 };
@@ -85,14 +87,19 @@ const std::array<Session::Input, 17> Session::kInputs{{
     {"showrows", &Session::ShowRows},
 }};
 
-Session::Session() {
+std::unique_ptr<Platform> Surrounded(Onlooker* onlooker, std::unique_ptr<FakePlatform> world) {
+  if (onlooker == nullptr) return world;
+  return onlooker->Surround(std::move(world));
+}
+
+Session::Session(Onlooker* onlooker) : onlooker_(onlooker) {
   auto world = std::make_unique<FakePlatform>();
   world_ = world.get();
   for (const Setting& setting : kBaseConfiguration) {
     world_->GetProfile().Set(setting.key, setting.value);
   }
   world_->Line().SetDefault(ReadReply(kPrinterIsFine));
-  ReemplazarInstancia(std::move(world));
+  ReemplazarInstancia(Surrounded(onlooker, std::move(world)));
 }
 
 Played Session::Play(std::string_view text) {
@@ -241,7 +248,7 @@ void Session::Meanwhile(std::string_view rest) {
 void Session::Call(std::string_view rest) {
   const std::int64_t before = world_->GetClock().Elapsed();
   const std::string_view name = TakeWord(rest);
-  const CallOutcome outcome = CallExport(name, Words(rest));
+  const CallOutcome outcome = CallExport(name, Words(rest), onlooker_);
   PrintEvents();
   const std::int64_t passed = world_->GetClock().Elapsed() - before;
   if (passed > kWorthTelling) {
@@ -273,7 +280,12 @@ std::string Session::Leftovers() const {
 }  // namespace
 
 Played Play(std::string_view text) {
-  Session session;
+  Session session(nullptr);
+  return session.Play(text);
+}
+
+Played Play(std::string_view text, Onlooker& onlooker) {
+  Session session(&onlooker);
   return session.Play(text);
 }
 

@@ -5,6 +5,8 @@
 
 namespace kestra::golden {
 
+class Onlooker;
+
 // What comes of playing a case.
 struct Played {
   std::string text;   // the inputs as they were, each with its fresh outputs beneath
@@ -28,5 +30,8 @@ struct Played {
  * showdate | showrows           more detail from here on
  */
 Played Play(std::string_view text);
+
+// The same before somebody who looks on.
+Played Play(std::string_view text, Onlooker& onlooker);
 
 }  // namespace kestra::golden

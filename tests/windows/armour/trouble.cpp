@@ -67,6 +67,35 @@ void PassAmount(const Amount& amount, const Habit& habit) {
   }
 }
 
+// ---- Counts ----
+
+constexpr std::array<std::int32_t, 9> kCounts = {
+    -0x7FFFFFFF - 1, 0x7FFFFFFF, -1, 0, 32767, 32768, -32768, -32769, 65536,
+};
+
+Target With(const Export& exported, std::int32_t count, LonePage& page) {
+  Words words;
+  for (const Parameter& parameter : ParametersOf(exported)) {
+    if (parameter.kind == 'd') {
+      words.Number(0);
+    } else if (parameter.IsPointer()) {
+      words.Address(page.RoomAtFront(kPage));
+    } else {
+      words.Integer(count);
+    }
+  }
+  return words.For(exported.name);
+}
+
+void PassCount(std::int32_t count, const Habit& habit) {
+  LonePage page;
+  for (const Export& exported : Exports()) {
+    if (exported.parameters.find('i') == std::string_view::npos) continue;
+    const auto result = CallIntact(With(exported, count, page), habit);
+    Expect(result == 0 || result == 1, exported.name, std::to_string(count));
+  }
+}
+
 // ---- Pointers ----
 
 struct BadPointer {
@@ -204,6 +233,7 @@ void Numbers() {
   for (const Habit& habit : Habits()) {
     const int shown = Shown();
     for (const Amount& amount : kAmounts) PassAmount(amount, habit);
+    for (const std::int32_t count : kCounts) PassCount(count, habit);
     Expect(Shown() > shown, habit.name, "no amount was told to be none");
   }
   CallIntact(Words().For("EP_Kill"), EverythingTraps());
