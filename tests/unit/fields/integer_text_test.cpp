@@ -52,6 +52,7 @@ constexpr std::array kIntegers{
     IntegerRow{"zero", "0", 0, 0, 0},
     IntegerRow{"zeros before", "00012", 12, 0, 0},
     IntegerRow{"more zeros before than a number has digits", "0000000000000012", 12, 0, 0},
+    IntegerRow{"the front of longer digits", {"123456", 3}, 123, 0, 0},
     IntegerRow{"blanks around", "  12  ", 12, 0, 0},
     IntegerRow{"tabs around", "\t12\t", 12, 0, 0},
     IntegerRow{"a plus", "+12", 12, 0, 0},

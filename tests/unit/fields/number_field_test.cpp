@@ -38,6 +38,7 @@ TEST_P(NumberField, IsWritten) {
 constexpr std::array kFields{
     FieldRow{"twelve and a half with 4 and 2 digits", 12.5, {4, 2}, "001250"},
     FieldRow{"the same with the point", 12.5, {4, 2, kPoint}, "0012.50"},
+    FieldRow{"one decimal behind the point", 12.5, {4, 1, kPoint}, "0012.5"},
     FieldRow{"a negative number is a character wider", -3, {3, 0}, "-003"},
     FieldRow{"a negative number with the point", -12.5, {4, 2, kPoint}, "-0012.50"},
     FieldRow{"zero is all zeros", 0, {3, 2}, "00000"},
@@ -90,6 +91,7 @@ constexpr std::array kRefused{
     RefusedRow{"the greatest amounts", 1e308, {9, 2}, 5},
     RefusedRow{"negative decimals", 1, {9, -1}, 5},
     RefusedRow{"negative digits", 1, {-5, 2}, 5},
+    RefusedRow{"negative digits of the least width", 1, {kLeast, 0}, 5},
     RefusedRow{"both negative", 1, {kLeast, kLeast}, 6},
     RefusedRow{"infinity", kInfinity, {9, 2}, 6},
     RefusedRow{"minus infinity", -kInfinity, {9, 2}, 6},
@@ -165,10 +167,17 @@ constexpr std::array kTotals{
     TotalRow{"a sum of tenths is the number that was meant", 0.1 + 0.2, 0.3},
     TotalRow{"a total that is whole", 12345, 12345},
     TotalRow{"a ticket of the greatest printable total", 9999999999.99, 9999999999.99},
+    TotalRow{"thirteen digits before the point have hundredths", 9999999999999.126,
+             9999999999999.13},
+    TotalRow{"with fourteen it is as it is", 10000000000000.126, 10000000000000.126},
     TotalRow{"more than any till, as it is", 1e300, 1e300},
     TotalRow{"the greatest totals, as they are", 1e308, 1e308},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, RoundedTotal, testing::ValuesIn(kTotals), unit::BySentence());
+
+TEST(RoundedTotal, OfNothingHasNoSign) {
+  EXPECT_FALSE(std::signbit(RedondearCentesimos(0)));
+}
 
 TEST(RoundedTotal, WhatIsNoNumberFails) {
   for (const double total : {kInfinity, -kInfinity, kNotANumber}) {

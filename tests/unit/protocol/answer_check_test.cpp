@@ -138,8 +138,9 @@ TEST(AnswerSplit, KeepsAWholeCopyAndForgetsTheAnswerBefore) {
   EXPECT_EQ(shop.library.estado.Respuesta[0], "");
 }
 
-TEST(AnswerDecoding, ABadPrinterWordLeavesAllFiscalFlagsClear) {
+TEST(AnswerDecoding, ABadPrinterWordLeavesTheOtherFlagsClear) {
   Shop shop;
+  shop.library.estado.BitImpresora.fill(-1);
   shop.library.estado.BitFiscal.fill(-1);
   shop.library.estado.EstadoImpresora = "00G1";
   shop.library.estado.EstadoFiscal = "FFFF";
@@ -148,7 +149,7 @@ TEST(AnswerDecoding, ABadPrinterWordLeavesAllFiscalFlagsClear) {
               return 0;
             }),
             13);
-  EXPECT_EQ(shop.library.estado.BitImpresora[0], -1);
+  EXPECT_EQ(shop.library.estado.BitImpresora, Marcas{-1});
   EXPECT_EQ(shop.library.estado.BitFiscal, Marcas{});
 }
 

@@ -28,6 +28,7 @@ TEST_P(Sequence, GoesOn) {
 constexpr std::array kSequences{
     SequenceRow{"70 at second 7 is seeded to 39", {70, 0}, 7, {39, 39}},
     SequenceRow{"a freshly loaded library at second 0 starts at 36", {0, 0}, 0, {36, 36}},
+    SequenceRow{"a pair that nobody set is that of a freshly loaded library", {}, 0, {36, 36}},
     SequenceRow{"a freshly loaded library at second 7 starts at 43", {0, 0}, 7, {43, 43}},
     SequenceRow{"a freshly loaded library at second 40 starts at 41", {0, 0}, 40, {41, 41}},
     SequenceRow{"the seconds alone may lead beyond the range and be halved", {70, 0}, 59, {65, 65}},
