@@ -1,0 +1,206 @@
+// The panel's requests from their first byte on: head, gate, HTTP library and the answers to every
+// address, without sockets.
+#include <httplib.h>
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "fuzz/input.hpp"
+#include "panel/api.hpp"
+#include "panel/gate.hpp"
+#include "panel/head.hpp"
+#include "panel/json_text.hpp"
+#include "session.hpp"
+
+namespace impresora::fuzzing {
+namespace {
+
+using fuzz::Input;
+using fuzz::Require;
+
+class StandingClock : public WallClock {
+ public:
+  std::int64_t LocalSeconds() override { return 1'795'257'000; }
+};
+
+// A request that is there as a whole, and an answer that is kept. Whoever listens for news leaves with
+// the first of them.
+class Wire : public httplib::Stream {
+ public:
+  Wire(std::string request, Feed& feed) : request_(std::move(request)), feed_(feed) {}
+
+  bool is_readable() const override { return read_ < request_.size(); }
+  bool is_writable() const override { return true; }
+  ssize_t read(char* data, std::size_t size) override {
+    const auto count = request_.copy(data, size, read_);
+    read_ += count;
+    return static_cast<ssize_t>(count);
+  }
+  ssize_t write(const char* data, std::size_t size) override {
+    answer.append(data, size);
+    if (std::string_view(data, size).find("event: ") != std::string_view::npos) feed_.Close();
+    return static_cast<ssize_t>(size);
+  }
+  void get_remote_ip_and_port(std::string& /*ip*/, int& /*port*/) const override {}
+  void get_local_ip_and_port(std::string& /*ip*/, int& /*port*/) const override {}
+  socket_t socket() const override { return INVALID_SOCKET; }
+
+  std::string answer;
+
+ private:
+  std::string request_;
+  Feed& feed_;
+  std::size_t read_ = 0;
+};
+
+// A printer with a panel, as each run begins with; the loop is the caller itself.
+class Desk {
+ public:
+  Desk()
+      : session_(Settings{}, clock_),
+        history_(feed_),
+        loop_([](const std::function<void()>& work) { work(); }),
+        api_(session_, history_, feed_, loop_, [this] { session_.PowerCycle(); }) {
+    session_.Attach(history_);
+  }
+  ~Desk() { session_.Detach(history_); }
+  Desk(const Desk&) = delete;
+  Desk& operator=(const Desk&) = delete;
+
+  // A document that is done, its paper and one exchange.
+  void PrintTicket() {
+    session_.Receive(Frame(0x20, "*\x1cN"), now_);
+    session_.Advance(now_);
+    session_.Tell();
+    history_.Printed({.text = "TOTAL  21,00"});
+    history_.Closed({.ordinal = 1, .kind = "TIQUE", .letter = 'B', .number = 1, .total = 2100});
+  }
+
+  Api& api() { return api_; }
+  Feed& feed() { return feed_; }
+
+ private:
+  StandingClock clock_;
+  Session session_;
+  Feed feed_;
+  History history_;
+  LoopCalls loop_;
+  Api api_;
+  Micros now_ = std::chrono::hours(1);
+};
+
+// The HTTP library as the panel sets it up, made once; each run has a desk of its own behind it.
+class Server : public httplib::Server {
+ public:
+  Server() {
+    const auto handle = [this](const httplib::Request& request, httplib::Response& response) {
+      desk->api().Handle(request, response);
+    };
+    Get(".*", handle).Post(".*", handle).Delete(".*", handle);
+    set_payload_max_length(kLargestBody);
+    svr_sock_ = 0;  // as if it listened: without, it takes itself for shut down
+  }
+
+  std::string Serve(const std::string& request) {
+    Wire wire(request, desk->feed());
+    bool closed = false;
+    process_request(wire, true, closed, nullptr);
+    return wire.answer;
+  }
+
+  Desk* desk = nullptr;
+};
+
+std::string StatusOf(const std::string& answer) {
+  return answer.substr(0, answer.find(' ', 9)).substr(std::min<std::size_t>(answer.size(), 9));
+}
+
+void CheckAnswer(const std::string& answer, const Head& head) {
+  Require(answer.starts_with("HTTP/1.1 "), "an answer in HTTP");
+  const auto status = StatusOf(answer);
+  Require(status.size() == 3 && status >= "200" && status < "600", "with a status");
+  Require(status != "500" && status != "503", "and the panel is still well");
+  const auto end = answer.find("\r\n\r\n");
+  Require(end != std::string::npos, "fields and a body");
+  const auto body = answer.substr(end + 4);
+  const bool json = answer.find("application/json") < end && head.method != "HEAD";
+  const bool whole = answer.find("206 ") == std::string::npos;
+  if (json && whole) Require(Json::accept(body), "JSON that says so");
+}
+
+// What the gate lets in is clean: nothing in it can be read in two ways.
+void CheckGate(const Head& head, const OwnAddress& own) {
+  const auto clean = CleanedHead(head);
+  const auto again = ParseHead(clean);
+  Require(again.has_value(), "what is let in is a request");
+  Require(again->method == head.method && again->target == head.target, "the same one");
+  Require(CleanedHead(*again) == clean, "with nothing more to clean");
+  Require(own.IsOwnHost(head.Value("host")), "for the panel itself");
+  Require(head.target.size() <= kLongestTarget, "of a length worth reading");
+  Require(clean.find('\0') == std::string::npos, "and without a zero");
+}
+
+// The first byte says how much of a request the input is: all of it, or what stands behind a head
+// that the gate lets in; and whether there is a document.
+std::string ReadRequest(Input& input) {
+  static constexpr std::string_view kHost = "Host: 127.0.0.1:8080\r\n";
+  static constexpr std::array<std::string_view, 8> kStarts{"GET /api/",
+                                                           "POST /api/",
+                                                           "DELETE /api/",
+                                                           "HEAD /api/",
+                                                           "POST /api/controles HTTP/1.1\r\n",
+                                                           "POST /api/fallas HTTP/1.1\r\n",
+                                                           "POST /api/verificar HTTP/1.1\r\n",
+                                                           "GET /"};
+  const auto form = input.Byte();
+  if (form >= 128) return std::string(input.Rest());
+  std::string request(kStarts[form % kStarts.size()]);
+  const bool open = request.back() != '\n';
+  if (open) request.append(input.Text(60)).append(" HTTP/1.1\r\n");
+  request += kHost;
+  if (form < 64) request.append(input.Text(60)).append("\r\n");
+  const auto body = input.Rest();
+  if (request.starts_with("POST")) {
+    request += "Content-Type: application/json\r\nContent-Length: " + std::to_string(body.size());
+    request += "\r\n";
+  }
+  return request.append("\r\n").append(body);
+}
+
+void Prepare(std::optional<Desk>& desk, bool printed) {
+  desk.emplace();
+  if (printed) desk->PrintTicket();
+}
+
+void Run(Input& input) {
+  static const OwnAddress own("127.0.0.1", 8080);
+  static Server server;
+  const bool printed = input.Below(8) == 1;
+  const auto request = ReadRequest(input);
+  const auto end = request.find("\r\n\r\n");
+  if (end == std::string::npos || end + 4 > kLargestHead) return;
+  const auto head = ParseHead(std::string_view(request).substr(0, end + 4));
+  if (!head) return;
+  if (const auto refusal = Judge(*head, own)) {
+    return Require(refusal->status >= 400 && refusal->status < 500, "a refusal says why");
+  }
+  CheckGate(*head, own);
+  // A look leaves the desk as it was.
+  static std::array<std::optional<Desk>, 2> desks;
+  auto& desk = desks[printed ? 1 : 0];
+  if (!desk) Prepare(desk, printed);
+  server.desk = &*desk;
+  CheckAnswer(server.Serve(CleanedHead(*head) + request.substr(end + 4)), *head);
+  const bool looked = head->method == "GET" || head->method == "HEAD";
+  if (!looked || desk->feed().closed()) desk.reset();
+}
+
+}  // namespace
+}  // namespace impresora::fuzzing
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::Input input(data, size);
+  impresora::fuzzing::Run(input);
+  return 0;
+}

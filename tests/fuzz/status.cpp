@@ -1,0 +1,101 @@
+// The status words, their flags, and what the operator is told about them.
+#include "protocol/status.hpp"
+
+#include <string>
+
+#include "dialogs/status_report.hpp"
+#include "frame/failure.hpp"
+#include "fuzz/input.hpp"
+
+namespace kestra {
+namespace {
+
+using fuzz::Require;
+
+constexpr std::string_view kDigits = "0123456789ABCDEF0123456789abcdef";
+constexpr Booleano kAsBefore = 77;
+
+constexpr std::uint16_t kFailingPrinterBits = 0x000C;
+constexpr std::uint16_t kFailingFiscalBits = 0x08FF;
+
+// The flag of a bit: the printer's have two of them the other way round.
+std::size_t SlotOf(std::size_t bit, bool printer) {
+  if (printer && (bit == 13 || bit == 14)) return 27 - bit;
+  return bit;
+}
+
+// What the word should come to, digit by digit from its last; false at the first that is none.
+bool Expect(std::string_view word, bool printer, Marcas& flags) {
+  for (std::size_t digit = 0; digit < 4; ++digit) {
+    const auto place = 3 - digit;
+    const auto value = place < word.size() ? kDigits.find(word[place]) : std::string_view::npos;
+    if (value == std::string_view::npos) return false;
+    for (std::size_t bit = 0; bit < 4; ++bit) {
+      flags[SlotOf(digit * 4 + bit, printer)] = ABooleano(((value >> bit) & 1U) != 0);
+    }
+  }
+  return true;
+}
+
+bool Decode(std::string_view word, bool printer, Marcas& flags) {
+  try {
+    printer ? DecodificarImpresora(word, flags) : DecodificarFiscal(word, flags);
+    return true;
+  } catch (const Falla& failure) {
+    Require(failure.Numero() == 13, "a word that is none is a type mismatch");
+    return false;
+  }
+}
+
+Marcas CheckWord(std::string_view word, bool printer) {
+  Marcas expected;
+  expected.fill(kAsBefore);
+  auto flags = expected;
+  const bool readable = Expect(word, printer, expected);
+  Require(Decode(word, printer, flags) == readable, "four digits can be read, nothing else");
+  Require(flags == expected, "each flag, and those behind a bad digit as they were");
+  return flags;
+}
+
+std::uint16_t ValueOf(std::string_view word) {
+  return static_cast<std::uint16_t>(std::stoul(std::string(word.substr(0, 4)), nullptr, 16));
+}
+
+void CheckReport(const Estado& state) {
+  const auto report = ArmarInforme(state);
+  Require(report.filas.size() == kCondiciones.size(), "a row per condition");
+  std::size_t lit = 0;
+  for (std::size_t i = 0; i < report.filas.size(); ++i) {
+    const auto& condition = kCondiciones[i];
+    Require(
+        report.filas[i].encendida == EstaMarcada(condition, state.BitImpresora, state.BitFiscal),
+        "lit when it is set");
+    if (!report.filas[i].encendida) continue;
+    lit += condition.mensaje.empty() ? 0U : 1U;
+    lit += condition.otro_mensaje.empty() ? 0U : 1U;
+  }
+  Require(MensajesDeEstado(state.BitImpresora, state.BitFiscal).size() == lit,
+          "a message for what is set and has one");
+}
+
+void CheckWords(std::string_view printer, std::string_view fiscal) {
+  Estado state;
+  state.BitImpresora = CheckWord(printer, true);
+  state.BitFiscal = CheckWord(fiscal, false);
+  CheckReport(state);
+  Marcas ignored;
+  if (!Expect(printer, true, ignored) || !Expect(fiscal, false, ignored)) return;
+  const bool fails =
+      (ValueOf(printer) & kFailingPrinterBits) != 0 || (ValueOf(fiscal) & kFailingFiscalBits) != 0;
+  Require(HayFalla(state.BitImpresora, state.BitFiscal) == fails, "the verdict");
+}
+
+}  // namespace
+}  // namespace kestra
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::Input input(data, size);
+  const auto printer = input.Text(6);
+  kestra::CheckWords(printer, input.Text(6));
+  return 0;
+}
