@@ -38,6 +38,7 @@ TEST_P(NumberField, IsWritten) {
 constexpr std::array kFields{
     FieldRow{"twelve and a half with 4 and 2 digits", 12.5, {4, 2}, "001250"},
     FieldRow{"the same with the point", 12.5, {4, 2, kPoint}, "0012.50"},
+    FieldRow{"digits alone have no decimals", 3, {2}, "03"},
     FieldRow{"one decimal behind the point", 12.5, {4, 1, kPoint}, "0012.5"},
     FieldRow{"a negative number is a character wider", -3, {3, 0}, "-003"},
     FieldRow{"a negative number with the point", -12.5, {4, 2, kPoint}, "-0012.50"},
@@ -89,6 +90,7 @@ constexpr std::array kRefused{
     RefusedRow{"the leading zero does not fit", 0.5, {0, 2}, 5},
     RefusedRow{"the leading zero does not fit beside the point", 0.5, {0, 2, kPoint}, 5},
     RefusedRow{"the greatest amounts", 1e308, {9, 2}, 5},
+    RefusedRow{"no digits at all", 0, {}, 5},
     RefusedRow{"negative decimals", 1, {9, -1}, 5},
     RefusedRow{"negative digits", 1, {-5, 2}, 5},
     RefusedRow{"negative digits of the least width", 1, {kLeast, 0}, 5},
