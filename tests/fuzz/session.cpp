@@ -79,6 +79,7 @@ class Session {
     auto shop = std::make_unique<Shop>();
     shop_ = shop.get();
     ReemplazarInstancia(std::move(shop));
+    shop_->GetClock().Advance(kLongest - kSession);
     Answer(std::string(kFine));
     const auto changes = input.Below(8);
     for (std::size_t i = 0; i < changes; ++i) shop_->Settings().Change(input);
@@ -165,6 +166,8 @@ class Session {
   }
 
   static constexpr std::int64_t kLongest = 7200 * kMicrosPerSecond;
+  // Without a printer the rounding waits as long as anybody lets it: ten minutes are enough.
+  static constexpr std::int64_t kSession = 600 * kMicrosPerSecond;
   static constexpr std::int32_t kLongPause = 60'000;
 
   Input& input_;
