@@ -40,8 +40,7 @@ void Require(bool done) {
 
 void PosixLog::Append(std::string_view file, std::string_view bytes) {
   // Not blocking: a pipe that nobody reads must not stop the till.
-  const FileDescriptor log =
-      OpenFile(NativePath(file), O_WRONLY | O_APPEND | O_CREAT | O_NOCTTY | O_NONBLOCK);
+  const FileDescriptor log = OpenFile(NativePath(file), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK);
   Require(static_cast<bool>(log));
   const HeldSignals held;
   Require(WriteAll(log.Get(), bytes));

@@ -86,7 +86,7 @@ void PosixPort::PortOpen(bool open) {
 
 void PosixPort::Open() {
   // Not blocking: opening must not wait for a carrier that no printer raises.
-  FileDescriptor fd = OpenFile(device_, O_RDWR | O_NOCTTY | O_NONBLOCK);
+  FileDescriptor fd = OpenFile(device_, O_RDWR | O_NONBLOCK);
   Require(static_cast<bool>(fd), device_);
   SetUpLine(fd.Get());
   // The lock keeps out every other user of this library, root too; the device's own exclusion keeps

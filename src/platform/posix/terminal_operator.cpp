@@ -35,7 +35,7 @@ TerminalOperator::TerminalOperator(OperatorSeat seat)
     : seat_(std::move(seat)), codeset_(UserLocale(LC_CTYPE_MASK).Codeset()) {}
 
 FileDescriptor TerminalOperator::OpenTerminal() const {
-  FileDescriptor terminal = OpenFile(seat_.terminal, O_RDWR | O_NOCTTY);
+  FileDescriptor terminal = OpenFile(seat_.terminal, O_RDWR);
   if (terminal && !seat_.attended(terminal.Get())) terminal.Close();
   return terminal;
 }
