@@ -166,9 +166,10 @@ class Session {
   }
 
   static constexpr std::int64_t kLongest = 7200 * kMicrosPerSecond;
-  // Without a printer the rounding waits as long as anybody lets it: ten minutes are enough.
-  static constexpr std::int64_t kSession = 600 * kMicrosPerSecond;
-  static constexpr std::int32_t kLongPause = 60'000;
+  // Without a printer the rounding waits as long as anybody lets it, and each round costs real time: five minutes
+  // are more than all frames of a session take with the pauses that count as short.
+  static constexpr std::int64_t kSession = 300 * kMicrosPerSecond;
+  static constexpr std::int32_t kLongPause = 2'000;
 
   Input& input_;
   HostDialogs host_{input_};
