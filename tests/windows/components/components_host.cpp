@@ -278,9 +278,48 @@ void EndedOnAnotherThread() {
   const HANDLE thread = CreateThread(nullptr, 0, OtherThread, nullptr, 0, nullptr);
   WaitForSingleObject(thread, INFINITE);
   CloseHandle(thread);
-  Call("EP_Kill");
-  // Nobody but this thread could have left; the library does not take from it what it no longer counts.
+  // Nobody but this thread can leave.
   CHECK(Here() == Apartment::kSingle);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+}
+
+DWORD number_of_the_first = 0;
+
+DWORD WINAPI FirstTicket(void*) {
+  number_of_the_first = GetCurrentThreadId();
+  CHECK(Call("EP_Init") == 1);
+  return 0;
+}
+
+// Does its work only where it got the number of the first one's thread; says whether it did.
+DWORD WINAPI NextTicket(void*) {
+  if (GetCurrentThreadId() != number_of_the_first) return 0;
+  CHECK(Here() == Apartment::kNone);
+  CHECK(Call("EP_Init") == 1);
+  CHECK(Here() == Apartment::kSingle);
+  Call("EP_Kill");
+  CHECK(Here() == Apartment::kNone);
+  return 1;
+}
+
+DWORD RunThread(LPTHREAD_START_ROUTINE work) {
+  const HANDLE thread = CreateThread(nullptr, 0, work, nullptr, 0, nullptr);
+  WaitForSingleObject(thread, INFINITE);
+  DWORD result = 0;
+  GetExitCodeThread(thread, &result);
+  CloseHandle(thread);
+  return result;
+}
+
+// A thread for each ticket, and none of them ends the library. The system gives their numbers again.
+void StartedOnAThreadWithTheNumberOfOneThatEnded() {
+  constexpr int kThreads = 20000;
+  RunThread(FirstTicket);
+  for (int i = 0; i < kThreads; ++i) {
+    if (RunThread(NextTicket) != 0) return;
+  }
+  CHECK(!"the number comes again");
 }
 
 // The file in the current directory names a port that cannot be.
@@ -315,6 +354,8 @@ constexpr Story kStories[] = {
     {"host_in_the_multithreaded_apartment", HostInTheMultithreadedApartment},
     {"host_leaves_before_the_library", HostLeavesBeforeTheLibrary},
     {"ended_on_another_thread", EndedOnAnotherThread},
+    {"started_on_a_thread_with_the_number_of_one_that_ended",
+     StartedOnAThreadWithTheNumberOfOneThatEnded},
     {"failed_start_leaves_no_registration", FailedStartLeavesNoRegistration},
     {"user_without_rights_registers_for_himself", UserWithoutRightsRegistersForHimself},
     {"user_without_rights_starts", UserWithoutRightsStarts},

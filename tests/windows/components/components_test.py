@@ -50,6 +50,7 @@ STORIES = [
     "host_in_the_multithreaded_apartment",
     "host_leaves_before_the_library",
     "ended_on_another_thread",
+    "started_on_a_thread_with_the_number_of_one_that_ended",
     "failed_start_leaves_no_registration",
     "user_without_rights_registers_for_himself",
     "user_without_rights_starts",

@@ -42,19 +42,18 @@ HRESULT CreateAndCall() {
 }  // namespace
 
 bool ThreadApartment::Enter() {
-  if (entered_ && thread_ == GetCurrentThreadId()) return false;
+  if (mark_.IsSet()) return false;
   const HRESULT result = CoInitialize(nullptr);
   // The host runs this thread without an apartment of its own: that serves as well.
   if (result == RPC_E_CHANGED_MODE) return false;
   if (FAILED(result)) throw CannotCreate();
-  entered_ = true;
-  thread_ = GetCurrentThreadId();
+  mark_.Set(true);
   return true;
 }
 
 void ThreadApartment::Leave() {
-  if (entered_ && thread_ == GetCurrentThreadId()) CoUninitialize();
-  entered_ = false;
+  if (mark_.IsSet()) CoUninitialize();
+  mark_.Set(false);
 }
 
 void ComponentStartUp::Begin() {

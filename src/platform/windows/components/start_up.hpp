@@ -6,6 +6,22 @@
 
 namespace kestra {
 
+// A mark that each thread has for itself, and that goes with it: the number of a thread that has ended is
+// soon another's.
+class ThreadMark {
+ public:
+  ThreadMark() : slot_(TlsAlloc()) {}
+  ThreadMark(const ThreadMark&) = delete;
+  ThreadMark& operator=(const ThreadMark&) = delete;
+  ~ThreadMark() { TlsFree(slot_); }
+
+  [[nodiscard]] bool IsSet() const { return TlsGetValue(slot_) != nullptr; }
+  void Set(bool set) { TlsSetValue(slot_, set ? this : nullptr); }
+
+ private:
+  DWORD slot_;
+};
+
 // The calling thread's use of the component system, from start-up to shut-down: entered once however often
 // start-up runs, and left once however often shut-down does.
 class ThreadApartment {
@@ -13,14 +29,13 @@ class ThreadApartment {
   // True when the thread was not in already. A host that chose another kind of apartment keeps its own.
   bool Enter();
 
-  // Only on the thread that entered: another one's use cannot be ended from here, and is forgotten.
+  // The calling thread's own use: another's cannot be ended from here.
   void Leave();
 
  private:
   // No destructor: at the end of the process it would run while the loader is locked, where the component
   // system must not be called.
-  bool entered_ = false;
-  DWORD thread_ = 0;
+  ThreadMark mark_;
 };
 
 // What the component system has to do with starting and ending the library: registers the public classes
