@@ -9,16 +9,10 @@
 
 #include "platform/floating_point.hpp"
 #include "platform/host_memory.hpp"
+#include "platform/shown_text.hpp"
 
 namespace kestra {
 namespace {
-
-// Texts for C end at their first zero byte: those inside become blanks.
-std::string ForC(std::string_view text) {
-  std::string result(text);
-  std::replace(result.begin(), result.end(), '\0', ' ');
-  return result;
-}
 
 // Rows for C, with the texts that they point to.
 class Rows {
@@ -39,7 +33,7 @@ class Rows {
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(rows_.size()); }
 
  private:
-  const char* Keep(std::string_view text) { return texts_.emplace_back(ForC(text)).c_str(); }
+  const char* Keep(std::string_view text) { return texts_.emplace_back(ShownText(text)).c_str(); }
 
   std::vector<std::string> texts_;
   std::vector<KestraFila> rows_;
@@ -67,7 +61,7 @@ std::int32_t HostOperator::Message(std::string_view text, std::string_view title
   const KestraOperador host = record_;
   if (host.mensaje == nullptr) return fallback_.Message(text, title, style);
   const std::int32_t answer =
-      host.mensaje(host.contexto, ForC(text).c_str(), ForC(title).c_str(), style);
+      host.mensaje(host.contexto, ShownText(text).c_str(), ShownText(title).c_str(), style);
   if (style == kBoxOk) return kAnswerOk;
   return answer == kAnswerYes ? kAnswerYes : kAnswerNo;
 }
@@ -77,8 +71,8 @@ bool HostOperator::StatusReport(const InformeEstados& informe) {
   const KestraOperador host = record_;
   if (host.informe_estados == nullptr) return fallback_.StatusReport(informe);
   const Rows rows(informe.filas);
-  return host.informe_estados(host.contexto, ForC(informe.impresora).c_str(),
-                              ForC(informe.fiscal).c_str(), rows.Data(), rows.Count()) != 0;
+  return host.informe_estados(host.contexto, ShownText(informe.impresora).c_str(),
+                              ShownText(informe.fiscal).c_str(), rows.Data(), rows.Count()) != 0;
 }
 
 void HostOperator::MemoryFull() {

@@ -343,6 +343,11 @@ class MessageBoxes(DialogTest):
         self.assertEqual(re.sub(r"\|+", lambda bars: "/" * (len(bars.group()) // 2), told.text),
                          "Respuestas al ultimo comando: //Respuesta_1: & ñ")
 
+    def test_zero_bytes_of_a_hosts_buffer_are_blanks_and_what_is_behind_them_is_seen(self):
+        shown = self.box(YES, "36", "Envia?", r"EP_ImprimirPago(Efectivo\0\0\0\0,00000012345)")
+        self.assertIn("EP_ImprimirPago(Efectivo    ,00000012345)",
+                      [control.text for control in shown.controls])
+
     def test_owned_by_the_host_which_waits(self):
         self.assertEqual(self.box(OK, "0", "", "Hola").owner, "a disabled host")
 

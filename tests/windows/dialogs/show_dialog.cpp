@@ -116,7 +116,7 @@ DWORD WINAPI Watch(void* told) {
   HWND dialog = WaitForDialog(nullptr);
   if (nested) {
     // The report may be seen before the warning has come over it.
-    while (GetDlgItem(dialog, MEMORY_TEXT) == nullptr) dialog = WaitForDialog(dialog);
+    while (GetDlgItem(dialog, Label2) == nullptr) dialog = WaitForDialog(dialog);
     const HWND upper = dialog;
     Tell(upper);
     Answer(upper, std::to_string(IDCANCEL));
@@ -158,9 +158,10 @@ InformeEstados Report(const std::string& printer, const std::string& fiscal) {
   return ArmarInforme(estado);
 }
 
-std::string WithReturns(std::string text) {
-  for (std::size_t at = text.find("\\r"); at != std::string::npos; at = text.find("\\r"))
-    text.replace(at, 2, "\r");
+// "\r" and "\0" spelled out: no command line carries the bytes themselves.
+std::string Unspelled(std::string text) {
+  for (std::size_t at = text.find('\\'); at != std::string::npos; at = text.find('\\', at + 1))
+    text.replace(at, 2, 1, text.at(at + 1) == 'r' ? '\r' : '\0');
   return text;
 }
 
@@ -180,7 +181,7 @@ const std::map<std::string, Show> kDialogs = {
     {"message",
      [](const Words& w) {
        return static_cast<int>(
-           person.Message(WithReturns(w.at(3)), w.at(2), std::atoi(w.at(1).c_str())));
+           person.Message(Unspelled(w.at(3)), w.at(2), std::atoi(w.at(1).c_str())));
      }},
 };
 

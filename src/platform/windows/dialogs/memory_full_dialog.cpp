@@ -21,17 +21,17 @@ Font HeadingFont(HWND dialog) {
 }  // namespace
 
 MemoryFullDialog::MemoryFullDialog()
-    : ModalDialog(DIALOG_MEMORY_FULL, ICON_WARNING),
+    : ModalDialog(frm_Memoriallena, ICON_WARNING),
       picture_(LoadIconResource(ICON_WARNING, IconSize::kLarge)) {}
 
 void MemoryFullDialog::Load() {
   SetCaption(kMemoriaLlenaTitulo);
   SetPicture(MEMORY_ICON, picture_);
   heading_ = HeadingFont(Window());
-  ::SendMessageW(Control(MEMORY_HEADING), WM_SETFONT, reinterpret_cast<WPARAM>(heading_.Get()), 0);
-  SetText(MEMORY_HEADING, kMemoriaLlenaEncabezado);
-  SetText(MEMORY_TEXT, kMemoriaLlenaTexto);
-  SetText(IDCANCEL, kBotonCerrar);
+  ::SendMessageW(Control(Label1), WM_SETFONT, reinterpret_cast<WPARAM>(heading_.Get()), 0);
+  SetText(Label1, kMemoriaLlenaEncabezado);
+  SetText(Label2, kMemoriaLlenaTexto);
+  SetText(btn_Aceptar, kBotonCerrar);
 }
 
 }  // namespace kestra

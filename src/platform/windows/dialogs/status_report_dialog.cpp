@@ -18,21 +18,18 @@ struct Text {
 };
 
 constexpr std::array kTexts = {
-    Text{GROUP_PRINTER, kInformeGrupoImpresora},
-    Text{GROUP_FISCAL, kInformeGrupoFiscal},
-    Text{GROUP_WORDS, kInformeGrupoEstados},
-    Text{LABEL_PRINTER, kInformeImpresora},
-    Text{LABEL_FISCAL, kInformeFiscal},
-    Text{IDRETRY, kBotonReintentar},
-    Text{IDCANCEL, kBotonCerrar},
+    Text{Frame1, kInformeGrupoImpresora}, Text{Frame2, kInformeGrupoFiscal},
+    Text{Frame3, kInformeGrupoEstados},   Text{Label4, kInformeImpresora},
+    Text{Label5, kInformeFiscal},         Text{btn_Reintentar, kBotonReintentar},
+    Text{btn_aceptar, kBotonCerrar},
 };
 
 int IconOf(const Fila& fila) {
-  return (fila.grupo == 0 ? ROW_PRINTER_ICON : ROW_FISCAL_ICON) + fila.numero;
+  return (fila.grupo == 0 ? pic_EstadoImpresora_ : pic_EstadoFiscal_) + fila.numero;
 }
 
 int LabelOf(const Fila& fila) {
-  return (fila.grupo == 0 ? ROW_PRINTER_TEXT : ROW_FISCAL_TEXT) + fila.numero;
+  return (fila.grupo == 0 ? txt_EstadoImpresora_ : txt_EstadoFiscal_) + fila.numero;
 }
 
 Icon RowIcon(int number) {
@@ -42,10 +39,10 @@ Icon RowIcon(int number) {
 }  // namespace
 
 StatusReportDialog::StatusReportDialog(const InformeEstados& informe)
-    : ModalDialog(DIALOG_STATUS_REPORT, ICON_KESTRA),
+    : ModalDialog(frm_InformeEstados, ICON_KESTRA),
       informe_(informe),
-      pictures_{{{RowIcon(ICON_INFORMATION_GREY), RowIcon(ICON_INFORMATION)},
-                 {RowIcon(ICON_ERROR_GREY), RowIcon(ICON_ERROR)}}} {}
+      pictures_{{{RowIcon(pic_infodisabled), RowIcon(pic_info)},
+                 {RowIcon(pic_errordisabled), RowIcon(pic_error)}}} {}
 
 void StatusReportDialog::Load() {
   SetCaption(kInformeTitulo);
@@ -53,8 +50,8 @@ void StatusReportDialog::Load() {
   Hints hints(Window());
   for (const Fila& fila : informe_.filas) LoadRow(fila, hints);
   ::MessageBeep(MB_OK);
-  SetText(WORD_PRINTER, informe_.impresora);
-  SetText(WORD_FISCAL, informe_.fiscal);
+  SetText(txt_EstadoImpresora, informe_.impresora);
+  SetText(txt_estadofiscal, informe_.fiscal);
 }
 
 void StatusReportDialog::LoadRow(const Fila& fila, Hints& hints) const {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/shown_text.hpp"
 #include "platform/windows/dialogs/desktop.hpp"
 #include "platform/windows/dialogs/host_program.hpp"
 #include "platform/windows/dialogs/memory_full_dialog.hpp"
@@ -34,7 +35,8 @@ std::int32_t WindowOperator::Message(std::string_view text, std::string_view tit
   constexpr UINT kWithoutOwner = MB_SETFOREGROUND | MB_TASKMODAL;
   const HWND owner = ::GetActiveWindow();
   const std::wstring caption = title.empty() ? HostName() : WideFromAnsi(title);
-  return ::MessageBoxW(owner, WideFromAnsi(WithLineEnds(text)).c_str(), caption.c_str(),
+  const std::wstring prompt = WideFromAnsi(WithLineEnds(ShownText(text)));
+  return ::MessageBoxW(owner, prompt.c_str(), caption.c_str(),
                        static_cast<UINT>(style) | (owner == nullptr ? kWithoutOwner : 0));
 }
 
