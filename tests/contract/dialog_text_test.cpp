@@ -50,26 +50,20 @@ TEST(DialogText, AMessageWithoutATitleHasTheLibrarysName) {
             "\n--- Kestra ---\nError en el comando Enviar\nEnter = Aceptar: ");
 }
 
-TEST(DialogText, AStatusReportShowsItsLitRowsWithTheirHints) {
+TEST(DialogText, AStatusReportShowsEveryRowAndTheHintsOfThoseThatAreLit) {
   EXPECT_EQ(StatusReportDialog(Report()),
             "\a\n--- Error al ejecutar comando fiscal ---\n"
-            "Impresora: 4000  Fiscal: 0104\n"
             "Estado Impresora\n"
+            "  [ ] Error y/o falla de impresora\n"
             "  [!] Impresora sin papel\n"
             "      Verifique el papel.\n"
             "Estado Fiscal\n"
             "  [i] Bateria Baja\n"
             "      Consulte a su técnico fiscal.\n"
+            "  [ ] Comando no reconocido\n"
+            "Estados\n"
+            "  Impresora: 4000  Fiscal: 0104\n"
             "R = Reintentar, Enter = Cerrar: "_ansi);
-}
-
-TEST(DialogText, AGroupWithoutLitRowsHasNoHeading) {
-  InformeEstados report = Report();
-  for (Fila& fila : report.filas) fila.encendida = false;
-  EXPECT_EQ(StatusReportDialog(report),
-            "\a\n--- Error al ejecutar comando fiscal ---\n"
-            "Impresora: 4000  Fiscal: 0104\n"
-            "R = Reintentar, Enter = Cerrar: ");
 }
 
 TEST(DialogText, TheMemoryWarningSaysAllOfIt) {

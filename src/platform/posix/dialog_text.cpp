@@ -46,13 +46,17 @@ std::string Note(std::string_view kind, std::string_view title, std::string_view
          " | sin operador, se responde: " + std::string(answer) + "\n";
 }
 
-std::string LitRows(const InformeEstados& informe, std::int32_t group, std::string_view heading) {
-  std::string text;
+std::string_view MarkOf(const Fila& fila) {
+  if (!fila.encendida) return "  [ ] ";
+  return fila.error ? "  [!] " : "  [i] ";
+}
+
+std::string Rows(const InformeEstados& informe, std::int32_t group, std::string_view heading) {
+  std::string text = std::string(heading) + '\n';
   for (const Fila& fila : informe.filas) {
-    if (fila.grupo != group || !fila.encendida) continue;
-    if (text.empty()) text.append(heading) += '\n';
-    text.append(fila.error ? "  [!] " : "  [i] ").append(HarmlessText(fila.texto)) += '\n';
-    text.append("      ").append(HarmlessText(fila.ayuda)) += '\n';
+    if (fila.grupo != group) continue;
+    text.append(MarkOf(fila)).append(HarmlessText(fila.texto)) += '\n';
+    if (fila.encendida) text.append("      ").append(HarmlessText(fila.ayuda)) += '\n';
   }
   return text;
 }
@@ -99,8 +103,9 @@ std::string MessageDialog(std::string_view text, std::string_view title, std::in
 
 std::string StatusReportDialog(const InformeEstados& informe) {
   constexpr char kBell = '\a';
-  std::string text = kBell + Heading(kInformeTitulo) + StatusWords(informe) + '\n';
-  text += LitRows(informe, 0, kInformeGrupoImpresora) + LitRows(informe, 1, kInformeGrupoFiscal);
+  std::string text = kBell + Heading(kInformeTitulo);
+  text += Rows(informe, 0, kInformeGrupoImpresora) + Rows(informe, 1, kInformeGrupoFiscal);
+  text.append(kInformeGrupoEstados).append("\n  ").append(StatusWords(informe)) += '\n';
   return text.append("R = ").append(kBotonReintentar).append(", Enter = ").append(kBotonCerrar) +
          ": ";
 }
