@@ -80,7 +80,10 @@ KESTRA_API int32_t KESTRA_CALL EP_AbrirComprobanteFiscal(
     const char* linea5, int32_t copias);
 
 /*
- * Prints one sale line.
+ * Prints one sale line. With UtilizaTransporte=1 the family "FC" asks first whether the sheet has
+ * room. When it has none, the sheet is to be closed and the next one opened: as soon as the printer
+ * has done one of the two, the call ends with result 1 and without the item. The document is still
+ * open then, and the same call is made again until it gives 0.
  *   descripcion                     50 bytes
  *   cantidad                        units; a negative quantity is sent as a return
  *   precio                          unit price
@@ -111,8 +114,9 @@ KESTRA_API int32_t KESTRA_CALL EP_ImprimirTextoFiscalInterna(const char* texto);
 /*
  * Closes the open document.
  *   tipo    2 bytes, letra 1 byte: as given to EP_AbrirComprobanteFiscal
- *   numero  receives up to 8 bytes: the number of the document. It is written on failure too, with
- *           the first data field of whatever answer came last: test the result first.
+ *   numero  receives up to 8 bytes: the number of the document. It is written on failure too, also
+ *           when the operator declined, with the first data field of whatever answer came last:
+ *           test the result first.
  */
 KESTRA_API int32_t KESTRA_CALL EP_CerrarComprobanteFiscal(const char* tipo, const char* letra,
                                                           char* numero);
@@ -147,8 +151,10 @@ KESTRA_API int32_t KESTRA_CALL EP_EspecificarPercepcionGlobal(const char* descri
 KESTRA_API int32_t KESTRA_CALL EP_ImprimirPago(const char* descripcion, double monto);
 
 /*
- * With AjusteRedondeo=1, adds lines to the document until the printer's total equals `total`
- * exactly. It does not end while the printer reports another total. Result: always 0.
+ * With AjusteRedondeo=1, adds lines to a ticket or ticket-invoice ("TQ", "TF") until the printer's
+ * total equals `total` exactly; the family "FC" has nothing of the kind, and nothing is sent. It
+ * does not end while the printer reports another total, but gives up, with a line in the log, when
+ * the answer's totals are no numbers. Result: always 0, so it does not tell whether the totals agree.
  */
 KESTRA_API int32_t KESTRA_CALL EP_AjusteRedondeo(double total);
 
@@ -213,7 +219,10 @@ KESTRA_API int32_t KESTRA_CALL EP_AbrirCajonDeDinero(int32_t cajon);
 /* Sets the printer's clock. fecha: 6 bytes YYMMDD; hora: 6 bytes HHMMSS; both sent unchecked. */
 KESTRA_API int32_t KESTRA_CALL EP_CambiarFechaHora(const char* fecha, const char* hora);
 
-/* Reads the printer's clock. resultado receives 12 bytes, YYMMDDHHMMSS; written on failure too. */
+/*
+ * Reads the printer's clock. resultado receives 12 bytes, YYMMDDHHMMSS. It is written when the
+ * exchange fails too, with what came last; not when the operator declined.
+ */
 KESTRA_API int32_t KESTRA_CALL EP_ObtenerFechaHora(char* resultado);
 
 /*
@@ -224,7 +233,7 @@ KESTRA_API int32_t KESTRA_CALL EP_ObtenerFechaHora(char* resultado);
  */
 KESTRA_API int32_t KESTRA_CALL EP_SetEncabezado(const char* texto, int32_t linea, int32_t atributo);
 
-/* Reads a header line. resultado receives up to 120 bytes; written on failure too. */
+/* Reads a header line. resultado receives up to 120 bytes; on failure as EP_ObtenerFechaHora. */
 KESTRA_API int32_t KESTRA_CALL EP_GetEncabezado(char* resultado, int32_t linea);
 
 /* Cuts the paper. */
@@ -242,7 +251,7 @@ KESTRA_API int32_t KESTRA_CALL EP_ValoresModelo(char* resultado);
 /* Reads the document counters. resultado receives up to 80 bytes; on failure it is left alone. */
 KESTRA_API int32_t KESTRA_CALL EP_Numeracion(char* resultado);
 
-/* Reads the model's name. resultado receives up to 14 bytes; written on failure too. */
+/* Reads the model's name. resultado receives up to 14 bytes; on failure as EP_ObtenerFechaHora. */
 KESTRA_API int32_t KESTRA_CALL EP_AutodetectarModelo(char* resultado);
 
 /* ---- Kept for old hosts --------------------------------------------------------------------- */
