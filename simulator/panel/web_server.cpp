@@ -75,7 +75,8 @@ WebServer::~WebServer() {
 void WebServer::Bind(const std::string& host, int port) {
   const bool bound = port == 0 ? (port = bind_to_any_port(host)) > 0 : bind_to_port(host, port);
   if (!bound) {
-    throw std::runtime_error("no se puede abrir el panel en " + host + ":" + std::to_string(port));
+    throw std::runtime_error("no se puede abrir el panel en " + host + ":" + std::to_string(port) +
+                             ": no es una dirección de esta máquina, o está en uso");
   }
   own_.emplace(host, port);
 }

@@ -1,7 +1,8 @@
 #include "output_file.hpp"
 
 #include <cerrno>
-#include <system_error>
+
+#include "cannot_open.hpp"
 
 namespace impresora {
 namespace {
@@ -10,7 +11,7 @@ std::FILE* Open(const std::string& path) {
   if (path.empty()) return nullptr;
   if (path == "-") return stdout;
   std::FILE* const file = std::fopen(path.c_str(), "we");
-  if (file == nullptr) throw std::system_error(errno, std::generic_category(), path);
+  if (file == nullptr) throw CannotOpen(path, {errno, std::generic_category()});
   return file;
 }
 

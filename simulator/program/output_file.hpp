@@ -10,7 +10,7 @@ namespace impresora {
 // A text file to write lines to, the standard output ("-"), or nothing at all ("").
 class OutputFile {
  public:
-  // Throws std::system_error when it cannot be opened.
+  // Throws CannotOpen when it cannot be opened.
   OutputFile(const std::string& path, bool flush_every_line);
 
   bool open() const { return file_ != nullptr; }

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <utility>
 
+#include "cannot_open.hpp"
+
 namespace impresora {
 namespace {
 
@@ -19,7 +21,11 @@ SerialDevice::SerialDevice(asio::io_context& loop, std::string device, int baud)
       line_(loop),
       retry_(loop),
       leaving_(line_) {
-  Open();
+  try {
+    Open();
+  } catch (const std::system_error& error) {
+    throw CannotOpen(device_, error.code());
+  }
 }
 
 void SerialDevice::Open() {

@@ -14,7 +14,7 @@ namespace impresora {
 // 1 stop bit, no handshake.
 class SerialDevice : public Endpoint {
  public:
-  // At 9600 bits a second when `baud` is 0. Throws std::system_error when the device cannot be had.
+  // At 9600 bits a second when `baud` is 0. Throws CannotOpen when the device cannot be had.
   SerialDevice(asio::io_context& loop, std::string device, int baud);
 
   std::string port() const override { return device_; }

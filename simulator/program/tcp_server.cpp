@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "cannot_open.hpp"
 #include "system.hpp"
 
 namespace impresora {
@@ -25,7 +26,14 @@ tcp::endpoint Resolve(asio::io_context& loop, const TcpAddress& address) {
 
 TcpServer::TcpServer(asio::io_context& loop, const TcpAddress& address)
     : acceptor_(loop), host_(loop), pause_(loop) {
-  const tcp::endpoint endpoint = Resolve(loop, address);
+  try {
+    Open(Resolve(loop, address));
+  } catch (const std::system_error& error) {
+    throw CannotOpen(address.host + ":" + std::to_string(address.port), error.code());
+  }
+}
+
+void TcpServer::Open(const tcp::endpoint& endpoint) {
   acceptor_.open(endpoint.protocol());
   if (MayReusePorts()) acceptor_.set_option(tcp::acceptor::reuse_address(true));
   acceptor_.bind(endpoint);

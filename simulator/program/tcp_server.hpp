@@ -13,7 +13,7 @@ namespace impresora {
 // A cable over TCP, with one host at a time: whoever comes while another is there is turned away.
 class TcpServer : public Endpoint {
  public:
-  // Throws std::system_error when the address cannot be had.
+  // Throws CannotOpen when the address cannot be had.
   TcpServer(asio::io_context& loop, const TcpAddress& address);
 
   std::string port() const override;
@@ -22,6 +22,7 @@ class TcpServer : public Endpoint {
   void HangUp() override;
 
  private:
+  void Open(const asio::ip::tcp::endpoint& endpoint);
   void Accept();
   void Welcome(asio::ip::tcp::socket host);
   void Listen();

@@ -63,6 +63,46 @@ TEST_F(ProgramTest, TakesThePlaceOfAnOldLinkButOfNothingElse) {
   EXPECT_EQ(ReadAll(In("archivo")), "importante");
 }
 
+TEST_F(ProgramTest, SaysWhatItCannotOpenAndWhy) {
+  std::ofstream(In("archivo")) << "importante";
+  Program other({"--tcp", "127.0.0.1:0"});
+  const std::string line = other.Line();
+  ASSERT_EQ(line.substr(0, 12), "Puerto: tcp:");
+  const std::string taken = line.substr(12, line.size() - 13);
+  struct Row {
+    std::string option;
+    std::string value;
+    std::string why;
+  };
+  const Row rows[] = {
+      {"--dispositivo", In("no"), "no existe"},
+      {"--dispositivo", In("archivo"), "no es un puerto serie"},
+      {"--papel", In("no/hay"), "no existe"},
+      {"--traza", In("."), "es una carpeta"},
+      {"--grabar", In("archivo/hay"), "no existe"},
+      {"--enlace", In("no/hay"), "no existe"},
+      {"--enlace", In("archivo"), "ya hay otra cosa con ese nombre"},
+      {"--tcp", taken, "la dirección está en uso"},
+  };
+  for (const Row& row : rows) {
+    Program program({row.option, row.value});
+    EXPECT_EQ(program.Rest(), "impresora-virtual: no se puede continuar: no se puede abrir " +
+                                  row.value + ": " + row.why + "\n");
+    EXPECT_EQ(program.Wait(), 1);
+  }
+}
+
+TEST_F(ProgramTest, SaysThatItTakesTheLinkOfAnotherPrinter) {
+  Program first({"--enlace", In("puerto"), "--papel", In("papel")});
+  first.Line();
+  const std::string target = fs::read_symlink(In("puerto"));
+  Program second({"--enlace", In("puerto"), "--papel", In("otro")});
+  EXPECT_EQ(second.Line().substr(0, 60 + In("puerto").size()),
+            ("impresora-virtual: " + In("puerto") + " llevaba a " + target +
+             ", que existe; desde ahora lleva a ")
+                .substr(0, 60 + In("puerto").size()));
+}
+
 TEST_F(ProgramTest, AKilledHostsExclusiveUseIsUndone) {
   Program program({"--enlace", In("puerto"), "--papel", In("papel")});
   program.Line();

@@ -2,10 +2,12 @@
 
 #include <unistd.h>
 
-#include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <utility>
+
+#include "cannot_open.hpp"
 
 namespace impresora {
 namespace {
@@ -18,17 +20,23 @@ PortLink::PortLink(std::string path, std::string target)
     : path_(std::move(path)), target_(std::move(target)) {
   const fs::file_status there = fs::symlink_status(path_);
   if (fs::exists(there) && !fs::is_symlink(there)) {
-    throw std::system_error(EEXIST, std::generic_category(), path_);
+    throw CannotOpen(path_, std::make_error_code(std::errc::file_exists));
+  }
+  if (fs::exists(path_)) {
+    // Somebody's terminal may have got the number of a printer that was killed: no more than a warning.
+    std::fprintf(stderr, "impresora-virtual: %s llevaba a %s, que existe; desde ahora lleva a %s\n",
+                 path_.c_str(), fs::read_symlink(path_).c_str(), target_.c_str());
   }
   // Made beside its place and moved over it, so that a host never finds the path missing.
   const std::string fresh = path_ + ".nuevo-" + std::to_string(getpid());
-  fs::create_symlink(target_, fresh);
   std::error_code error;
+  fs::create_symlink(target_, fresh, error);
+  if (error) throw CannotOpen(path_, error);
   fs::rename(fresh, path_, error);
   if (!error) return;
   std::error_code ignored;
   fs::remove(fresh, ignored);
-  throw std::system_error(error, path_);
+  throw CannotOpen(path_, error);
 }
 
 PortLink::~PortLink() {

@@ -8,7 +8,7 @@ namespace impresora {
 // link, never that of anything else.
 class PortLink {
  public:
-  // Throws std::system_error when there is something else at that path, or no permission.
+  // Throws CannotOpen when there is something else at that path, or no permission.
   PortLink(std::string path, std::string target);
   PortLink(const PortLink&) = delete;
   PortLink& operator=(const PortLink&) = delete;
