@@ -74,13 +74,13 @@ struct Qualifier {
   char letter;
   std::string_view note;
   int sign;
-  Entry (Document::*enter)(const Item&);
+  Entry (*enter)(Document&, Item&);
 };
 
 constexpr std::array<Qualifier, 3> kQualifiers{{
-    {'M', "", 1, &Document::Sell},
-    {'R', "DEVOLUCIÓN", -1, &Document::TakeBack},
-    {'m', "ANULACIÓN", -1, &Document::TakeBack},
+    {'M', "", 1, [](Document& d, Item& item) { return d.Sell(item); }},
+    {'R', "DEVOLUCIÓN", -1, [](Document& d, Item& item) { return d.TakeBack(item); }},
+    {'m', "ANULACIÓN", -1, [](Document& d, Item& item) { return d.TakeBack(item); }},
 }};
 
 const Qualifier& FindQualifier(char letter) {
@@ -97,15 +97,15 @@ Outcome EnterItem(Machine& m, const Fields& f, std::size_t internal_field) {
   const auto amount = LineAmount(quantity, f.Number(kPrice));
   const auto internal = LineAmount(quantity, f.Number(internal_field) * 100);
   if (!amount || !internal) return Refused(kOverflow);
-  const Item item{.description = std::string(TrimRight(f.Text(kDescription))),
-                  .quantity = quantity,
-                  .price = f.Number(kPrice),
-                  .rate = f.Number(kRate),
-                  .amount = *amount,
-                  .internal = *internal,
-                  .internal_each = f.Number(internal_field)};
+  Item item{.description = std::string(TrimRight(f.Text(kDescription))),
+            .quantity = quantity,
+            .price = f.Number(kPrice),
+            .rate = f.Number(kRate),
+            .amount = *amount,
+            .internal = *internal,
+            .internal_each = f.Number(internal_field)};
   const Qualifier& qualifier = FindQualifier(f.Letter(kQualifier));
-  const Entry entry = (*m.document.*qualifier.enter)(item);
+  const Entry entry = qualifier.enter(*m.document, item);
   if (entry != Entry::kDone) return Refused(ErrorOf(entry));
   PrintItem(m, item, qualifier.note, qualifier.sign);
   return {};

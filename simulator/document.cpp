@@ -45,9 +45,11 @@ bool AnyNegative(const std::vector<RateBase>& bases) {
   return std::any_of(bases.begin(), bases.end(), [](const RateBase& b) { return b.amount < 0; });
 }
 
-bool IsLike(const SoldItem& line, const Item& item) {
-  return line.price == item.price && line.rate == item.rate &&
-         line.internal_each == item.internal_each && line.description == item.description;
+std::vector<SoldItem>::iterator FindLike(std::vector<SoldItem>& sold, const Item& item) {
+  return std::find_if(sold.begin(), sold.end(), [&item](const SoldItem& line) {
+    return line.price == item.price && line.rate == item.rate &&
+           line.internal_each == item.internal_each && line.description == item.description;
+  });
 }
 
 }  // namespace
@@ -64,32 +66,43 @@ Document::Document(const DocumentKind& kind, DocumentContent content)
 
 Entry Document::Sell(const Item& item) {
   const Entry entry = Add(item, 1);
-  if (entry == Entry::kDone) {
-    sold.push_back({item.description, item.price, item.quantity, item.rate, item.internal_each});
+  if (entry != Entry::kDone) return entry;
+  auto line = FindLike(sold, item);
+  if (line == sold.end()) {
+    line =
+        sold.insert(line, {item.description, item.price, item.rate, item.internal_each, 0, 0, 0});
   }
+  line->quantity += item.quantity;
+  line->taxed += Taxed(item);
+  line->internal += item.internal;
   return entry;
 }
 
-Entry Document::TakeBack(const Item& item) {
-  std::vector<SoldItem> left = sold;
-  std::int64_t wanted = item.quantity;
-  for (SoldItem& line : left) {
-    if (!IsLike(line, item)) continue;
-    const std::int64_t taken = std::min(wanted, line.quantity);
-    line.quantity -= taken;
-    wanted -= taken;
-  }
-  if (wanted > 0) return Entry::kRejected;
-  const Entry entry = Add(item, -1);
-  if (entry == Entry::kDone) sold = std::move(left);
+Entry Document::TakeBack(Item& item) {
+  const auto line = FindLike(sold, item);
+  if (line == sold.end() || item.quantity > line->quantity) return Entry::kRejected;
+  const bool last = item.quantity == line->quantity;
+  const std::int64_t taxed = last ? line->taxed : std::min(Taxed(item), line->taxed);
+  Item taken = item;
+  taken.internal = last ? line->internal : std::min(item.internal, line->internal);
+  taken.amount = NetPrices() ? taxed : taxed + taken.internal;
+  const Entry entry = Add(taken, -1);
+  if (entry != Entry::kDone) return entry;
+  line->quantity -= taken.quantity;
+  line->taxed -= taxed;
+  line->internal -= taken.internal;
+  item = std::move(taken);
   return entry;
+}
+
+std::int64_t Document::Taxed(const Item& item) const {
+  return NetPrices() ? item.amount : item.amount - item.internal;
 }
 
 Entry Document::Add(const Item& item, int sign) {
   if (!NetPrices() && item.internal > item.amount) return Entry::kRejected;
   std::vector<RateBase> with = bases;
-  const std::int64_t taxed = NetPrices() ? item.amount : item.amount - item.internal;
-  AddTo(with, item.rate, sign * taxed);
+  AddTo(with, item.rate, sign * Taxed(item));
   const std::int64_t taxes = internal + sign * item.internal;
   const Entry entry = Check(with, taxes, perceptions);
   if (entry != Entry::kDone) return entry;

@@ -67,10 +67,11 @@ struct Payment {
   bool operator==(const Payment&) const = default;
 };
 
-// A line sold, and what voids and returns have left of it.
+// Lines sold that are equal but for their quantity, and what voids and returns have left of them all.
 struct SoldItem {
   std::string description;
-  std::int64_t price, quantity, rate, internal_each;
+  std::int64_t price, rate, internal_each;
+  std::int64_t quantity, taxed, internal;  // `taxed`: what its rate's base has of it
 
   bool operator==(const SoldItem&) const = default;
 };
@@ -131,7 +132,9 @@ class Document : public DocumentContent {
 
   // Each leaves the document as it was unless it returns kDone.
   Entry Sell(const Item& item);
-  Entry TakeBack(const Item& item);  // of what was sold like that, over all its lines
+  // Of what was sold like that, over all its lines; no more money than they have left, and all of it
+  // with the last of the quantity. The item then holds what it took.
+  Entry TakeBack(Item& item);
   Entry Adjust(std::int64_t amount);
   Entry AddPerception(std::int64_t amount);
   Entry Pay(Payment payment);
@@ -146,6 +149,7 @@ class Document : public DocumentContent {
 
  private:
   Entry Add(const Item& item, int sign);
+  std::int64_t Taxed(const Item& item) const;
   Entry Check(const std::vector<RateBase>& with_bases, std::int64_t with_internal,
               std::int64_t with_perceptions) const;
   Totals TotalOf(const std::vector<RateBase>& with_bases, std::int64_t with_internal,

@@ -122,14 +122,16 @@ void ReadContent(Statements& sql, DocumentContent& content) {
     const std::int64_t rate = row.Number();
     content.bases.push_back({rate, row.Number()});
   });
-  ForEach(sql("SELECT descripcion, precio, cantidad, tasa, internos FROM documento_items "
-              "ORDER BY n"),
+  ForEach(sql("SELECT descripcion, precio, tasa, internos_unidad, cantidad, gravado, internos "
+              "FROM documento_items ORDER BY n"),
           [&](Statement& row) {
-            SoldItem item{row.Text(), 0, 0, 0, 0};
+            SoldItem item{row.Text(), 0, 0, 0, 0, 0, 0};
             item.price = row.Number();
-            item.quantity = row.Number();
             item.rate = row.Number();
             item.internal_each = row.Number();
+            item.quantity = row.Number();
+            item.taxed = row.Number();
+            item.internal = row.Number();
             content.sold.push_back(std::move(item));
           });
   ForEach(sql("SELECT descripcion, importe FROM documento_pagos ORDER BY n"), [&](Statement& row) {

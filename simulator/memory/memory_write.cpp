@@ -125,9 +125,9 @@ void WriteContent(Statements& sql, const DocumentContent& last, const DocumentCo
     put.Bind(n).Bind(base.rate).Bind(base.amount).Run();
   });
   WriteRows(last.sold, now.sold, [&](std::int64_t n, const SoldItem& item) {
-    Statement& put = sql("INSERT OR REPLACE INTO documento_items VALUES (?, ?, ?, ?, ?, ?)");
-    put.Bind(n).BindBytes(item.description).Bind(item.price);
-    put.Bind(item.quantity).Bind(item.rate).Bind(item.internal_each).Run();
+    Statement& put = sql("INSERT OR REPLACE INTO documento_items VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
+    put.Bind(n).BindBytes(item.description).Bind(item.price).Bind(item.rate);
+    put.Bind(item.internal_each).Bind(item.quantity).Bind(item.taxed).Bind(item.internal).Run();
   });
   WriteRows(last.payments, now.payments, [&](std::int64_t n, const Payment& payment) {
     Statement& put = sql("INSERT OR REPLACE INTO documento_pagos VALUES (?, ?, ?)");

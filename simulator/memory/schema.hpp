@@ -7,7 +7,7 @@ namespace impresora {
 
 // Marks the file as a fiscal memory, and the shape of its tables.
 inline constexpr std::int64_t kApplicationId = 0x46495343;
-inline constexpr std::int64_t kSchemaVersion = 1;
+inline constexpr std::int64_t kSchemaVersion = 2;
 
 // Money is in hundredths, prices in ten-thousandths, quantities in thousandths, rates in hundredths
 // of a percent; moments are seconds of local time since 1970. What the host sent is kept as bytes.
@@ -66,7 +66,8 @@ CREATE TABLE documento_tasas(
   n INTEGER PRIMARY KEY, tasa INTEGER NOT NULL, importe INTEGER NOT NULL);
 CREATE TABLE documento_items(
   n INTEGER PRIMARY KEY, descripcion BLOB NOT NULL, precio INTEGER NOT NULL,
-  cantidad INTEGER NOT NULL, tasa INTEGER NOT NULL, internos INTEGER NOT NULL);
+  tasa INTEGER NOT NULL, internos_unidad INTEGER NOT NULL,
+  cantidad INTEGER NOT NULL, gravado INTEGER NOT NULL, internos INTEGER NOT NULL);
 CREATE TABLE documento_pagos(
   n INTEGER PRIMARY KEY, descripcion BLOB NOT NULL, importe INTEGER NOT NULL);
 CREATE TABLE documento_papel(

@@ -131,6 +131,54 @@ TEST(Documents, WhatIsTakenBackCountsOverAllEqualLines) {
   }
 }
 
+// Each void takes its own rounded amount, but no more than is left, and the last one all of that.
+TEST(Documents, WhatIsTakenBackInPartsIsWhatWasSold) {
+  struct Story {
+    const char* words;
+    std::vector<std::string_view> sold;
+    std::string_view price, internal, part;
+    int parts;
+    const char* left;  // of 100.00 that were sold besides
+  };
+  const std::vector<Story> stories{
+      {"a half and the other half", {"1000"}, "101", "0", "500", 2, "000000010000"},
+      {"two halves at once", {"500", "500"}, "101", "0", "1000", 1, "000000010000"},
+      {"a thousand voids of half a cent", {"100000"}, "5", "0", "100", 1000, "000000010000"},
+      {"a thousand voids of nothing", {"1000"}, "101", "0", "1", 1000, "000000010000"},
+      {"only the first half", {"1000"}, "101", "0", "500", 1, "000000010050"},
+      {"internal taxes, too", {"1000", "1000"}, "101", "33", "500", 4, "000000010000"},
+      {"nearly all of it taxes", {"1000"}, "5", "4", "100", 10, "000000010000"},
+  };
+  for (const Story& story : stories) {
+    Shop shop;
+    shop.OpenTicket();
+    shop.TicketItem("Otra", "1000", "10000");
+    for (const std::string_view quantity : story.sold) {
+      shop.TicketItem("Queso", quantity, story.price, "2100", "M", story.internal);
+    }
+    for (int part = 0; part < story.parts; ++part) {
+      ASSERT_EQ(
+          shop.TicketItem("Queso", story.part, story.price, "2100", "m", story.internal).fiscal,
+          0x1600)
+          << story.words << " " << part;
+    }
+    EXPECT_EQ(shop.TicketTotal(), story.left) << story.words;
+  }
+}
+
+TEST(Documents, ALineVoidedInHalvesIsGoneWithoutOtherLines) {
+  Shop shop;
+  shop.OpenTicket();
+  shop.TicketItem("Queso", "1000", "101");
+  shop.PaperText();
+  EXPECT_EQ(shop.TicketItem("Queso", "500", "101", "2100", "m").fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketItem("Queso", "500", "101", "2100", "m").fiscal, 0x1600);
+  EXPECT_EQ(shop.TicketTotal(), "000000000000");
+  const std::string paper = shop.PaperText();
+  EXPECT_NE(paper.find("Queso                              -0,51"), std::string::npos) << paper;
+  EXPECT_NE(paper.find("Queso                              -0,50"), std::string::npos) << paper;
+}
+
 TEST(Documents, NothingIsReturnedThatWasNotSold) {
   Shop shop;
   shop.OpenTicket();

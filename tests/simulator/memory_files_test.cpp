@@ -66,8 +66,8 @@ TEST(MemoryFiles, OneThatIsNotThisPrintersStaysAsItIs) {
          Change(p, "CREATE TABLE clientes(nombre); INSERT INTO clientes VALUES ('Juan')");
        },
        "no es una memoria fiscal"},
-      {"a version to come", [](const std::string& p) { Change(p, "PRAGMA user_version = 2"); },
-       "tiene la versión 2 del formato y este programa usa la 1"},
+      {"a version to come", [](const std::string& p) { Change(p, "PRAGMA user_version = 3"); },
+       "tiene la versión 3 del formato y este programa usa la 2"},
       {"another point of sale",
        [](const std::string& p) {
          Change(p, "UPDATE identidad SET valor = '7' WHERE clave = 'punto_venta'");

@@ -127,6 +127,21 @@ TEST(Memory, AnOpenInvoiceGoesOnAfterAPowerCut) {
   EXPECT_EQ(end(after), end(without));
 }
 
+TEST(Memory, WhatVoidsHaveLeftOfALineOutlivesAPowerCut) {
+  const Folder folder;
+  {
+    ShopWithMemory shop(folder / "m.db");
+    shop.OpenTicket();
+    shop.TicketItem("Otra", "1000", "1000");
+    shop.TicketItem("Queso", "1000", "101", "2100", "M", "33");
+    shop.TicketItem("Queso", "500", "101", "2100", "m", "33");
+  }
+  ShopWithMemory shop(folder / "m.db");
+  EXPECT_EQ(shop.TicketItem("Queso", "500", "101", "2100", "m", "33").fiscal, 0x1600);
+  EXPECT_EQ(shop.Send({"C", "N", kEmpty}).fields.at(2), "000000001000");
+  EXPECT_EQ(shop.Send({"C", "N", kEmpty}).fields.at(5), "000000000000");
+}
+
 TEST(Memory, AnOpenDocumentCanBeCancelledAfterAPowerCut) {
   const Folder folder;
   {
