@@ -13,8 +13,9 @@ struct Digits {
   int decimals;
 };
 
-// Money is counted in hundredths, quantities in thousandths, unit prices in ten-thousandths and
-// IVA rates in hundredths of a percent. Halves round away from zero everywhere.
+// Money is counted in hundredths, quantities in thousandths, what comes per unit (prices, internal
+// taxes) in ten-thousandths and IVA rates in hundredths of a percent. Halves round away from zero
+// everywhere.
 inline constexpr int kMoneyDecimals = 2;
 inline constexpr int kQuantityDecimals = 3;
 inline constexpr int kPriceDecimals = 4;

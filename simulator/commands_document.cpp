@@ -95,7 +95,7 @@ Outcome EnterItem(Machine& m, const Fields& f, std::size_t internal_field) {
   const std::int64_t quantity = f.Number(kQuantity);
   if (quantity == 0 || f.Empty(kDescription)) return Refused(kInvalidField);
   const auto amount = LineAmount(quantity, f.Number(kPrice));
-  const auto internal = LineAmount(quantity, f.Number(internal_field) * 100);
+  const auto internal = LineAmount(quantity, f.Number(internal_field));
   if (!amount || !internal) return Refused(kOverflow);
   Item item{.description = std::string(TrimRight(f.Text(kDescription))),
             .quantity = quantity,

@@ -93,7 +93,7 @@ std::optional<std::int64_t> ReadField(std::string_view text, const FieldRow& row
     case FieldKind::kRate:
       return ParseDigits(text, digits.rate, kRateDecimals);
     case FieldKind::kInternal:
-      return ParseDigits(text, digits.internal_tax, kMoneyDecimals);
+      return ParseDigits(text, digits.internal_tax, kPriceDecimals);
     case FieldKind::kPerception:
       return ParseDigits(text, digits.perception, kMoneyDecimals);
     case FieldKind::kAmountOrEmpty:

@@ -65,6 +65,24 @@ TEST(Documents, InternalTaxesComePerUnitAndBearNoIva) {
   EXPECT_EQ(subtotal.fields.at(5), "000000001500");
 }
 
+TEST(Documents, SmallInternalTaxesCountTheirTenThousandths) {
+  Settings settings;
+  settings.digits.internal_tax = {5, 4};
+  struct Tax {
+    std::string_view each;
+    const char* of_a_thousand;
+  };
+  constexpr std::array<Tax, 3> kTaxes{{{"000000049", "000000000490"},
+                                       {"000000050", "000000000500"},
+                                       {"000000001", "000000000010"}}};
+  for (const Tax& tax : kTaxes) {
+    Shop shop(settings);
+    shop.OpenInvoice("T", "A");
+    EXPECT_EQ(shop.InvoiceItem("Tornillo", "1000000", "100", "2100", "M", tax.each).fiscal, 0x3600);
+    EXPECT_EQ(shop.Send({"c", "N", kEmpty}).fields.at(5), tax.of_a_thousand) << tax.each;
+  }
+}
+
 TEST(Documents, APerceptionIsAddedToTheTotalOnly) {
   Shop shop;
   shop.OpenInvoice("T", "A");
