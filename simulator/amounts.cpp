@@ -106,8 +106,8 @@ std::string FormatMoney(std::int64_t hundredths) {
   return FormatDecimal(hundredths, kMoneyDecimals);
 }
 
-std::string FormatQuantity(std::int64_t thousandths) {
-  return WithoutTrailingZeros(FormatDecimal(thousandths, kQuantityDecimals), kQuantityDecimals);
+std::string FormatQuantity(std::int64_t ten_thousandths) {
+  return WithoutTrailingZeros(FormatDecimal(ten_thousandths, kQuantityDecimals), kQuantityDecimals);
 }
 
 std::string FormatPrice(std::int64_t ten_thousandths) {

@@ -13,11 +13,11 @@ struct Digits {
   int decimals;
 };
 
-// Money is counted in hundredths, quantities in thousandths, what comes per unit (prices, internal
-// taxes) in ten-thousandths and IVA rates in hundredths of a percent. Halves round away from zero
+// Money is counted in hundredths, quantities and what comes per unit (prices, internal taxes) in
+// ten-thousandths and IVA rates in hundredths of a percent. Halves round away from zero
 // everywhere.
 inline constexpr int kMoneyDecimals = 2;
-inline constexpr int kQuantityDecimals = 3;
+inline constexpr int kQuantityDecimals = 4;
 inline constexpr int kPriceDecimals = 4;
 inline constexpr int kRateDecimals = 2;
 
@@ -46,7 +46,7 @@ std::string FormatDecimal(std::int64_t units, int decimals);
 std::string FormatMoney(std::int64_t hundredths);
 
 // Quantities and prices lose the zeros that say nothing: "2", "0,5", but a price keeps "10,00".
-std::string FormatQuantity(std::int64_t thousandths);
+std::string FormatQuantity(std::int64_t ten_thousandths);
 std::string FormatPrice(std::int64_t ten_thousandths);
 
 // Decimal digits padded with zeros to `width`, a minus sign in front of a negative value.

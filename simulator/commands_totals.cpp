@@ -9,6 +9,9 @@ namespace {
 
 constexpr int kMoneyWidth = 12;
 
+// Answers tell units in thousandths, whatever the decimals of the quantities.
+constexpr std::int64_t kOfAThousandth = 10;
+
 std::string MoneyField(std::int64_t hundredths) {
   return Padded(hundredths, kMoneyWidth);
 }
@@ -72,8 +75,9 @@ Outcome Subtotal(Machine& m, const Fields& f) {
   const Totals totals = document.Total();
   if (f.Letter(0) == 'P') PrintSubtotal(m);
   const std::int64_t left = totals.total - document.Paid();
+  const std::int64_t units = DivideRounded(document.units, kOfAThousandth);
   return {.error = 0,
-          .fields = {Padded(document.lines, 5), Padded(document.units, 8), MoneyField(totals.total),
+          .fields = {Padded(document.lines, 5), Padded(units, 8), MoneyField(totals.total),
                      MoneyField(totals.iva), MoneyField(document.Paid()),
                      MoneyField(totals.internal), MoneyField(totals.perceptions),
                      MoneyField(totals.net), MoneyField(left > 0 ? left : 0)}};

@@ -9,8 +9,8 @@ namespace impresora {
 inline constexpr std::int64_t kApplicationId = 0x46495343;
 inline constexpr std::int64_t kSchemaVersion = 2;
 
-// Money is in hundredths, prices and internal taxes per unit in ten-thousandths, quantities in
-// thousandths, rates in hundredths of a percent; moments are seconds of local time since 1970. What the host sent is kept as bytes.
+// Money is in hundredths; prices, internal taxes per unit and quantities in ten-thousandths; rates in
+// hundredths of a percent; moments are seconds of local time since 1970. What the host sent is kept as bytes.
 inline constexpr std::string_view kSchema = R"(
 CREATE TABLE identidad(clave TEXT PRIMARY KEY, valor TEXT NOT NULL) WITHOUT ROWID;
 

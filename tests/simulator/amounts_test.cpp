@@ -50,10 +50,11 @@ TEST(Amounts, ReadingDigits) {
 }
 
 TEST(Amounts, QuantityTimesPriceRoundsOnce) {
-  EXPECT_EQ(LineAmount(2'000, 105'000), 2'100);
-  EXPECT_EQ(LineAmount(333, 10'000), 33);
-  EXPECT_EQ(LineAmount(335, 10'000), 34);
-  EXPECT_EQ(LineAmount(99'999'999, 99'999'999'900), std::nullopt);
+  EXPECT_EQ(LineAmount(20'000, 105'000), 2'100);
+  EXPECT_EQ(LineAmount(3'330, 10'000), 33);
+  EXPECT_EQ(LineAmount(3'350, 10'000), 34);
+  EXPECT_EQ(LineAmount(12'345, 1'000'000'000), 12'345'000);
+  EXPECT_EQ(LineAmount(999'999'990, 99'999'999'900), std::nullopt);
 }
 
 TEST(Amounts, IvaOnTopAndIvaInside) {
@@ -68,10 +69,11 @@ TEST(Amounts, AsPrinted) {
   EXPECT_EQ(FormatMoney(5), "0,05");
   EXPECT_EQ(FormatMoney(-123'456), "-1.234,56");
   EXPECT_EQ(FormatMoney(kLargestTotal), "999.999.999,99");
-  EXPECT_EQ(FormatQuantity(2'000), "2");
-  EXPECT_EQ(FormatQuantity(10'000), "10");
-  EXPECT_EQ(FormatQuantity(1'500), "1,5");
-  EXPECT_EQ(FormatQuantity(1'234'567), "1.234,567");
+  EXPECT_EQ(FormatQuantity(20'000), "2");
+  EXPECT_EQ(FormatQuantity(100'000), "10");
+  EXPECT_EQ(FormatQuantity(15'000), "1,5");
+  EXPECT_EQ(FormatQuantity(12'345'670), "1.234,567");
+  EXPECT_EQ(FormatQuantity(12'345), "1,2345");
   EXPECT_EQ(FormatPrice(105'000), "10,50");
   EXPECT_EQ(FormatPrice(123'456), "12,3456");
   EXPECT_EQ(Padded(42, 5), "00042");

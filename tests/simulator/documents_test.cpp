@@ -83,6 +83,24 @@ TEST(Documents, SmallInternalTaxesCountTheirTenThousandths) {
   }
 }
 
+TEST(Documents, AQuantityCountsItsTenThousandths) {
+  Settings settings;
+  settings.digits.quantity = {5, 4};
+  Shop shop(settings);
+  shop.OpenInvoice("T", "B");
+  shop.PaperText();
+  EXPECT_EQ(shop.InvoiceItem("Oro", "12345", "10000000").fiscal, 0x3600);
+  EXPECT_EQ(shop.InvoiceItem("Plata", "4", "10000000").fiscal, 0x3600);
+  EXPECT_EQ(shop.PaperText(),
+            "1,2345 x 100.000,00 (21,00)\n"
+            "Oro                           123.450,00\n"
+            "0,0004 x 100.000,00 (21,00)\n"
+            "Plata                              40,00\n");
+  const Texts subtotal = shop.Send({"c", "N", kEmpty}).fields;
+  EXPECT_EQ(subtotal.at(1), "00001235");  // the units are told in thousandths
+  EXPECT_EQ(subtotal.at(2), "000012349000");
+}
+
 TEST(Documents, APerceptionIsAddedToTheTotalOnly) {
   Shop shop;
   shop.OpenInvoice("T", "A");
