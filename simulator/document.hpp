@@ -91,7 +91,7 @@ struct RateTotal {
 
 struct Totals {
   std::vector<RateTotal> rates;
-  std::int64_t subtotal = 0;  // what the lines add up to as printed
+  std::int64_t subtotal = 0;  // what the items and corrections add up to as printed
   std::int64_t net = 0;
   std::int64_t iva = 0;
   std::int64_t internal = 0;

@@ -166,11 +166,12 @@ void PrintCancelled(Machine& m) {
   PrintFoot(m, Paper::Style::kPlain);
 }
 
+// The figure carried over is what the lines of the document add up to as they are printed.
 void PrintTransport(Machine& m, bool closing) {
-  const std::string total = FormatMoney(m.document->Total().total);
+  const Totals totals = m.document->Total();
   if (!closing) PrintDocumentHead(m);
   m.paper.Split(closing ? "Transporte a la hoja siguiente" : "Transporte de la hoja anterior",
-                total);
+                FormatMoney(totals.subtotal + totals.perceptions));
   if (closing) PrintFoot(m, Paper::Style::kPlain);
 }
 

@@ -168,6 +168,26 @@ TEST(Fiscal, NothingIsOpenedWithADamagedMemory) {
   }
 }
 
+// ---- Sheets ----
+
+// The carried figure is what the lines above it add up to, with IVA or without as they have it.
+TEST(Fiscal, TheTransportCarriesWhatTheLinesAddUpTo) {
+  const std::vector<std::pair<std::string_view, std::string_view>> cases{{"A", "103,00"},
+                                                                         {"B", "103,00"}};
+  for (const auto& [letter, carried] : cases) {
+    Shop shop(FamilySettings(Family::kForm));
+    shop.OpenInvoice("F", letter);
+    shop.InvoiceItem("uno", "1000", "10000");
+    shop.Send({"f", "IIBB", "O", "300", "0000"});
+    shop.PaperText();
+    const std::string figure = std::string(80 - 30 - carried.size(), ' ').append(carried) + "\n";
+    EXPECT_EQ(shop.Send({"\\", "D", "P", "T", "T"}).fiscal, 0x3600);
+    EXPECT_EQ(Count(shop.PaperText(), "Transporte a la hoja siguiente" + figure), 1U) << letter;
+    EXPECT_EQ(shop.Send({"\\", "D", "P", "T", "O"}).fiscal, 0x3600);
+    EXPECT_EQ(Count(shop.PaperText(), "Transporte de la hoja anterior" + figure), 1U) << letter;
+  }
+}
+
 // ---- Copies ----
 
 TEST(Fiscal, CopiesAreFurtherPapersOfTheSame) {
