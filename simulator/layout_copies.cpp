@@ -13,13 +13,20 @@ std::string CopyName(int paper) {
                                : "COPIA " + std::to_string(paper - 1);
 }
 
-// The line about fiscal value stays on top; the copy's name comes below it.
+bool IsAboutFiscalValue(const PaperLine& line) {
+  return line.style == Paper::Style::kCentred && line.text == kNoFiscalValue;
+}
+
+// Every sheet begins and ends with the line about fiscal value; only at its end, paper is fed. That on
+// top stays there, and the copy's name comes below it.
 void PrintCopy(Machine& m, const std::vector<PaperLine>& original, const std::string& name) {
   bool named = false;
-  for (const PaperLine& line : original) {
-    m.paper.Again(line);
-    if (!named) m.paper.Center(name);
-    named = true;
+  for (std::size_t i = 0; i < original.size(); ++i) {
+    m.paper.Again(original[i]);
+    if (!IsAboutFiscalValue(original[i])) continue;
+    const bool foot = i + 1 < original.size() && original[i + 1].style == Paper::Style::kFeed;
+    if (!named && !foot) m.paper.Center(name);
+    named = !foot;
   }
 }
 

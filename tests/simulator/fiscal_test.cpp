@@ -206,6 +206,23 @@ TEST(Fiscal, CopiesAreFurtherPapersOfTheSame) {
   EXPECT_EQ(shop.Send({"*", "D"}).fields.at(0), "00001");
 }
 
+TEST(Fiscal, EverySheetOfACopySaysThatItIsOne) {
+  Shop shop(FamilySettings(Family::kForm));
+  shop.Send({"]", "1", "SIN VALIDEZ FISCAL"});
+  shop.SendBody(OpenWith("F", "A", "3", "CUIT", "20123456789"));
+  shop.InvoiceItem("Resma", "1000", "1000");
+  shop.Send({"\\", "D", "P", "T", "T"});
+  shop.Send({"R", "2"});
+  shop.Send({"\\", "D", "P", "T", "O"});
+  shop.InvoiceItem("Tinta", "1000", "1000");
+  shop.PaperText();
+  shop.CloseInvoice("F", "A");
+  const std::string paper = shop.PaperText();
+  EXPECT_EQ(Count(paper, "FACTURA \"A\""), 4U);
+  EXPECT_EQ(Count(paper, "DUPLICADO"), 2U);
+  EXPECT_EQ(Count(paper, "TRIPLICADO"), 2U);
+}
+
 TEST(Fiscal, OneCopyIsThePaperItself) {
   Shop shop(FamilySettings(Family::kForm));
   shop.SendBody(OpenWith("F", "A", "1", "CUIT", "20123456789"));
