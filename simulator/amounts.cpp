@@ -55,19 +55,22 @@ std::int64_t Share(std::int64_t value, std::int64_t part, std::int64_t whole) {
 std::optional<std::int64_t> ParseDigits(std::string_view text, Digits digits, int decimals) {
   std::int64_t value = 0;
   int count = 0;
-  int after_point = 0;
+  int before_point = 0;
   bool point = false;
   for (const char c : text) {
     if (c == '.' && !point) {
       point = true;
+      before_point = count;
       continue;
     }
     if (!IsDigit(c) || ++count > kMostDigits - kPriceDecimals) return std::nullopt;
     value = value * 10 + (c - '0');
-    if (point) ++after_point;
   }
   if (count == 0 || count > digits.integers + digits.decimals) return std::nullopt;
-  return Rescale(value, point ? after_point : digits.decimals, decimals);
+  if (!point) return Rescale(value, digits.decimals, decimals);
+  const int after_point = count - before_point;
+  if (before_point > digits.integers || after_point > digits.decimals) return std::nullopt;
+  return Rescale(value, after_point, decimals);
 }
 
 std::optional<std::int64_t> LineAmount(std::int64_t quantity, std::int64_t price) {

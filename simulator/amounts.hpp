@@ -31,7 +31,8 @@ std::int64_t DivideRounded(std::int64_t numerator, std::int64_t denominator);
 std::int64_t Share(std::int64_t value, std::int64_t part, std::int64_t whole);
 
 // Reads a field of digits with an implied point (or a written one) into units of 10^-`decimals`.
-// Nothing when it is empty, holds anything but digits, or has more digits than `digits` allows.
+// Nothing when it is empty, holds anything but digits, or has more digits than `digits` allows:
+// altogether, and before and behind a written point.
 std::optional<std::int64_t> ParseDigits(std::string_view text, Digits digits, int decimals);
 
 // Quantity times unit price, in hundredths; nothing when no total could hold it.
