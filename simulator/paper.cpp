@@ -70,14 +70,25 @@ Paper::Paper(std::size_t columns) : columns_(columns) {}
 // Blanks in front of a line are part of it only where it stands as it is.
 void Paper::Line(std::string_view utf8, Style style) {
   const bool as_it_is = style == Style::kPlain || style == Style::kStrong || style == Style::kLogo;
-  const std::string_view text = as_it_is ? TrimRight(CutToColumns(utf8, columns_)) : Trim(utf8);
-  lines_.push_back({std::string(text), style});
+  const bool wide = style == Style::kWide || style == Style::kWideCentred;
+  std::string_view rest = as_it_is ? TrimRight(utf8) : Trim(utf8);
+  do {
+    const std::string_view part = CutToColumns(rest, wide ? columns_ / 2 : columns_);
+    lines_.push_back({std::string(as_it_is ? TrimRight(part) : Trim(part)), style});
+    rest.remove_prefix(part.size());
+  } while (!rest.empty());
 }
 
 void Paper::Split(std::string_view left, std::string_view right, Style style) {
   const std::size_t taken = Columns(right);
   const std::size_t room = columns_ > taken ? columns_ - taken - 1 : 0;
-  std::string line(CutToColumns(TrimRight(left), room));
+  std::string_view rest = TrimRight(left);
+  while (Columns(rest) > room) {
+    const std::string_view part = CutToColumns(rest, columns_);
+    Line(part);
+    rest.remove_prefix(part.size());
+  }
+  std::string line(rest);
   line.append(columns_ > taken ? columns_ - taken - Columns(line) : 0, ' ');
   line += right;
   Line(line, style);

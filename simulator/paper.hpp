@@ -34,8 +34,7 @@ struct PaperLine {
 // spaced-out letters.
 std::string AsText(const PaperLine& line, std::size_t columns);
 
-// The lines printed so far waiting to be taken away. Text that does not fit is cut, as the print
-// head does.
+// The lines printed so far waiting to be taken away. Text that does not fit goes on in the next line.
 class Paper {
  public:
   using Style = PaperLine::Style;
@@ -45,6 +44,7 @@ class Paper {
   void Line(std::string_view utf8, Style style = Style::kPlain);
   void Center(std::string_view utf8) { Line(utf8, Style::kCentred); }
   void Wide(std::string_view utf8) { Line(utf8, Style::kWideCentred); }
+  // The right part stands at the end of the left one's last line, or below it.
   void Split(std::string_view left, std::string_view right, Style style = Style::kPlain);
   void Rule(char with);
   void Cut();

@@ -7,6 +7,7 @@
 namespace impresora {
 namespace {
 
+using prueba::Body;
 using prueba::FamilySettings;
 using prueba::kEmpty;
 using prueba::Shop;
@@ -16,14 +17,22 @@ TEST(Paper, TextIsSetWithinItsColumns) {
   paper.Line("0123456789abc");
   paper.Center("año");
   paper.Split("descripción", "1,00");
+  paper.Split("12345", "1,00");
+  paper.Split("descripción más larga", "1,00");
   paper.CenterHostText(
       "\xF4"
       "ABC");
+  paper.CenterHostText(
+      "\xF4"
+      "DEFGHIJ");
   paper.HostText("  \xF1 ");
+  paper.HostText("a         ");
   std::vector<std::string> lines;
   for (const PaperLine& line : paper.Take()) lines.push_back(AsText(line, paper.columns()));
   EXPECT_EQ(lines,
-            (std::vector<std::string>{"0123456789", "   año", "descr 1,00", "  A B C", "  ñ"}));
+            (std::vector<std::string>{"0123456789", "abc", "   año", "descripció", "n     1,00",
+                                      "12345 1,00", "descripció", "n más larg", "a     1,00",
+                                      "  A B C", "D E F G H", "   I J", "  ñ", "a"}));
   EXPECT_TRUE(paper.Take().empty());
 }
 
@@ -155,6 +164,27 @@ TEST(Paper, EveryDocumentIsHeadedWithoutFiscalValue) {
     for (const std::string& command : commands) shop.SendBody(command);
     EXPECT_EQ(shop.PaperText().substr(0, 29), "           SIN VALIDEZ FISCAL") << commands.front();
   }
+}
+
+TEST(Paper, WhatWasAcceptedIsOnTheRollToItsLastLetter) {
+  Shop shop;
+  const std::string name = "Establecimientos Rurales del Noroeste SRL";
+  shop.SendBody(
+      Body({"`", "T",    "C",           "B", "1",      "F",    "12",   "I",    "I",    name,
+            " ", "CUIT", "20123456789", "N", "Ruta 9", kEmpty, kEmpty, kEmpty, kEmpty, "C"}));
+  EXPECT_NE(shop.PaperText().find("Señor/es: Establecimientos Rurales del N\n"
+                                  "oroeste SRL\n"),
+            std::string::npos);
+  shop.InvoiceItem(std::string(75, 'a') + "final", "1000", "10000");
+  shop.Send({"d", kEmpty, kEmpty, "C"});
+  EXPECT_NE(shop.PaperText().find(std::string(40, 'a') + "\n" + std::string(35, 'a') + "final\n" +
+                                  std::string(34, ' ') + "100,00\n"),
+            std::string::npos);
+  shop.Send({"H"});
+  shop.PaperText();
+  shop.Send({"I", std::string(115, 'b') + "final"});
+  EXPECT_EQ(shop.PaperText(), std::string(40, 'b') + "\n" + std::string(40, 'b') + "\n" +
+                                  std::string(35, 'b') + "final\n");
 }
 
 TEST(Paper, FormsAreEightyColumnsWide) {
