@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include "calendar.hpp"
@@ -34,7 +35,7 @@ struct SeriesLine {
   char letter;
 };
 
-constexpr std::array<SeriesLine, 12> kSeriesLines{{
+constexpr std::array<SeriesLine, 20> kSeriesLines{{
     {"Último tique", Series::kTicket, 'B'},
     {"Última factura A", Series::kInvoice, 'A'},
     {"Última factura B", Series::kInvoice, 'B'},
@@ -45,9 +46,31 @@ constexpr std::array<SeriesLine, 12> kSeriesLines{{
     {"Última nota de crédito A", Series::kCreditNote, 'A'},
     {"Última nota de crédito B", Series::kCreditNote, 'B'},
     {"Última nota de crédito C", Series::kCreditNote, 'C'},
+    {"Último remito A", Series::kDeliveryNote, 'A'},
+    {"Último remito B", Series::kDeliveryNote, 'B'},
+    {"Último remito C", Series::kDeliveryNote, 'C'},
     {"Último remito R", Series::kDeliveryNote, 'R'},
     {"Último remito X", Series::kDeliveryNote, 'X'},
+    {"Último comprobante A", Series::kOther, 'A'},
+    {"Último comprobante B", Series::kOther, 'B'},
+    {"Último comprobante C", Series::kOther, 'C'},
+    {"Último comprobante R", Series::kOther, 'R'},
+    {"Último comprobante X", Series::kOther, 'X'},
 }};
+
+constexpr bool HasLine(Series series, char letter) {
+  return std::any_of(kSeriesLines.begin(), kSeriesLines.end(), [=](const SeriesLine& line) {
+    return line.series == series && line.letter == letter;
+  });
+}
+
+constexpr bool EveryKindHasItsLines() {
+  return std::all_of(kInvoiceKinds.begin(), kInvoiceKinds.end(), [](const DocumentKind& kind) {
+    return std::all_of(kind.letters.begin(), kind.letters.end(),
+                       [&kind](char letter) { return HasLine(kind.series, letter); });
+  });
+}
+static_assert(EveryKindHasItsLines(), "a number that was used is on the reports");
 
 void PrintNumbering(Machine& m) {
   for (const SeriesLine& line : kSeriesLines) {

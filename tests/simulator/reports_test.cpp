@@ -92,6 +92,35 @@ TEST(Reports, ClosingsByNumberAndByDate) {
   EXPECT_NE(paper.find("TOTAL VENTAS                     $ 20,00"), std::string::npos) << paper;
 }
 
+TEST(Reports, EverySeriesThatWasUsedIsOnPaper) {
+  Shop shop(prueba::FamilySettings(Family::kForm));
+  std::vector<std::string> wanted;
+  for (const DocumentKind& kind : kInvoiceKinds) {
+    if ((kind.families & kOnForms) == 0) continue;
+    for (const char letter : kind.letters) {
+      const std::string code(1, kind.code);
+      const std::string on(1, letter);
+      shop.OpenInvoice(code, on);
+      shop.InvoiceItem("Cajas", "1000", "0", "0");
+      shop.CloseInvoice(code, on);
+      std::string line(kind.series == Series::kDeliveryNote ? "Último remito "
+                       : kind.series == Series::kOther      ? "Último comprobante "
+                       : kind.series == Series::kInvoice    ? "Última factura "
+                       : kind.series == Series::kDebitNote  ? "Última nota de débito "
+                                                            : "Última nota de crédito ");
+      wanted.push_back(line + letter + " ");
+    }
+  }
+  for (const std::string_view type : {"X", "Z"}) {
+    shop.PaperText();
+    shop.Send({"9", type, "P"});
+    const std::string paper = shop.PaperText();
+    for (const std::string& line : wanted) {
+      EXPECT_NE(paper.find(line), std::string::npos) << type << ": " << line;
+    }
+  }
+}
+
 TEST(Reports, CountersAreNumbersInTheirPlaces) {
   Shop shop;
   SellTicket(shop, "1000");
