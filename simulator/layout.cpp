@@ -46,7 +46,12 @@ std::string_view IvaWords(char letter) {
   return "Otra condición ante el IVA";
 }
 
+// In double width a text has its lines to itself, below the words before it.
 void PrintHostLine(Machine& m, std::string_view before, std::string_view bytes) {
+  if (IsDoubleWidth(bytes)) {
+    if (!Trim(before).empty()) m.paper.Line(before);
+    return m.paper.HostText(bytes);
+  }
   const std::string text = Utf8FromHost(Trim(bytes));
   if (!text.empty()) m.paper.Line(std::string(before) + text);
 }
@@ -115,11 +120,11 @@ void PrintItem(Machine& m, const Item& item, std::string_view note, int sign) {
   if (!note.empty()) m.paper.Line(note);
   m.paper.Line(FormatQuantity(item.quantity) + " x " + FormatPrice(item.price) + " (" +
                Rate(item.rate) + ")");
-  m.paper.Split(Utf8FromHost(item.description), FormatMoney(sign * item.amount));
+  m.paper.SplitHostText(item.description, FormatMoney(sign * item.amount));
 }
 
 void PrintCorrection(Machine& m, std::string_view text, std::int64_t amount) {
-  m.paper.Split(Utf8FromHost(text), FormatMoney(amount));
+  m.paper.SplitHostText(text, FormatMoney(amount));
 }
 
 void PrintSubtotal(Machine& m) {
@@ -143,7 +148,7 @@ void PrintTotal(Machine& m) {
 
 void PrintPayment(Machine& m, const Payment& payment) {
   if (m.document->payments.size() == 1) m.paper.Line("RECIBI(MOS)");
-  m.paper.Split(Utf8FromHost(payment.description), FormatMoney(payment.amount));
+  m.paper.SplitHostText(payment.description, FormatMoney(payment.amount));
 }
 
 void PrintChange(Machine& m, std::int64_t change) {

@@ -38,11 +38,11 @@ std::string Repeated(std::string_view character, std::size_t columns) {
   return line;
 }
 
+}  // namespace
+
 bool IsDoubleWidth(std::string_view bytes) {
   return !bytes.empty() && bytes.front() == kDoubleWidth;
 }
-
-}  // namespace
 
 std::string AsText(const PaperLine& line, std::size_t columns) {
   switch (line.style) {
@@ -114,6 +114,12 @@ void Paper::CenterHostText(std::string_view bytes) {
 void Paper::HostText(std::string_view bytes) {
   if (IsDoubleWidth(bytes)) return Line(Utf8FromHost(bytes.substr(1)), Style::kWide);
   Line(Utf8FromHost(bytes));
+}
+
+void Paper::SplitHostText(std::string_view bytes, std::string_view right) {
+  if (!IsDoubleWidth(bytes)) return Split(Utf8FromHost(bytes), right);
+  HostText(bytes);
+  Split("", right);
 }
 
 std::vector<PaperLine> Paper::Take() {

@@ -34,6 +34,9 @@ struct PaperLine {
 // spaced-out letters.
 std::string AsText(const PaperLine& line, std::size_t columns);
 
+// Whether the host asks for double width: its mark stands in front of the text.
+bool IsDoubleWidth(std::string_view bytes);
+
 // The lines printed so far waiting to be taken away. Text that does not fit goes on in the next line.
 class Paper {
  public:
@@ -53,6 +56,9 @@ class Paper {
   // A line as the host sent it: centred or as it stands, in double width when it asks for it.
   void CenterHostText(std::string_view bytes);
   void HostText(std::string_view bytes);
+
+  // Such a text with something behind it: in double width it has its lines to itself.
+  void SplitHostText(std::string_view bytes, std::string_view right);
 
   // A line that was printed before, once more.
   void Again(PaperLine line) { lines_.push_back(std::move(line)); }

@@ -187,6 +187,36 @@ TEST(Paper, WhatWasAcceptedIsOnTheRollToItsLastLetter) {
                                   std::string(35, 'b') + "final\n");
 }
 
+TEST(Paper, DoubleWidthIsTheSameInEveryText) {
+  Shop shop;
+  const std::string mark = "\xF4";
+  shop.SendBody(
+      Body({"`",    "T",          "C",          "B",   "1",           "F", "12",          "I",
+            "I",    mark + "Ana", mark + "Paz", "DNI", "00012345678", "N", mark + "Ruta", kEmpty,
+            kEmpty, kEmpty,       kEmpty,       "C"}));
+  const std::string head = shop.PaperText();
+  EXPECT_NE(head.find("Señor/es:\nA n a\nP a z\nDNI: 00012345678\nR u t a\n"), std::string::npos)
+      << head;
+  shop.InvoiceItem(mark + "Pan", "1000", "10000");
+  shop.Send({"d", mark + "Socio", "100", "D"});
+  shop.Send({"f", mark + "IIBB", "O", "300", "0000"});
+  shop.Send({"d", mark + "Visa", "1000", "T"});
+  EXPECT_EQ(shop.PaperText(),
+            "1 x 100,00 (21,00)\n"
+            "P a n\n"
+            "                                  100,00\n"
+            "S o c i o\n"
+            "                                   -1,00\n"
+            "I I B B\n"
+            "                                    3,00\n"
+            "----------------------------------------\n"
+            "T O T A L                       $ 102,00\n"
+            "\n"
+            "RECIBI(MOS)\n"
+            "V i s a\n"
+            "                                   10,00\n");
+}
+
 TEST(Paper, FormsAreEightyColumnsWide) {
   Shop shop(FamilySettings(Family::kForm));
   shop.OpenInvoice("F", "A");
