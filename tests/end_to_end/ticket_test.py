@@ -66,6 +66,7 @@ class TheDemoShop(Shop):
         frames = log.count(" - Output : \x02")
         self.assertEqual(frames, 10)  # three of the seven calls print an extra line before the item
         self.assertEqual(log.count(" - Respuesta : \x02"), frames)
+        self.stop_printer()  # it writes the last line when the host has left already
         self.assertEqual(read(self.path("traza.txt")).count("\n"), frames)
 
 

@@ -21,6 +21,7 @@ class TheDemoShop(Till):
         frames = log.count(" - Output : \x02")
         self.assertEqual(frames, 10)
         self.assertEqual(log.count(" - Respuesta : \x02"), frames)
+        self.stop_printer()  # it writes the last line when the host has left already
         self.assertEqual(read(self.path("traza.txt")).count("\n"), frames)
 
     def test_needs_no_file_beside_it_but_the_library_and_its_settings(self):
