@@ -46,7 +46,7 @@ ByteFault AnyFault(const Trial& trial, const CampaignSettings& settings, std::mt
 void Tally::Count(Verdict verdict, const RunReport& run) {
   ++runs;
   ++verdicts[static_cast<std::size_t>(verdict)];
-  if (Misled(verdict) && !run.damaged_answer) ++undetectable;
+  if (Misled(verdict) && !run.bad_checksum) ++undetectable;
   for (const CallReport& call : run.calls) longest = std::max(longest, call.lasted);
 }
 

@@ -109,7 +109,9 @@ void LineWorld::Carry() {
   const Micros now = Now();
   const std::string arrived = to_printer_.Take(now);
   if (!arrived.empty()) session_.Receive(arrived, now);
-  to_host_.Push(session_.Advance(now).bytes, now);
+  const std::string saying = session_.Advance(now).bytes;
+  said_ += saying;
+  to_host_.Push(saying, now);
   received_ += to_host_.Take(now);
 }
 

@@ -47,6 +47,9 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   [[nodiscard]] const std::vector<std::string>& Frames() const { return frames_; }
   [[nodiscard]] const std::vector<impresora::Exchange>& Exchanges() const { return exchanges_; }
 
+  // All that the printer said.
+  [[nodiscard]] const std::string& Said() const { return said_; }
+
  private:
   friend class WorldPort;
 
@@ -67,6 +70,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   impresora::Session session_;
   FaultyWire to_printer_;
   FaultyWire to_host_;
+  std::string said_;
   std::string received_;
   std::vector<std::string> frames_;
   std::vector<impresora::Exchange> exchanges_;

@@ -63,6 +63,11 @@ void PrintRow(std::string_view name, const Tally& tally) {
   std::cout << " " << Seconds(tally.longest) << " |\n";
 }
 
+void PrintUndetectable(const Tally& tally) {
+  std::cout << "\nMisled by a damaged answer whose checksum is right: " << tally.undetectable
+            << "\n";
+}
+
 Tally PrintTable(std::string_view title, const NamedTallies& tallies) {
   PrintHead(title);
   Tally all;
@@ -78,7 +83,7 @@ void PrintPairs(const Tally& pairs) {
   if (pairs.runs == 0) return;
   PrintHead("two faults");
   PrintRow("random pairs", pairs);
-  std::cout << "\nMisled by an answer whose checksum was in order: " << pairs.undetectable << "\n";
+  PrintUndetectable(pairs);
 }
 
 void PrintOperations(const CampaignReport& report) {
@@ -96,7 +101,7 @@ int Main(int argc, char** argv) {
   const CampaignReport report = RunCampaign(ReadOptions(argc, argv));
   PrintTable("document", report.by_document);
   PrintTable("on the way to the printer", report.by_form[0]);
-  PrintTable("on the way to the host", report.by_form[1]);
+  PrintUndetectable(PrintTable("on the way to the host", report.by_form[1]));
   PrintPairs(report.pairs);
   PrintOperations(report);
   for (const std::string& breach : report.breaches) std::cerr << breach << "\n";

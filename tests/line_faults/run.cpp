@@ -41,25 +41,34 @@ void Assign(const LineWorld& world, const std::vector<std::size_t>& calls_of_fra
   }
 }
 
-bool HasOwnChecksum(std::string_view received) {
+// From the start byte to the checksum; nothing when either end is missing.
+std::string_view FrameIn(std::string_view received) {
   const auto start = received.find('\x02');
-  if (start == std::string_view::npos) return false;
+  if (start == std::string_view::npos) return {};
   const auto end = received.find('\x03', start);
-  if (end == std::string_view::npos) return false;
-  const auto sum = impresora::Checksum(received.substr(start, end + 1 - start));
-  return received.substr(end + 1, kChecksumDigits) == impresora::Hex4(sum);
+  if (end == std::string_view::npos) return {};
+  return received.substr(start, end + 1 + kChecksumDigits - start);
+}
+
+bool HasOwnChecksum(std::string_view frame) {
+  if (frame.size() <= kChecksumDigits) return false;
+  const auto summed = frame.substr(0, frame.size() - kChecksumDigits);
+  return frame.substr(summed.size()) == impresora::Hex4(impresora::Checksum(summed));
 }
 
 // The answers that the library took are in its log, those made up for a time-out have no checksum.
-bool TookDamagedAnswer(const Journal& journal) {
-  for (const Event& event : journal.Events()) {
+void LookAtAnswers(const LineWorld& world, RunReport& report) {
+  for (const Event& event : world.GetJournal().Events()) {
     if (event.kind != Happening::kLog) continue;
     const auto at = event.text.find(kAnswerLine);
     if (at == std::string::npos) continue;
     const auto answer = std::string_view(event.text).substr(at + kAnswerLine.size());
-    if (answer.find('\x03') != std::string_view::npos && !HasOwnChecksum(answer)) return true;
+    if (answer.find('\x03') == std::string_view::npos) continue;
+    const auto frame = FrameIn(answer);
+    if (!HasOwnChecksum(frame)) report.bad_checksum = true;
+    if (frame.empty() || world.Said().find(frame) == std::string::npos)
+      report.damaged_answer = true;
   }
-  return false;
 }
 
 }  // namespace
@@ -91,7 +100,7 @@ RunReport Play(const CanonicalDocument& document, std::span<const ByteFault> fau
   }
   world.Settle();
   Assign(world, calls_of_frames, report);
-  report.damaged_answer = TookDamagedAnswer(world.GetJournal());
+  LookAtAnswers(world, report);
   report.to_printer = world.ToPrinter().Carried();
   report.to_host = world.ToHost().Carried();
   EP_Kill();

@@ -34,7 +34,8 @@ struct CallReport {
 struct RunReport {
   std::vector<CallReport> calls;
   Deeds foreign;                // done by the printer, although no host wrote it
-  bool damaged_answer = false;  // an answer was taken whose checksum is not its own
+  bool damaged_answer = false;  // an answer was taken that the printer had not sent so
+  bool bad_checksum = false;    // and one whose checksum is not its own
   std::size_t to_printer = 0;   // bytes that the host sent
   std::size_t to_host = 0;      // and the printer
 };

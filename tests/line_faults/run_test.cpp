@@ -29,6 +29,7 @@ TEST(Run, EveryDocumentGoesThroughOnAGoodLine) {
     for (const CallReport& call : run.calls) EXPECT_EQ(call.result, refused ? 1 : 0);
     EXPECT_TRUE(run.foreign.empty());
     EXPECT_FALSE(run.damaged_answer);
+    EXPECT_FALSE(run.bad_checksum);
   }
 }
 
@@ -52,6 +53,18 @@ TEST(Run, ALostAnswerLeavesTheHostInDoubt) {
   EXPECT_EQ(run.calls[0].result, 1);
   EXPECT_EQ(run.calls[0].done, good.calls[0].done);
   EXPECT_EQ(Judge(run, good), Verdict::kAmbiguous);
+}
+
+// It adds nothing to a sum of bytes, and a host reads a number that is none.
+TEST(Run, AZeroByteInAnAnswerIsDamageThatNoChecksumShows) {
+  const CanonicalDocument& ticket = Document("TQ ticket");
+  const RunReport good = Good(ticket);
+  const std::size_t last_digit = good.to_host - 1 - 5;
+  const ByteFault zero{Direction::kToHost, last_digit, FaultKind::kInsert, 0};
+  const RunReport run = Play(ticket, {&zero, 1}, OperatorHabit::kNever);
+  EXPECT_EQ(Judge(run, good), Verdict::kMisread);
+  EXPECT_TRUE(run.damaged_answer);
+  EXPECT_FALSE(run.bad_checksum);
 }
 
 TEST(Run, AnAnswerWithAnotherNumberMakesTheDriverSendAgain) {

@@ -72,9 +72,9 @@ bool Trial::Hung(const RunReport& run, std::size_t faults) const {
 
 void Trial::Check(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults) {
   if (Hung(run, faults.size())) Breach("longer than the protocol allows", faults);
+  // Two faults can make up for each other in the printer's sum; one cannot.
   if (faults.size() > 1) return;
-  // Two faults can make up for each other in a sum; one cannot.
-  if (Misled(verdict) && !run.damaged_answer) Breach("misled by an answer in good order", faults);
+  if (Misled(verdict) && !run.damaged_answer) Breach("misled by what the printer said", faults);
   if (verdict == Verdict::kAltered) Breach("a damaged command was carried out", faults);
   const bool only_late = faults[0].kind == FaultKind::kSplit;
   if (only_late && verdict != Verdict::kAgreed) Breach("nothing was wrong with the bytes", faults);
