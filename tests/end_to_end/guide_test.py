@@ -23,7 +23,7 @@ class Guide(Shop):
         super().setUp()
         for name, text in examples().items():
             with open(self.path(name), "w", encoding="utf-8") as file:
-                file.write(text)
+                file.write(text.replace('FAMILIA = "TQ"', f'FAMILIA = "{self.family}"'))
 
     def run_program(self, *command):
         environment = dict(self.host_environment(),
@@ -75,16 +75,11 @@ class Doubt(Guide):
 
     rule = ""
 
-    def setUp(self):
-        super().setUp()
-        self.stop_printer()
+    def start_printer(self):
+        self.printer_flags = ["--fallas", self.path("fallas.txt")]
         with open(self.path("fallas.txt"), "w", encoding="utf-8") as file:
             file.write(self.rule + "\n")
-        self.printer_flags = ["--fallas", self.path("fallas.txt")]
-        self.printer = self.start_printer()
-        text = read(self.path("cierre_seguro.py"))
-        with open(self.path("cierre_seguro.py"), "w", encoding="utf-8") as file:
-            file.write(text.replace('FAMILIA = "TQ"', f'FAMILIA = "{self.family}"'))
+        return super().start_printer()
 
     def issue(self, title):
         self.assertEqual(self.run_example("cierre_seguro.py"), "Comprobante 00000001\n")

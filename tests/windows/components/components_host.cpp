@@ -267,6 +267,15 @@ void HostLeavesBeforeTheLibrary() {
   CHECK(Here() == Apartment::kNone);
 }
 
+DWORD RunThread(LPTHREAD_START_ROUTINE work) {
+  const HANDLE thread = CreateThread(nullptr, 0, work, nullptr, 0, nullptr);
+  WaitForSingleObject(thread, INFINITE);
+  DWORD result = 0;
+  GetExitCodeThread(thread, &result);
+  CloseHandle(thread);
+  return result;
+}
+
 DWORD WINAPI OtherThread(void*) {
   Call("EP_Kill");
   CHECK(Here() == Apartment::kNone);
@@ -275,9 +284,7 @@ DWORD WINAPI OtherThread(void*) {
 
 void EndedOnAnotherThread() {
   CHECK(Call("EP_Init") == 1);
-  const HANDLE thread = CreateThread(nullptr, 0, OtherThread, nullptr, 0, nullptr);
-  WaitForSingleObject(thread, INFINITE);
-  CloseHandle(thread);
+  RunThread(OtherThread);
   // Nobody but this thread can leave.
   CHECK(Here() == Apartment::kSingle);
   Call("EP_Kill");
@@ -301,15 +308,6 @@ DWORD WINAPI NextTicket(void*) {
   Call("EP_Kill");
   CHECK(Here() == Apartment::kNone);
   return 1;
-}
-
-DWORD RunThread(LPTHREAD_START_ROUTINE work) {
-  const HANDLE thread = CreateThread(nullptr, 0, work, nullptr, 0, nullptr);
-  WaitForSingleObject(thread, INFINITE);
-  DWORD result = 0;
-  GetExitCodeThread(thread, &result);
-  CloseHandle(thread);
-  return result;
 }
 
 // A thread for each ticket, and none of them ends the library. The system gives their numbers again.
