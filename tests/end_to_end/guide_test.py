@@ -23,18 +23,20 @@ class Guide(Shop):
         super().setUp()
         for name, text in examples().items():
             with open(self.path(name), "w", encoding="utf-8") as file:
-                file.write(text.replace('FAMILIA = "TQ"', f'FAMILIA = "{self.family}"'))
+                text = text.replace('FAMILIA = "TQ"', f'FAMILIA = "{self.family}"')
+                file.write(text.replace("ESPERA = 6 ", "ESPERA = 0 "))  # no frame is on its way here
 
-    def run_program(self, *command):
+    def run_program(self, *command, ends_with=0):
         environment = dict(self.host_environment(),
                            LD_LIBRARY_PATH=os.path.dirname(ENV["KESTRA_LIBRARY"]))
         ended = subprocess.run(command, cwd=self.folder, env=environment, text=True, timeout=90,
                                capture_output=True, start_new_session=True, check=False)
-        self.assertEqual(ended.returncode, 0, ended.stderr)
-        return ended.stdout
+        self.assertEqual(ended.returncode, ends_with, ended.stderr)
+        self.assertNotIn("Traceback", ended.stderr)
+        return ended.stdout if ends_with == 0 else ended.stderr
 
-    def run_example(self, name):
-        return self.run_program(sys.executable, name)
+    def run_example(self, name, ends_with=0):
+        return self.run_program(sys.executable, name, ends_with=ends_with)
 
 
 class ATicketPrinter(Guide):
@@ -71,7 +73,7 @@ class AFormPrinter(Guide):
 
 
 class Doubt(Guide):
-    """The close goes wrong once; the shop has one document all the same, and knows its number."""
+    """The closing says failure; the shop has one document all the same, and knows its number."""
 
     rule = ""
 
@@ -86,6 +88,12 @@ class Doubt(Guide):
         paper = self.paper()
         self.assertEqual(paper.count(title), 1, paper)
         self.assertNotIn("CANCELADO", paper)
+
+    def issue_nothing(self, words):
+        """It ends in words, and leaves no document open."""
+        self.assertIn(words, self.run_example("cierre_seguro.py", ends_with=1))
+        self.assertNotIn("RECIBI(MOS)", self.paper())
+        self.assertNotIn("documento abierto", read(self.path("traza.txt")).splitlines()[-1])
 
 
 class TheAnswerIsLost(Doubt):
@@ -108,6 +116,60 @@ class TheAnswerToAnInvoiceIsLost(Doubt):
 
     def test_its_own_counter_is_looked_at(self):
         self.issue("TIQUE FACTURA")
+
+
+class TheBatteryIsLow(Doubt):
+    rule = "comando 1 de *: bateria_baja"
+
+    def test_every_call_says_failure_and_the_ticket_is_issued(self):
+        self.issue("TIQUE\n")
+
+
+class TheBatteryFallsBeforeTheClosing(Doubt):
+    rule = "comando 1 de E: bateria_baja"
+
+    def test_the_ticket_was_closed(self):
+        self.issue("TIQUE\n")
+
+
+class TheBatteryIsLowAndTheAnswerIsLost(Doubt):
+    family = "TF"
+    rule = "comando 1 de e: bateria_baja\nrespuesta 1 de e: callar"
+
+    def test_the_counter_is_looked_for_in_the_log(self):
+        self.issue("TIQUE FACTURA")
+
+
+class TheDayEndsBeforeTheClosing(Doubt):
+    rule = 'comando 1 de E: reloj = "2099-01-01 00:00:00"'
+
+    def test_the_ticket_was_closed(self):
+        self.issue("TIQUE\n")
+
+
+class TheDayIsOver(Doubt):
+    rule = 'comando 1 de E: reloj = "2099-01-01 00:00:00"'
+
+    def test_nothing_is_opened_until_the_closing_z(self):
+        self.run_example("cierre_seguro.py")
+        refused = self.run_example("cierre_seguro.py", ends_with=1)
+        self.assertIn("no se pudo emitir", refused)
+        self.assertRegex(self.run_example("cierre_z.py"), r"^Z 0\n")
+        self.assertEqual(self.run_example("cierre_seguro.py"), "Comprobante 00000002\n")
+
+
+class ThePrinterFailsAtTheItem(Doubt):
+    rule = "comando 1 de B: falla_de_impresora\ncomando de D: falla_de_impresora = no"
+
+    def test_the_ticket_is_not_issued(self):
+        self.issue_nothing("no se pudo emitir")
+
+
+class ThePrinterIsSilent(Doubt):
+    rule = "cada respuesta de *: callar"
+
+    def test_nothing_is_opened(self):
+        self.issue_nothing("no informa su numeración")
 
 
 del Guide, Doubt  # what they share is no test
