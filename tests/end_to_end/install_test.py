@@ -2,15 +2,14 @@
 
 import glob
 import os
+import shutil
 import subprocess
 import tempfile
 import unittest
 
 ENV = os.environ
-HOST = """
-#include <kestra/kestra.h>
-int main(void) { return EP_Chequear_Error() == 0 && EP_Copias(1) == 0 ? 0 : 1; }
-"""
+# The hosts to start from: each is a whole program in a file of its own.
+HOSTS = ["ticket.c", "jornada.c"]
 
 
 class AnInstalledLibrary(unittest.TestCase):
@@ -20,16 +19,20 @@ class AnInstalledLibrary(unittest.TestCase):
                            check=True, stdout=subprocess.DEVNULL)
             library = glob.glob(folder + "/lib*/**/libkestra.so", recursive=True)[0]
             self.assertTrue(os.access(folder + "/bin/impresora-virtual", os.X_OK))
-            source = folder + "/host.c"
-            with open(source, "w", encoding="ascii") as file:
-                file.write(HOST)
-            sanitize = ["-fsanitize=address,undefined"] if "KESTRA_PRELOAD" in ENV else []
-            lib_dir = os.path.dirname(library)
-            subprocess.run([ENV["CC"], "-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror",
-                            "-I" + folder + "/include", source, "-o", folder + "/host",
-                            "-L" + lib_dir, "-lkestra", "-Wl,-rpath," + lib_dir] + sanitize,
-                           check=True)
-            subprocess.run([folder + "/host"], check=True)
+            for host in HOSTS:
+                self.compile_and_run(folder, host, os.path.dirname(library))
+
+    def compile_and_run(self, folder, host, lib_dir):
+        shutil.copy(os.path.join(ENV["KESTRA_SOURCE"], "tools", host), folder)
+        sanitize = ["-fsanitize=address,undefined"] if "KESTRA_PRELOAD" in ENV else []
+        subprocess.run([ENV["CC"], "-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror",
+                        "-I" + folder + "/include", host, "-o", "host",
+                        "-L" + lib_dir, "-lkestra", "-Wl,-rpath," + lib_dir] + sanitize,
+                       cwd=folder, check=True)
+        ended = subprocess.run([folder + "/host"], cwd=folder, text=True, capture_output=True,
+                               start_new_session=True, check=False)
+        self.assertEqual(ended.returncode, 1)  # nobody has written a Fiscal.ini yet
+        self.assertIn("ImpresoraPuerto", ended.stderr)
 
 
 if __name__ == "__main__":
