@@ -34,7 +34,7 @@ std::string WordsOfALook(SerialPort& port) {
 
 TEST(TcpPort, AnotherNameOfTheMachineServesToo) {
   TcpLine line;
-  const auto port = MakeTcpPort(line.DeviceAt("localhost"));
+  const auto port = MakeTcpPort(line.DeviceAt(KESTRA_MACHINE_NAME));
   for (int exchange = 0; exchange < 2; ++exchange) {
     port->PortOpen(true);
     port->Output("x");

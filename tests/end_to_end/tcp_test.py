@@ -24,6 +24,12 @@ class NetworkShop(Shop):
         self.port = int(self.device.rpartition(":")[2])
         return printer
 
+    def host_environment(self):
+        """Its look-up knows the machine as impresora.prueba, whatever the machine's files say."""
+        environment = super().host_environment()
+        environment["LD_PRELOAD"] = f"{environment.get('LD_PRELOAD', '')}:{ENV['KESTRA_MACHINE_NAME']}"
+        return environment
+
     def wait_for_frame(self):
         def sent():
             try:
@@ -47,7 +53,7 @@ class APrinterBehindTheNetwork(NetworkShop):
         self.assertEqual(out, "bien\n", err)
 
     def test_is_found_by_the_machines_name_too(self):
-        self.write_settings(ImpresoraDispositivo=f"tcp:localhost:{self.port}")
+        self.write_settings(ImpresoraDispositivo=f"tcp:impresora.prueba:{self.port}")
         out, _ = self.run_host(CLOCK)
         self.assertTrue(out.startswith("(0, "), out)
 
