@@ -17,6 +17,8 @@
  * - Amounts are doubles in pesos (or units, or percent), formatted with the digit counts of
  *   Fiscal.ini. An amount that does not fit its field shows "Error al convertir" and goes out as an
  *   empty field.
+ * - A printer that says nothing is waited for 5.5 seconds at most for each frame; but a frame of the
+ *   last five seconds before midnight is waited for until the printer answers.
  * - No call lets an exception out. A call made while another one is still running (from a callback
  *   or another thread) is refused with the failure result and touches nothing.
  */
