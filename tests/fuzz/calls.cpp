@@ -1,152 +1,65 @@
 #include "fuzz/calls.hpp"
 
 #include <memory>
-#include <stdexcept>
-#include <tuple>
-#include <type_traits>
 
+#include "exports/exports.hpp"
 #include "kestra/kestra.h"
 
 namespace kestra::fuzzing {
 namespace {
 
+using exports::Kind;
 using fuzz::Input;
 
-// How many bytes the texts and buffers of an export have, in their order.
-using Sizes = std::array<std::size_t, 12>;
-
-constexpr std::size_t kEndsWithZero = 0;
+// The corpus tells them by their place in the table: up to DllCanUnloadNow.
+constexpr std::size_t kTried = 47;
 
 constexpr std::array<double, 12> kNumbers{0,    1,      0.5,  2.675,   100,      21,
                                           10.5, 999.99, -1.5, 99999.9, 0.000001, 1e12};
 
-// The host's own memory during a call.
-class Argument {
- public:
-  Argument(Input& input, std::size_t size) {
-    const auto length = input.Byte();
-    if (length == 255) return;  // null
-    const auto own = size == kEndsWithZero ? length % 40U + 1U : size;
-    bytes_ = std::make_unique<char[]>(own);
-    std::fill_n(bytes_.get(), own, size == kEndsWithZero ? '\0' : ' ');
-    const auto text = input.Text(size == kEndsWithZero ? own - 1 : own);
-    text.copy(bytes_.get(), text.size());
-  }
+// The host's own memory during a call, or null.
+using Room = std::unique_ptr<char[]>;
 
-  [[nodiscard]] char* Get() const { return bytes_.get(); }
-
- private:
-  std::unique_ptr<char[]> bytes_;
-};
-
-template <typename T>
-struct Holder {
-  Holder(Input& input, const std::size_t*& size) : argument(input, *size++) {}
-  [[nodiscard]] T Get() const { return argument.Get(); }
-  Argument argument;
-};
-
-template <>
-struct Holder<double> {
-  Holder(Input& input, const std::size_t*& /*size*/) {
-    const auto kind = input.Byte();
-    number = kind < 200 ? kNumbers[kind % kNumbers.size()]
-                        : (kind < 240 ? input.Int32() / 1000.0 : input.Double());
-  }
-  [[nodiscard]] double Get() const { return number; }
-  double number;
-};
-
-template <>
-struct Holder<std::int32_t> {
-  Holder(Input& input, const std::size_t*& /*size*/) {
-    const auto kind = input.Byte();
-    number = kind < 250 ? kind % 32 : input.Int32();
-  }
-  [[nodiscard]] std::int32_t Get() const { return number; }
-  std::int32_t number;
-};
-
-template <typename... Types>
-std::int32_t Apply(std::int32_t(KESTRA_CALL* function)(Types...), Input& input,
-                   const Sizes& sizes) {
-  [[maybe_unused]] const std::size_t* size = sizes.data();
-  // Braces: from the first to the last.
-  const std::tuple<Holder<Types>...> holders{Holder<Types>(input, size)...};
-  return std::apply([&](const auto&... holder) { return function(holder.Get()...); }, holders);
+Room RoomFor(const exports::Parameter& parameter, Input& input) {
+  const auto length = input.Byte();
+  if (length == 255) return nullptr;
+  const bool ends = parameter.kind == Kind::kTerminated;
+  const auto size = ends ? length % 40U + 1U : parameter.size;
+  Room room = std::make_unique<char[]>(size);
+  std::fill_n(room.get(), size, ends ? '\0' : ' ');
+  const auto text = input.Text(ends ? size - 1 : size);
+  text.copy(room.get(), text.size());
+  return room;
 }
 
-struct Export {
-  std::int32_t (*call)(Input&, const Sizes&);
-  Sizes sizes;
-};
-
-template <auto Function>
-constexpr Export Row(Sizes sizes = {}) {
-  return {[](Input& input, const Sizes& of) { return Apply(Function, input, of); }, sizes};
+double AmountOf(Input& input) {
+  const auto kind = input.Byte();
+  if (kind < 200) return kNumbers[kind % kNumbers.size()];
+  return kind < 240 ? input.Int32() / 1000.0 : input.Double();
 }
 
-constexpr Sizes kOpening{2, 1, 40, 40, 6, 11, 1, 40, 40, 40, 40, 40};
-
-constexpr std::array kExports{
-    Row<&EP_Init>(),
-    Row<&EP_Kill>(),
-    Row<&EP_AjusteRedondeo>(),
-    Row<&EP_AbrirComprobanteFiscal>(kOpening),
-    Row<&EP_ImprimirItem>({50, 22, 22, 22}),
-    Row<&EP_AnularItem>({50, 22, 22, 22}),
-    Row<&EP_ImprimirTextoFiscal>({26}),
-    Row<&EP_ImprimirTextoFiscalInterna>({kEndsWithZero}),
-    Row<&EP_CerrarComprobanteFiscal>({2, 1, 8}),
-    Row<&EP_Cancelar>(),
-    Row<&EP_DescuentoGeneral>({80}),
-    Row<&EP_RecargoGeneral>({80}),
-    Row<&EP_EspecificarPercepcionGlobal>({20, 1}),
-    Row<&EP_ImprimirPago>({80}),
-    Row<&EP_AbrirComprobanteNoFiscalHomologado>(kOpening),
-    Row<&EP_CerrarComprobanteNoFiscalHomologado>({2, 1}),
-    Row<&EP_AbrirComprobanteNoFiscal>(),
-    Row<&EP_ImprimirTextoNoFiscal>({120}),
-    Row<&EP_CerrarComprobanteNoFiscal>(),
-    Row<&EP_ReporteX>(),
-    Row<&EP_ReporteZ>(),
-    Row<&EP_ReporteZporNumeros>(),
-    Row<&EP_ReporteZporFechas>({6, 6}),
-    Row<&EP_AbrirCajonDeDinero>(),
-    Row<&EP_CambiarFechaHora>({6, 6}),
-    Row<&EP_ObtenerFechaHora>({12}),
-    Row<&EP_SetEncabezado>({120}),
-    Row<&EP_GetEncabezado>({120}),
-    Row<&EP_CortaPapel>(),
-    Row<&EP_AvanzaPapel>(),
-    Row<&EP_ValoresModelo>({64}),
-    Row<&EP_Numeracion>({80}),
-    Row<&EP_AutodetectarModelo>({14}),
-    Row<&EP_Chequear_Error>(),
-    Row<&EP_ReimprimirComprobante>(),
-    Row<&EP_Configuracion>(),
-    Row<&EP_ConsultaMemoria>(),
-    Row<&EP_Copias>(),
-    Row<&EP_ImpuestoInternoFijo>(),
-    Row<&EP_ImpuestoInternoPorMonto>(),
-    Row<&EP_InformacionRemito>(),
-    Row<&EP_Inicializacion>(),
-    Row<&EP_Memoria>(),
-    Row<&EP_DescuentoUltimoItem>(),
-    Row<&EP_ImprimirItemEnRemito>(),
-    Row<&EP_DatosCliente>(),
-    Row<&DllCanUnloadNow>(),
-};
-
-constexpr std::size_t kKill = 1;
-constexpr std::size_t kRounding = 2;
+std::int32_t IntegerOf(Input& input) {
+  const auto kind = input.Byte();
+  return kind < 250 ? kind % 32 : input.Int32();
+}
 
 }  // namespace
 
 Called CallAny(Input& input) {
-  const auto which = input.Below(kExports.size());
-  const auto& row = kExports[which];
-  return {row.call(input, row.sizes), which == kKill, which == kRounding};
+  const auto& row = exports::Exports()[input.Below(kTried)];
+  std::array<Room, exports::kMostParameters> rooms;
+  exports::Values values{};
+  for (std::size_t i = 0; i < row.count; ++i) {
+    if (row.places[i].kind == Kind::kAmount) {
+      values[i].number = AmountOf(input);
+    } else if (row.places[i].kind == Kind::kInteger) {
+      values[i].integer = IntegerOf(input);
+    } else {
+      rooms[i] = RoomFor(row.places[i], input);
+      values[i].pointer = rooms[i].get();
+    }
+  }
+  return {row.call(values), row.name == "EP_Kill", row.name == "EP_AjusteRedondeo"};
 }
 
 std::int32_t CallPlain(std::size_t which) {

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "hostile/call.hpp"
-#include "hostile/exports.hpp"
 #include "hostile/printer.hpp"
 #include "hostile/shop.hpp"
 #include "hostile/stories.hpp"
@@ -15,13 +14,10 @@
 namespace kestra::hostile {
 namespace {
 
-// What a sane call gives in this shop.
+// What a sane call gives in this shop, where a port is held.
 std::int32_t SaneResult(const Export& row, bool printer) {
-  constexpr auto not_implemented = static_cast<std::int32_t>(0x80004001U);
-  if (row.name == "DllCanUnloadNow") return 1;  // a port is held
-  if (row.name.substr(0, 3) == "Dll") return not_implemented;
-  if (row.name == "EP_Init") return 1;
-  return printer ? 0 : FailedResult(row);
+  const bool works = printer || row.nature != exports::Nature::kOperation;
+  return works ? row.done : row.failed;
 }
 
 // Without a right argument it sends the previous command as that was sent, frame and all: a frame within
@@ -49,18 +45,18 @@ class Assault {
     bool ends_frames = false;
   };
   void Try(const Export& row, const std::string& what, const Values& values, const Terms& terms);
-  Values SaneValues(const std::vector<Parameter>& parameters);
+  Values SaneValues(const std::vector<Argument>& parameters);
   void ExpectAWorkingLibrary(const std::string& what);
 
   const Printer& printer_;
   bool connected_;
   bool traps_;
   int calls_ = 0;
-  std::vector<LonePage> pages_{kMostParameters};
+  std::vector<LonePage> pages_{exports::kMostParameters};
   Places places_;
 };
 
-Values Assault::SaneValues(const std::vector<Parameter>& parameters) {
+Values Assault::SaneValues(const std::vector<Argument>& parameters) {
   Values values;
   for (std::size_t i = 0; i < parameters.size(); ++i) {
     values[i] = Sane(parameters[i], pages_[i].RoomAt(0, parameters[i].size));
@@ -94,7 +90,7 @@ void Assault::Try(const Export& row, const std::string& what, const Values& valu
 }
 
 void Assault::At(const Export& row, std::size_t position) {
-  const auto parameters = row.Parameters();
+  const auto parameters = exports::Arguments(row, row.sane);
   for (const Hostile& hostile : HostileTo(parameters[position])) {
     Values values = SaneValues(parameters);
     values[position] = hostile.make(parameters[position], places_);
@@ -105,7 +101,7 @@ void Assault::At(const Export& row, std::size_t position) {
 
 // One kind of everything in all places.
 void Assault::AllAtOnce(const Export& row) {
-  const auto parameters = row.Parameters();
+  const auto parameters = exports::Arguments(row, row.sane);
   constexpr std::size_t most_values = 20;
   for (std::size_t turn = 0; turn < most_values && !parameters.empty(); ++turn) {
     Values values;
@@ -121,11 +117,12 @@ void Assault::AllAtOnce(const Export& row) {
 }
 
 void Assault::On(const Export& row) {
-  const auto parameters = row.Parameters();
+  const auto parameters = exports::Arguments(row, row.sane);
   Try(row, "sane", SaneValues(parameters), {.sound = true});
   for (std::size_t i = 0; i < parameters.size(); ++i) {
     // What the call wrote, it wrote into the room that it was given.
-    if (parameters[i].kind == 'o') Expect(pages_[i].RestUntouched(), std::string(row.name));
+    if (parameters[i].kind == exports::Kind::kResult)
+      Expect(pages_[i].RestUntouched(), std::string(row.name));
     At(row, i);
   }
   AllAtOnce(row);
@@ -133,7 +130,7 @@ void Assault::On(const Export& row) {
 
 void Assault::OnEveryExport() {
   Expect(Find("EP_Init").call({}) == 1, "the start fails");
-  for (const Export& row : Exports()) On(row);
+  for (const Export& row : exports::Exports()) On(row);
   Find("EP_Kill").call({});
 }
 

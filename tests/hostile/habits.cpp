@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "hostile/call.hpp"
-#include "hostile/exports.hpp"
 #include "hostile/printer.hpp"
 #include "hostile/shop.hpp"
 #include "hostile/stories.hpp"
@@ -25,6 +24,8 @@
 namespace kestra::hostile {
 namespace {
 
+using exports::Nature;
+
 // Boxes around every frame and a log line for everything: all that the library can reach for.
 constexpr const char* kTalkative = "MostrarComandos=2\r\nMostrarRespuestas=1\r\n";
 
@@ -32,10 +33,11 @@ constexpr const char* kTalkative = "MostrarComandos=2\r\nMostrarRespuestas=1\r\n
 void WorkADay(const char* habit, bool succeeds) {
   const torture::UnderWay mark(habit, "a day's work");
   Expect((SaneCall(Find("EP_Init")) == 1) == succeeds, std::string(habit) + ": the start");
-  for (const Export& row : Exports()) {
-    if (!row.Operates() || row.name == "EP_Init" || row.name == "EP_Kill") continue;
+  for (const Export& row : exports::Exports()) {
+    const bool operates = row.nature == Nature::kOperation || row.nature == Nature::kFixed;
+    if (!operates) continue;
     const std::int32_t result = SaneCall(row);
-    const std::int32_t wanted = succeeds ? 0 : FailedResult(row);
+    const std::int32_t wanted = succeeds ? 0 : row.failed;
     Expect(result == wanted,
            std::string(habit).append(": ").append(row.name) + " gave " + std::to_string(result));
   }

@@ -4,8 +4,6 @@
 #include <filesystem>
 #include <string>
 
-#include "hostile/exports.hpp"
-
 namespace kestra::hostile {
 
 // A folder of its own with a Fiscal.ini, which becomes the current one, and an operator who says yes,

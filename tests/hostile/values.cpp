@@ -9,6 +9,8 @@
 namespace kestra::hostile {
 namespace {
 
+using exports::Kind;
+
 const void* At(std::uintptr_t address) {
   return reinterpret_cast<const void*>(address);
 }
@@ -22,7 +24,7 @@ Value Pointer(const void* pointer) {
 }
 
 Hostile Address(std::string name, const void* pointer) {
-  return {std::move(name), false, [=](const Parameter&, Places&) { return Pointer(pointer); }};
+  return {std::move(name), false, [=](const Argument&, Places&) { return Pointer(pointer); }};
 }
 
 // Where no pointer may lead, whatever it is for.
@@ -34,37 +36,37 @@ std::vector<Hostile> Nowhere() {
       Address("the system's memory", At(0xFFFF800000000000)),
       Address("the last byte of all", At(~std::uintptr_t{0})),
       {"memory that is not there", false,
-       [](const Parameter&, Places& places) { return Pointer(places.text.Nowhere()); }},
+       [](const Argument&, Places& places) { return Pointer(places.text.Nowhere()); }},
   };
 }
 
 // The front of the text, so many bytes less than there should be, at the end of a page.
 Hostile Short(std::string name, std::size_t missing) {
-  return {std::move(name), false, [=](const Parameter& parameter, Places& places) {
-            const std::string& sample = parameter.sample;
+  return {std::move(name), false, [=](const Argument& argument, Places& places) {
+            const std::string& sample = argument.words;
             const std::size_t kept = sample.size() > missing ? sample.size() - missing : 0;
             return Pointer(places.text.AtEnd(std::string_view(sample).substr(0, kept)));
           }};
 }
 
 Hostile Filled(std::string name, char byte) {
-  return {std::move(name), false, [=](const Parameter& parameter, Places& places) {
-            return Pointer(places.text.AtEnd(std::string(parameter.sample.size(), byte)));
+  return {std::move(name), false, [=](const Argument& argument, Places& places) {
+            return Pointer(places.text.AtEnd(std::string(argument.words.size(), byte)));
           }};
 }
 
 std::vector<Hostile> Texts() {
   auto list = Nowhere();
-  list.push_back({"at the end of its page", true, [](const Parameter& parameter, Places& places) {
-                    return Pointer(places.text.AtEnd(parameter.sample));
+  list.push_back({"at the end of its page", true, [](const Argument& argument, Places& places) {
+                    return Pointer(places.text.AtEnd(argument.words));
                   }});
-  list.push_back({"at the front of its page", true, [](const Parameter& parameter, Places& places) {
-                    return Pointer(places.text.AtFront(parameter.sample));
+  list.push_back({"at the front of its page", true, [](const Argument& argument, Places& places) {
+                    return Pointer(places.text.AtFront(argument.words));
                   }});
   list.push_back(
-      {"in memory that may be read only", true, [](const Parameter& parameter, Places& places) {
+      {"in memory that may be read only", true, [](const Argument& argument, Places& places) {
          places.locked.MayBeWritten(true);
-         const char* const text = places.locked.AtEnd(parameter.sample);
+         const char* const text = places.locked.AtEnd(argument.words);
          places.locked.MayBeWritten(false);
          return Pointer(text);
        }});
@@ -76,7 +78,7 @@ std::vector<Hostile> Texts() {
   list.back().ends_frames = true;
   list.push_back(Filled("ends of fields", '\x1c'));
   list.push_back(Filled("the last letter of the code page", '\xff'));
-  list.push_back({"a page without an end", false, [](const Parameter&, Places& places) {
+  list.push_back({"a page without an end", false, [](const Argument&, Places& places) {
                     return Pointer(places.text.AtFront(""));
                   }});
   return list;
@@ -84,24 +86,23 @@ std::vector<Hostile> Texts() {
 
 std::vector<Hostile> Results() {
   auto list = Nowhere();
-  list.push_back(
-      {"room at the end of a page", true, [](const Parameter& parameter, Places& places) {
-         return Pointer(places.result.RoomAtEnd(parameter.size));
-       }});
-  list.push_back(
-      {"room at the front of a page", true, [](const Parameter& parameter, Places& places) {
-         return Pointer(places.result.RoomAt(0, parameter.size));
-       }});
-  list.push_back({"room at an odd place", true, [](const Parameter& parameter, Places& places) {
-                    return Pointer(places.result.RoomAt(13, parameter.size));
+  list.push_back({"room at the end of a page", true, [](const Argument& argument, Places& places) {
+                    return Pointer(places.result.RoomAtEnd(argument.size));
                   }});
-  list.push_back({"room for one byte less", false, [](const Parameter& parameter, Places& places) {
-                    return Pointer(places.result.RoomAtEnd(parameter.size - 1));
+  list.push_back(
+      {"room at the front of a page", true, [](const Argument& argument, Places& places) {
+         return Pointer(places.result.RoomAt(0, argument.size));
+       }});
+  list.push_back({"room at an odd place", true, [](const Argument& argument, Places& places) {
+                    return Pointer(places.result.RoomAt(13, argument.size));
                   }});
-  list.push_back({"room for one byte", false, [](const Parameter&, Places& places) {
+  list.push_back({"room for one byte less", false, [](const Argument& argument, Places& places) {
+                    return Pointer(places.result.RoomAtEnd(argument.size - 1));
+                  }});
+  list.push_back({"room for one byte", false, [](const Argument&, Places& places) {
                     return Pointer(places.result.RoomAtEnd(1));
                   }});
-  list.push_back({"memory that may be read only", false, [](const Parameter&, Places& places) {
+  list.push_back({"memory that may be read only", false, [](const Argument&, Places& places) {
                     return Pointer(places.locked.Nowhere() - 200);
                   }});
   list.push_back(Address("the library's code", Code()));
@@ -109,8 +110,7 @@ std::vector<Hostile> Results() {
 }
 
 Hostile Amount(std::string name, double value) {
-  return {std::move(name), false,
-          [=](const Parameter&, Places&) { return Value{.number = value}; }};
+  return {std::move(name), false, [=](const Argument&, Places&) { return Value{.number = value}; }};
 }
 
 std::vector<Hostile> Amounts() {
@@ -148,14 +148,14 @@ std::vector<Hostile> Integers() {
   std::vector<Hostile> list;
   for (const std::int32_t number : numbers) {
     list.push_back({std::to_string(number), false,
-                    [=](const Parameter&, Places&) { return Value{.integer = number}; }});
+                    [=](const Argument&, Places&) { return Value{.integer = number}; }});
   }
   return list;
 }
 
 // An operator's record of so many bytes at the end of a page, that claims another size.
 Hostile Record(std::string name, std::size_t bytes, std::uint32_t claimed) {
-  return {std::move(name), false, [=](const Parameter&, Places& places) {
+  return {std::move(name), false, [=](const Argument&, Places& places) {
             KestraOperador record = {};
             record.tamano = claimed;
             std::string copy(sizeof record, '\0');
@@ -186,7 +186,7 @@ bool Places::Untouched() const {
   return result.RestUntouched();
 }
 
-const std::vector<Hostile>& HostileTo(const Parameter& parameter) {
+const std::vector<Hostile>& HostileTo(const exports::Parameter& parameter) {
   static const auto texts = Texts();
   static const auto results = Results();
   static const auto amounts = Amounts();
@@ -194,33 +194,33 @@ const std::vector<Hostile>& HostileTo(const Parameter& parameter) {
   static const auto records = Records();
   static const auto nowhere = Nowhere();
   switch (parameter.kind) {
-    case 't':
-    case 'z':
+    case Kind::kText:
+    case Kind::kTerminated:
       return texts;
-    case 'o':
+    case Kind::kResult:
       return results;
-    case 'd':
+    case Kind::kAmount:
       return amounts;
-    case 'i':
+    case Kind::kInteger:
       return integers;
-    case 'k':
+    case Kind::kOperator:
       return records;
     default:
       return nowhere;
   }
 }
 
-Value Sane(const Parameter& parameter, char* room) {
-  switch (parameter.kind) {
-    case 'd':
-      return {.number = std::stod(parameter.sample)};
-    case 'i':
-      return {.integer = std::stoi(parameter.sample)};
-    case 't':
-    case 'z':
-      std::memcpy(room, parameter.sample.data(), parameter.sample.size());
+Value Sane(const Argument& argument, char* room) {
+  switch (argument.kind) {
+    case Kind::kAmount:
+      return {.number = std::stod(argument.words)};
+    case Kind::kInteger:
+      return {.integer = std::stoi(argument.words)};
+    case Kind::kText:
+    case Kind::kTerminated:
+      std::memcpy(room, argument.words.data(), argument.words.size());
       return Pointer(room);
-    case 'k':
+    case Kind::kOperator:
       return Pointer(nullptr);
     default:
       return Pointer(room);

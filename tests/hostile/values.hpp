@@ -4,10 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "hostile/exports.hpp"
+#include "exports/exports.hpp"
 #include "hostile/places.hpp"
 
 namespace kestra::hostile {
+
+using exports::Argument;
+using exports::Value;
 
 // The memory that hostile pointers lead to.
 struct Places {
@@ -24,14 +27,14 @@ struct Places {
 struct Hostile {
   std::string name;
   bool is_sound;  // not hostile at all, only at the edge of what there is: the call has to work
-  std::function<Value(const Parameter& parameter, Places& places)> make;
+  std::function<Value(const Argument& argument, Places& places)> make;
   bool ends_frames = false;  // texts go out as they are: what follows is no part of a frame
 };
 
 // Those that fit the kind of the parameter.
-const std::vector<Hostile>& HostileTo(const Parameter& parameter);
+const std::vector<Hostile>& HostileTo(const exports::Parameter& parameter);
 
 // What a sane host passes, in memory of the places' own.
-Value Sane(const Parameter& parameter, char* room);
+Value Sane(const Argument& argument, char* room);
 
 }  // namespace kestra::hostile

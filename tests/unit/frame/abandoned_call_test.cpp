@@ -10,10 +10,11 @@
 #include <utility>
 #include <vector>
 
+#include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
 #include "frame/failure.hpp"
 #include "frame/instance.hpp"
-#include "unit/frame/export_list.hpp"
+#include "kestra/kestra.h"
 #include "unit/lost_memory.hpp"
 #include "unit/rows.hpp"
 #include "unit/world.hpp"
@@ -135,8 +136,9 @@ TEST_P(Abandoned, TheNextCallWorksAndNothingStaysOpen) {
 
 // Whatever it has to remember in its own frame.
 TEST_P(Abandoned, AnyCallMayBeTheNext) {
-  for (const auto& exported : unit::kExports) {
-    if (exported.nature != unit::Nature::kOperation && exported.nature != unit::Nature::kLifetime) {
+  for (const auto& exported : exports::Exports()) {
+    if (exported.nature != exports::Nature::kOperation &&
+        exported.nature != exports::Nature::kLifetime) {
       continue;
     }
     SCOPED_TRACE(exported.name);

@@ -6,7 +6,8 @@
 #include <string>
 
 #include "fakes/fake_platform.hpp"
-#include "unit/frame/export_list.hpp"
+#include "kestra/kestra.h"
+#include "unit/frame/passed.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
@@ -23,8 +24,8 @@ class ARounding : public testing::TestWithParam<int> {
 TEST_P(ARounding, OfTheHostIsThereAfterEveryCall) {
   unit::ExportsOnFakes();
   const std::string blanks(200, ' ');
-  for (const auto& exported : unit::kExports) {
-    exported.call({.text = blanks.c_str(), .amount = 0.1});
+  for (const auto& exported : exports::Exports()) {
+    unit::Call(exported, {.text = blanks.c_str(), .amount = 0.1});
     EXPECT_EQ(std::fegetround(), GetParam()) << exported.name;
   }
 }

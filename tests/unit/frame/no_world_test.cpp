@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "unit/frame/export_list.hpp"
+#include "exports/exports.hpp"
+#include "kestra/kestra.h"
 
 namespace kestra {
 namespace {
@@ -14,12 +15,12 @@ TEST(WithoutAWorld, AHostsOperatorIsNotTakenAndNothingIsThrown) {
 }
 
 TEST(WithoutAWorld, EveryExportGivesItsFailureResultAndThrowsNothing) {
-  for (const auto& exported : unit::kExports) {
+  for (const auto& exported : exports::Exports()) {
     SCOPED_TRACE(exported.name);
     EXPECT_NO_THROW({
       const auto result = exported.call({});
-      if (exported.nature != unit::Nature::kComponents) {
-        EXPECT_EQ(result, unit::FailedResult(exported));
+      if (exported.nature != exports::Nature::kBeside) {
+        EXPECT_EQ(result, exported.failed);
       }
     });
   }

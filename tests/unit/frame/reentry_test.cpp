@@ -9,8 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
-#include "unit/frame/export_list.hpp"
+#include "kestra/kestra.h"
 #include "unit/rows.hpp"
 #include "unit/world.hpp"
 
@@ -30,8 +31,8 @@ struct Host {
     ++dialogs;
     texts.emplace_back(text);
     if (!calls_back) return;
-    for (const auto& exported : unit::kExports) {
-      if (exported.nature == unit::Nature::kComponents) continue;
+    for (const auto& exported : exports::Exports()) {
+      if (exported.nature == exports::Nature::kBeside) continue;
       results.push_back(exported.call({}));
     }
   }
@@ -125,9 +126,9 @@ TEST_P(Reentry, TheOuterCallIsTheSameWithAndWithoutIt) {
 TEST_P(Reentry, TheCallsFromWithinAreTurnedAway) {
   std::vector<std::int32_t> refused;
   for (int dialog = 0; dialog < GetParam().dialogs; ++dialog) {
-    for (const auto& exported : unit::kExports) {
-      if (exported.nature == unit::Nature::kComponents) continue;
-      refused.push_back(unit::FailedResult(exported));
+    for (const auto& exported : exports::Exports()) {
+      if (exported.nature == exports::Nature::kBeside) continue;
+      refused.push_back(exported.failed);
     }
   }
   EXPECT_EQ(Play(GetParam(), true).host.results, refused);

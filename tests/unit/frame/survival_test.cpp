@@ -11,7 +11,8 @@
 #include "fakes/fake_platform.hpp"
 #include "frame/instance.hpp"
 #include "frame/library.hpp"
-#include "unit/frame/export_list.hpp"
+#include "kestra/kestra.h"
+#include "unit/frame/passed.hpp"
 #include "unit/rows.hpp"
 #include "unit/settings.hpp"
 #include "unit/world.hpp"
@@ -19,10 +20,10 @@
 namespace kestra {
 namespace {
 
-using unit::Arguments;
-using unit::Export;
-using unit::kExports;
-using unit::Nature;
+using exports::Export;
+using exports::Exports;
+using exports::Nature;
+using unit::Passed;
 
 constexpr std::array<std::string_view, 4> kFamilies{"TQ", "TF", "FC", "XX"};
 
@@ -43,12 +44,12 @@ struct Outcome {
   std::string wire;
 };
 
-Outcome CallAll(FakePlatform& world, const Arguments& arguments) {
+Outcome CallAll(FakePlatform& world, const Passed& passed) {
   Outcome outcome;
-  for (const auto& exported : kExports) {
+  for (const auto& exported : Exports()) {
     // A null is no text at all to the one that looks for the end of its text.
     if (!Operates(exported) || exported.name == "EP_ImprimirTextoFiscalInterna") continue;
-    outcome.results.push_back(exported.call(arguments));
+    outcome.results.push_back(unit::Call(exported, passed));
   }
   outcome.wire = unit::Wire(world.GetJournal());
   return outcome;
@@ -78,11 +79,11 @@ TEST(Survival, ANullForAnEndedTextIsTheEmptyText) {
 }
 
 TEST(Survival, BeforeTheStartEveryOperationFailsAndNothingIsSent) {
-  for (const auto& exported : kExports) {
+  for (const auto& exported : Exports()) {
     if (!Operates(exported)) continue;
     SCOPED_TRACE(exported.name);
     auto& world = unit::ExportsOnFakes();
-    EXPECT_EQ(exported.call({}), unit::FailedResult(exported));
+    EXPECT_EQ(exported.call({}), exported.failed);
     EXPECT_EQ(unit::Wire(world.GetJournal()), "");
     EXPECT_TRUE(unit::TextsOf(world.GetJournal(), Happening::kLog).empty());
   }
@@ -96,12 +97,12 @@ TEST(Survival, BeforeTheStartTheOperatorIsTold) {
 }
 
 TEST(Survival, AfterTheEndEveryOperationFailsAndNothingIsSent) {
-  for (const auto& exported : kExports) {
+  for (const auto& exported : Exports()) {
     if (!Operates(exported)) continue;
     SCOPED_TRACE(exported.name);
     auto& world = StartedShop("TQ");
     EP_Kill();
-    EXPECT_EQ(exported.call({}), unit::FailedResult(exported));
+    EXPECT_EQ(exported.call({}), exported.failed);
     EXPECT_EQ(unit::Wire(world.GetJournal()), "");
   }
 }
@@ -133,11 +134,11 @@ TEST(Survival, StartAndEndAsOftenAsTheHostLikes) {
 }
 
 TEST(Survival, FixedResultsTouchNothing) {
-  for (const auto& exported : kExports) {
+  for (const auto& exported : Exports()) {
     if (exported.nature != Nature::kFixed) continue;
     auto& world = StartedShop("TQ");
     world.GetJournal().Take();
-    EXPECT_EQ(exported.call({.count = -1}), 0) << exported.name;
+    EXPECT_EQ(unit::Call(exported, {.count = -1}), 0) << exported.name;
     EXPECT_TRUE(world.GetJournal().Events().empty()) << exported.name;
   }
 }
@@ -192,10 +193,10 @@ TEST_P(Absurd, EveryOperationOfEveryFamilyEndsAndTheNextOneWorks) {
     world.GetProfile().Set("TipoComprobante", family);
     Spoil(world);
     ASSERT_EQ(EP_Init(), 1);
-    for (const auto& exported : kExports) {
+    for (const auto& exported : Exports()) {
       if (!Operates(exported)) continue;
       const auto result =
-          exported.call({text.c_str(), buffer.data(), GetParam().amount, GetParam().count});
+          unit::Call(exported, {text.c_str(), buffer.data(), GetParam().amount, GetParam().count});
       EXPECT_TRUE(result == 0 || result == 1) << exported.name << " gave " << result;
     }
     EXPECT_EQ(EP_CortaPapel(), 0);

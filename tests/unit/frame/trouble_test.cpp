@@ -8,9 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
 #include "frame/failure.hpp"
-#include "unit/frame/export_list.hpp"
+#include "kestra/kestra.h"
 #include "unit/rows.hpp"
 #include "unit/world.hpp"
 
@@ -190,8 +191,8 @@ TEST(LastingFailure, EveryExportSurvivesEveryOne) {
       world.Line().SetDefault(unit::Answering("4000", "0900"));
       ASSERT_EQ(EP_Init(), 1);
       world.GetTrouble().Arm(point.point, 1, true, ailment);
-      for (const auto& exported : unit::kExports) {
-        if (exported.nature == unit::Nature::kComponents) continue;
+      for (const auto& exported : exports::Exports()) {
+        if (exported.nature == exports::Nature::kBeside) continue;
         for (int i = 0; i < 10; ++i) world.GetOperator().Queue(Answer::kYes);
         const auto result = exported.call({});
         EXPECT_TRUE(result == 0 || result == 1) << exported.name;

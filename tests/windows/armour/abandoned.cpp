@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-#include "exports.hpp"
+#include "library.hpp"
 #include "stories.hpp"
 
 namespace armour {

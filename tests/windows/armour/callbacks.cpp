@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string>
 
-#include "exports.hpp"
+#include "library.hpp"
 #include "stories.hpp"
 
 namespace armour {

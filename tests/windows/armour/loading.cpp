@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <string>
 
-#include "exports.hpp"
+#include "library.hpp"
 #include "stories.hpp"
 
 namespace armour {

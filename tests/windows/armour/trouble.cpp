@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "exports.hpp"
+#include "library.hpp"
 #include "memory.hpp"
 #include "stories.hpp"
 
@@ -42,8 +42,8 @@ constexpr std::array kAmounts = {
 // Every text and result of a call is in its room, every amount is the one given.
 Target With(const Export& exported, const Amount& amount, LonePage& page) {
   Words words;
-  for (const Parameter& parameter : ParametersOf(exported)) {
-    if (parameter.kind == 'd') {
+  for (const Parameter& parameter : exported.Parameters()) {
+    if (parameter.kind == Kind::kAmount) {
       words.Number(amount.bits);
     } else if (parameter.IsPointer()) {
       words.Address(page.RoomAtFront(kPage));
@@ -55,7 +55,7 @@ Target With(const Export& exported, const Amount& amount, LonePage& page) {
 }
 
 bool TakesAmounts(const Export& exported) {
-  return exported.parameters.find('d') != std::string_view::npos;
+  return exported.Has(Kind::kAmount);
 }
 
 void PassAmount(const Amount& amount, const Habit& habit) {
@@ -75,8 +75,8 @@ constexpr std::array<std::int32_t, 9> kCounts = {
 
 Target With(const Export& exported, std::int32_t count, LonePage& page) {
   Words words;
-  for (const Parameter& parameter : ParametersOf(exported)) {
-    if (parameter.kind == 'd') {
+  for (const Parameter& parameter : exported.Parameters()) {
+    if (parameter.kind == Kind::kAmount) {
       words.Number(0);
     } else if (parameter.IsPointer()) {
       words.Address(page.RoomAtFront(kPage));
@@ -90,7 +90,7 @@ Target With(const Export& exported, std::int32_t count, LonePage& page) {
 void PassCount(std::int32_t count, const Habit& habit) {
   LonePage page;
   for (const Export& exported : Exports()) {
-    if (exported.parameters.find('i') == std::string_view::npos) continue;
+    if (!exported.Has(Kind::kInteger)) continue;
     const auto result = CallIntact(With(exported, count, page), habit);
     Expect(result == 0 || result == 1, exported.name, std::to_string(count));
   }
@@ -160,11 +160,11 @@ constexpr std::size_t kAllOfThem = 99;
 Target With(const Export& exported, const BadPointer& bad, std::size_t position, Places& places) {
   Words words;
   std::size_t i = 0;
-  for (const Parameter& parameter : ParametersOf(exported)) {
+  for (const Parameter& parameter : exported.Parameters()) {
     const bool here = position == i++ || position == kAllOfThem;
-    if (parameter.kind == 'd') {
+    if (parameter.kind == Kind::kAmount) {
       words.Number(kAmounts.back().bits);
-    } else if (parameter.kind == 'i') {
+    } else if (parameter.kind == Kind::kInteger) {
       words.Integer(1);
     } else {
       words.Address(here ? bad.address : places.Good());
@@ -193,7 +193,7 @@ void ExpectSurvived(const Export& exported, const BadPointer& bad, std::size_t p
 
 void PassBadPointers(const Export& exported) {
   Places places;
-  const auto parameters = ParametersOf(exported);
+  const auto parameters = exported.Parameters();
   for (const BadPointer& bad : places.All()) {
     for (std::size_t i = 0; i < parameters.size(); ++i) {
       if (parameters[i].IsPointer()) ExpectSurvived(exported, bad, i, places);
@@ -252,7 +252,7 @@ void BadPointersForResults() {
   Expect(page.RestUntouched(), target.name, "wrote before its result");
   for (const Export& exported : Exports()) {
     const bool operates = exported.name.substr(0, 3) == "EP_";
-    if (operates && exported.parameters.find('o') != std::string_view::npos) {
+    if (operates && exported.Has(Kind::kResult)) {
       PassBadPointers(exported);
     }
   }

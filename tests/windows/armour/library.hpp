@@ -5,28 +5,17 @@
 #include <string_view>
 #include <vector>
 
+#include "exports/exports.hpp"
 #include "watch.hpp"
 
 namespace armour {
 
-struct Parameter {
-  char kind = 0;
-  std::size_t size = 0;
-
-  [[nodiscard]] bool IsPointer() const { return kind != 'i' && kind != 'd'; }
-};
-
-// A function that the library exports, and the letters of its parameters: t50 a text of 50 bytes, z a text
-// with a zero behind it, o12 room for a result of 12 bytes, i an integer, d an amount, g the name of a class
-// or interface, k the operator's record.
-struct Export {
-  std::string_view name;
-  std::string_view parameters;
-};
-
-const std::vector<Export>& Exports();
-const Export& Find(std::string_view name);
-std::vector<Parameter> ParametersOf(const Export& exported);
+using kestra::exports::Export;
+using kestra::exports::Exports;
+using kestra::exports::Find;
+using kestra::exports::Kind;
+using kestra::exports::Nature;
+using kestra::exports::Parameter;
 
 // Every name that the loaded file itself exports.
 std::vector<std::string_view> NamesInFile();

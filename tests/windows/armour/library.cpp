@@ -1,9 +1,8 @@
-#include "exports.hpp"
+#include "library.hpp"
 
 #include <kestra/kestra.h>
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -39,84 +38,6 @@ const IMAGE_EXPORT_DIRECTORY& Directory(const char* base) {
 }
 
 }  // namespace
-
-const std::vector<Export>& Exports() {
-  static const std::vector<Export> exports = {
-      {"EP_Init", ""},
-      {"EP_Kill", ""},
-      {"EP_AbrirComprobanteFiscal", "t2 t1 t40 t40 t6 t11 t1 t40 t40 t40 t40 t40 i"},
-      {"EP_ImprimirItem", "t50 d d d d t22 t22 t22"},
-      {"EP_AnularItem", "t50 d d d d t22 t22 t22"},
-      {"EP_ImprimirTextoFiscal", "t26"},
-      {"EP_ImprimirTextoFiscalInterna", "z"},
-      {"EP_CerrarComprobanteFiscal", "t2 t1 o8"},
-      {"EP_Cancelar", ""},
-      {"EP_DescuentoGeneral", "t80 d"},
-      {"EP_RecargoGeneral", "t80 d"},
-      {"EP_EspecificarPercepcionGlobal", "t20 d d t1"},
-      {"EP_ImprimirPago", "t80 d"},
-      {"EP_AjusteRedondeo", "d"},
-      {"EP_AbrirComprobanteNoFiscalHomologado", "t2 t1 t40 t40 t6 t11 t1 t40 t40 t40 t40 t40 i"},
-      {"EP_CerrarComprobanteNoFiscalHomologado", "t2 t1"},
-      {"EP_AbrirComprobanteNoFiscal", ""},
-      {"EP_ImprimirTextoNoFiscal", "t120"},
-      {"EP_CerrarComprobanteNoFiscal", ""},
-      {"EP_ReporteX", ""},
-      {"EP_ReporteZ", ""},
-      {"EP_ReporteZporNumeros", "i i i"},
-      {"EP_ReporteZporFechas", "t6 t6 i"},
-      {"EP_AbrirCajonDeDinero", "i"},
-      {"EP_CambiarFechaHora", "t6 t6"},
-      {"EP_ObtenerFechaHora", "o12"},
-      {"EP_SetEncabezado", "t120 i i"},
-      {"EP_GetEncabezado", "o120 i"},
-      {"EP_CortaPapel", ""},
-      {"EP_AvanzaPapel", "i"},
-      {"EP_ValoresModelo", "o64"},
-      {"EP_Numeracion", "o80"},
-      {"EP_AutodetectarModelo", "o14"},
-      {"EP_Chequear_Error", ""},
-      {"EP_ReimprimirComprobante", ""},
-      {"EP_Configuracion", "i"},
-      {"EP_ConsultaMemoria", "i"},
-      {"EP_Copias", "i"},
-      {"EP_ImpuestoInternoFijo", "i"},
-      {"EP_ImpuestoInternoPorMonto", "i"},
-      {"EP_InformacionRemito", "i"},
-      {"EP_Inicializacion", "i"},
-      {"EP_Memoria", "i"},
-      {"EP_DescuentoUltimoItem", "i i i"},
-      {"EP_ImprimirItemEnRemito", "i i i"},
-      {"EP_DatosCliente", "i i i i i"},
-      {"DllRegisterServer", ""},
-      {"DllUnregisterServer", ""},
-      {"DllGetClassObject", "g g o8"},
-      {"DllCanUnloadNow", ""},
-      {"Kestra_DefinirOperador", "k"},
-  };
-  return exports;
-}
-
-const Export& Find(std::string_view name) {
-  for (const auto& row : Exports()) {
-    if (row.name == name) return row;
-  }
-  std::abort();
-}
-
-std::vector<Parameter> ParametersOf(const Export& exported) {
-  std::vector<Parameter> parameters;
-  for (const char letter : exported.parameters) {
-    if (letter == ' ') continue;
-    if (letter >= '0' && letter <= '9') {
-      auto& size = parameters.back().size;
-      size = 10 * size + static_cast<std::size_t>(letter - '0');
-    } else {
-      parameters.push_back({letter, 0});
-    }
-  }
-  return parameters;
-}
 
 std::vector<std::string_view> NamesInFile() {
   const auto* const base = reinterpret_cast<const char*>(library);
