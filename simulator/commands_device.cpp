@@ -16,7 +16,7 @@ std::string Count(unsigned value) {
 // Of the finished documents: a host that was not told how its close ended finds out here.
 std::string LastNumber(const Machine& m, Series series, char letter) {
   const bool open =
-      m.document && m.document->kind().series == series && m.document->letter == letter;
+      m.document && m.document->Kind().series == series && m.document->letter == letter;
   return Padded(m.numbering.Last(series, letter) - (open ? 1U : 0U), 8);
 }
 
@@ -56,7 +56,7 @@ std::vector<std::string> Model(const Machine& m) {
           DigitPair(digits.internal_tax),
           DigitPair(digits.amount),
           DigitPair(digits.perception),
-          Padded(static_cast<std::int64_t>(m.settings.columns()), 3),
+          Padded(static_cast<std::int64_t>(m.settings.PaperColumns()), 3),
           Padded(kHeaderLines, 2),
           Padded(m.settings.point_of_sale, 4),
           m.settings.model};
@@ -119,7 +119,6 @@ Outcome CloseNonFiscal(Machine& m, const Fields& /*f*/) {
   PrintNonFiscalFoot(m);
   m.non_fiscal_open = false;
   ++m.day.non_fiscal;
-  ++m.documents_closed;
   m.Finish({.receipt_class = ReceiptClass::kNonFiscal, .kind = "DOCUMENTO NO FISCAL"});
   return {};
 }

@@ -116,7 +116,7 @@ void SettlePayments(Machine& m) {
   Document& document = *m.document;
   if (!document.paying) PrintTotal(m);
   const std::int64_t left = document.Total().total - document.Paid();
-  if (left > 0 && document.kind().sales_sign != 0) {
+  if (left > 0 && document.Kind().sales_sign != 0) {
     document.payments.push_back({"Efectivo", left});
     PrintPayment(m, document.payments.back());
   }
@@ -135,9 +135,8 @@ Outcome Close(Machine& m, std::string_view text) {
   Receipt receipt = ReceiptOf(document);
   receipt.total = totals.total;
   receipt.iva = totals.iva;
-  m.day.Close(document.kind(), totals);
+  m.day.Close(document.Kind(), totals);
   m.document.reset();
-  ++m.documents_closed;
   m.Finish(std::move(receipt));
   return {.error = 0, .fields = {Padded(number, 8)}};
 }
@@ -146,8 +145,8 @@ Outcome Close(Machine& m, std::string_view text) {
 
 Receipt ReceiptOf(const Document& document) {
   Receipt receipt;
-  receipt.kind = document.kind().title;
-  receipt.code = document.kind().code;
+  receipt.kind = document.Kind().title;
+  receipt.code = document.Kind().code;
   receipt.letter = document.letter;
   receipt.number = document.number;
   receipt.customer_id = document.customer.id_number;
@@ -194,7 +193,7 @@ Outcome CloseTicket(Machine& m, const Fields& f) {
 
 Outcome CloseInvoice(Machine& m, const Fields& f) {
   const Document& document = *m.document;
-  const bool same = f.Letter(0) == document.kind().code && f.Letter(1) == document.letter;
+  const bool same = f.Letter(0) == document.Kind().code && f.Letter(1) == document.letter;
   return same ? Close(m, f.Text(2)) : Refused(kInvalidField);
 }
 

@@ -10,59 +10,59 @@ namespace {
 
 // ---- What can be set ----
 
-template <bool Faults::*Fault>
+template <bool MachineFaults::*Fault>
 std::int64_t GetFault(const Printer& printer) {
-  return printer.machine().faults.*Fault ? 1 : 0;
+  return printer.GetMachine().faults.*Fault ? 1 : 0;
 }
 
-template <bool Faults::*Fault>
+template <bool MachineFaults::*Fault>
 void SetFault(Printer& printer, std::int64_t value) {
-  printer.faults().*Fault = value != 0;
+  printer.Faults().*Fault = value != 0;
 }
 
 // Paper that ended comes back as a new roll without an end.
 void SetPaperOut(Printer& printer, std::int64_t value) {
-  Machine& m = printer.machine();
+  Machine& m = printer.GetMachine();
   m.faults.paper_out = value != 0;
   if (value == 0 && m.paper_left == 0) m.paper_left = kEndlessPaper;
 }
 
 std::int64_t PaperLeft(const Printer& printer) {
-  return printer.machine().paper_left;
+  return printer.GetMachine().paper_left;
 }
 
 void SetPaperLeft(Printer& printer, std::int64_t lines) {
-  printer.machine().paper_left = lines;
-  printer.faults().paper_out = lines == 0;
+  printer.GetMachine().paper_left = lines;
+  printer.Faults().paper_out = lines == 0;
 }
 
 std::int64_t ClosingsLeft(const Printer& printer) {
-  return printer.machine().closings_left;
+  return printer.GetMachine().closings_left;
 }
 
 void SetClosingsLeft(Printer& printer, std::int64_t count) {
-  printer.set_closings_left(static_cast<int>(count));
+  printer.GetMachine().closings_left = static_cast<int>(count);
 }
 
 std::int64_t Clock(const Printer& printer) {
-  return printer.machine().now;
+  return printer.GetMachine().now;
 }
 
 void SetClockTo(Printer& printer, std::int64_t moment) {
-  Machine& m = printer.machine();
+  Machine& m = printer.GetMachine();
   m.clock_offset += moment - m.now;
   m.now = moment;
 }
 
 std::int64_t ClockOffset(const Printer& printer) {
-  return printer.machine().clock_offset;
+  return printer.GetMachine().clock_offset;
 }
 
 void SetClockOffset(Printer& printer, std::int64_t seconds) {
-  SetClockTo(printer, printer.machine().now + seconds - printer.machine().clock_offset);
+  SetClockTo(printer, printer.GetMachine().now + seconds - printer.GetMachine().clock_offset);
 }
 
-template <bool Faults::*Fault>
+template <bool MachineFaults::*Fault>
 constexpr Control Switch(std::string_view key, std::string_view words) {
   return {key, words, ControlKind::kSwitch, 0, 1, GetFault<Fault>, SetFault<Fault>};
 }
@@ -73,19 +73,22 @@ constexpr std::int64_t kYear2000 = 946'684'800;
 constexpr std::int64_t kYear2100 = 4'102'444'800;
 
 constexpr std::array<Control, 16> kControls{{
-    {"sin_papel", "sin papel", ControlKind::kSwitch, 0, 1, GetFault<&Faults::paper_out>,
+    {"sin_papel", "sin papel", ControlKind::kSwitch, 0, 1, GetFault<&MachineFaults::paper_out>,
      SetPaperOut},
-    Switch<&Faults::journal_paper_out>("sin_papel_auditoria", "falta papel de auditoría"),
-    Switch<&Faults::receipt_paper_out>("sin_papel_comprobantes", "falta papel de comprobantes"),
-    Switch<&Faults::cover_open>("tapa_abierta", "tapa abierta"),
-    Switch<&Faults::offline>("fuera_de_linea", "fuera de línea"),
-    Switch<&Faults::printer_failure>("falla_de_impresora", "falla de impresora"),
-    Switch<&Faults::buffer_full>("buffer_lleno", "buffer lleno"),
-    Switch<&Faults::slip_entry_ready>("entrada_de_hojas", "entrada de hojas sueltas preparada"),
-    Switch<&Faults::slip_ready>("hoja_preparada", "hoja suelta preparada"),
-    Switch<&Faults::fiscal_memory_check>("error_memoria_fiscal", "error de memoria fiscal"),
-    Switch<&Faults::work_memory_check>("error_memoria_trabajo", "error de memoria de trabajo"),
-    Switch<&Faults::low_battery>("bateria_baja", "batería baja"),
+    Switch<&MachineFaults::journal_paper_out>("sin_papel_auditoria", "falta papel de auditoría"),
+    Switch<&MachineFaults::receipt_paper_out>("sin_papel_comprobantes",
+                                              "falta papel de comprobantes"),
+    Switch<&MachineFaults::cover_open>("tapa_abierta", "tapa abierta"),
+    Switch<&MachineFaults::offline>("fuera_de_linea", "fuera de línea"),
+    Switch<&MachineFaults::printer_failure>("falla_de_impresora", "falla de impresora"),
+    Switch<&MachineFaults::buffer_full>("buffer_lleno", "buffer lleno"),
+    Switch<&MachineFaults::slip_entry_ready>("entrada_de_hojas",
+                                             "entrada de hojas sueltas preparada"),
+    Switch<&MachineFaults::slip_ready>("hoja_preparada", "hoja suelta preparada"),
+    Switch<&MachineFaults::fiscal_memory_check>("error_memoria_fiscal", "error de memoria fiscal"),
+    Switch<&MachineFaults::work_memory_check>("error_memoria_trabajo",
+                                              "error de memoria de trabajo"),
+    Switch<&MachineFaults::low_battery>("bateria_baja", "batería baja"),
     {"papel", "renglones de papel que quedan (-1: sin fin)", ControlKind::kNumber, kEndlessPaper,
      1'000'000, PaperLeft, SetPaperLeft},
     {"cierres_restantes", "cierres Z que quedan en la memoria fiscal", ControlKind::kNumber, 0,
@@ -194,7 +197,7 @@ std::string MomentText(std::int64_t moment) {
 }
 
 const ForcedBits& BitsOf(const Printer& printer, Word word) {
-  const Machine& m = printer.machine();
+  const Machine& m = printer.GetMachine();
   return word == Word::kPrinter ? m.forced_printer : m.forced_fiscal;
 }
 
@@ -249,7 +252,7 @@ Forced ForcedLamp(const Printer& printer, const Lamp& lamp) {
 }
 
 void ForceLamp(Printer& printer, const Lamp& lamp, Forced forced) {
-  Machine& m = printer.machine();
+  Machine& m = printer.GetMachine();
   ForcedBits& bits = lamp.word == Word::kPrinter ? m.forced_printer : m.forced_fiscal;
   bits.on = With(bits.on, lamp.bit, forced == Forced::kOn);
   bits.off = With(bits.off, lamp.bit, forced == Forced::kOff);

@@ -144,7 +144,7 @@ class Document : public DocumentContent {
   bool NetPrices() const { return letter == 'A'; }
   bool HasItems() const { return lines > 0; }
 
-  const DocumentKind& kind() const { return *kind_; }
+  const DocumentKind& Kind() const { return *kind_; }
   bool operator==(const Document&) const = default;
 
  private:

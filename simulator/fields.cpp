@@ -75,7 +75,7 @@ std::optional<std::int64_t> ReadField(std::string_view text, const FieldRow& row
   const FieldDigits& digits = settings.digits;
   switch (row.kind) {
     case FieldKind::kText:
-      return Accept(IsText(text, LongestText(row, settings.texts())));
+      return Accept(IsText(text, LongestText(row, settings.Texts())));
     case FieldKind::kChoice:
       return Accept(text.size() == 1 && row.allowed.find(text.front()) != std::string_view::npos);
     case FieldKind::kNumber:

@@ -69,7 +69,7 @@ class Numbering {
   void Set(Series series, char letter, std::uint32_t last) { last_[{series, letter}] = last; }
 
   using Entries = std::map<std::pair<Series, char>, std::uint32_t>;
-  const Entries& entries() const { return last_; }
+  const Entries& All() const { return last_; }
   bool operator==(const Numbering&) const = default;
 
  private:

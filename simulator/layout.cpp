@@ -76,8 +76,8 @@ void PrintMoment(Machine& m) {
 }
 
 std::string Title(const Document& document) {
-  std::string title(document.kind().title);
-  if (&document.kind() != &kTicketKind) title.append(" \"").append(1, document.letter) += '"';
+  std::string title(document.Kind().title);
+  if (&document.Kind() != &kTicketKind) title.append(" \"").append(1, document.letter) += '"';
   return title;
 }
 
@@ -105,7 +105,7 @@ void PrintDocumentHead(Machine& m) {
   m.paper.Split(PointOfSale(m), "Nº " + Padded(document.number, 8));
   PrintMoment(m);
   m.paper.Rule('-');
-  if (&document.kind() == &kTicketKind) {
+  if (&document.Kind() == &kTicketKind) {
     m.paper.Line("A CONSUMIDOR FINAL");
     m.paper.Rule('-');
   } else {

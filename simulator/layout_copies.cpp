@@ -36,7 +36,7 @@ void PrintCopies(Machine& m) {
   const Document& document = *m.document;
   if (document.copies < 2) return;
   std::vector<PaperLine> original = m.printed;
-  const std::vector<PaperLine>& waiting = m.paper.lines();
+  const std::vector<PaperLine>& waiting = m.paper.Lines();
   for (std::size_t i = m.command_paper; i < waiting.size(); ++i) original.push_back(waiting[i]);
   for (int paper = 2; paper <= document.copies; ++paper) {
     PrintCopy(m, original, CopyName(paper));

@@ -90,8 +90,8 @@ void Line::HandlePacket(const Event& event, Micros at) {
     return;
   }
   CarryOut(packet);
-  const Machine& machine = printer_.machine();
-  Verdict verdict = Judge(packet, machine.paper.lines().size() - machine.command_paper);
+  const Machine& machine = printer_.GetMachine();
+  Verdict verdict = Judge(packet, machine.paper.Lines().size() - machine.command_paper);
   verdict.busy += printer_.WorkTime(packet.command);
   Schedule(std::move(verdict), at);
 }
@@ -117,7 +117,7 @@ bool Line::Heard(const Packet& packet, Micros at) {
 }
 
 void Line::CarryOut(const Packet& packet) {
-  const Stage stage = printer_.stage();
+  const Stage stage = printer_.GetStage();
   Answer answer = printer_.Execute(packet, clock_.LocalSeconds());
   former_frame_ = std::move(done_.frame);
   done_ = {.body = packet.body, .answer = std::move(answer), .frame = {}, .stage = stage};

@@ -84,8 +84,8 @@ class Line {
   void SwitchOff();
 
   // Whether the host has confirmed the last answer, and how often it has confirmed any.
-  bool acknowledged() const { return acknowledged_; }
-  unsigned acknowledgements() const { return acknowledgements_; }
+  bool Acknowledged() const { return acknowledged_; }
+  unsigned Acknowledgements() const { return acknowledgements_; }
 
   std::vector<Exchange> TakeExchanges();
 

@@ -9,30 +9,30 @@ namespace impresora {
 namespace {
 
 struct FaultBit {
-  bool Faults::*fault;
+  bool MachineFaults::*fault;
   std::uint16_t bit;
 };
 
 constexpr std::array<FaultBit, 9> kPrinterFaults{{
-    {&Faults::printer_failure, kPrinterFailure},
-    {&Faults::offline, kPrinterOffline},
-    {&Faults::cover_open, kPrinterOffline},
-    {&Faults::journal_paper_out, kJournalPaperOut},
-    {&Faults::receipt_paper_out, kReceiptPaperOut},
-    {&Faults::buffer_full, kBufferFull},
-    {&Faults::slip_entry_ready, kSlipEntryReady},
-    {&Faults::slip_ready, kSlipReady},
-    {&Faults::paper_out, kPaperOut},
+    {&MachineFaults::printer_failure, kPrinterFailure},
+    {&MachineFaults::offline, kPrinterOffline},
+    {&MachineFaults::cover_open, kPrinterOffline},
+    {&MachineFaults::journal_paper_out, kJournalPaperOut},
+    {&MachineFaults::receipt_paper_out, kReceiptPaperOut},
+    {&MachineFaults::buffer_full, kBufferFull},
+    {&MachineFaults::slip_entry_ready, kSlipEntryReady},
+    {&MachineFaults::slip_ready, kSlipReady},
+    {&MachineFaults::paper_out, kPaperOut},
 }};
 
 constexpr std::array<FaultBit, 3> kFiscalFaults{{
-    {&Faults::fiscal_memory_check, kFiscalMemoryCheck},
-    {&Faults::work_memory_check, kWorkMemoryCheck},
-    {&Faults::low_battery, kLowBattery},
+    {&MachineFaults::fiscal_memory_check, kFiscalMemoryCheck},
+    {&MachineFaults::work_memory_check, kWorkMemoryCheck},
+    {&MachineFaults::low_battery, kLowBattery},
 }};
 
 template <std::size_t N>
-unsigned BitsOf(const Faults& faults, const std::array<FaultBit, N>& rows) {
+unsigned BitsOf(const MachineFaults& faults, const std::array<FaultBit, N>& rows) {
   unsigned bits = 0;
   for (const FaultBit& row : rows) bits |= faults.*row.fault ? row.bit : 0U;
   return bits;
@@ -40,11 +40,11 @@ unsigned BitsOf(const Faults& faults, const std::array<FaultBit, N>& rows) {
 
 }  // namespace
 
-Stage Machine::stage() const {
+Stage Machine::GetStage() const {
   if (non_fiscal_open) return Stage::kNonFiscal;
   if (!document) return Stage::kIdle;
   if (document->between_sheets) return Stage::kBetweenSheets;
-  if (&document->kind() == &kTicketKind) {
+  if (&document->Kind() == &kTicketKind) {
     return document->paying ? Stage::kTicketPayments : Stage::kTicketItems;
   }
   return document->paying ? Stage::kInvoicePayments : Stage::kInvoiceItems;
@@ -71,7 +71,7 @@ std::uint16_t Machine::FiscalBits() const {
   if (closings_left < kClosingsWarning) bits |= kMemoryNearlyFull;
   if (ClosingDue()) bits |= kClosingDue;
   if (document || non_fiscal_open) bits |= kDocumentOpen;
-  if (document && &document->kind() != &kTicketKind) bits |= kInvoiceOpen;
+  if (document && &document->Kind() != &kTicketKind) bits |= kInvoiceOpen;
   return static_cast<std::uint16_t>(bits);
 }
 

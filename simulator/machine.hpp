@@ -59,11 +59,11 @@ struct ForcedBits {
 // The state of the printer that its commands work on. `now` is the printer's own time while a
 // command runs.
 struct Machine : Books {
-  explicit Machine(Settings with) : settings(std::move(with)), paper(settings.columns()) {
+  explicit Machine(Settings with) : settings(std::move(with)), paper(settings.PaperColumns()) {
     closings_left = settings.closings_left;
   }
 
-  Stage stage() const;
+  Stage GetStage() const;
   bool ClosingDue() const;
   bool MemoryFull() const { return closings_left <= 0; }
   bool MemoryDamaged() const { return faults.fiscal_memory_check || faults.work_memory_check; }
@@ -74,7 +74,7 @@ struct Machine : Books {
   void Finish(Receipt receipt);
 
   Settings settings;
-  Faults faults;
+  MachineFaults faults;
   Paper paper;
 
   ForcedBits forced_printer;
@@ -86,8 +86,7 @@ struct Machine : Books {
   std::vector<DailyClosing> closings;
   std::vector<Receipt> receipts;  // what the command that runs has finished
 
-  unsigned documents_closed = 0;  // since the printer was switched on
-  unsigned drawer_openings = 0;
+  unsigned drawer_openings = 0;  // since the printer was switched on
 };
 
 }  // namespace impresora

@@ -63,8 +63,8 @@ class Paper {
   // A line that was printed before, once more.
   void Again(PaperLine line) { lines_.push_back(std::move(line)); }
 
-  std::size_t columns() const { return columns_; }
-  const std::vector<PaperLine>& lines() const { return lines_; }
+  std::size_t Width() const { return columns_; }
+  const std::vector<PaperLine>& Lines() const { return lines_; }
   std::vector<PaperLine> Take();
 
  private:

@@ -30,7 +30,7 @@ std::optional<Fields> ReadFields(const Packet& packet, const CommandRow& row,
   return fields;
 }
 
-bool Stuck(const Faults& faults) {
+bool Stuck(const MachineFaults& faults) {
   return faults.paper_out || faults.journal_paper_out || faults.receipt_paper_out ||
          faults.cover_open || faults.offline || faults.printer_failure;
 }
@@ -46,7 +46,7 @@ Attempt Try(Machine& m, const Packet& packet) {
   const CommandRow* row = FindCommand(packet.command);
   const auto family = static_cast<unsigned>(m.settings.family);
   if (row == nullptr || (row->families & family) == 0) return {Refused(kUnknownCommand)};
-  if ((row->stages & static_cast<unsigned>(m.stage())) == 0) return {Refused(kWrongState)};
+  if ((row->stages & static_cast<unsigned>(m.GetStage())) == 0) return {Refused(kWrongState)};
   const auto fields = ReadFields(packet, *row, m.settings);
   if (!fields) return {Refused(kInvalidField)};
   if (NeedsPaper(*row, fields->Letter(0)) && Stuck(m.faults))
@@ -83,7 +83,7 @@ Printer::Printer(Settings settings) : machine_(std::move(settings)) {}
 
 Answer Printer::Execute(const Packet& packet, std::int64_t local_seconds) {
   SetTime(local_seconds);
-  machine_.command_paper = machine_.paper.lines().size();
+  machine_.command_paper = machine_.paper.Lines().size();
   Attempt attempt = Try(machine_, packet);
   Account(machine_.command_paper);
   Keep();
@@ -96,9 +96,9 @@ Answer Printer::Execute(const Packet& packet, std::int64_t local_seconds) {
 // What the command printed comes off the roll and is kept while its document is open: its copies and
 // whoever shows it after a power cut want it whole.
 void Printer::Account(std::size_t lines_before) {
-  const std::vector<PaperLine>& lines = machine_.paper.lines();
+  const std::vector<PaperLine>& lines = machine_.paper.Lines();
   const auto printed = static_cast<std::int64_t>(lines.size() - lines_before);
-  if (machine_.stage() == Stage::kIdle) {
+  if (machine_.GetStage() == Stage::kIdle) {
     machine_.printed.clear();
   } else {
     machine_.printed.insert(machine_.printed.end(), lines.end() - printed, lines.end());
@@ -145,16 +145,16 @@ void Printer::Restart() {
 }
 
 void Printer::CutShort() {
-  if (machine_.stage() == Stage::kIdle) return;
+  if (machine_.GetStage() == Stage::kIdle) return;
   PrintPowerCut(machine_);
-  machine_.printed.push_back(machine_.paper.lines().back());
+  machine_.printed.push_back(machine_.paper.Lines().back());
 }
 
-std::uint16_t Printer::printer_word() const {
+std::uint16_t Printer::PrinterWord() const {
   return PrinterShown(machine_);
 }
 
-std::uint16_t Printer::fiscal_word() const {
+std::uint16_t Printer::FiscalWord() const {
   return FiscalShown(machine_);
 }
 

@@ -48,20 +48,18 @@ class Printer {
   std::vector<Receipt> TakeReceipts();
 
   // What goes wrong with the machine, for whoever plays the part of the world.
-  Faults& faults() { return machine_.faults; }
-  void set_closings_left(int count) { machine_.closings_left = count; }
+  MachineFaults& Faults() { return machine_.faults; }
 
-  Stage stage() const { return machine_.stage(); }
-  unsigned documents_closed() const { return machine_.documents_closed; }
-  unsigned drawer_openings() const { return machine_.drawer_openings; }
-  const Settings& settings() const { return machine_.settings; }
+  Stage GetStage() const { return machine_.GetStage(); }
+  unsigned DrawerOpenings() const { return machine_.drawer_openings; }
+  const Settings& GetSettings() const { return machine_.settings; }
 
   // Both words as an answer would carry them now.
-  std::uint16_t printer_word() const;
-  std::uint16_t fiscal_word() const;
+  std::uint16_t PrinterWord() const;
+  std::uint16_t FiscalWord() const;
 
-  const Machine& machine() const { return machine_; }
-  Machine& machine() { return machine_; }
+  const Machine& GetMachine() const { return machine_; }
+  Machine& GetMachine() { return machine_; }
 
  private:
   void Load();

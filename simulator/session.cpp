@@ -64,7 +64,7 @@ void Session::Attach(Observer& observer) {
   Gather();
   const auto is_line = [](const News& item) { return std::holds_alternative<PaperLine>(item); };
   const auto untold = std::count_if(news_.begin(), news_.end(), is_line);
-  const std::vector<PaperLine>& printed = printer_.machine().printed;
+  const std::vector<PaperLine>& printed = printer_.GetMachine().printed;
   if (untold < static_cast<std::ptrdiff_t>(printed.size())) {
     observer.Resumed({printed.begin(), printed.end() - untold});
   }

@@ -70,14 +70,13 @@ class Session {
   // Off and on again: what was on the line is gone, the rest is as the fiscal memory has it.
   void PowerCycle();
 
-  Printer& printer() { return printer_; }
-  const Printer& printer() const { return printer_; }
-  FaultPlan& faults() { return faults_; }
-  const FaultPlan& faults() const { return faults_; }
+  Printer& GetPrinter() { return printer_; }
+  const Printer& GetPrinter() const { return printer_; }
+  FaultPlan& Faults() { return faults_; }
+  const FaultPlan& Faults() const { return faults_; }
 
-  // Whether the host has confirmed the last answer, and how often it has confirmed any.
-  bool acknowledged() const { return line_.acknowledged(); }
-  unsigned acknowledgements() const { return line_.acknowledgements(); }
+  // Whether the host has confirmed the last answer.
+  bool Acknowledged() const { return line_.Acknowledged(); }
 
  private:
   using News = std::variant<PaperLine, Receipt, Exchange>;

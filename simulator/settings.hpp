@@ -48,12 +48,12 @@ struct Settings {
   // How long the printer works on each command before it answers, by command byte.
   std::array<std::uint32_t, 256> work_milliseconds{};
 
-  const TextLengths& texts() const { return family == Family::kForm ? form_texts : roll_texts; }
-  std::size_t columns() const { return family == Family::kForm ? 80 : 40; }
+  const TextLengths& Texts() const { return family == Family::kForm ? form_texts : roll_texts; }
+  std::size_t PaperColumns() const { return family == Family::kForm ? 80 : 40; }
 };
 
 // Everything about the machine that can go wrong on its own.
-struct Faults {
+struct MachineFaults {
   bool paper_out = false;
   bool journal_paper_out = false;
   bool receipt_paper_out = false;

@@ -23,7 +23,7 @@ void ReadLampAndSpan(RuleReader& reader, Action& action) {
   ReadLamp(reader, action);
   action.flag = reader.Take("desde");
   if (action.flag) return reader.Need("ahora");
-  if (reader.subject() == Subject::kCommand) reader.Fail("«desde ahora»");
+  if (reader.WaitsFor() == Subject::kCommand) reader.Fail("«desde ahora»");
 }
 
 void ReadField(RuleReader& reader, Action& action) {
@@ -111,7 +111,7 @@ void ReadPieces(RuleReader& reader, Action& action) {
 }
 
 void ReadEnd(RuleReader& reader, Action& action) {
-  if (reader.subject() != Subject::kCommand && reader.Take("en")) {
+  if (reader.WaitsFor() != Subject::kCommand && reader.Take("en")) {
     action.place = reader.BytePlace();
   }
 }

@@ -12,18 +12,16 @@ std::uint16_t Masked(unsigned bits, unsigned without, unsigned with) {
 class Follow {
  public:
   explicit Follow(Scene& scene)
-      : scene_(scene),
-        printer_(scene.printer.printer_word()),
-        fiscal_(scene.printer.fiscal_word()) {}
+      : scene_(scene), printer_(scene.printer.PrinterWord()), fiscal_(scene.printer.FiscalWord()) {}
 
   void Changed() const {
     if (scene_.answer == nullptr) return;
     const Printer& printer = scene_.printer;
-    const Machine& m = printer.machine();
+    const Machine& m = printer.GetMachine();
     Answer& answer = *scene_.answer;
     answer.printer = WordShown(
-        Word::kPrinter, With(answer.printer, printer_, printer.printer_word()), m.forced_printer);
-    answer.fiscal = WordShown(Word::kFiscal, With(answer.fiscal, fiscal_, printer.fiscal_word()),
+        Word::kPrinter, With(answer.printer, printer_, printer.PrinterWord()), m.forced_printer);
+    answer.fiscal = WordShown(Word::kFiscal, With(answer.fiscal, fiscal_, printer.FiscalWord()),
                               m.forced_fiscal);
   }
 
@@ -47,7 +45,7 @@ void SetShown(ForcedBits& forced, unsigned bits, Show show) {
 
 bool ShowFromNow(const Action& action, Scene& scene, Show show) {
   const Follow follow(scene);
-  Machine& m = scene.printer.machine();
+  Machine& m = scene.printer.GetMachine();
   ForcedBits& forced = action.word == Word::kPrinter ? m.forced_printer : m.forced_fiscal;
   const ForcedBits before = forced;
   SetShown(forced, static_cast<unsigned>(action.number), show);

@@ -137,7 +137,7 @@ std::string FaultPlan::Report() const {
 Verdict FaultPlan::Arriving(const Packet& packet, Printer& printer) {
   Draft draft;
   Turn turn(draft, printer, nullptr, {});
-  const Stage stage = printer.stage();
+  const Stage stage = printer.GetStage();
   for (const auto& rule : rules_) {
     if (rule->Due(Subject::kCommand, packet.command, stage, 1)) turn.Join(*rule);
   }

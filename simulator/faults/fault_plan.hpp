@@ -42,16 +42,13 @@ class FaultPlan {
   FaultPlan(const FaultPlan&) = delete;
   FaultPlan& operator=(const FaultPlan&) = delete;
 
-  // Counts for rules added from here on.
-  void set_seed(std::uint64_t seed) { seed_ = seed; }
-
   // Adds every rule of the text, one a line, or none when there is a mistake. The rules get the
   // next numbers: 1, 2, 3...
   std::vector<FaultMistake> Add(std::string_view text);
   bool Remove(unsigned id);
   void Clear();
 
-  bool empty() const { return rules_.empty(); }
+  bool Empty() const { return rules_.empty(); }
   std::vector<FaultCount> Rules() const;
 
   // The same as a text of several lines, for people; empty without rules.

@@ -30,7 +30,7 @@ class RuleReader {
 
   // ---- For the arguments of actions; each throws NotExpected ----
 
-  Subject subject() const { return selector_.subject; }
+  Subject WaitsFor() const { return selector_.subject; }
   bool At(std::string_view folded) const { return Here().folded == folded; }
   bool AtEndOfAction() const;
   bool AtSign() const;                             // a number that begins with + or -

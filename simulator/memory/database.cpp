@@ -114,22 +114,22 @@ Database::Database(const std::string& path) {
 }
 
 void Database::Execute(const std::string& sql) {
-  const int code = sqlite3_exec(connection(), sql.c_str(), nullptr, nullptr, nullptr);
-  if (code != SQLITE_OK) Fail(connection(), code);
+  const int code = sqlite3_exec(Connection(), sql.c_str(), nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) Fail(Connection(), code);
 }
 
 std::int64_t Database::Number(const std::string& sql) {
-  Statement statement(connection(), sql);
+  Statement statement(Connection(), sql);
   return statement.Step() ? statement.Number() : 0;
 }
 
 std::string Database::Text(const std::string& sql) {
-  Statement statement(connection(), sql);
+  Statement statement(Connection(), sql);
   return statement.Step() ? statement.Text() : std::string();
 }
 
-bool Database::read_only() const {
-  return sqlite3_db_readonly(connection(), "main") == 1;
+bool Database::ReadOnly() const {
+  return sqlite3_db_readonly(Connection(), "main") == 1;
 }
 
 Transaction::Transaction(Database& database) : database_(database) {
@@ -137,7 +137,7 @@ Transaction::Transaction(Database& database) : database_(database) {
 }
 
 Transaction::~Transaction() {
-  if (open_) sqlite3_exec(database_.connection(), "ROLLBACK", nullptr, nullptr, nullptr);
+  if (open_) sqlite3_exec(database_.Connection(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 void Transaction::Commit() {

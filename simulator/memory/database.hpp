@@ -50,9 +50,9 @@ class Database {
   void Execute(const std::string& sql);
   std::int64_t Number(const std::string& sql);
   std::string Text(const std::string& sql);
-  bool read_only() const;
+  bool ReadOnly() const;
 
-  sqlite3* connection() const { return connection_.get(); }
+  sqlite3* Connection() const { return connection_.get(); }
 
  private:
   struct Closer {

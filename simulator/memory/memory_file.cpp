@@ -43,7 +43,7 @@ auto Telling(const std::string& what, const std::string& path, Work work) {
 Statement& Statements::operator()(std::string_view literal) {
   const auto found = prepared_.find(literal);
   if (found != prepared_.end()) return found->second;
-  return prepared_.emplace(literal, Statement(database_.connection(), literal)).first->second;
+  return prepared_.emplace(literal, Statement(database_.Connection(), literal)).first->second;
 }
 
 MemoryFile::MemoryFile(std::string path, const Settings& settings)
@@ -57,7 +57,7 @@ MemoryFile::MemoryFile(std::string path, const Settings& settings)
 
 // Looks before it writes: a file that is not a memory of this printer stays as it is.
 void MemoryFile::Open(const Settings& settings) {
-  if (database_.read_only()) throw MemoryFailure("el archivo es de solo lectura");
+  if (database_.ReadOnly()) throw MemoryFailure("el archivo es de solo lectura");
   database_.Execute(
       "PRAGMA busy_timeout = 2000; PRAGMA cache_size = -512; "
       "PRAGMA trusted_schema = OFF;");
@@ -79,7 +79,7 @@ void MemoryFile::Create(const Settings& settings) {
   database_.Execute("PRAGMA application_id = " + std::to_string(kApplicationId) + ";" +
                     "PRAGMA user_version = " + std::to_string(kSchemaVersion) + ";" +
                     std::string(kSchema));
-  Statement put(database_.connection(), "INSERT INTO identidad VALUES (?, ?)");
+  Statement put(database_.Connection(), "INSERT INTO identidad VALUES (?, ?)");
   for (const IdentityRow& row : kIdentity) put.Bind(row.key).Bind(row.value(settings)).Run();
   put.Bind("modelo").Bind(settings.model).Run();
   put.Bind("titular").Bind(settings.owner).Run();
@@ -100,7 +100,7 @@ void MemoryFile::CheckFormat() {
 }
 
 void MemoryFile::CheckIdentity(const Settings& settings) {
-  Statement find(database_.connection(), "SELECT valor FROM identidad WHERE clave = ?");
+  Statement find(database_.Connection(), "SELECT valor FROM identidad WHERE clave = ?");
   for (const IdentityRow& row : kIdentity) {
     find.Bind(row.key);
     const std::string theirs = find.Step() ? find.Text() : std::string("ninguno");

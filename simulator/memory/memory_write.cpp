@@ -52,7 +52,7 @@ void WriteState(Statements& sql, const Books& books) {
 }
 
 void WriteNumbering(Statements& sql, const Numbering& last, const Numbering& numbering) {
-  for (const auto& [key, number] : numbering.entries()) {
+  for (const auto& [key, number] : numbering.All()) {
     if (last.Last(key.first, key.second) == number) continue;
     sql("INSERT OR REPLACE INTO numeracion VALUES (?, ?, ?)")
         .Bind(static_cast<int>(key.first))
@@ -96,7 +96,7 @@ void ForgetDocument(Statements& sql) {
 void WriteHead(Statements& sql, const Document& d) {
   sql("INSERT OR REPLACE INTO documento VALUES "
       "(1, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
-      .Bind(Letter(d.kind().code))
+      .Bind(Letter(d.Kind().code))
       .Bind(Letter(d.letter))
       .Bind(d.number)
       .Bind(d.largest_total)
@@ -147,7 +147,7 @@ void WritePaper(Statements& sql, const std::vector<PaperLine>& last,
 }
 
 bool SameDocument(const std::optional<Document>& a, const std::optional<Document>& b) {
-  return a && b && &a->kind() == &b->kind() && a->letter == b->letter && a->number == b->number;
+  return a && b && &a->Kind() == &b->Kind() && a->letter == b->letter && a->number == b->number;
 }
 
 void WriteDocument(Statements& sql, const std::optional<Document>& last,

@@ -149,8 +149,8 @@ void Api::State(const Call& call) {
 
 void Api::PaperText(const Call& call) {
   Answer(call, [this] {
-    const std::vector<PaperLine> lines(history_.roll().begin(), history_.roll().end());
-    const std::size_t columns = session_.printer().settings().columns();
+    const std::vector<PaperLine> lines(history_.Roll().begin(), history_.Roll().end());
+    const std::size_t columns = session_.GetPrinter().GetSettings().PaperColumns();
     return Reply{.body = impresora::PaperText(lines, columns), .type = kText};
   });
 }
@@ -158,10 +158,10 @@ void Api::PaperText(const Call& call) {
 void Api::PaperLines(const Call& call) {
   Answer(call, [this] {
     std::string lines;
-    for (const PaperLine& line : history_.roll()) {
+    for (const PaperLine& line : history_.Roll()) {
       lines += (lines.empty() ? "" : ",\n") + PaperLineJson(line);
     }
-    const std::size_t columns = session_.printer().settings().columns();
+    const std::size_t columns = session_.GetPrinter().GetSettings().PaperColumns();
     return Reply{.body = "{\"evento\": " + std::to_string(feed_.Now().id) + ", \"columnas\": " +
                          std::to_string(columns) + ", \"lineas\": [" + lines + "]}\n"};
   });
@@ -177,7 +177,7 @@ void Api::TearPaper(const Call& call) {
 void Api::Documents(const Call& call) {
   Answer(call, [this] {
     std::string body;
-    for (const KeptDocument& kept : history_.documents()) {
+    for (const KeptDocument& kept : history_.Documents()) {
       body += (body.empty() ? "" : ",\n") + ReceiptJson(kept.receipt);
     }
     return Reply{.body = "[" + body + "]\n"};
@@ -190,7 +190,7 @@ Api::Reply Api::DocumentReply(unsigned ordinal, bool picture) {
     return {.status = 404,
             .body = WebServer::ErrorBody("ese documento no está entre los últimos 50")};
   }
-  const std::size_t columns = session_.printer().settings().columns();
+  const std::size_t columns = session_.GetPrinter().GetSettings().PaperColumns();
   if (!picture) return {.body = impresora::PaperText(kept->paper, columns), .type = kText};
   const std::string name = DocumentName(kept->receipt);
   return {.body = ToSvg(Draw(kept->paper, columns, name)), .type = "image/svg+xml; charset=utf-8"};
@@ -213,7 +213,7 @@ void Api::Exchanges(const Call& call) {
   }
   Answer(call, [this, from] {
     std::string body;
-    for (const History::KeptExchange& exchange : history_.exchanges()) {
+    for (const History::KeptExchange& exchange : history_.Exchanges()) {
       if (exchange.number >= *from) body += (body.empty() ? "" : ",\n") + exchange.json;
     }
     return Reply{.body = "[" + body + "]\n"};
@@ -221,11 +221,12 @@ void Api::Exchanges(const Call& call) {
 }
 
 void Api::GetControls(const Call& call) {
-  Answer(call, [this] { return Reply{.body = OneLine(ControlsJson(session_.printer())) + "\n"}; });
+  Answer(call,
+         [this] { return Reply{.body = OneLine(ControlsJson(session_.GetPrinter())) + "\n"}; });
 }
 
 void Api::GetFaults(const Call& call) {
-  Answer(call, [this] { return Reply{.body = OneLine(FaultRulesJson(session_.faults())) + "\n"}; });
+  Answer(call, [this] { return Reply{.body = OneLine(FaultRulesJson(session_.Faults())) + "\n"}; });
 }
 
 }  // namespace impresora

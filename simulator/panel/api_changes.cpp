@@ -96,7 +96,7 @@ Api::Reply Api::SetControlsNow(const std::string& body) {
     ReadChange(key, value, changes);
     if (!changes.wrong.empty()) return {.status = 400, .body = ErrorJson(changes.wrong)};
   }
-  Printer& printer = session_.printer();
+  Printer& printer = session_.GetPrinter();
   for (const auto& [control, value] : changes.controls) {
     if (!SetControl(printer, *control, value)) {
       return {.status = 409, .body = ErrorJson("no se puede cambiar " + Quoted(control->key))};
@@ -118,28 +118,28 @@ void Api::AddFaults(const Call& call) {
     if (!given) {
       return {.status = 400, .body = ErrorJson("se espera {\"reglas\": \"...\"}, una por renglón")};
     }
-    const auto wrong = session_.faults().Add(json->at("reglas").get<std::string>());
+    const auto wrong = session_.Faults().Add(json->at("reglas").get<std::string>());
     if (!wrong.empty()) return {.status = 400, .body = ErrorJson(WordsOf(wrong))};
     Changed();
-    return {.body = OneLine(FaultRulesJson(session_.faults())) + "\n"};
+    return {.body = OneLine(FaultRulesJson(session_.Faults())) + "\n"};
   });
 }
 
 void Api::RemoveFault(const Call& call) {
   Answer(call, [this, number = call.number]() -> Reply {
-    if (!session_.faults().Remove(number)) {
+    if (!session_.Faults().Remove(number)) {
       return {.status = 404, .body = ErrorJson("no hay ninguna regla con ese número")};
     }
     Changed();
-    return {.body = OneLine(FaultRulesJson(session_.faults())) + "\n"};
+    return {.body = OneLine(FaultRulesJson(session_.Faults())) + "\n"};
   });
 }
 
 void Api::RemoveAllFaults(const Call& call) {
   Answer(call, [this]() -> Reply {
-    session_.faults().Clear();
+    session_.Faults().Clear();
     Changed();
-    return {.body = OneLine(FaultRulesJson(session_.faults())) + "\n"};
+    return {.body = OneLine(FaultRulesJson(session_.Faults())) + "\n"};
   });
 }
 
@@ -161,7 +161,7 @@ Api::Reply Api::CheckNow(const std::string& body) {
   const Json state = StateJson(session_, history_);
   std::vector<std::string> found = Differences(*json, state);
   const KeptDocument* const last = history_.FindDocument(0);
-  const std::size_t columns = session_.printer().settings().columns();
+  const std::size_t columns = session_.GetPrinter().GetSettings().PaperColumns();
   const std::string paper = last != nullptr ? impresora::PaperText(last->paper, columns) : "";
   for (std::string& words : PaperDifferences(*json, paper)) found.push_back(std::move(words));
   const Json reply{{"correcto", found.empty()}, {"diferencias", found}};

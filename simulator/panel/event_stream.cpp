@@ -35,7 +35,7 @@ Feed::Place PlaceOf(const httplib::Request& request, const Feed& feed) {
 // All that is new, and the state once behind it however often it changed.
 bool Api::SendNews(httplib::DataSink& sink, Feed::Place& place) {
   const Feed::News news = feed_.Wait(place, kLookUp);
-  if (feed_.closed()) return false;
+  if (feed_.Closed()) return false;
   std::string text;
   if (news.gap) text += EventText("salto", news.place.id, "{}");
   for (const PanelEvent& event : news.events) text += EventText(event.name, event.id, event.data);

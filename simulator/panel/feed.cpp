@@ -48,7 +48,7 @@ void Feed::Close() {
   changed_.notify_all();
 }
 
-bool Feed::closed() const {
+bool Feed::Closed() const {
   const std::lock_guard lock(mutex_);
   return closed_;
 }

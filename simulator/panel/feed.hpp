@@ -43,7 +43,7 @@ class Feed {
 
   // Ends every wait, for good.
   void Close();
-  bool closed() const;
+  bool Closed() const;
 
   // A place among the listeners, while there are any left.
   bool Enter();

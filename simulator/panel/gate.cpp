@@ -95,7 +95,7 @@ bool OwnAddress::IsOwnOrigin(std::string_view origin) const {
   return origin.starts_with(kScheme) && IsOwnHost(origin.substr(kScheme.size()));
 }
 
-bool OwnAddress::loopback() const {
+bool OwnAddress::IsLoopback() const {
   return IsOneOf(host_, kLoopbacks) || host_.starts_with("127.");
 }
 

@@ -21,7 +21,7 @@ class OwnAddress {
   bool IsOwnHost(std::string_view host) const;
   bool IsOwnOrigin(std::string_view origin) const;
 
-  bool loopback() const;
+  bool IsLoopback() const;
   std::string Url() const;
 
  private:

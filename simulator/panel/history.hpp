@@ -45,10 +45,10 @@ class History : public Observer {
     unsigned number;
     std::string json;
   };
-  const std::deque<KeptExchange>& exchanges() const { return exchanges_; }
-  const std::deque<KeptDocument>& documents() const { return documents_; }
-  const std::deque<PaperLine>& roll() const { return roll_; }
-  const Counters& counters() const { return counters_; }
+  const std::deque<KeptExchange>& Exchanges() const { return exchanges_; }
+  const std::deque<KeptDocument>& Documents() const { return documents_; }
+  const std::deque<PaperLine>& Roll() const { return roll_; }
+  const Counters& GetCounters() const { return counters_; }
 
   // The one of that ordinal, or null; 0 is the last.
   const KeptDocument* FindDocument(unsigned ordinal) const;

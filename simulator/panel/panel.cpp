@@ -36,7 +36,7 @@ class Panel::Parts {
   Parts(const Parts&) = delete;
   Parts& operator=(const Parts&) = delete;
 
-  const OwnAddress& address() const { return server_.own(); }
+  const OwnAddress& Address() const { return server_.Own(); }
 
  private:
   LoopCalls loop_;
@@ -52,13 +52,13 @@ Panel::Panel(const PanelSettings& settings, PanelHost host)
 
 Panel::~Panel() = default;
 
-std::string Panel::url() const {
-  return parts_->address().Url();
+std::string Panel::Url() const {
+  return parts_->Address().Url();
 }
 
-std::string Panel::warning() const {
-  if (parts_->address().loopback()) return {};
-  return "el panel queda a la vista de la red: cualquiera que llegue a " + url() +
+std::string Panel::Warning() const {
+  if (parts_->Address().IsLoopback()) return {};
+  return "el panel queda a la vista de la red: cualquiera que llegue a " + Url() +
          " puede manejar la impresora";
 }
 

@@ -32,10 +32,10 @@ class Panel {
   ~Panel();
 
   // "http://127.0.0.1:8080/".
-  std::string url() const;
+  std::string Url() const;
 
   // What whoever started it should know, or nothing.
-  std::string warning() const;
+  std::string Warning() const;
 
  private:
   class Parts;

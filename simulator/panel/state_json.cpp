@@ -68,7 +68,7 @@ bool IsError(std::uint16_t bit, const std::array<Condition, N>& conditions) {
 
 Json WordJson(const Printer& printer, Word word) {
   const bool fiscal = word == Word::kFiscal;
-  const std::uint16_t bits = fiscal ? printer.fiscal_word() : printer.printer_word();
+  const std::uint16_t bits = fiscal ? printer.FiscalWord() : printer.PrinterWord();
   Json lamps = Json::array();
   for (const Lamp& lamp : Lamps()) {
     if (lamp.word != word) continue;
@@ -92,8 +92,8 @@ Json DocumentJson(const Machine& machine) {
   const Document& document = *machine.document;
   const Totals totals = document.Total();
   const std::int64_t paid = document.Paid();
-  return {{"titulo", document.kind().title},
-          {"tipo", LetterText(document.kind().code)},
+  return {{"titulo", document.Kind().title},
+          {"tipo", LetterText(document.Kind().code)},
           {"letra", LetterText(document.letter)},
           {"numero", document.number},
           {"renglones", document.lines},
@@ -136,7 +136,7 @@ Json CountersJson(const Counters& counters, const Printer& printer) {
           {"documentos", counters.documents},
           {"cancelados", counters.cancelled},
           {"lineas_de_papel", counters.lines},
-          {"aperturas_de_cajon", printer.drawer_openings()}};
+          {"aperturas_de_cajon", printer.DrawerOpenings()}};
 }
 
 Json ValueJson(const Control& control, std::int64_t value) {
@@ -179,17 +179,17 @@ Json FaultRulesJson(const FaultPlan& plan) {
 
 Json StateJson(Session& session, const History& history) {
   session.LookAtClock();
-  const Printer& printer = session.printer();
-  const Machine& machine = printer.machine();
+  const Printer& printer = session.GetPrinter();
+  const Machine& machine = printer.GetMachine();
   const KeptDocument* const last = history.FindDocument(0);
   const Json document = DocumentJson(machine);
   return {
-      {"familia", FamilyCode(printer.settings().family)},
-      {"modelo", printer.settings().model},
-      {"punto_de_venta", printer.settings().point_of_sale},
-      {"columnas", printer.settings().columns()},
-      {"etapa", StageWords(printer.stage())},
-      {"abierto", printer.stage() != Stage::kIdle},
+      {"familia", FamilyCode(printer.GetSettings().family)},
+      {"modelo", printer.GetSettings().model},
+      {"punto_de_venta", printer.GetSettings().point_of_sale},
+      {"columnas", printer.GetSettings().PaperColumns()},
+      {"etapa", StageWords(printer.GetStage())},
+      {"abierto", printer.GetStage() != Stage::kIdle},
       {"documento", document},
       {"ultimo_documento", last != nullptr ? Json::parse(ReceiptJson(last->receipt)) : Json()},
       {"impresora", WordJson(printer, Word::kPrinter)},
@@ -198,9 +198,9 @@ Json StateJson(Session& session, const History& history) {
       {"numeracion", NumberingJson(machine.numbering)},
       {"cierres_restantes", machine.closings_left},
       {"papel_restante", machine.paper_left == kEndlessPaper ? Json() : Json(machine.paper_left)},
-      {"contadores", CountersJson(history.counters(), printer)},
+      {"contadores", CountersJson(history.GetCounters(), printer)},
       {"controles", ControlsJson(printer)},
-      {"fallas", FaultRulesJson(session.faults())}};
+      {"fallas", FaultRulesJson(session.Faults())}};
 }
 
 }  // namespace impresora

@@ -110,7 +110,7 @@ void WebServer::Refuse(Connection& connection, const Refusal& refusal) {
 
 // Nothing when the request may go on; `gone` when there is nobody to answer.
 std::optional<Refusal> WebServer::Admit(Connection& connection, bool& gone) {
-  if (Workers::turned_away()) return Refusal{503, "demasiados pedidos a la vez"};
+  if (Workers::TurnedAway()) return Refusal{503, "demasiados pedidos a la vez"};
   std::string bytes;
   switch (connection.ReadHead(bytes, kLargestHead)) {
     case Connection::HeadState::kWhole:
@@ -142,7 +142,7 @@ bool WebServer::process_and_close_socket(socket_t fd) {
   } else {
     process_request(connection, true, closed, nullptr);
   }
-  connection.Finish(Workers::turned_away() ? kShortMoment : kMoment);
+  connection.Finish(Workers::TurnedAway() ? kShortMoment : kMoment);
   return true;
 }
 

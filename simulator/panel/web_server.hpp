@@ -24,7 +24,7 @@ class WebServer : public httplib::Server {
   void Start();
   void Stop();
 
-  const OwnAddress& own() const { return *own_; }
+  const OwnAddress& Own() const { return *own_; }
 
   // {"error": words}
   static std::string ErrorBody(std::string_view words);

@@ -17,7 +17,7 @@ Workers::~Workers() {
   shutdown();
 }
 
-bool Workers::turned_away() {
+bool Workers::TurnedAway() {
   return no_room;
 }
 

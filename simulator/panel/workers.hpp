@@ -12,7 +12,7 @@
 namespace impresora {
 
 // A fixed number of threads with a short queue before them. What no longer fits is run at once with
-// `turned_away()` true, for a short word of regret.
+// `TurnedAway()` true, for a short word of regret.
 class Workers : public httplib::TaskQueue {
  public:
   Workers(std::size_t threads, std::size_t places);
@@ -22,7 +22,7 @@ class Workers : public httplib::TaskQueue {
   void shutdown() override;
 
   // Of the task that runs on this thread.
-  static bool turned_away();
+  static bool TurnedAway();
 
  private:
   void Work();

@@ -24,8 +24,8 @@ class Canvas {
     pixel[2] = Mix(pixel[2], colour.blue, cover);
   }
 
-  std::size_t width() const { return width_; }
-  std::size_t height() const { return height_; }
+  std::size_t Width() const { return width_; }
+  std::size_t Height() const { return height_; }
   const std::uint8_t* Row(std::size_t y) const { return &bytes_[y * width_ * 3]; }
 
  private:

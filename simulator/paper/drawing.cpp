@@ -106,7 +106,7 @@ class Layout {
     y_ += height + kTable;
   }
 
-  double bottom() const { return y_; }
+  double Bottom() const { return y_; }
 
  private:
   double Left() const { return kTable + format_.side; }
@@ -253,7 +253,7 @@ Drawing Draw(const Lines& lines, std::size_t columns, std::string_view title) {
   drawing.marks.emplace_back(Shape{});  // the table, once its size is known
   Layout layout(columns, drawing);
   for (const Lines& sheet : Sheets(lines)) layout.AddSheet(sheet);
-  drawing.height = layout.bottom();
+  drawing.height = layout.Bottom();
   drawing.marks.front() = Rectangle(Ink::kTable, 0, 0, drawing.width, drawing.height);
   return drawing;
 }

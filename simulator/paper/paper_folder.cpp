@@ -101,7 +101,7 @@ PaperFolder::PaperFolder(fs::path folder, std::size_t columns, const std::string
     : folder_(std::move(folder)), columns_(columns), png_(font), tell_(std::move(tell)) {
   fs::create_directories(folder_);
   last_ = LastOrder(folder_);
-  if (!png_.ready()) tell_(png_.complaint());
+  if (!png_.Ready()) tell_(png_.Complaint());
 }
 
 // What feeds and cuts after a document has ended belongs to none.
@@ -125,7 +125,7 @@ void PaperFolder::Write(const std::string& name) {
     WriteFile(numbered + ".txt", PaperText(lines, columns_));
     const Drawing drawing = Draw(lines, columns_, numbered);
     WriteFile(numbered + ".svg", ToSvg(drawing));
-    if (png_.ready()) WriteFile(numbered + ".png", png_.Make(drawing));
+    if (png_.Ready()) WriteFile(numbered + ".png", png_.Make(drawing));
     failed_ = false;
   } catch (const std::exception& error) {
     if (!failed_) tell_("no se pudo guardar el papel " + numbered + ": " + error.what());

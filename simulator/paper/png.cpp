@@ -44,8 +44,8 @@ std::string FindFont(const std::string& wanted) {
 std::string ToPng(const Canvas& canvas) {
   png_image image{};
   image.version = PNG_IMAGE_VERSION;
-  image.width = static_cast<png_uint_32>(canvas.width());
-  image.height = static_cast<png_uint_32>(canvas.height());
+  image.width = static_cast<png_uint_32>(canvas.Width());
+  image.height = static_cast<png_uint_32>(canvas.Height());
   image.format = PNG_FORMAT_RGB;
   png_alloc_size_t size = 0;
   std::string file;
@@ -193,7 +193,7 @@ PngMaker::PngMaker(PngMaker&&) noexcept = default;
 PngMaker::~PngMaker() = default;
 
 std::string PngMaker::Make(const Drawing& drawing) {
-  return ready() ? ToPng(press_->Set(drawing)) : std::string();
+  return Ready() ? ToPng(press_->Set(drawing)) : std::string();
 }
 
 }  // namespace impresora

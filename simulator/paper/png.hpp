@@ -17,8 +17,8 @@ class PngMaker {
   PngMaker(PngMaker&&) noexcept;
   ~PngMaker();
 
-  bool ready() const { return complaint_.empty(); }
-  const std::string& complaint() const { return complaint_; }
+  bool Ready() const { return complaint_.empty(); }
+  const std::string& Complaint() const { return complaint_; }
 
   // The bytes of a PNG file, one and a half pixels for each of the drawing's.
   std::string Make(const Drawing& drawing);

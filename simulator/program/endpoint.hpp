@@ -18,7 +18,7 @@ class Endpoint {
   virtual ~Endpoint() = default;
 
   // What a host opens to get here, as the program's first line tells it.
-  virtual std::string port() const = 0;
+  virtual std::string Port() const = 0;
 
   // Begins to listen. The endpoint lives as long as the loop runs.
   virtual void Start(LineEvents events) = 0;

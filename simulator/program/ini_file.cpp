@@ -114,7 +114,7 @@ std::string ApplyLengths(const IniSection& section, Settings& settings) {
 }
 
 std::string ApplySection(const IniSection& section, Settings& settings) {
-  if (!section.found()) return "no tiene la sección [Epson_Fiscal]";
+  if (!section.Found()) return "no tiene la sección [Epson_Fiscal]";
   const std::optional<std::string> family = section.Value("TipoComprobante");
   if (family && !SetFamily(settings, *family)) return WrongKey("TipoComprobante");
   const std::optional<std::string> model = section.Value("ModeloNombre");

@@ -17,7 +17,7 @@ class IniSection {
   // Takes the first section of that name; an absent one has no keys.
   IniSection(std::istream& text, std::string_view name);
 
-  bool found() const { return found_; }
+  bool Found() const { return found_; }
   // Without blanks and quotes around it; nothing when the key is absent.
   std::optional<std::string> Value(std::string_view key) const;
 

@@ -13,7 +13,7 @@ class OutputFile {
   // Throws CannotOpen when it cannot be opened.
   OutputFile(const std::string& path, bool flush_every_line);
 
-  bool open() const { return file_ != nullptr; }
+  bool IsOpen() const { return file_ != nullptr; }
   void Line(std::string_view text);
   void Flush();
 

@@ -11,8 +11,8 @@ class RunningPanel : public PanelPart {
   RunningPanel(const TcpAddress& address, PanelHost host)
       : panel_({.host = address.host, .port = address.port}, std::move(host)) {}
 
-  std::string url() const override { return panel_.url(); }
-  std::string warning() const override { return panel_.warning(); }
+  std::string Url() const override { return panel_.Url(); }
+  std::string Warning() const override { return panel_.Warning(); }
 
  private:
   Panel panel_;

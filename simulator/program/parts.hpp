@@ -19,8 +19,8 @@ std::unique_ptr<Store> OpenMemoryPart(const Options& options);
 class PanelPart {
  public:
   virtual ~PanelPart() = default;
-  virtual std::string url() const = 0;
-  virtual std::string warning() const = 0;
+  virtual std::string Url() const = 0;
+  virtual std::string Warning() const = 0;
 };
 
 using Post = std::function<void(std::function<void()>)>;

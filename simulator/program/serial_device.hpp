@@ -17,7 +17,7 @@ class SerialDevice : public Endpoint {
   // At 9600 bits a second when `baud` is 0. Throws CannotOpen when the device cannot be had.
   SerialDevice(asio::io_context& loop, std::string device, int baud);
 
-  std::string port() const override { return device_; }
+  std::string Port() const override { return device_; }
   void Start(LineEvents events) override;
   void Write(std::string_view bytes) override;
   void HangUp() override;

@@ -24,11 +24,11 @@ class PaperFile : public Sink {
     for (const PaperLine& line : paper) Printed(line);
   }
   void Printed(const PaperLine& line) override {
-    file_.Line(AsText(line, printer_.settings().columns()));
+    file_.Line(AsText(line, printer_.GetSettings().PaperColumns()));
     fresh_ = true;
   }
   void Changed() override {
-    if (!fresh_ || printer_.stage() != Stage::kIdle) return;
+    if (!fresh_ || printer_.GetStage() != Stage::kIdle) return;
     file_.Flush();
     fresh_ = false;
   }
@@ -47,7 +47,7 @@ void TellPerson(const std::string& text) {
 class PaperPictures : public Sink {
  public:
   PaperPictures(const Options& options, const Printer& printer)
-      : folder_(options.paper, printer.settings().columns(), options.font, TellPerson) {}
+      : folder_(options.paper, printer.GetSettings().PaperColumns(), options.font, TellPerson) {}
 
   void Resumed(const std::vector<PaperLine>& paper) override { folder_.Resumed(paper); }
   void Printed(const PaperLine& line) override { folder_.Printed(line); }
@@ -105,7 +105,7 @@ Sinks MakeSinks(const Options& options, const Printer& printer) {
   }
   if (!options.trace.empty()) sinks.push_back(std::make_unique<Trace>(options.trace));
   if (!options.recording.empty()) {
-    sinks.push_back(std::make_unique<RecordingFile>(options.recording, printer.settings()));
+    sinks.push_back(std::make_unique<RecordingFile>(options.recording, printer.GetSettings()));
   }
   return sinks;
 }

@@ -26,7 +26,7 @@ class DocumentCount : public Observer {
   void Closed(const Receipt& receipt) override {
     if (receipt.receipt_class != ReceiptClass::kReport && !receipt.cancelled) ++count_;
   }
-  unsigned count() const { return count_; }
+  unsigned Count() const { return count_; }
 
  private:
   unsigned count_ = 0;

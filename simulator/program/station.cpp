@@ -39,7 +39,7 @@ Station::Station(const Options& options)
       memory_(OpenMemoryPart(options)),
       session_(options.settings, clock_, LineOf(options)),
       seat_(MakeSeat(options)),
-      sinks_(MakeSinks(options, session_.printer())),
+      sinks_(MakeSinks(options, session_.GetPrinter())),
       endpoint_(MakeEndpoint(loop_, options)),
       driver_(loop_, *seat_, *endpoint_, [this] { EndIfFinished(); }) {
   CatchSignals();
@@ -58,11 +58,11 @@ std::unique_ptr<Seat> Station::MakeSeat(const Options& options) {
 }
 
 void Station::SetUpPrinter(const Options& options) {
-  Printer& printer = session_.printer();
+  Printer& printer = session_.GetPrinter();
   printer.SetTime(clock_.LocalSeconds());
   if (memory_) printer.UseMemory(*memory_);
   for (const auto& [control, value] : options.controls) SetControl(printer, *control, value);
-  AddFaults(options.fault_file, session_.faults());
+  AddFaults(options.fault_file, session_.Faults());
   session_.Attach(documents_);
   for (const auto& sink : sinks_) session_.Attach(*sink);
 }
@@ -85,11 +85,11 @@ void Station::OpenPanel(const Options& options) {
 
 // The line's name comes first: programs that start this one read it.
 void Station::Announce() const {
-  std::printf("Puerto: %s\n", endpoint_->port().c_str());
-  if (panel_) std::printf("Panel: %s\n", panel_->url().c_str());
+  std::printf("Puerto: %s\n", endpoint_->Port().c_str());
+  if (panel_) std::printf("Panel: %s\n", panel_->Url().c_str());
   std::fflush(stdout);
-  if (!panel_ || panel_->warning().empty()) return;
-  std::fprintf(stderr, "impresora-virtual: %s\n", panel_->warning().c_str());
+  if (!panel_ || panel_->Warning().empty()) return;
+  std::fprintf(stderr, "impresora-virtual: %s\n", panel_->Warning().c_str());
 }
 
 void Station::Run() {
@@ -97,13 +97,13 @@ void Station::Run() {
   panel_.reset();
   session_.Tell();
   for (const auto& sink : sinks_) sink->Finish();
-  const std::string report = session_.faults().Report();
+  const std::string report = session_.Faults().Report();
   if (!report.empty()) std::fprintf(stderr, "%s", report.c_str());
 }
 
 void Station::EndIfFinished() {
-  if (wanted_documents_ == 0 || !session_.acknowledged()) return;
-  if (documents_.count() >= wanted_documents_) loop_.stop();
+  if (wanted_documents_ == 0 || !session_.Acknowledged()) return;
+  if (documents_.Count() >= wanted_documents_) loop_.stop();
 }
 
 }  // namespace impresora

@@ -40,7 +40,7 @@ void TcpServer::Open(const tcp::endpoint& endpoint) {
   acceptor_.listen();
 }
 
-std::string TcpServer::port() const {
+std::string TcpServer::Port() const {
   const tcp::endpoint here = acceptor_.local_endpoint();
   const std::string host = here.address().to_string();
   const std::string shown = here.address().is_v6() ? "[" + host + "]" : host;

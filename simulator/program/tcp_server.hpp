@@ -16,7 +16,7 @@ class TcpServer : public Endpoint {
   // Throws CannotOpen when the address cannot be had.
   TcpServer(asio::io_context& loop, const TcpAddress& address);
 
-  std::string port() const override;
+  std::string Port() const override;
   void Start(LineEvents events) override;
   void Write(std::string_view bytes) override;
   void HangUp() override;

@@ -31,8 +31,8 @@ class Player {
   void Restart() { NewHost(); }
 
   // Whether every recorded command has had its turn, and how often the host strayed.
-  bool finished() const { return Upcoming(next_) == scenes_.size(); }
-  unsigned strayed() const { return strayed_; }
+  bool Finished() const { return Upcoming(next_) == scenes_.size(); }
+  unsigned Strayed() const { return strayed_; }
 
  private:
   // A recorded exchange with its command taken apart.

@@ -110,7 +110,7 @@ Recording ReadRecordingFile(const std::filesystem::path& path) {
 Recorder::Recorder(const Settings& settings, Sink sink) : sink_(std::move(sink)) {
   sink_(OneLine({{kVersionKey, kVersion},
                  {"modelo", settings.model},
-                 {"columnas", settings.columns()},
+                 {"columnas", settings.PaperColumns()},
                  {"punto_de_venta", settings.point_of_sale}}));
 }
 

@@ -36,7 +36,7 @@ void CheckShown(const FaultPlan& plan) {
     Require(again.Add(rule.text).empty(), "and read again");
     Require(again.Rules().back().text == rule.text, "as the same");
   }
-  Require(plan.Report().empty() == plan.empty(), "the report has what there is");
+  Require(plan.Report().empty() == plan.Empty(), "the report has what there is");
 }
 
 void CheckMistakes(std::string_view text, const std::vector<FaultMistake>& mistakes) {
@@ -52,11 +52,11 @@ void CheckMistakes(std::string_view text, const std::vector<FaultMistake>& mista
 
 void CheckRules(std::string_view text) {
   Till till({});
-  FaultPlan& plan = till.session.faults();
+  FaultPlan& plan = till.session.Faults();
   const auto mistakes = plan.Add(text);
   CheckMistakes(text, mistakes);
-  Require(mistakes.empty() || plan.empty(), "all the rules or none");
-  if (plan.empty()) return;
+  Require(mistakes.empty() || plan.Empty(), "all the rules or none");
+  if (plan.Empty()) return;
   CheckShown(plan);
   for (const auto& command : Ticket()) {
     till.Command(command);
@@ -67,7 +67,7 @@ void CheckRules(std::string_view text) {
     Require(rule.acted <= rule.due, "a rule acts when it is due");
   }
   plan.Clear();
-  Require(plan.empty() && plan.Report().empty(), "until all are taken back");
+  Require(plan.Empty() && plan.Report().empty(), "until all are taken back");
 }
 
 }  // namespace

@@ -193,7 +193,7 @@ void Run(Input& input) {
   server.desk = &*desk;
   CheckAnswer(server.Serve(CleanedHead(*head) + request.substr(end + 4)), *head);
   const bool looked = head->method == "GET" || head->method == "HEAD";
-  if (!looked || desk->feed().closed()) desk.reset();
+  if (!looked || desk->feed().Closed()) desk.reset();
 }
 
 }  // namespace

@@ -117,9 +117,9 @@ class Play {
     const auto place = input_.Below(frame.size());
     std::string spoilt = frame;
     spoilt[place] = static_cast<char>(input_.Byte());
-    const auto before = till_.session.printer().documents_closed();
+    const auto before = till_.session.GetPrinter().GetMachine().finished;
     Hear(till_.Send(spoilt));
-    Require(spoilt == frame || till_.session.printer().documents_closed() == before,
+    Require(spoilt == frame || till_.session.GetPrinter().GetMachine().finished == before,
             "a damaged frame closes nothing");
   }
 
@@ -131,7 +131,7 @@ class Play {
     const auto& control = controls[input_.Below(controls.size())];
     const auto kind = input_.Byte();
     const auto value = kind < 240 ? std::int64_t{kind % 4} : std::int64_t{input_.Int32()};
-    Printer& printer = till_.session.printer();
+    Printer& printer = till_.session.GetPrinter();
     const bool set = SetControl(printer, control, value);
     Require(set == (value >= control.least && value <= control.most), "within its range");
     till_.session.Touched();
@@ -142,30 +142,31 @@ class Play {
     const auto lamps = Lamps();
     const auto& lamp = lamps[input_.Below(lamps.size())];
     const auto forced = static_cast<Forced>(input_.Below(3));
-    ForceLamp(till_.session.printer(), lamp, forced);
-    Require(ForcedLamp(till_.session.printer(), lamp) == forced, "a lamp shows what it was told");
+    ForceLamp(till_.session.GetPrinter(), lamp, forced);
+    Require(ForcedLamp(till_.session.GetPrinter(), lamp) == forced,
+            "a lamp shows what it was told");
     till_.session.Touched();
   }
 
   void Power() {
     answers_.Forget();
-    const Books before = till_.session.printer().machine();
+    const Books before = till_.session.GetPrinter().GetMachine();
     input_.Flag() ? till_.session.PowerCycle() : till_.session.NewHost();
-    const Books& after = till_.session.printer().machine();
+    const Books& after = till_.session.GetPrinter().GetMachine();
     Require(before.day == after.day && before.numbering == after.numbering, "nothing is forgotten");
     Require(before.document == after.document, "an open document stays open");
   }
 
   void Execute(const std::string& body) {
-    const Printer& printer = till_.session.printer();
-    const auto closed = printer.documents_closed();
-    const auto stage = printer.stage();
+    const Printer& printer = till_.session.GetPrinter();
+    const auto closed = printer.GetMachine().finished;
+    const auto stage = printer.GetStage();
     const auto heard = till_.Command(body);
     Hear(heard);
     // A start byte within a field begins another command.
     const bool alone = body.find(kStx) == std::string::npos;
     const bool refused = alone && !touched_ && RefusedIn(heard);
-    Require(!refused || (printer.documents_closed() == closed && printer.stage() == stage),
+    Require(!refused || (printer.GetMachine().finished == closed && printer.GetStage() == stage),
             "what is refused changes nothing");
     if (input_.Flag()) Hear(till_.Send(std::string(1, kAck)));
   }

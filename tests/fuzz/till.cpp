@@ -156,7 +156,7 @@ void Till::Pass(std::int64_t seconds) {
 
 void Till::CheckBooks() {
   session.Tell();
-  ledger_.Compare(session.printer().machine());
+  ledger_.Compare(session.GetPrinter().GetMachine());
 }
 
 }  // namespace impresora::fuzzing

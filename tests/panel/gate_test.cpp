@@ -104,8 +104,8 @@ TEST(Gate, OnTheWholeNetworkOnlyNumbersAreTrusted) {
   const OwnAddress everywhere("0.0.0.0", 8080);
   EXPECT_EQ(StatusOf(Get("Host: 192.168.1.5:8080\r\n"), everywhere), 0);
   EXPECT_EQ(StatusOf(Get("Host: impresora.example:8080\r\n"), everywhere), 403);
-  EXPECT_FALSE(everywhere.loopback());
-  EXPECT_TRUE(kOwn.loopback());
+  EXPECT_FALSE(everywhere.IsLoopback());
+  EXPECT_TRUE(kOwn.IsLoopback());
   EXPECT_EQ(OwnAddress("::1", 8080).Url(), "http://[::1]:8080/");
 }
 

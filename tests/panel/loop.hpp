@@ -86,7 +86,7 @@ class Desk : public testing::Test {
                                      .post = [this](auto work) { loop.Give(std::move(work)); },
                                      .power_cycle = [this] { session->PowerCycle(); }});
     });
-    const std::string url = panel->url();
+    const std::string url = panel->Url();
     port = std::stoi(url.substr(url.rfind(':') + 1));
     own = "127.0.0.1:" + std::to_string(port);
   }

@@ -42,15 +42,15 @@ TEST(AnyBytes, WhateverIsSentTheBooksStayInOrder) {
     Shop shop(settings);
     for (int i = 0; i < 20'000; ++i) {
       const std::string body = AnyBody(random);
-      const unsigned before = shop.printer.documents_closed();
-      const Stage stage = shop.printer.stage();
+      const unsigned before = shop.printer.GetMachine().finished;
+      const Stage stage = shop.printer.GetStage();
       const Answer answer = shop.SendBody(body);
       if ((answer.fiscal & 0x8000U) == 0) continue;
-      ASSERT_EQ(shop.printer.documents_closed(), before) << body;
-      ASSERT_EQ(shop.printer.stage(), stage) << body;
+      ASSERT_EQ(shop.printer.GetMachine().finished, before) << body;
+      ASSERT_EQ(shop.printer.GetStage(), stage) << body;
       ASSERT_TRUE(answer.fields.empty()) << body;
     }
-    EXPECT_GT(shop.printer.documents_closed(), 0U);
+    EXPECT_GT(shop.printer.GetMachine().finished, 0U);
     shop.PaperText();
   }
 }

@@ -57,8 +57,8 @@ TEST(Controls, EachSwitchShowsInItsWord) {
     const Answer answer = shop.Send({"Y"});
     EXPECT_EQ(answer.printer, c.printer) << c.key;
     EXPECT_EQ(answer.fiscal, c.fiscal) << c.key;
-    EXPECT_EQ(shop.printer.printer_word(), c.printer) << c.key;
-    EXPECT_EQ(shop.printer.fiscal_word(), c.fiscal) << c.key;
+    EXPECT_EQ(shop.printer.PrinterWord(), c.printer) << c.key;
+    EXPECT_EQ(shop.printer.FiscalWord(), c.fiscal) << c.key;
     Set(shop, c.key, 0);
     EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0600) << c.key;
   }
@@ -125,7 +125,7 @@ TEST(Controls, ADayIsOverWhenTheClockIsPutForward) {
   shop.TicketItem("Pan", "1000", "1000");
   shop.Send({"E", "T"});
   Set(shop, "desfase_reloj", kSecondsPerDay);
-  EXPECT_EQ(shop.printer.fiscal_word(), 0x8E00);
+  EXPECT_EQ(shop.printer.FiscalWord(), 0x8E00);
   EXPECT_EQ(shop.OpenTicket().fiscal, 0x8E20);
 }
 

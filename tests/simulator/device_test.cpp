@@ -54,7 +54,7 @@ TEST(Device, TheDrawerOpensEachTime) {
   Shop shop;
   shop.Send({"{"});
   shop.Send({"{"});
-  EXPECT_EQ(shop.printer.drawer_openings(), 2U);
+  EXPECT_EQ(shop.printer.DrawerOpenings(), 2U);
 }
 
 TEST(Device, CuttingAndFeedingShowOnPaper) {

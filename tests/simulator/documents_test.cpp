@@ -263,7 +263,7 @@ TEST(Documents, ACancelledDocumentKeepsItsNumber) {
   shop.OpenTicket();
   shop.TicketItem("Pan", "1000", "1000");
   EXPECT_EQ(shop.Send({"D", kEmpty, kEmpty, "C"}).fiscal, 0x0600);
-  EXPECT_EQ(shop.printer.documents_closed(), 0U);
+  EXPECT_EQ(shop.printer.GetMachine().day.Documents(), 0U);
   shop.OpenTicket();
   shop.TicketItem("Pan", "1000", "1000");
   EXPECT_EQ(shop.Send({"E", "T"}).fields, (Texts{"00000002"}));

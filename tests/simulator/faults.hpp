@@ -16,7 +16,7 @@ using Heard = std::vector<std::pair<Micros, std::string>>;
 class Bench : public Booth {
  public:
   explicit Bench(std::string_view rules, Settings settings = {}) : Booth(std::move(settings)) {
-    for (const FaultMistake& mistake : session.faults().Add(rules)) wrong += mistake.Words() + "\n";
+    for (const FaultMistake& mistake : session.Faults().Add(rules)) wrong += mistake.Words() + "\n";
   }
 
   // What comes in answer to a frame, until the line is at rest again.

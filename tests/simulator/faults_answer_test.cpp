@@ -150,7 +150,7 @@ TEST(FaultsOfAnswers, NoiseByChanceHasNoByteThatSteersTheLine) {
 TEST(FaultsOfAnswers, ASlowLineLosesNothingOfWhatComesBeforeThePlugIsPulled) {
   prueba::StoppedClock clock;
   Session session({}, clock, {.baud = 9600});
-  session.faults().Add("siempre: desenchufar en byte 4");
+  session.Faults().Add("siempre: desenchufar en byte 4");
   Micros now{};
   session.Receive(Frame(40, "K"), now);
   std::string heard;

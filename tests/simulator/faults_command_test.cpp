@@ -19,23 +19,23 @@ TEST(FaultsOfCommands, ALostCommandIsNeitherCarriedOutNorAnswered) {
   Bench bench("comando 2 de {: perder");
   EXPECT_EQ(bench.All(40, {"{"}), Plain(40, "{"));
   EXPECT_EQ(bench.All(41, {"{"}), "");
-  EXPECT_EQ(bench.session.printer().drawer_openings(), 1U);
+  EXPECT_EQ(bench.session.GetPrinter().DrawerOpenings(), 1U);
   EXPECT_EQ(bench.All(41, {"{"}), Plain(41, "{"));
-  EXPECT_EQ(bench.session.printer().drawer_openings(), 2U);
+  EXPECT_EQ(bench.session.GetPrinter().DrawerOpenings(), 2U);
 }
 
 TEST(FaultsOfCommands, ARefusedCommandIsNotCarriedOut) {
   Bench bench("comando 1: nak");
   EXPECT_EQ(bench.All(40, {"{"}), std::string(1, kNak));
-  EXPECT_EQ(bench.session.printer().drawer_openings(), 0U);
+  EXPECT_EQ(bench.session.GetPrinter().DrawerOpenings(), 0U);
 }
 
 TEST(FaultsOfCommands, SilenceComesAfterTheCommandWasCarriedOut) {
   Bench bench("respuesta 1: callar");
   EXPECT_EQ(bench.All(40, {"{"}), "");
-  EXPECT_EQ(bench.session.printer().drawer_openings(), 1U);
+  EXPECT_EQ(bench.session.GetPrinter().DrawerOpenings(), 1U);
   EXPECT_EQ(bench.All(40, {"{"}), Plain(40, "{"));
-  EXPECT_EQ(bench.session.printer().drawer_openings(), 1U);
+  EXPECT_EQ(bench.session.GetPrinter().DrawerOpenings(), 1U);
 }
 
 struct EndCase {
@@ -58,7 +58,7 @@ TEST(FaultsOfCommands, ThePlugOrThePowerGoesBeforeOrAfterTheCommand) {
     EXPECT_EQ(bench.All(40, {"{"}), "");
     EXPECT_EQ(bench.hung_up, c.hung_up);
     EXPECT_EQ(bench.powered_off, c.powered_off);
-    EXPECT_EQ(bench.session.printer().drawer_openings(), c.drawers);
+    EXPECT_EQ(bench.session.GetPrinter().DrawerOpenings(), c.drawers);
     EXPECT_EQ(bench.All(41, {"K"}), Plain(41, "K"));
   }
 }
@@ -73,7 +73,7 @@ TEST(FaultsOfCommands, WithoutPowerNobodyListens) {
   EXPECT_EQ(bench.session.Advance(bench.now + seconds(4)).bytes, "");
   bench.session.Receive(Frame(42, "K"), bench.now + seconds(5));
   EXPECT_EQ(bench.session.Advance(bench.now + seconds(5)).bytes, Plain(42, "K"));
-  EXPECT_EQ(bench.session.printer().drawer_openings(), 0U);
+  EXPECT_EQ(bench.session.GetPrinter().DrawerOpenings(), 0U);
 }
 
 TEST(FaultsOfCommands, APowerCutInMidDocumentLeavesItOpen) {
@@ -81,15 +81,15 @@ TEST(FaultsOfCommands, APowerCutInMidDocumentLeavesItOpen) {
   bench.Hear(40, {"@", "C"});
   EXPECT_EQ(bench.All(41, {"B", "Pan", "1000", "1000", "2100", "M", "1", "0", "0"}), "");
   EXPECT_TRUE(bench.powered_off);
-  EXPECT_EQ(bench.session.printer().stage(), Stage::kTicketItems);
-  EXPECT_EQ(bench.session.printer().machine().document->lines, 0);
+  EXPECT_EQ(bench.session.GetPrinter().GetStage(), Stage::kTicketItems);
+  EXPECT_EQ(bench.session.GetPrinter().GetMachine().document->lines, 0);
 }
 
 TEST(FaultsOfCommands, APrinterThatWasOffHasForgottenItsLastAnswer) {
   Bench bench("respuesta 1: apagar");
   bench.All(40, {"{"});
   bench.All(40, {"{"});
-  EXPECT_EQ(bench.session.printer().drawer_openings(), 2U);
+  EXPECT_EQ(bench.session.GetPrinter().DrawerOpenings(), 2U);
 }
 
 TEST(FaultsOfThePrinter, PaperThatEndsBeforeTheCommandKeepsItFromPrinting) {
@@ -102,7 +102,7 @@ TEST(FaultsOfThePrinter, PaperThatEndsBeforeTheCommandKeepsItFromPrinting) {
 TEST(FaultsOfThePrinter, PaperThatEndsAfterTheCommandShowsInItsAnswer) {
   Bench bench("respuesta 1: sin_papel");
   EXPECT_EQ(bench.All(40, {"K"}), Frame(40, Body({"K", "C080", "0600"})));
-  EXPECT_TRUE(bench.session.printer().machine().faults.paper_out);
+  EXPECT_TRUE(bench.session.GetPrinter().GetMachine().faults.paper_out);
 }
 
 TEST(FaultsOfThePrinter, ChangingItLeavesTheCommandsOwnErrorAlone) {
@@ -130,7 +130,7 @@ TEST(FaultsOfLines, APrintedLineSetsTheRuleOff) {
   Bench bench("renglón 5: sin_papel\nrenglón 8: callar");
   EXPECT_EQ(bench.All(40, {"R", "4"}), Plain(40, "R"));
   EXPECT_EQ(bench.All(41, {"R", "1"}), Frame(41, Body({"R", "C080", "0600"})));
-  SetControl(bench.session.printer(), *FindControl("sin_papel"), 0);
+  SetControl(bench.session.GetPrinter(), *FindControl("sin_papel"), 0);
   EXPECT_EQ(bench.All(42, {"R", "9"}), "");
   EXPECT_EQ(bench.All(43, {"R", "9"}), Plain(43, "R"));
 }
@@ -140,7 +140,7 @@ TEST(FaultsOfLines, EveryHundredthLineCountsOncePerCommand) {
   EXPECT_EQ(bench.All(40, {"R", "9"}), Plain(40, "R"));
   EXPECT_EQ(bench.All(41, {"R", "30"}), "");
   EXPECT_EQ(bench.All(42, {"Y"}).size(), 32U);
-  EXPECT_EQ(bench.session.faults().Rules().at(0).due, 1U);
+  EXPECT_EQ(bench.session.Faults().Rules().at(0).due, 1U);
 }
 
 }  // namespace

@@ -85,7 +85,7 @@ TEST(FaultRules, KnowWhatIsOpenWhenTheCommandArrives) {
     send({"I", "hola"});
     send({"J", "T"});
     EXPECT_EQ(marks, c.silent);
-    EXPECT_EQ(bench.session.printer().stage(), Stage::kIdle);
+    EXPECT_EQ(bench.session.GetPrinter().GetStage(), Stage::kIdle);
   }
 }
 
@@ -94,7 +94,7 @@ TEST(FaultRules, ChanceIsTheSameForTheSameSeed) {
   const auto run = [&rules](std::uint64_t seed) {
     prueba::StoppedClock clock;
     Session session({}, clock, {.seed = seed});
-    session.faults().Add(rules);
+    session.Faults().Add(rules);
     std::string all;
     Micros now{};
     for (unsigned i = 0; i < 60; ++i) {
@@ -127,11 +127,11 @@ TEST(FaultRules, CountHowOftenTheyWereDueAndActed) {
       "siempre con probabilidad 0 %: nak\n"
       "siempre hasta 4 veces: suma mala");
   SilentOnes(bench);
-  const auto rules = bench.session.faults().Rules();
+  const auto rules = bench.session.Faults().Rules();
   ASSERT_EQ(rules.size(), 5U);
   EXPECT_EQ(rules[0].id, 1U);
   EXPECT_EQ(rules[0].text, "cada 2 respuestas: callar");
-  EXPECT_EQ(bench.session.faults().Report(),
+  EXPECT_EQ(bench.session.Faults().Report(),
             "1. cada 2 respuestas: callar -> tocó 5 veces, actuó 5 veces\n"
             "2. siempre de Y: perder byte 200 -> tocó 5 veces, actuó 0 veces\n"
             "3. respuesta 3: demorar 1 s -> tocó 1 vez, actuó 1 vez\n"
@@ -144,11 +144,11 @@ TEST(FaultRules, CountHowOftenTheyWereDueAndActed) {
 
 TEST(FaultRules, ComeAndGoWhileThePrinterRuns) {
   Bench bench("siempre: callar");
-  FaultPlan& plan = bench.session.faults();
+  FaultPlan& plan = bench.session.Faults();
   EXPECT_EQ(SilentOnes(bench, 2), "xx");
   EXPECT_FALSE(plan.Remove(2));
   EXPECT_TRUE(plan.Remove(1));
-  EXPECT_TRUE(plan.empty());
+  EXPECT_TRUE(plan.Empty());
   EXPECT_EQ(plan.Report(), "");
   EXPECT_EQ(SilentOnes(bench, 2), "..");
   EXPECT_TRUE(plan.Add("respuesta 2: callar\nrespuesta 1: callar").empty());

@@ -81,7 +81,7 @@ TEST(FaultMistakes, SayTheLineWhatItReadsAndWhatWasExpected) {
     const auto mistakes = plan.Add(text);
     ASSERT_EQ(mistakes.size(), 1U);
     EXPECT_EQ(mistakes[0].Words(), words);
-    EXPECT_TRUE(plan.empty());
+    EXPECT_TRUE(plan.Empty());
   }
 }
 
@@ -91,7 +91,7 @@ TEST(FaultMistakes, AllAreToldAndNoneOfTheRulesIsAdded) {
   ASSERT_EQ(mistakes.size(), 2U);
   EXPECT_EQ(mistakes[0].line, 2U);
   EXPECT_EQ(mistakes[1].line, 4U);
-  EXPECT_TRUE(plan.empty());
+  EXPECT_TRUE(plan.Empty());
 }
 
 TEST(FaultReading, TakesFilesFromAnyEditor) {
@@ -131,7 +131,7 @@ TEST(FaultPage, IsTrue) {
     if (line.substr(0, 4) != "    ") continue;
     FaultPlan plan;
     EXPECT_TRUE(plan.Add(line).empty()) << line;
-    rules += plan.empty() ? 0U : 1U;
+    rules += plan.Empty() ? 0U : 1U;
   }
   EXPECT_GE(rules, 15U);
   for (const ActionRow& row : Actions()) {
@@ -208,7 +208,7 @@ TEST(FaultReading, SurvivesAnyText) {
       if (chance() % 8 != 0) text += ' ';
     }
     Bench bench(text);
-    if (bench.session.faults().empty()) continue;
+    if (bench.session.Faults().Empty()) continue;
     ++accepted;
     bench.Hear(40, {"Y"});
     bench.Hear(41, {"K"});
@@ -224,7 +224,7 @@ TEST(FaultReading, SurvivesAnyBytes) {
     FaultPlan plan;
     const auto mistakes = plan.Add(text);
     for (const FaultMistake& mistake : mistakes) EXPECT_FALSE(mistake.Words().empty());
-    EXPECT_TRUE(mistakes.empty() || plan.empty());
+    EXPECT_TRUE(mistakes.empty() || plan.Empty());
   }
 }
 

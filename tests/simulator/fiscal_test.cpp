@@ -159,9 +159,10 @@ TEST(Fiscal, ARefusedOpeningUsesUpNoNumber) {
 }
 
 TEST(Fiscal, NothingIsOpenedWithADamagedMemory) {
-  for (bool Faults::*const fault : {&Faults::fiscal_memory_check, &Faults::work_memory_check}) {
+  for (bool MachineFaults::*const fault :
+       {&MachineFaults::fiscal_memory_check, &MachineFaults::work_memory_check}) {
     Shop shop;
-    shop.printer.faults().*fault = true;
+    shop.printer.Faults().*fault = true;
     EXPECT_EQ(shop.OpenTicket().fiscal & 0xF020U, 0x8020U);
     EXPECT_EQ(shop.Send({"9", "Z", "P"}).fiscal & 0xF020U, 0x8020U);
     EXPECT_EQ(shop.Send({"9", "X", "P"}).fiscal & 0x0020U, 0U);

@@ -74,7 +74,7 @@ class Shop {
 
   std::string PaperText() {
     std::string text;
-    const std::size_t columns = printer.settings().columns();
+    const std::size_t columns = printer.GetSettings().PaperColumns();
     for (const PaperLine& line : printer.TakePaper()) text += AsText(line, columns) + "\n";
     return text;
   }

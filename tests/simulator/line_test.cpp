@@ -51,16 +51,16 @@ TEST(Line, ADamagedFrameIsRefusedAndNotCarriedOut) {
   std::string frame = Frame(40, "{");
   frame.back() = frame.back() == '0' ? '1' : '0';
   EXPECT_EQ(desk.Exchange(frame), std::string(1, kNak));
-  EXPECT_EQ(desk.printer.drawer_openings(), 0U);
+  EXPECT_EQ(desk.printer.DrawerOpenings(), 0U);
 }
 
 TEST(Line, TheSameFrameAgainRepeatsTheAnswerOnly) {
   Desk desk;
   const std::string answer = desk.Exchange(Frame(40, "{"));
   EXPECT_EQ(desk.Exchange(Frame(40, "{")), answer);
-  EXPECT_EQ(desk.printer.drawer_openings(), 1U);
+  EXPECT_EQ(desk.printer.DrawerOpenings(), 1U);
   desk.Exchange(Frame(41, "{"));
-  EXPECT_EQ(desk.printer.drawer_openings(), 2U);
+  EXPECT_EQ(desk.printer.DrawerOpenings(), 2U);
 }
 
 TEST(Line, AFrameIsASecondTryOnlyWhileTheHostMayStillWaitForItsAnswer) {
@@ -96,7 +96,7 @@ TEST(Line, AFrameIsASecondTryOnlyWhileTheHostMayStillWaitForItsAnswer) {
     desk.Exchange(Frame(40, "{"));
     c.between(desk);
     EXPECT_EQ(desk.Exchange(Frame(40, "{")), Frame(40, Body({"{", "0080", "0600"}))) << c.story;
-    EXPECT_EQ(desk.printer.drawer_openings(), c.openings) << c.story;
+    EXPECT_EQ(desk.printer.DrawerOpenings(), c.openings) << c.story;
   }
 }
 
@@ -106,7 +106,7 @@ TEST(Line, AQuestionIsAnsweredAsThingsAreNow) {
     Desk desk;
     desk.Exchange(Frame(39, question));
     const std::string before = desk.Exchange(Frame(40, question));
-    desk.printer.faults().low_battery = true;
+    desk.printer.Faults().low_battery = true;
     const std::string after = desk.Exchange(Frame(40, question));
     EXPECT_NE(after, before) << question;
   }
@@ -130,14 +130,14 @@ TEST(Line, AnotherCommandUnderTheSameNumberIsANewCommand) {
 
 TEST(Line, TheHostsConfirmationIsNoted) {
   Desk desk;
-  EXPECT_FALSE(desk.line.acknowledged());
+  EXPECT_FALSE(desk.line.Acknowledged());
   desk.Exchange(Frame(40, "K"));
-  EXPECT_FALSE(desk.line.acknowledged());
+  EXPECT_FALSE(desk.line.Acknowledged());
   desk.Exchange("\x06");
-  EXPECT_TRUE(desk.line.acknowledged());
+  EXPECT_TRUE(desk.line.Acknowledged());
   desk.Exchange(Frame(41, "K"));
-  EXPECT_FALSE(desk.line.acknowledged());
-  EXPECT_EQ(desk.line.acknowledgements(), 1U);
+  EXPECT_FALSE(desk.line.Acknowledged());
+  EXPECT_EQ(desk.line.Acknowledgements(), 1U);
 }
 
 TEST(Line, TwoFramesInOnePieceGetTwoAnswers) {

@@ -41,8 +41,8 @@ void Tell(int pipe, char series, const std::string& number) {
   const std::unique_ptr<Store> store = OpenMemory(path, {});
   shop.printer.UseMemory(*store);
   if ((shop.Send({"Y"}).fiscal & kDocumentOpen) != 0) {
-    const bool invoice = shop.printer.stage() != Stage::kTicketItems &&
-                         shop.printer.stage() != Stage::kTicketPayments;
+    const bool invoice = shop.printer.GetStage() != Stage::kTicketItems &&
+                         shop.printer.GetStage() != Stage::kTicketPayments;
     shop.Send({invoice ? "d" : "D", kEmpty, kEmpty, "C"});
   }
   while (true) {

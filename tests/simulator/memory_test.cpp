@@ -33,7 +33,7 @@ class ShopWithMemory : public Shop {
 };
 
 const Books& BooksOf(const Shop& shop) {
-  return shop.printer.machine();
+  return shop.printer.GetMachine();
 }
 
 std::string Query(const std::string& path, const std::string& sql) {
@@ -65,7 +65,7 @@ TEST(Memory, ANewFileBeginsWithThisPrinter) {
   EXPECT_EQ(Query(folder / "m.db", "SELECT valor FROM identidad WHERE clave = 'punto_venta'"), "1");
   settings.closings_left = 7;  // only counts for a new file
   ShopWithMemory again(folder / "m.db", settings);
-  EXPECT_EQ(again.printer.machine().closings_left, 40);
+  EXPECT_EQ(again.printer.GetMachine().closings_left, 40);
 }
 
 TEST(Memory, TheBooksAreThereTheNextDay) {
@@ -234,16 +234,16 @@ TEST(Memory, AnyStateComesBackAsItWas) {
       shop->PaperText();
       if (i % 50 != 0) continue;
       const Books before = BooksOf(*shop);
-      const std::vector<DailyClosing> closings = shop->printer.machine().closings;
+      const std::vector<DailyClosing> closings = shop->printer.GetMachine().closings;
       shop.reset();
       shop = std::make_unique<ShopWithMemory>(folder / "m.db", settings);
       ASSERT_EQ(BooksOf(*shop), AfterAPowerCut(before)) << i;
-      ASSERT_EQ(shop->printer.machine().closings.size(), closings.size()) << i;
+      ASSERT_EQ(shop->printer.GetMachine().closings.size(), closings.size()) << i;
       for (std::size_t z = 0; z < closings.size(); ++z) {
-        ASSERT_EQ(shop->printer.machine().closings[z].day, closings[z].day) << i;
+        ASSERT_EQ(shop->printer.GetMachine().closings[z].day, closings[z].day) << i;
       }
     }
-    EXPECT_GT(shop->printer.machine().finished, 0U);
+    EXPECT_GT(shop->printer.GetMachine().finished, 0U);
   }
 }
 

@@ -80,15 +80,15 @@ TEST_F(OptionsTest, TextsAndTheIssuerAsInTheHostsFile) {
   Options options;
   ASSERT_EQ(ParseOptions({"--ini", path}, options), "");
   EXPECT_EQ(options.settings.owner_iva, 'M');
-  EXPECT_EQ(options.settings.texts().description, 26);
-  EXPECT_EQ(options.settings.texts().fiscal_text, 25);
-  EXPECT_EQ(options.settings.texts().header, 40);
-  EXPECT_EQ(options.settings.texts().non_fiscal_text, 41);
-  EXPECT_EQ(options.settings.texts().customer, 42);
+  EXPECT_EQ(options.settings.Texts().description, 26);
+  EXPECT_EQ(options.settings.Texts().fiscal_text, 25);
+  EXPECT_EQ(options.settings.Texts().header, 40);
+  EXPECT_EQ(options.settings.Texts().non_fiscal_text, 41);
+  EXPECT_EQ(options.settings.Texts().customer, 42);
   ASSERT_EQ(ParseOptions({"--ini", path, "--familia=FC"}, options), "");
-  EXPECT_EQ(options.settings.texts().description, 50);
-  EXPECT_EQ(options.settings.texts().customer, 60);
-  EXPECT_EQ(options.settings.texts().header, 120);  // the file does not say
+  EXPECT_EQ(options.settings.Texts().description, 50);
+  EXPECT_EQ(options.settings.Texts().customer, 60);
+  EXPECT_EQ(options.settings.Texts().header, 120);  // the file does not say
 }
 
 TEST_F(OptionsTest, AFlagGoesBeforeTheFileWhereverItStands) {

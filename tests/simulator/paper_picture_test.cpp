@@ -177,7 +177,7 @@ std::uint32_t BigEndian(std::string_view bytes) {
 
 TEST(Picture, PngIsAPictureOfThatSize) {
   PngMaker maker("");
-  if (!maker.ready()) GTEST_SKIP() << maker.complaint();
+  if (!maker.Ready()) GTEST_SKIP() << maker.Complaint();
   const Drawing drawing = Draw(TicketPaper(), 40, "");
   const std::string png = maker.Make(drawing);
   ASSERT_GT(png.size(), 1000U);
@@ -191,9 +191,9 @@ TEST(Picture, PngIsAPictureOfThatSize) {
 
 TEST(Picture, AFontThatCannotBeUsedIsTold) {
   PngMaker missing("no-hay.ttf");
-  EXPECT_FALSE(missing.ready());
+  EXPECT_FALSE(missing.Ready());
   EXPECT_EQ(missing.Make(Draw({}, 40, "")), "");
-  EXPECT_NE(missing.complaint().find("no se hacen PNG, solo SVG"), std::string::npos);
+  EXPECT_NE(missing.Complaint().find("no se hacen PNG, solo SVG"), std::string::npos);
 }
 
 struct NameRow {
@@ -253,7 +253,7 @@ TEST_F(PaperFolderTest, EachDocumentLeavesItsFiles) {
   EXPECT_TRUE(files.contains("0002-sin-cerrar.svg"));
   EXPECT_EQ(ReadAll(folder_ / "0001-tique-B-00000001.txt"), text);
   EXPECT_EQ(ReadAll(folder_ / "0002-sin-cerrar.txt"), "a medias\n");
-  EXPECT_EQ(files.contains("0001-tique-B-00000001.png"), PngMaker("").ready());
+  EXPECT_EQ(files.contains("0001-tique-B-00000001.png"), PngMaker("").Ready());
 }
 
 TEST_F(PaperFolderTest, NothingIsWrittenOver) {

@@ -28,7 +28,7 @@ TEST(Paper, TextIsSetWithinItsColumns) {
   paper.HostText("  \xF1 ");
   paper.HostText("a         ");
   std::vector<std::string> lines;
-  for (const PaperLine& line : paper.Take()) lines.push_back(AsText(line, paper.columns()));
+  for (const PaperLine& line : paper.Take()) lines.push_back(AsText(line, paper.Width()));
   EXPECT_EQ(lines,
             (std::vector<std::string>{"0123456789", "abc", "   año", "descripció", "n     1,00",
                                       "12345 1,00", "descripció", "n más larg", "a     1,00",

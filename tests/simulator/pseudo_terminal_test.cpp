@@ -38,11 +38,11 @@ TEST_F(PseudoTerminalTest, BytesGoBothWaysAndTheLineOutlivesAVisit) {
   far_.Start(terminal);
   for (const std::string expected : {"a", "aa"}) {
     const Descriptor host = Open();
-    ASSERT_EQ(write(host.get(), "a", 1), 1);
+    ASSERT_EQ(write(host.Get(), "a", 1), 1);
     ASSERT_TRUE(far_.UntilArrived(expected));
     terminal.Write("b");
     char byte = 0;
-    ASSERT_EQ(read(host.get(), &byte, 1), 1);
+    ASSERT_EQ(read(host.Get(), &byte, 1), 1);
     EXPECT_EQ(byte, 'b');
   }
 }
@@ -51,15 +51,15 @@ TEST_F(PseudoTerminalTest, AnUnpluggedHostFindsItsPortDeadAndTheNextFindsANewOne
   PseudoTerminal terminal(loop_, link());
   far_.Start(terminal);
   const Descriptor host = Open();
-  const std::string before = terminal.port();
+  const std::string before = terminal.Port();
   terminal.HangUp();
   EXPECT_EQ(far_.hosts, 1);
-  EXPECT_NE(terminal.port(), before);
-  pollfd wait{host.get(), POLLIN, 0};
+  EXPECT_NE(terminal.Port(), before);
+  pollfd wait{host.Get(), POLLIN, 0};
   ASSERT_EQ(poll(&wait, 1, 20'000), 1);
   EXPECT_NE(wait.revents & POLLHUP, 0);
   const Descriptor next = Open();
-  ASSERT_EQ(write(next.get(), "c", 1), 1);
+  ASSERT_EQ(write(next.Get(), "c", 1), 1);
   EXPECT_TRUE(far_.UntilArrived("c"));
 }
 
@@ -69,7 +69,7 @@ TEST_F(PseudoTerminalTest, TheLinkStaysAcrossUnpluggingAndGoesWithTheTerminal) {
     far_.Start(terminal);
     for (int times = 0; times < 3; ++times) {
       terminal.HangUp();
-      EXPECT_EQ(fs::read_symlink(link()), terminal.port());
+      EXPECT_EQ(fs::read_symlink(link()), terminal.Port());
     }
   }
   EXPECT_FALSE(fs::exists(fs::symlink_status(link())));

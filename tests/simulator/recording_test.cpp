@@ -84,10 +84,10 @@ TEST(Player, GivesTheRecordedAnswersAtTheirTimes) {
   EXPECT_EQ(replay.Send(40, {"@", "C"}), answers[0]);
   EXPECT_EQ(replay.now, 1200 * kMillisecond);
   EXPECT_EQ(replay.Send(41, {"C", "N"}), answers[1]);
-  EXPECT_FALSE(replay.player.finished());
+  EXPECT_FALSE(replay.player.Finished());
   EXPECT_EQ(replay.Send(42, {"Y"}), answers[2]);
   EXPECT_EQ(replay.now, 3600 * kMillisecond);
-  EXPECT_TRUE(replay.player.finished());
+  EXPECT_TRUE(replay.player.Finished());
   EXPECT_TRUE(replay.told.empty());
 }
 
@@ -110,7 +110,7 @@ TEST(Player, NamesTheFieldsThatDiffer) {
             (std::vector<std::string>{
                 "intercambio 2 (B Ítem de tique): cantidad: grabado '1000', llegó '2000'",
                 "intercambio 2 (B Ítem de tique): cantidad de campos: grabado '8', llegó '7'"}));
-  EXPECT_EQ(replay.player.strayed(), 2U);
+  EXPECT_EQ(replay.player.Strayed(), 2U);
 }
 
 TEST(Player, ACommandOutOfTurnGetsTheAnswerOfItsKind) {
@@ -137,7 +137,7 @@ TEST(Player, FollowsAHostThatLeavesSomethingOut) {
   replay.Send(42, {"K"});
   EXPECT_EQ(replay.told.size(), 1U);
   EXPECT_NE(replay.Send(43, {"Y"}), "");
-  EXPECT_TRUE(replay.player.finished());
+  EXPECT_TRUE(replay.player.Finished());
 }
 
 TEST(Player, ARepeatedFrameGetsTheSameAnswerAgain) {
@@ -161,7 +161,7 @@ TEST(Player, RecordedRepetitionsDoNotHoldUpTheHost) {
   replay.Send(40, {"@", "C"});
   replay.Send(41, {"C", "N"});
   EXPECT_TRUE(replay.told.empty());
-  EXPECT_TRUE(replay.player.finished());
+  EXPECT_TRUE(replay.player.Finished());
 }
 
 TEST(Player, OnlySoundAnswersGetANewChecksum) {
@@ -204,7 +204,7 @@ TEST(Compare, NamesTheFirstDifference) {
        "intercambio 1 (@ Abrir tique): comando: A '@ Abrir tique', B 'H Abrir no fiscal'"},
       {"another answer",
        [](Booth& b) {
-         b.session.printer().faults().low_battery = true;
+         b.session.GetPrinter().Faults().low_battery = true;
          b.Send(40, {"@", "C"});
        },
        "intercambio 1 (@ Abrir tique): palabra fiscal: A '1600', B '9604'"},

@@ -20,21 +20,21 @@ class SerialDeviceTest : public testing::Test {
  protected:
   void SetUp() override {
     host_ = Descriptor(posix_openpt(O_RDWR | O_NOCTTY));
-    ASSERT_EQ(grantpt(host_.get()), 0);
-    ASSERT_EQ(unlockpt(host_.get()), 0);
-    device_.emplace(loop_, ptsname(host_.get()), 19200);
+    ASSERT_EQ(grantpt(host_.Get()), 0);
+    ASSERT_EQ(unlockpt(host_.Get()), 0);
+    device_.emplace(loop_, ptsname(host_.Get()), 19200);
     far_.Start(*device_);
   }
 
   void Send(std::string_view bytes) const {
-    ASSERT_EQ(write(host_.get(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    ASSERT_EQ(write(host_.Get(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
   }
   std::string Read(std::size_t count) const {
     std::string bytes;
     far_.Until([&] {
-      pollfd wait{host_.get(), POLLIN, 0};
+      pollfd wait{host_.Get(), POLLIN, 0};
       char byte = 0;
-      while (bytes.size() < count && poll(&wait, 1, 0) > 0 && read(host_.get(), &byte, 1) == 1) {
+      while (bytes.size() < count && poll(&wait, 1, 0) > 0 && read(host_.Get(), &byte, 1) == 1) {
         bytes += byte;
       }
       return bytes.size() >= count;
@@ -50,7 +50,7 @@ class SerialDeviceTest : public testing::Test {
 
 TEST_F(SerialDeviceTest, IsOpenedRawWithEightBitsAtItsSpeed) {
   termios mode{};
-  ASSERT_EQ(tcgetattr(host_.get(), &mode), 0);
+  ASSERT_EQ(tcgetattr(host_.Get(), &mode), 0);
   EXPECT_EQ(cfgetispeed(&mode), speed_t{B19200});
   EXPECT_EQ(mode.c_cflag & tcflag_t{CSIZE}, tcflag_t{CS8});
   EXPECT_EQ(mode.c_cflag & tcflag_t{PARENB | CSTOPB | CRTSCTS}, 0U);

@@ -121,7 +121,7 @@ TEST(Session, AnExchangeSaysWhatBecameOfTheCommand) {
   for (const KindCase& c : cases) {
     SCOPED_TRACE(c.rule);
     Booth booth;
-    booth.session.faults().Add(c.rule);
+    booth.session.Faults().Add(c.rule);
     Diary diary;
     booth.session.Attach(diary);
     prueba::Ask(booth.session, c.frame, booth.now);
@@ -142,7 +142,7 @@ TEST(Session, AnotherHostHearsNothingOfTheFormerOnes) {
   booth.session.Receive(Frame(40, "{") + Frame(41, "K").substr(0, 5), booth.now);
   EXPECT_EQ(booth.session.Advance(booth.now).bytes, "");
   booth.session.NewHost();
-  EXPECT_EQ(booth.session.printer().drawer_openings(), 1U);
+  EXPECT_EQ(booth.session.GetPrinter().DrawerOpenings(), 1U);
   EXPECT_EQ(booth.session.Advance(booth.now + hours(1)).bytes, "");
   booth.now += hours(1);
   EXPECT_EQ(booth.Send(42, {"Y"}),
@@ -155,7 +155,7 @@ TEST(Session, AnotherHostsFirstCommandIsItsOwnWhateverItsNumber) {
     booth.session.Receive(Frame(40, "{"), booth.now);
     booth.session.Advance(booth.now);
     booth.session.NewHost();
-    EXPECT_EQ(booth.session.printer().drawer_openings(), openings);
+    EXPECT_EQ(booth.session.GetPrinter().DrawerOpenings(), openings);
   }
 }
 
@@ -200,7 +200,7 @@ TEST(Session, PowerGoesAndComesByHand) {
   booth.Send(40, {"@", "C"});
   booth.session.Attach(diary);
   booth.session.PowerCycle();
-  EXPECT_EQ(booth.session.printer().stage(), Stage::kTicketItems);
+  EXPECT_EQ(booth.session.GetPrinter().GetStage(), Stage::kTicketItems);
   booth.session.Tell();
   EXPECT_EQ(diary.text, "| ");
   EXPECT_EQ(booth.Send(41, {"Y"}), Frame(41, Body({"Y", "0080", "1600", "261121", "103000"})));
@@ -210,7 +210,7 @@ TEST(Session, WhoeverChangesThePrinterByHandLetsTheOthersKnow) {
   Booth booth;
   Diary diary;
   booth.session.Attach(diary);
-  booth.session.printer().faults().offline = true;
+  booth.session.GetPrinter().Faults().offline = true;
   booth.session.Touched();
   EXPECT_EQ(booth.session.NextDue(), Micros{});
   booth.session.Advance(booth.now);
@@ -235,7 +235,7 @@ class FullDisk : public Store {
 TEST(Session, NothingIsAnsweredThatCouldNotBeKept) {
   Booth booth;
   FullDisk disk;
-  booth.session.printer().UseMemory(disk);
+  booth.session.GetPrinter().UseMemory(disk);
   disk.full = true;
   booth.session.Receive(Frame(40, "K"), booth.now);
   EXPECT_THROW(booth.session.Advance(booth.now), MemoryFailure);

@@ -19,7 +19,7 @@ class TcpServerTest : public testing::Test {
 
   tcp::socket Connect() {
     tcp::socket host(loop_);
-    const std::string port = server_->port();
+    const std::string port = server_->Port();
     const auto number = std::stoi(port.substr(port.rfind(':') + 1));
     host.connect({asio::ip::address_v4::loopback(), static_cast<std::uint16_t>(number)});
     return host;
@@ -39,8 +39,8 @@ class TcpServerTest : public testing::Test {
 };
 
 TEST_F(TcpServerTest, SaysWhereItIs) {
-  EXPECT_EQ(server_->port().substr(0, 14), "tcp:127.0.0.1:");
-  EXPECT_NE(server_->port(), "tcp:127.0.0.1:0");
+  EXPECT_EQ(server_->Port().substr(0, 14), "tcp:127.0.0.1:");
+  EXPECT_NE(server_->Port(), "tcp:127.0.0.1:0");
 }
 
 TEST_F(TcpServerTest, BytesGoBothWays) {
@@ -108,7 +108,7 @@ TEST_F(TcpServerTest, HangingUpIsSeenByTheHostAndTheNextIsWelcome) {
 
 TEST_F(TcpServerTest, APortThatIsTakenIsNotHad) {
   TcpAddress taken;
-  ASSERT_TRUE(ReadTcpAddress(server_->port().substr(4), taken));
+  ASSERT_TRUE(ReadTcpAddress(server_->Port().substr(4), taken));
   EXPECT_THROW(TcpServer(loop_, taken), std::system_error);
 }
 

@@ -21,7 +21,7 @@ class Descriptor {
     if (fd_ >= 0) ::close(fd_);
   }
 
-  int get() const { return fd_; }
+  int Get() const { return fd_; }
 
  private:
   int fd_;

@@ -14,7 +14,7 @@ class PortLink {
   PortLink& operator=(const PortLink&) = delete;
   ~PortLink();
 
-  const std::string& target() const { return target_; }
+  const std::string& Target() const { return target_; }
 
  private:
   std::string path_;

@@ -44,14 +44,14 @@ void PseudoTerminal::Plug() {
   if (name == nullptr) Fail("ptsname");
   path_ = name;
   host_side_ = Descriptor(open(name, O_RDWR | O_NOCTTY | O_CLOEXEC));
-  if (host_side_.get() < 0) Fail(name);
-  MakeRaw(host_side_.get());
+  if (host_side_.Get() < 0) Fail(name);
+  MakeRaw(host_side_.Get());
   Link();
 }
 
 // A terminal plugged in anew may have its old name.
 void PseudoTerminal::Link() {
-  if (link_path_.empty() || (link_ && link_->target() == path_)) return;
+  if (link_path_.empty() || (link_ && link_->Target() == path_)) return;
   link_ = std::make_unique<PortLink>(link_path_, path_);
 }
 
@@ -120,7 +120,7 @@ void PseudoTerminal::AwaitQuiet() {
     if (error) return;
     if (Clock::now() < *quiet_at_) return AwaitQuiet();
     quiet_at_.reset();
-    ioctl(host_side_.get(), TIOCNXCL);
+    ioctl(host_side_.Get(), TIOCNXCL);
   });
 }
 

@@ -14,7 +14,7 @@
 
 namespace impresora {
 
-// A serial cable made by the system: hosts open port(), the printer reads and writes the other end.
+// A serial cable made by the system: hosts open Port(), the printer reads and writes the other end.
 // The host's side is held open here too, so that the line stays up between one exchange of a host
 // and the next.
 class PseudoTerminal : public Endpoint {
@@ -23,7 +23,7 @@ class PseudoTerminal : public Endpoint {
   // system has no terminal to give or the link cannot be had.
   PseudoTerminal(asio::io_context& loop, std::string link);
 
-  std::string port() const override { return path_; }
+  std::string Port() const override { return path_; }
   void Start(LineEvents events) override;
   void Write(std::string_view bytes) override;
   void HangUp() override;

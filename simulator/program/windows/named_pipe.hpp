@@ -17,7 +17,7 @@ class NamedPipe : public Endpoint {
   // of that name.
   NamedPipe(asio::io_context& loop, const std::string& name);
 
-  std::string port() const override { return path_; }
+  std::string Port() const override { return path_; }
   void Start(LineEvents events) override;
   void Write(std::string_view bytes) override;
   void HangUp() override;
