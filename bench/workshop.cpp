@@ -114,17 +114,17 @@ void WriteSettings(const std::string& device) {
   if (!file.flush()) throw std::runtime_error("Fiscal.ini could not be written");
 }
 
-std::int32_t Decline(void* /*contexto*/, const char* texto, const char* /*titulo*/,
-                     std::int32_t estilo) {
+std::int32_t Decline(void* /*context*/, const char* text, const char* /*title*/,
+                     std::int32_t style) {
   constexpr std::int32_t kOk = 1;
   constexpr std::int32_t kNo = 7;
-  std::fprintf(stderr, "The library says: %s\n", texto);
-  return estilo == 0 ? kOk : kNo;
+  std::fprintf(stderr, "The library says: %s\n", text);
+  return style == 0 ? kOk : kNo;
 }
 
-std::int32_t CloseReport(void* /*contexto*/, const char* impresora, const char* fiscal,
-                         const KestraFila* /*filas*/, std::int32_t /*cantidad*/) {
-  std::fprintf(stderr, "The library reports the states %s and %s\n", impresora, fiscal);
+std::int32_t CloseReport(void* /*context*/, const char* printer, const char* fiscal,
+                         const KestraFila* /*rows*/, std::int32_t /*count*/) {
+  std::fprintf(stderr, "The library reports the states %s and %s\n", printer, fiscal);
   return 0;
 }
 

@@ -6,19 +6,19 @@
 
 namespace kestra {
 
-std::int32_t CambiarFechaHora(Biblioteca& k, const char* fecha, const char* hora) {
-  const auto dia = LeerCadena(fecha, 6);
-  const auto momento = LeerCadena(hora, 6);
-  return Operar(k, Llamada("EP_CambiarFechaHora", {dia, momento}),
-                " - Comando : EP_CambiarFechaHora", Comando('X').Campo(dia).Campo(momento));
+std::int32_t CambiarFechaHora(Library& library, const char* date, const char* time) {
+  const auto day = LeerCadena(date, 6);
+  const auto moment = LeerCadena(time, 6);
+  return Operate(library, Call("EP_CambiarFechaHora", {day, moment}),
+                 " - Comando : EP_CambiarFechaHora", Command('X').Field(day).Field(moment));
 }
 
-std::int32_t ObtenerFechaHora(Biblioteca& k, char* resultado) {
-  if (!Confirmar(k, "EP_ObtenerFechaHora()")) return kFracaso;
-  EscribirLog(k, " - Comando : EP_ObtenerFechaHora");
-  const auto exito = Mandar(k, Comando('Y'));
-  DevolverCadena(resultado, k.estado.Respuesta[0] + k.estado.Respuesta[1], 12);
-  return exito;
+std::int32_t ObtenerFechaHora(Library& library, char* result) {
+  if (!Confirm(library, "EP_ObtenerFechaHora()")) return kFailure;
+  EscribirLog(library, " - Comando : EP_ObtenerFechaHora");
+  const auto verdict = Send(library, Command('Y'));
+  DevolverCadena(result, library.state.Respuesta[0] + library.state.Respuesta[1], 12);
+  return verdict;
 }
 
 }  // namespace kestra

@@ -6,7 +6,7 @@
 
 namespace kestra {
 
-std::int32_t CambiarFechaHora(Biblioteca& k, const char* fecha, const char* hora);
-std::int32_t ObtenerFechaHora(Biblioteca& k, char* resultado);
+std::int32_t CambiarFechaHora(Library& library, const char* date, const char* time);
+std::int32_t ObtenerFechaHora(Library& library, char* result);
 
 }  // namespace kestra

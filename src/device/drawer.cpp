@@ -6,11 +6,11 @@
 
 namespace kestra {
 
-std::int32_t AbrirCajonDeDinero(Biblioteca& k, std::int32_t cajon) {
-  const auto llamada = Llamada("EP_AbrirCajonDeDinero", {std::to_string(cajon)});
-  if (!Confirmar(k, llamada)) return kFracaso;
+std::int32_t AbrirCajonDeDinero(Library& library, std::int32_t drawer) {
+  const auto call = Call("EP_AbrirCajonDeDinero", {std::to_string(drawer)});
+  if (!Confirm(library, call)) return kFailure;
   // Kept as is: both drawers open by the same command, and there is no log line.
-  return cajon == 1 || cajon == 2 ? Mandar(k, Comando('{')) : kFracaso;
+  return drawer == 1 || drawer == 2 ? Send(library, Command('{')) : kFailure;
 }
 
 }  // namespace kestra

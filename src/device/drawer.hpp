@@ -6,6 +6,6 @@
 
 namespace kestra {
 
-std::int32_t AbrirCajonDeDinero(Biblioteca& k, std::int32_t cajon);
+std::int32_t AbrirCajonDeDinero(Library& library, std::int32_t drawer);
 
 }  // namespace kestra

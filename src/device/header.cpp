@@ -10,28 +10,28 @@
 namespace kestra {
 namespace {
 
-constexpr std::int32_t kLargoEncabezado = 120;
+constexpr std::int32_t kHeaderLength = 120;
 // Before a text: double width.
-constexpr char kDobleAncho = '\xF4';
+constexpr char kDoubleWidth = '\xF4';
 
 }  // namespace
 
-std::int32_t SetEncabezado(Biblioteca& k, const char* texto, std::int32_t linea,
-                           std::int32_t atributo) {
-  const auto& estado = k.estado;
-  const auto largo = LargoSegunFamilia(estado, estado.LonEncabezadoT, estado.LonEncabezadoF);
-  auto campo = Limpiar(estado, CampoTexto(k, LeerCadena(texto, kLargoEncabezado), largo));
-  if (atributo == 1) campo = kDobleAncho + std::string(Recortar(campo));
-  return Operar(k, Llamada("EP_SetEncabezado", {campo, std::to_string(linea)}),
-                " - Comando : EP_SetEncabezado", Comando(']').Campo(linea).Campo(campo));
+std::int32_t SetEncabezado(Library& library, const char* text, std::int32_t line,
+                           std::int32_t attribute) {
+  const auto& state = library.state;
+  const auto length = LengthForFamily(state, state.LonEncabezadoT, state.LonEncabezadoF);
+  auto field = Clean(state, TextField(library, LeerCadena(text, kHeaderLength), length));
+  if (attribute == 1) field = kDoubleWidth + std::string(TrimBlanks(field));
+  return Operate(library, Call("EP_SetEncabezado", {field, std::to_string(line)}),
+                 " - Comando : EP_SetEncabezado", Command(']').Field(line).Field(field));
 }
 
-std::int32_t GetEncabezado(Biblioteca& k, char* resultado, std::int32_t linea) {
-  if (!Confirmar(k, Llamada("EP_GetEncabezado", {std::to_string(linea)}))) return kFracaso;
-  EscribirLog(k, " - Comando : EP_GetEncabezado");
-  const auto exito = Mandar(k, Comando('^').Campo(linea));
-  DevolverCadena(resultado, Fijar(k.estado.Respuesta[1], kLargoEncabezado), kLargoEncabezado);
-  return exito;
+std::int32_t GetEncabezado(Library& library, char* result, std::int32_t line) {
+  if (!Confirm(library, Call("EP_GetEncabezado", {std::to_string(line)}))) return kFailure;
+  EscribirLog(library, " - Comando : EP_GetEncabezado");
+  const auto verdict = Send(library, Command('^').Field(line));
+  DevolverCadena(result, FixedWidth(library.state.Respuesta[1], kHeaderLength), kHeaderLength);
+  return verdict;
 }
 
 }  // namespace kestra

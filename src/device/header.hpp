@@ -6,8 +6,8 @@
 
 namespace kestra {
 
-std::int32_t SetEncabezado(Biblioteca& k, const char* texto, std::int32_t linea,
-                           std::int32_t atributo);
-std::int32_t GetEncabezado(Biblioteca& k, char* resultado, std::int32_t linea);
+std::int32_t SetEncabezado(Library& library, const char* text, std::int32_t line,
+                           std::int32_t attribute);
+std::int32_t GetEncabezado(Library& library, char* result, std::int32_t line);
 
 }  // namespace kestra

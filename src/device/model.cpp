@@ -11,33 +11,33 @@
 namespace kestra {
 namespace {
 
-constexpr std::int32_t kLargoValores = 64;
-constexpr std::int32_t kLargoModelo = 14;
-constexpr std::size_t kCamposDelModelo = 11;
+constexpr std::int32_t kValuesLength = 64;
+constexpr std::int32_t kModelLength = 14;
+constexpr std::size_t kModelFields = 11;
 
-Comando ConsultaDeModelo() {
-  return Comando('*').Campo("P");
+Command ModelQuery() {
+  return Command('*').Field("P");
 }
 
 }  // namespace
 
-std::int32_t ValoresModelo(Biblioteca& k, char* resultado) {
-  if (!ObtenerEstado(k)) return kFracaso;
-  const auto exito = Mandar(k, ConsultaDeModelo());
-  SepararRespuesta(k);
-  std::string valores;
-  for (std::size_t i = 0; i < kCamposDelModelo; ++i) valores += k.estado.Respuesta[i];
-  DevolverCadena(resultado, Fijar(valores, kLargoValores), kLargoValores);
-  return exito;
+std::int32_t ValoresModelo(Library& library, char* result) {
+  if (!ObtenerEstado(library)) return kFailure;
+  const auto verdict = Send(library, ModelQuery());
+  SepararRespuesta(library);
+  std::string values;
+  for (std::size_t i = 0; i < kModelFields; ++i) values += library.state.Respuesta[i];
+  DevolverCadena(result, FixedWidth(values, kValuesLength), kValuesLength);
+  return verdict;
 }
 
-std::int32_t AutodetectarModelo(Biblioteca& k, char* resultado) {
-  if (!Confirmar(k, "AutodetectarModelo()")) return kFracaso;
-  EscribirLog(k, " - Comando : EP_AutodetectarModelo()");
-  const auto exito = Mandar(k, ConsultaDeModelo());
-  DevolverCadena(resultado, Fijar(k.estado.Respuesta[kCamposDelModelo - 1], kLargoModelo),
-                 kLargoModelo);
-  return exito;
+std::int32_t AutodetectarModelo(Library& library, char* result) {
+  if (!Confirm(library, "AutodetectarModelo()")) return kFailure;
+  EscribirLog(library, " - Comando : EP_AutodetectarModelo()");
+  const auto verdict = Send(library, ModelQuery());
+  DevolverCadena(result, FixedWidth(library.state.Respuesta[kModelFields - 1], kModelLength),
+                 kModelLength);
+  return verdict;
 }
 
 }  // namespace kestra

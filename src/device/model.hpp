@@ -6,7 +6,7 @@
 
 namespace kestra {
 
-std::int32_t ValoresModelo(Biblioteca& k, char* resultado);
-std::int32_t AutodetectarModelo(Biblioteca& k, char* resultado);
+std::int32_t ValoresModelo(Library& library, char* result);
+std::int32_t AutodetectarModelo(Library& library, char* result);
 
 }  // namespace kestra

@@ -6,6 +6,6 @@
 
 namespace kestra {
 
-std::int32_t Numeracion(Biblioteca& k, char* resultado);
+std::int32_t Numeracion(Library& library, char* result);
 
 }  // namespace kestra

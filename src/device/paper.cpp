@@ -4,12 +4,13 @@
 
 namespace kestra {
 
-std::int32_t CortaPapel(Biblioteca& k) {
-  return Operar(k, "EP_CortaPapel()", " - Comando : EP_CortaPapel()", Comando('K'));
+std::int32_t CortaPapel(Library& library) {
+  return Operate(library, "EP_CortaPapel()", " - Comando : EP_CortaPapel()", Command('K'));
 }
 
-std::int32_t AvanzaPapel(Biblioteca& k, std::int16_t lineas) {
-  return Operar(k, "EP_AvanzaPapel()", " - Comando : EP_AvanzaPapel()", Comando('R').Campo(lineas));
+std::int32_t AvanzaPapel(Library& library, std::int16_t lines) {
+  return Operate(library, "EP_AvanzaPapel()", " - Comando : EP_AvanzaPapel()",
+                 Command('R').Field(lines));
 }
 
 }  // namespace kestra

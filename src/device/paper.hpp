@@ -6,7 +6,7 @@
 
 namespace kestra {
 
-std::int32_t CortaPapel(Biblioteca& k);
-std::int32_t AvanzaPapel(Biblioteca& k, std::int16_t lineas);
+std::int32_t CortaPapel(Library& library);
+std::int32_t AvanzaPapel(Library& library, std::int16_t lines);
 
 }  // namespace kestra

@@ -9,43 +9,44 @@
 namespace kestra {
 namespace {
 
-Comando ReporteDiario(std::string_view letra) {
-  return Comando('9').Campo(letra).Campo("P");
+Command DailyReport(std::string_view letter) {
+  return Command('9').Field(letter).Field("P");
 }
 
 }  // namespace
 
-std::int32_t ReporteX(Biblioteca& k) {
-  return Operar(k, "EP_ReporteX()", " - Comando : EP_ReporteX()", ReporteDiario("X"));
+std::int32_t ReporteX(Library& library) {
+  return Operate(library, "EP_ReporteX()", " - Comando : EP_ReporteX()", DailyReport("X"));
 }
 
-std::int32_t ReporteZ(Biblioteca& k) {
-  const auto resultado =
-      Operar(k, "EP_ReporteZ()", " - Comando : EP_ReporteZ()", ReporteDiario("Z"));
+std::int32_t ReporteZ(Library& library) {
+  const auto result =
+      Operate(library, "EP_ReporteZ()", " - Comando : EP_ReporteZ()", DailyReport("Z"));
   // Judged by the last answer, whether or not this report was sent.
-  if (k.estado.BitFiscal[kMemoriaCasiLlena] != kFalso) k.platform.GetOperator().MemoryFull();
-  return resultado;
+  if (library.state.BitFiscal[kMemoryNearlyFull] != kFalse)
+    library.platform.GetOperator().MemoryFull();
+  return result;
 }
 
-std::int32_t ReporteZporNumeros(Biblioteca& k, std::int32_t primero, std::int32_t ultimo,
-                                std::int32_t tercero) {
-  const auto desde = std::to_string(primero);
-  const auto hasta = std::to_string(ultimo);
-  return Operar(k, Llamada("EP_ReporteZporNumeros", {desde, hasta, std::to_string(tercero)}),
-                // Kept as is: "Ep_", which readers of old logs look for.
-                " - Comando : " + Llamada("Ep_ReporteZporNumeros", {desde, hasta}),
-                Comando(';').Campo(desde).Campo(hasta).Campo("D"));
+std::int32_t ReporteZporNumeros(Library& library, std::int32_t first, std::int32_t last,
+                                std::int32_t third) {
+  const auto from = std::to_string(first);
+  const auto to = std::to_string(last);
+  return Operate(library, Call("EP_ReporteZporNumeros", {from, to, std::to_string(third)}),
+                 // Kept as is: "Ep_", which readers of old logs look for.
+                 " - Comando : " + Call("Ep_ReporteZporNumeros", {from, to}),
+                 Command(';').Field(from).Field(to).Field("D"));
 }
 
-std::int32_t ReporteZporFechas(Biblioteca& k, const char* desde, const char* hasta,
-                               std::int32_t tercero) {
-  const auto primera = LeerCadena(desde, 6);
-  const auto ultima = LeerCadena(hasta, 6);
-  Operar(k, Llamada("EP_ReporteZporFechas", {primera, ultima, std::to_string(tercero)}),
-         " - Comando : " + Llamada("EP_ReporteZporFechas", {primera}),
-         Comando(':').Campo(primera).Campo(ultima).Campo("D"));
+std::int32_t ReporteZporFechas(Library& library, const char* from, const char* to,
+                               std::int32_t third) {
+  const auto first = LeerCadena(from, 6);
+  const auto last = LeerCadena(to, 6);
+  Operate(library, Call("EP_ReporteZporFechas", {first, last, std::to_string(third)}),
+          " - Comando : " + Call("EP_ReporteZporFechas", {first}),
+          Command(':').Field(first).Field(last).Field("D"));
   // Kept as is: the result is the listing's verdict on the last answer, asked or not.
-  return ListarRespuestas(k) ? kExito : kFracaso;
+  return ListarRespuestas(library) ? kSuccess : kFailure;
 }
 
 }  // namespace kestra

@@ -6,11 +6,11 @@
 
 namespace kestra {
 
-std::int32_t ReporteX(Biblioteca& k);
-std::int32_t ReporteZ(Biblioteca& k);
-std::int32_t ReporteZporNumeros(Biblioteca& k, std::int32_t primero, std::int32_t ultimo,
-                                std::int32_t tercero);
-std::int32_t ReporteZporFechas(Biblioteca& k, const char* desde, const char* hasta,
-                               std::int32_t tercero);
+std::int32_t ReporteX(Library& library);
+std::int32_t ReporteZ(Library& library);
+std::int32_t ReporteZporNumeros(Library& library, std::int32_t first, std::int32_t last,
+                                std::int32_t third);
+std::int32_t ReporteZporFechas(Library& library, const char* from, const char* to,
+                               std::int32_t third);
 
 }  // namespace kestra

@@ -17,15 +17,15 @@ namespace {
 // Rows for C, with the texts that they point to.
 class Rows {
  public:
-  explicit Rows(const std::vector<Fila>& filas) {
-    texts_.reserve(2 * filas.size());  // the rows point into it
-    for (const Fila& fila : filas) {
-      rows_.push_back({.grupo = fila.grupo,
-                       .numero = fila.numero,
-                       .clase = fila.error ? 1 : 0,
-                       .encendida = fila.encendida ? 1 : 0,
-                       .texto = Keep(fila.texto),
-                       .ayuda = Keep(fila.ayuda)});
+  explicit Rows(const std::vector<StatusRow>& rows) {
+    texts_.reserve(2 * rows.size());  // the rows point into it
+    for (const StatusRow& row : rows) {
+      rows_.push_back({.grupo = row.group,
+                       .numero = row.number,
+                       .clase = row.error ? 1 : 0,
+                       .encendida = row.lit ? 1 : 0,
+                       .texto = Keep(row.text),
+                       .ayuda = Keep(row.hint)});
     }
   }
 
@@ -66,13 +66,13 @@ std::int32_t HostOperator::Message(std::string_view text, std::string_view title
   return answer == kAnswerYes ? kAnswerYes : kAnswerNo;
 }
 
-bool HostOperator::StatusReport(const InformeEstados& informe) {
+bool HostOperator::StatusReport(const Report& report) {
   const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
   const KestraOperador host = record_;
-  if (host.informe_estados == nullptr) return fallback_.StatusReport(informe);
-  const Rows rows(informe.filas);
-  return host.informe_estados(host.contexto, ShownText(informe.impresora).c_str(),
-                              ShownText(informe.fiscal).c_str(), rows.Data(), rows.Count()) != 0;
+  if (host.informe_estados == nullptr) return fallback_.StatusReport(report);
+  const Rows rows(report.rows);
+  return host.informe_estados(host.contexto, ShownText(report.printer).c_str(),
+                              ShownText(report.fiscal).c_str(), rows.Data(), rows.Count()) != 0;
 }
 
 void HostOperator::MemoryFull() {

@@ -15,7 +15,7 @@ class HostOperator : public Operator {
   void Set(const KestraOperador* record);
 
   std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override;
-  bool StatusReport(const InformeEstados& informe) override;
+  bool StatusReport(const Report& report) override;
   void MemoryFull() override;
 
  private:

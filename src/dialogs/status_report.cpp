@@ -2,18 +2,17 @@
 
 namespace kestra {
 
-InformeEstados ArmarInforme(const Estado& estado) {
-  InformeEstados informe{estado.EstadoImpresora, estado.EstadoFiscal, {}};
-  for (const auto& condicion : kCondiciones) {
-    informe.filas.push_back(
-        {.grupo = static_cast<std::int32_t>(condicion.palabra),
-         .numero = condicion.fila,
-         .error = condicion.clase == Clase::kError,
-         .encendida = EstaMarcada(condicion, estado.BitImpresora, estado.BitFiscal),
-         .texto = condicion.texto,
-         .ayuda = condicion.ayuda});
+Report BuildReport(const State& state) {
+  Report report{state.EstadoImpresora, state.EstadoFiscal, {}};
+  for (const auto& condition : kConditions) {
+    report.rows.push_back({.group = static_cast<std::int32_t>(condition.word),
+                           .number = condition.row,
+                           .error = condition.severity == Severity::kError,
+                           .lit = IsLit(condition, state.BitImpresora, state.BitFiscal),
+                           .text = condition.text,
+                           .hint = condition.hint});
   }
-  return informe;
+  return report;
 }
 
 }  // namespace kestra

@@ -8,16 +8,16 @@
 namespace kestra {
 
 // Captions of the status report dialog.
-constexpr std::string_view kInformeTitulo = "Error al ejecutar comando fiscal";
-constexpr std::string_view kInformeGrupoImpresora = "Estado Impresora";
-constexpr std::string_view kInformeGrupoFiscal = "Estado Fiscal";
-constexpr std::string_view kInformeGrupoEstados = "Estados";
-constexpr std::string_view kInformeImpresora = "Impresora:";
-constexpr std::string_view kInformeFiscal = "Fiscal:";
-constexpr std::string_view kBotonCerrar = "Cerrar";
-constexpr std::string_view kBotonReintentar = "Reintentar";
+constexpr std::string_view kReportTitle = "Error al ejecutar comando fiscal";
+constexpr std::string_view kReportPrinterGroup = "Estado Impresora";
+constexpr std::string_view kReportFiscalGroup = "Estado Fiscal";
+constexpr std::string_view kReportStatusGroup = "Estados";
+constexpr std::string_view kReportPrinter = "Impresora:";
+constexpr std::string_view kReportFiscal = "Fiscal:";
+constexpr std::string_view kCloseButton = "Cerrar";
+constexpr std::string_view kRetryButton = "Reintentar";
 
 // The report on the answer decoded last: every row, lit or greyed.
-InformeEstados ArmarInforme(const Estado& estado);
+Report BuildReport(const State& state);
 
 }  // namespace kestra

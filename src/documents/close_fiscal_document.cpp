@@ -9,35 +9,35 @@
 namespace kestra {
 namespace {
 
-constexpr std::int32_t kLargoNumero = 8;
+constexpr std::int32_t kNumberLength = 8;
 
-std::int32_t Cerrar(Biblioteca& k, std::string_view tipo, std::string_view letra) {
-  const auto llamada = LlamadaEntreComillas("EP_CerrrarComprobanteFiscal", {tipo, letra});
-  if (!Confirmar(k, llamada)) return kFracaso;
-  EscribirLog(k, " - Comando : EP_CerrarComprobanteFiscal");
-  const auto* fila = BuscarTipoFiscal(k.estado.TipoComprobante, tipo);
-  if (fila == nullptr) return kFracaso;
-  return Mandar(k, ComandoDeCierre(fila->familia, fila->al_cerrar, letra));
+std::int32_t Close(Library& library, std::string_view kind, std::string_view letter) {
+  const auto call = QuotedCall("EP_CerrrarComprobanteFiscal", {kind, letter});
+  if (!Confirm(library, call)) return kFailure;
+  EscribirLog(library, " - Comando : EP_CerrarComprobanteFiscal");
+  const auto* row = FindFiscalKind(library.state.TipoComprobante, kind);
+  if (row == nullptr) return kFailure;
+  return Send(library, ClosingCommand(row->family, row->at_closing, letter));
 }
 
 }  // namespace
 
-std::int32_t CerrarComprobanteFiscal(Biblioteca& k, const char* tipo, const char* letra,
-                                     char* numero) {
-  const auto resultado = Cerrar(k, LeerCadena(tipo, 2), LeerCadena(letra, 1));
+std::int32_t CerrarComprobanteFiscal(Library& library, const char* kind, const char* letter,
+                                     char* number) {
+  const auto result = Close(library, LeerCadena(kind, 2), LeerCadena(letter, 1));
   // Kept as is: the host's buffer is written whatever happened, with the field that the last answer
   // left.
-  DevolverCadena(numero, Fijar(k.estado.Respuesta[0], kLargoNumero), kLargoNumero);
-  return resultado;
+  DevolverCadena(number, FixedWidth(library.state.Respuesta[0], kNumberLength), kNumberLength);
+  return result;
 }
 
-std::int32_t Cancelar(Biblioteca& k) {
-  if (!Confirmar(k, "EP_CancelarDocumento()")) return kFracaso;
-  EscribirLog(k, " - Comando : EP_Cancelar()");
-  const char byte = ByteDeFamilia(k.estado.TipoComprobante, kTotales);
-  if (byte == '\0') return MandarAnterior(k);
-  const std::string_view vacio(&kCampoVacio, 1);
-  return Mandar(k, Comando(byte).Campo(vacio).Campo(vacio).Campo("C"));
+std::int32_t Cancelar(Library& library) {
+  if (!Confirm(library, "EP_CancelarDocumento()")) return kFailure;
+  EscribirLog(library, " - Comando : EP_Cancelar()");
+  const char byte = ByteOfFamily(library.state.TipoComprobante, kTotals);
+  if (byte == '\0') return SendPrevious(library);
+  const std::string_view empty(&kEmptyField, 1);
+  return Send(library, Command(byte).Field(empty).Field(empty).Field("C"));
 }
 
 }  // namespace kestra

@@ -9,12 +9,12 @@
 namespace kestra {
 
 // The closing command, which fiscal and homologated documents share.
-inline Comando ComandoDeCierre(std::string_view familia, std::string_view letra_de_tipo,
-                               std::string_view letra) {
-  Comando comando(ByteDeFamilia(familia, kCerrar));
-  comando.Campo(letra_de_tipo);
-  if (familia != kFamiliaTicket) comando.Campo(letra).Campo({&kCampoVacio, 1});
-  return comando;
+inline Command ClosingCommand(std::string_view family, std::string_view kind_letter,
+                              std::string_view letter) {
+  Command command(ByteOfFamily(family, kClose));
+  command.Field(kind_letter);
+  if (family != kTicketFamily) command.Field(letter).Field({&kEmptyField, 1});
+  return command;
 }
 
 }  // namespace kestra

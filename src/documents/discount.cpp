@@ -9,37 +9,36 @@ namespace kestra {
 namespace {
 
 // A discount and a surcharge are one command with another last letter.
-struct LineaGeneral {
-  std::string_view nombre;
-  std::string_view registro;
-  std::string_view calificador;
+struct GeneralLine {
+  std::string_view name;
+  std::string_view log;
+  std::string_view qualifier;
 };
-constexpr LineaGeneral kDescuento{"EP_DescuentoGeneral", " - Comando : EP_DescuentoGeneral", "D"};
-constexpr LineaGeneral kRecargo{"EP_RecargoGeneral", " - Comando : EP_RecargoGeneral", "R"};
+constexpr GeneralLine kDiscount{"EP_DescuentoGeneral", " - Comando : EP_DescuentoGeneral", "D"};
+constexpr GeneralLine kSurcharge{"EP_RecargoGeneral", " - Comando : EP_RecargoGeneral", "R"};
 
-std::int32_t Imprimir(Biblioteca& k, const LineaGeneral& linea, const char* descripcion,
-                      double monto) {
-  const auto& estado = k.estado;
+std::int32_t Print(Library& library, const GeneralLine& line, const char* description,
+                   double amount) {
+  const auto& state = library.state;
   // The text's length groups "TF" with "TQ", the command's byte "TF" with "FC".
-  const auto texto =
-      CampoTexto(k, LeerCadena(descripcion, 80),
-                 LargoSegunFamilia(estado, estado.LonTextoFiscalT, estado.LonTextoFiscalF));
-  const auto importe = CampoNumero(k, monto, {estado.EntDesc, estado.DecDesc});
-  if (!Confirmar(k, Llamada(linea.nombre, {texto, importe}))) return kFracaso;
-  EscribirLog(k, linea.registro);
-  const char byte = ByteDeFamilia(estado.TipoComprobante, kTotales);
-  if (byte == '\0') return MandarAnterior(k);
-  return Mandar(k, Comando(byte).Campo(texto).Campo(importe).Campo(linea.calificador));
+  const auto text = TextField(library, LeerCadena(description, 80),
+                              LengthForFamily(state, state.LonTextoFiscalT, state.LonTextoFiscalF));
+  const auto amount_field = NumberField(library, amount, {state.EntDesc, state.DecDesc});
+  if (!Confirm(library, Call(line.name, {text, amount_field}))) return kFailure;
+  EscribirLog(library, line.log);
+  const char byte = ByteOfFamily(state.TipoComprobante, kTotals);
+  if (byte == '\0') return SendPrevious(library);
+  return Send(library, Command(byte).Field(text).Field(amount_field).Field(line.qualifier));
 }
 
 }  // namespace
 
-std::int32_t DescuentoGeneral(Biblioteca& k, const char* descripcion, double monto) {
-  return Imprimir(k, kDescuento, descripcion, monto);
+std::int32_t DescuentoGeneral(Library& library, const char* description, double amount) {
+  return Print(library, kDiscount, description, amount);
 }
 
-std::int32_t RecargoGeneral(Biblioteca& k, const char* descripcion, double monto) {
-  return Imprimir(k, kRecargo, descripcion, monto);
+std::int32_t RecargoGeneral(Library& library, const char* description, double amount) {
+  return Print(library, kSurcharge, description, amount);
 }
 
 }  // namespace kestra

@@ -6,7 +6,7 @@
 
 namespace kestra {
 
-std::int32_t DescuentoGeneral(Biblioteca& k, const char* descripcion, double monto);
-std::int32_t RecargoGeneral(Biblioteca& k, const char* descripcion, double monto);
+std::int32_t DescuentoGeneral(Library& library, const char* description, double amount);
+std::int32_t RecargoGeneral(Library& library, const char* description, double amount);
 
 }  // namespace kestra

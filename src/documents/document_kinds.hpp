@@ -5,92 +5,92 @@
 
 namespace kestra {
 
-constexpr std::string_view kFamiliaFormulario = "FC";     // invoices on forms
-constexpr std::string_view kFamiliaTicketFactura = "TF";  // invoices on roll paper
-constexpr std::string_view kFamiliaTicket = "TQ";         // tickets only
+constexpr std::string_view kFormFamily = "FC";           // invoices on forms
+constexpr std::string_view kTicketInvoiceFamily = "TF";  // invoices on roll paper
+constexpr std::string_view kTicketFamily = "TQ";         // tickets only
 
 // The letter of a document whose opening or closing has none.
-constexpr std::string_view kSinLetra = "";
+constexpr std::string_view kNoLetter = "";
 
 // A fiscal document that a family can issue, and what its opening tells the printer. Where parallel
 // kinds differ they do so on purpose.
-struct TipoFiscal {
-  std::string_view familia;
-  std::string_view tipo;
-  std::string_view registro;     // log line of the opening
-  std::string_view al_abrir;     // kind letter at the opening; kSinLetra: nothing is sent
-  std::string_view al_cerrar;    // kind letter at the closing
-  bool copias_del_host = false;  // else "1"
-  std::string_view campo_5 = "F";
-  std::string_view campo_13 = "N";
+struct FiscalKind {
+  std::string_view family;
+  std::string_view kind;
+  std::string_view log;           // log line of the opening
+  std::string_view at_opening;    // kind letter at the opening; kNoLetter: nothing is sent
+  std::string_view at_closing;    // kind letter at the closing
+  bool copies_from_host = false;  // else "1"
+  std::string_view field_5 = "F";
+  std::string_view field_13 = "N";
 };
 
 // Kept as is: a debit note of "TF" can be closed but not opened.
-inline constexpr std::array kTiposFiscales = {
-    TipoFiscal{.familia = "FC",
-               .tipo = "FC",
-               .registro = " - Comando : EP_AbrirComprobanteFiscal(FC/FC)",
-               .al_abrir = "F",
-               .al_cerrar = "F",
-               .copias_del_host = true},
-    TipoFiscal{.familia = "FC",
-               .tipo = "ND",
-               .registro = " - Comando : EP_AbrirComprobanteFiscal(FC/ND)",
-               .al_abrir = "D",
-               .al_cerrar = "D"},
-    TipoFiscal{.familia = "TF",
-               .tipo = "FC",
-               .registro = " - Comando : EP_AbrirComprobanteFiscal(TF/FC)",
-               .al_abrir = "T",
-               .al_cerrar = "T"},
-    TipoFiscal{.familia = "TF",
-               .tipo = "NC",
-               .registro = " - Comando : EP_AbrirComprobanteFiscal(TF/NC)",
-               .al_abrir = "M",
-               .al_cerrar = "M",
-               .campo_5 = "P",
-               .campo_13 = ""},
-    TipoFiscal{.familia = "TF",
-               .tipo = "ND",
-               .registro = " - Comando : EP_AbrirComprobanteFiscal(TF/ND)",
-               .al_abrir = kSinLetra,
-               .al_cerrar = "D"},
-    TipoFiscal{.familia = "TQ",
-               .tipo = "FC",
-               .registro = " - Comando : EP_AbrirComprobanteFiscal(TQ/FC)",
-               .al_abrir = "C",
-               .al_cerrar = "T"},
+inline constexpr std::array kFiscalKinds = {
+    FiscalKind{.family = "FC",
+               .kind = "FC",
+               .log = " - Comando : EP_AbrirComprobanteFiscal(FC/FC)",
+               .at_opening = "F",
+               .at_closing = "F",
+               .copies_from_host = true},
+    FiscalKind{.family = "FC",
+               .kind = "ND",
+               .log = " - Comando : EP_AbrirComprobanteFiscal(FC/ND)",
+               .at_opening = "D",
+               .at_closing = "D"},
+    FiscalKind{.family = "TF",
+               .kind = "FC",
+               .log = " - Comando : EP_AbrirComprobanteFiscal(TF/FC)",
+               .at_opening = "T",
+               .at_closing = "T"},
+    FiscalKind{.family = "TF",
+               .kind = "NC",
+               .log = " - Comando : EP_AbrirComprobanteFiscal(TF/NC)",
+               .at_opening = "M",
+               .at_closing = "M",
+               .field_5 = "P",
+               .field_13 = ""},
+    FiscalKind{.family = "TF",
+               .kind = "ND",
+               .log = " - Comando : EP_AbrirComprobanteFiscal(TF/ND)",
+               .at_opening = kNoLetter,
+               .at_closing = "D"},
+    FiscalKind{.family = "TQ",
+               .kind = "FC",
+               .log = " - Comando : EP_AbrirComprobanteFiscal(TQ/FC)",
+               .at_opening = "C",
+               .at_closing = "T"},
 };
 
 // The row of a family and type in a table of documents; null for a pair that it has not.
-template <typename Tabla>
-constexpr const typename Tabla::value_type* BuscarFila(const Tabla& tabla, std::string_view familia,
-                                                       std::string_view tipo) {
-  for (const auto& fila : tabla) {
-    if (fila.familia == familia && fila.tipo == tipo) return &fila;
+template <typename Table>
+constexpr const typename Table::value_type* FindRow(const Table& table, std::string_view family,
+                                                    std::string_view kind) {
+  for (const auto& row : table) {
+    if (row.family == family && row.kind == kind) return &row;
   }
   return nullptr;
 }
 
-constexpr const TipoFiscal* BuscarTipoFiscal(std::string_view familia, std::string_view tipo) {
-  return BuscarFila(kTiposFiscales, familia, tipo);
+constexpr const FiscalKind* FindFiscalKind(std::string_view family, std::string_view kind) {
+  return FindRow(kFiscalKinds, family, kind);
 }
 
 // The bytes by which the families call the same command.
-struct BytesDeComando {
-  char factura;  // "FC" and "TF"
+struct CommandBytes {
+  char invoice;  // "FC" and "TF"
   char ticket;   // "TQ"
 };
-constexpr BytesDeComando kAbrir{'`', '@'};
-constexpr BytesDeComando kItem{'b', 'B'};
-constexpr BytesDeComando kTotales{'d', 'D'};  // discount, surcharge, payment, cancel
-constexpr BytesDeComando kSubtotal{'c', 'C'};
-constexpr BytesDeComando kCerrar{'e', 'E'};
+constexpr CommandBytes kOpen{'`', '@'};
+constexpr CommandBytes kItem{'b', 'B'};
+constexpr CommandBytes kTotals{'d', 'D'};  // discount, surcharge, payment, cancel
+constexpr CommandBytes kSubtotal{'c', 'C'};
+constexpr CommandBytes kClose{'e', 'E'};
 
 // The byte for a family, or 0 for a family that the printers do not have.
-constexpr char ByteDeFamilia(std::string_view familia, BytesDeComando bytes) {
-  if (familia == kFamiliaFormulario || familia == kFamiliaTicketFactura) return bytes.factura;
-  return familia == kFamiliaTicket ? bytes.ticket : '\0';
+constexpr char ByteOfFamily(std::string_view family, CommandBytes bytes) {
+  if (family == kFormFamily || family == kTicketInvoiceFamily) return bytes.invoice;
+  return family == kTicketFamily ? bytes.ticket : '\0';
 }
 
 }  // namespace kestra

@@ -7,9 +7,9 @@
 
 namespace kestra {
 
-std::int32_t AbrirComprobanteFiscal(Biblioteca& k, const ArgumentosDeApertura& argumentos);
-std::int32_t CerrarComprobanteFiscal(Biblioteca& k, const char* tipo, const char* letra,
-                                     char* numero);
-std::int32_t Cancelar(Biblioteca& k);
+std::int32_t AbrirComprobanteFiscal(Library& library, const OpeningArguments& arguments);
+std::int32_t CerrarComprobanteFiscal(Library& library, const char* kind, const char* letter,
+                                     char* number);
+std::int32_t Cancelar(Library& library);
 
 }  // namespace kestra

@@ -5,13 +5,13 @@
 
 namespace kestra {
 
-std::int32_t ImprimirTextoFiscal(Biblioteca& k, const char* texto) {
-  return ImprimirTextoFiscalInterna(k, Limpiar(k.estado, LeerCadena(texto, 26)));
+std::int32_t ImprimirTextoFiscal(Library& library, const char* text) {
+  return ImprimirTextoFiscalInterna(library, Clean(library.state, LeerCadena(text, 26)));
 }
 
-std::int32_t ImprimirTextoFiscalInterna(Biblioteca& k, std::string_view texto) {
-  return Operar(k, Llamada("EP_ImprimirTextoFiscal", {texto}),
-                " - Comando : EP_ImprimirTextoFiscal", Comando('A').Campo(texto));
+std::int32_t ImprimirTextoFiscalInterna(Library& library, std::string_view text) {
+  return Operate(library, Call("EP_ImprimirTextoFiscal", {text}),
+                 " - Comando : EP_ImprimirTextoFiscal", Command('A').Field(text));
 }
 
 }  // namespace kestra

@@ -7,9 +7,9 @@
 
 namespace kestra {
 
-std::int32_t ImprimirTextoFiscal(Biblioteca& k, const char* texto);
+std::int32_t ImprimirTextoFiscal(Library& library, const char* text);
 
 // The same for a text of any length, sent as it is.
-std::int32_t ImprimirTextoFiscalInterna(Biblioteca& k, std::string_view texto);
+std::int32_t ImprimirTextoFiscalInterna(Library& library, std::string_view text);
 
 }  // namespace kestra

@@ -12,67 +12,66 @@
 namespace kestra {
 namespace {
 
-struct TipoHomologado {
-  std::string_view familia;
-  std::string_view tipo;
-  std::string_view registro;
-  std::string_view letra;
-  bool copias_del_host;  // else "1"
-  std::string_view campo_5;
+struct HomologatedKind {
+  std::string_view family;
+  std::string_view kind;
+  std::string_view log;
+  std::string_view letter;
+  bool copies_from_host;  // else "1"
+  std::string_view field_5;
 };
-constexpr std::array kAperturas = {
-    TipoHomologado{"FC", "NC", " - Comando : EP_AbrirComprobanteNoFiscalHomologado(FC/NC)", "N",
-                   true, "F"},
-    TipoHomologado{"FC", "RT", " - Comando : EP_AbrirComprobanteNoFiscalHomologado(FC/RT)", "E",
-                   true, "F"},
-    TipoHomologado{"FC", "CT", " - Comando : EP_AbrirComprobanteNoFiscalHomologado(FC/CT)", "C",
-                   true, "F"},
-    TipoHomologado{"TF", "NC", " - Comando : EP_AbrirComprobanteNoFiscalHomologado(TF/NC)", "M",
-                   false, "P"},
+constexpr std::array kOpenings = {
+    HomologatedKind{"FC", "NC", " - Comando : EP_AbrirComprobanteNoFiscalHomologado(FC/NC)", "N",
+                    true, "F"},
+    HomologatedKind{"FC", "RT", " - Comando : EP_AbrirComprobanteNoFiscalHomologado(FC/RT)", "E",
+                    true, "F"},
+    HomologatedKind{"FC", "CT", " - Comando : EP_AbrirComprobanteNoFiscalHomologado(FC/CT)", "C",
+                    true, "F"},
+    HomologatedKind{"TF", "NC", " - Comando : EP_AbrirComprobanteNoFiscalHomologado(TF/NC)", "M",
+                    false, "P"},
 };
 
-struct Cierre {
-  std::string_view familia;
-  std::string_view tipo;
-  std::string_view letra;
+struct Closing {
+  std::string_view family;
+  std::string_view kind;
+  std::string_view letter;
 };
-constexpr std::array kCierres = {
-    Cierre{"FC", "NC", "N"}, Cierre{"FC", "RT", "E"}, Cierre{"FC", "CT", "C"},
-    Cierre{"TF", "FC", "T"}, Cierre{"TF", "ND", "D"}, Cierre{"TF", "NC", "M"},
-    Cierre{"TQ", "FC", "T"},
+constexpr std::array kClosings = {
+    Closing{"FC", "NC", "N"}, Closing{"FC", "RT", "E"}, Closing{"FC", "CT", "C"},
+    Closing{"TF", "FC", "T"}, Closing{"TF", "ND", "D"}, Closing{"TF", "NC", "M"},
+    Closing{"TQ", "FC", "T"},
 };
 
 }  // namespace
 
-std::int32_t AbrirComprobanteNoFiscalHomologado(Biblioteca& k,
-                                                const ArgumentosDeApertura& argumentos) {
-  auto apertura = PrepararApertura(k, argumentos);
-  const auto pregunta = PreguntaDeApertura("EP_AbrirComprobanteNoFiscalHomologado", apertura);
-  if (!Confirmar(k, pregunta)) return kFracaso;
-  PonerCopias(apertura);
-  PonerDomicilio(apertura);
-  const auto* tipo = BuscarFila(kAperturas, k.estado.TipoComprobante, apertura.tipo);
-  if (tipo == nullptr) return kFracaso;
-  EscribirLog(k, tipo->registro);
-  return Mandar(k, ComandoDeApertura(k.estado, apertura,
-                                     {.letra_de_tipo = tipo->letra,
-                                      .copias_del_host = tipo->copias_del_host,
-                                      .campo_5 = tipo->campo_5,
-                                      .iva_emisor = k.estado.TipoIVA,
-                                      .campo_13 = "N"}));
+std::int32_t AbrirComprobanteNoFiscalHomologado(Library& library,
+                                                const OpeningArguments& arguments) {
+  auto opening = PrepareOpening(library, arguments);
+  const auto question = OpeningQuestion("EP_AbrirComprobanteNoFiscalHomologado", opening);
+  if (!Confirm(library, question)) return kFailure;
+  DefaultCopies(opening);
+  DefaultAddress(opening);
+  const auto* kind = FindRow(kOpenings, library.state.TipoComprobante, opening.kind);
+  if (kind == nullptr) return kFailure;
+  EscribirLog(library, kind->log);
+  return Send(library, OpeningCommand(library.state, opening,
+                                      {.kind_letter = kind->letter,
+                                       .copies_from_host = kind->copies_from_host,
+                                       .field_5 = kind->field_5,
+                                       .issuer_vat = library.state.TipoIVA,
+                                       .field_13 = "N"}));
 }
 
-std::int32_t CerrarComprobanteNoFiscalHomologado(Biblioteca& k, const char* tipo,
-                                                 const char* marca) {
-  const auto clase = LeerCadena(tipo, 2);
-  const auto letra = LeerCadena(marca, 1);
-  const auto llamada =
-      LlamadaEntreComillas("EP_CerrrarComprobanteNoFiscalHomologado", {clase, letra});
-  if (!Confirmar(k, llamada)) return kFracaso;
-  EscribirLog(k, " - Comando : EP_CerrarComprobanteNoFiscalHomologado");
-  const auto* cierre = BuscarFila(kCierres, k.estado.TipoComprobante, clase);
-  if (cierre == nullptr) return kFracaso;
-  return Mandar(k, ComandoDeCierre(cierre->familia, cierre->letra, letra));
+std::int32_t CerrarComprobanteNoFiscalHomologado(Library& library, const char* kind,
+                                                 const char* mark) {
+  const auto type = LeerCadena(kind, 2);
+  const auto letter = LeerCadena(mark, 1);
+  const auto call = QuotedCall("EP_CerrrarComprobanteNoFiscalHomologado", {type, letter});
+  if (!Confirm(library, call)) return kFailure;
+  EscribirLog(library, " - Comando : EP_CerrarComprobanteNoFiscalHomologado");
+  const auto* closing = FindRow(kClosings, library.state.TipoComprobante, type);
+  if (closing == nullptr) return kFailure;
+  return Send(library, ClosingCommand(closing->family, closing->letter, letter));
 }
 
 }  // namespace kestra

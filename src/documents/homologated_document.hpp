@@ -7,9 +7,9 @@
 
 namespace kestra {
 
-std::int32_t AbrirComprobanteNoFiscalHomologado(Biblioteca& k,
-                                                const ArgumentosDeApertura& argumentos);
-std::int32_t CerrarComprobanteNoFiscalHomologado(Biblioteca& k, const char* tipo,
-                                                 const char* marca);
+std::int32_t AbrirComprobanteNoFiscalHomologado(Library& library,
+                                                const OpeningArguments& arguments);
+std::int32_t CerrarComprobanteNoFiscalHomologado(Library& library, const char* kind,
+                                                 const char* mark);
 
 }  // namespace kestra

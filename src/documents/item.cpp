@@ -15,135 +15,133 @@
 namespace kestra {
 namespace {
 
-constexpr std::string_view kVacio(&kCampoVacio, 1);
+constexpr std::string_view kEmpty(&kEmptyField, 1);
 
-constexpr std::string_view kVenta = "M";
-constexpr std::string_view kDevolucion = "R";
-constexpr std::string_view kAnulacion = "m";
+constexpr std::string_view kSale = "M";
+constexpr std::string_view kReturn = "R";
+constexpr std::string_view kVoid = "m";
 
 struct Item {
-  std::string descripcion;
-  std::string cantidad;
-  std::string precio;
-  std::string iva;
-  std::string impuestos_internos;
+  std::string description;
+  std::string quantity;
+  std::string price;
+  std::string vat;
+  std::string internal_taxes;
   std::array<std::string, 3> extras;
-  std::string bultos;  // packages
-  std::string_view calificador;
+  std::string packages;  // packages
+  std::string_view qualifier;
 };
 
 // The two fields in which parallel commands differ on purpose.
-struct Rellenos {
-  std::string_view familia;
-  std::string_view calificador;
-  std::string_view campo_7 = "0000";
-  std::string_view campo_11 = kVacio;  // kBultos: the packages again
+struct Fillers {
+  std::string_view family;
+  std::string_view qualifier;
+  std::string_view field_7 = "0000";
+  std::string_view field_11 = kEmpty;  // kPackages: the packages again
 };
-constexpr std::string_view kBultos = "bultos";
-constexpr std::array kRellenos = {
-    Rellenos{.familia = "FC", .calificador = kVenta, .campo_7 = "00000000", .campo_11 = kBultos},
-    Rellenos{.familia = "FC", .calificador = kDevolucion},
-    Rellenos{.familia = "FC", .calificador = kAnulacion, .campo_7 = "00000000", .campo_11 = "0000"},
-    Rellenos{.familia = "TF", .calificador = kVenta},
-    Rellenos{.familia = "TF", .calificador = kDevolucion},
-    Rellenos{.familia = "TF", .calificador = kAnulacion},
-    Rellenos{.familia = "TQ", .calificador = kVenta},
-    Rellenos{.familia = "TQ", .calificador = kDevolucion},
-    Rellenos{.familia = "TQ", .calificador = kAnulacion},
+constexpr std::string_view kPackages = "bultos";
+constexpr std::array kFillers = {
+    Fillers{.family = "FC", .qualifier = kSale, .field_7 = "00000000", .field_11 = kPackages},
+    Fillers{.family = "FC", .qualifier = kReturn},
+    Fillers{.family = "FC", .qualifier = kVoid, .field_7 = "00000000", .field_11 = "0000"},
+    Fillers{.family = "TF", .qualifier = kSale},
+    Fillers{.family = "TF", .qualifier = kReturn},
+    Fillers{.family = "TF", .qualifier = kVoid},
+    Fillers{.family = "TQ", .qualifier = kSale},
+    Fillers{.family = "TQ", .qualifier = kReturn},
+    Fillers{.family = "TQ", .qualifier = kVoid},
 };
 
-const Rellenos* BuscarRellenos(std::string_view familia, std::string_view calificador) {
-  for (const auto& fila : kRellenos) {
-    if (fila.familia == familia && fila.calificador == calificador) return &fila;
+const Fillers* FindFillers(std::string_view family, std::string_view qualifier) {
+  for (const auto& row : kFillers) {
+    if (row.family == family && row.qualifier == qualifier) return &row;
   }
   return nullptr;
 }
 
-Digitos DigitosDeCantidad(const Estado& estado) {
-  return {estado.EntCantidad, estado.DecCantidad};
+Digits QuantityDigits(const State& state) {
+  return {state.EntCantidad, state.DecCantidad};
 }
 
-Item Preparar(Biblioteca& k, const ArgumentosDeItem& a) {
-  const auto& estado = k.estado;
-  const auto largo = LargoSegunFamilia(estado, estado.LonDescripcionT, estado.LonDescripcionF);
-  const auto linea = [&](const char* texto, std::int32_t bytes) {
-    return Limpiar(estado, CampoTexto(k, LeerCadena(texto, bytes), largo));
+Item Prepare(Library& library, const ItemArguments& a) {
+  const auto& state = library.state;
+  const auto length = LengthForFamily(state, state.LonDescripcionT, state.LonDescripcionF);
+  const auto line = [&](const char* text, std::int32_t bytes) {
+    return Clean(state, TextField(library, LeerCadena(text, bytes), length));
   };
   Item item;
-  item.descripcion = linea(a.descripcion, 50);
-  item.cantidad = CampoNumero(k, a.cantidad, DigitosDeCantidad(estado));
-  item.precio =
-      CampoNumero(k, a.precio, {estado.EntPrecio, estado.DecPrecio, estado.IncluirPuntoPrecio});
-  item.iva = CampoNumero(k, a.iva, {estado.EntIVA, estado.DecIVA});
-  item.impuestos_internos =
-      CampoNumero(k, a.impuestos_internos, {estado.EntImpInt, estado.DecImpInt});
-  item.extras = {linea(a.extra1, 22), linea(a.extra2, 22), linea(a.extra3, 22)};
-  item.bultos = CampoNumero(k, a.cantidad, {4, 0});
+  item.description = line(a.description, 50);
+  item.quantity = NumberField(library, a.quantity, QuantityDigits(state));
+  item.price =
+      NumberField(library, a.price, {state.EntPrecio, state.DecPrecio, state.IncluirPuntoPrecio});
+  item.vat = NumberField(library, a.vat, {state.EntIVA, state.DecIVA});
+  item.internal_taxes = NumberField(library, a.internal_taxes, {state.EntImpInt, state.DecImpInt});
+  item.extras = {line(a.extra1, 22), line(a.extra2, 22), line(a.extra3, 22)};
+  item.packages = NumberField(library, a.quantity, {4, 0});
   return item;
 }
 
-std::string Pregunta(std::string_view nombre, const Item& item) {
-  return LlamadaEntreComillas(
-      nombre, {item.descripcion, item.cantidad, item.precio, item.iva, item.impuestos_internos,
-               item.extras[0], item.extras[1], item.extras[2]});
+std::string Question(std::string_view name, const Item& item) {
+  return QuotedCall(name, {item.description, item.quantity, item.price, item.vat,
+                           item.internal_taxes, item.extras[0], item.extras[1], item.extras[2]});
 }
 
-Comando ComandoDeItem(const Rellenos& rellenos, const Item& item) {
-  Comando comando(ByteDeFamilia(rellenos.familia, kItem));
-  comando.Campo(item.descripcion)
-      .Campo(item.cantidad)
-      .Campo(item.precio)
-      .Campo(item.iva)
-      .Campo(item.calificador)
-      .Campo(item.bultos)
-      .Campo(rellenos.campo_7);
-  if (rellenos.familia != kFamiliaTicket) {
-    for (const auto& extra : item.extras) comando.Campo(extra);
-    comando.Campo(rellenos.campo_11 == kBultos ? item.bultos : rellenos.campo_11);
+Command ItemCommand(const Fillers& fillers, const Item& item) {
+  Command command(ByteOfFamily(fillers.family, kItem));
+  command.Field(item.description)
+      .Field(item.quantity)
+      .Field(item.price)
+      .Field(item.vat)
+      .Field(item.qualifier)
+      .Field(item.packages)
+      .Field(fillers.field_7);
+  if (fillers.family != kTicketFamily) {
+    for (const auto& extra : item.extras) command.Field(extra);
+    command.Field(fillers.field_11 == kPackages ? item.packages : fillers.field_11);
   }
-  comando.Campo(item.impuestos_internos);
-  return comando;
+  command.Field(item.internal_taxes);
+  return command;
 }
 
 // A ticket has no place for extra lines: they go before the item as texts of their own.
-void ImprimirExtras(Biblioteca& k, const Item& item) {
+void PrintExtras(Library& library, const Item& item) {
   for (const auto& extra : item.extras) {
-    if (extra != kVacio) ImprimirTextoFiscalInterna(k, extra);
+    if (extra != kEmpty) ImprimirTextoFiscalInterna(library, extra);
   }
 }
 
-std::int32_t MandarItem(Biblioteca& k, const Item& item) {
-  const auto familia = k.estado.TipoComprobante;
-  const auto* rellenos = BuscarRellenos(familia, item.calificador);
-  if (rellenos == nullptr) return kFracaso;
-  if (familia == kFamiliaFormulario && k.estado.UtilizaTransporte == 1 && !HayLugarParaItem(k)) {
-    return kFracaso;
+std::int32_t SendItem(Library& library, const Item& item) {
+  const auto family = library.state.TipoComprobante;
+  const auto* fillers = FindFillers(family, item.qualifier);
+  if (fillers == nullptr) return kFailure;
+  if (family == kFormFamily && library.state.UtilizaTransporte == 1 && !RoomForItem(library)) {
+    return kFailure;
   }
-  if (familia == kFamiliaTicket) ImprimirExtras(k, item);
-  return Mandar(k, ComandoDeItem(*rellenos, item));
+  if (family == kTicketFamily) PrintExtras(library, item);
+  return Send(library, ItemCommand(*fillers, item));
 }
 
 }  // namespace
 
-std::int32_t ImprimirItem(Biblioteca& k, const ArgumentosDeItem& argumentos) {
-  auto item = Preparar(k, argumentos);
-  item.calificador = kVenta;
-  if (argumentos.cantidad < 0) {
+std::int32_t ImprimirItem(Library& library, const ItemArguments& arguments) {
+  auto item = Prepare(library, arguments);
+  item.qualifier = kSale;
+  if (arguments.quantity < 0) {
     // Kept as is: the packages go on carrying the sign.
-    item.cantidad = CampoNumero(k, -argumentos.cantidad, DigitosDeCantidad(k.estado));
-    item.calificador = kDevolucion;
+    item.quantity = NumberField(library, -arguments.quantity, QuantityDigits(library.state));
+    item.qualifier = kReturn;
   }
-  if (!Confirmar(k, Pregunta("EP_ImprimirItem", item))) return kFracaso;
-  EscribirLog(k, " - Comando : EP_ImprimirItem");
-  return MandarItem(k, item);
+  if (!Confirm(library, Question("EP_ImprimirItem", item))) return kFailure;
+  EscribirLog(library, " - Comando : EP_ImprimirItem");
+  return SendItem(library, item);
 }
 
-std::int32_t AnularItem(Biblioteca& k, const ArgumentosDeItem& argumentos) {
-  auto item = Preparar(k, argumentos);
-  item.calificador = kAnulacion;
-  if (!Confirmar(k, Pregunta("EP_AnularItem", item))) return kFracaso;
-  EscribirLog(k, " - Comando : EP_AnularItem");
-  return MandarItem(k, item);
+std::int32_t AnularItem(Library& library, const ItemArguments& arguments) {
+  auto item = Prepare(library, arguments);
+  item.qualifier = kVoid;
+  if (!Confirm(library, Question("EP_AnularItem", item))) return kFailure;
+  EscribirLog(library, " - Comando : EP_AnularItem");
+  return SendItem(library, item);
 }
 
 }  // namespace kestra

@@ -7,18 +7,18 @@
 namespace kestra {
 
 // The arguments of the two item operations, as the host passes them.
-struct ArgumentosDeItem {
-  const char* descripcion;  // 50 bytes
-  double cantidad;
-  double precio;
-  double iva;
-  double impuestos_internos;
+struct ItemArguments {
+  const char* description;  // 50 bytes
+  double quantity;
+  double price;
+  double vat;
+  double internal_taxes;
   const char* extra1;  // 22 bytes, as the others
   const char* extra2;
   const char* extra3;
 };
 
-std::int32_t ImprimirItem(Biblioteca& k, const ArgumentosDeItem& argumentos);
-std::int32_t AnularItem(Biblioteca& k, const ArgumentosDeItem& argumentos);
+std::int32_t ImprimirItem(Library& library, const ItemArguments& arguments);
+std::int32_t AnularItem(Library& library, const ItemArguments& arguments);
 
 }  // namespace kestra

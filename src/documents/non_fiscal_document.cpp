@@ -5,22 +5,22 @@
 
 namespace kestra {
 
-std::int32_t AbrirComprobanteNoFiscal(Biblioteca& k) {
-  return Operar(k, "EP_AbrirComprobanteNoFiscal()", " - Comando : EP_AbrirComprobanteNoFiscal()",
-                Comando('H'));
+std::int32_t AbrirComprobanteNoFiscal(Library& library) {
+  return Operate(library, "EP_AbrirComprobanteNoFiscal()",
+                 " - Comando : EP_AbrirComprobanteNoFiscal()", Command('H'));
 }
 
-std::int32_t ImprimirTextoNoFiscal(Biblioteca& k, const char* texto) {
-  const auto& estado = k.estado;
-  const auto largo = LargoSegunFamilia(estado, estado.LonTextoNoFiscalT, estado.LonTextoNoFiscalF);
-  const auto campo = Limpiar(estado, CampoTexto(k, LeerCadena(texto, 120), largo));
-  return Operar(k, Llamada("EP_ImprimirTextoNoFiscal", {campo}),
-                " - Comando : EP_ImprimirTextoNoFiscal()", Comando('I').Campo(campo));
+std::int32_t ImprimirTextoNoFiscal(Library& library, const char* text) {
+  const auto& state = library.state;
+  const auto length = LengthForFamily(state, state.LonTextoNoFiscalT, state.LonTextoNoFiscalF);
+  const auto field = Clean(state, TextField(library, LeerCadena(text, 120), length));
+  return Operate(library, Call("EP_ImprimirTextoNoFiscal", {field}),
+                 " - Comando : EP_ImprimirTextoNoFiscal()", Command('I').Field(field));
 }
 
-std::int32_t CerrarComprobanteNoFiscal(Biblioteca& k) {
-  return Operar(k, "EP_CerrarComprobanteNoFiscal()", " - Comando : EP_CerrarComprobanteNoFiscal()",
-                Comando('J').Campo("T"));
+std::int32_t CerrarComprobanteNoFiscal(Library& library) {
+  return Operate(library, "EP_CerrarComprobanteNoFiscal()",
+                 " - Comando : EP_CerrarComprobanteNoFiscal()", Command('J').Field("T"));
 }
 
 }  // namespace kestra

@@ -6,8 +6,8 @@
 
 namespace kestra {
 
-std::int32_t AbrirComprobanteNoFiscal(Biblioteca& k);
-std::int32_t ImprimirTextoNoFiscal(Biblioteca& k, const char* texto);
-std::int32_t CerrarComprobanteNoFiscal(Biblioteca& k);
+std::int32_t AbrirComprobanteNoFiscal(Library& library);
+std::int32_t ImprimirTextoNoFiscal(Library& library, const char* text);
+std::int32_t CerrarComprobanteNoFiscal(Library& library);
 
 }  // namespace kestra

@@ -6,37 +6,37 @@
 namespace kestra {
 namespace {
 
-std::int32_t AbrirTicket(Biblioteca& k, const TipoFiscal& tipo, std::string_view letra) {
-  if (letra != "B" && letra != "C") {
-    k.platform.GetOperator().Message("Solo pueden emitirse Comprobantes Ticket a Consumidor Final",
-                                     "", kBoxOk);
-    return kFracaso;
+std::int32_t OpenTicket(Library& library, const FiscalKind& kind, std::string_view letter) {
+  if (letter != "B" && letter != "C") {
+    library.platform.GetOperator().Message(
+        "Solo pueden emitirse Comprobantes Ticket a Consumidor Final", "", kBoxOk);
+    return kFailure;
   }
-  return Mandar(k, Comando(kAbrir.ticket).Campo(tipo.al_abrir));
+  return Send(library, Command(kOpen.ticket).Field(kind.at_opening));
 }
 
 }  // namespace
 
-std::int32_t AbrirComprobanteFiscal(Biblioteca& k, const ArgumentosDeApertura& argumentos) {
-  k.estado.UltimoError = 0;
-  auto apertura = PrepararApertura(k, argumentos);
-  PonerCopias(apertura);
+std::int32_t AbrirComprobanteFiscal(Library& library, const OpeningArguments& arguments) {
+  library.state.UltimoError = 0;
+  auto opening = PrepareOpening(library, arguments);
+  DefaultCopies(opening);
   // Kept as is: the second line of the name never reaches the printer.
-  apertura.linea2 = " ";
-  if (!Confirmar(k, PreguntaDeApertura("EP_AbrirComprobanteFiscal", apertura))) return kFracaso;
-  PonerDomicilio(apertura);
+  opening.line2 = " ";
+  if (!Confirm(library, OpeningQuestion("EP_AbrirComprobanteFiscal", opening))) return kFailure;
+  DefaultAddress(opening);
 
-  const auto* tipo = BuscarTipoFiscal(k.estado.TipoComprobante, apertura.tipo);
-  if (tipo == nullptr) return kFracaso;
-  EscribirLog(k, tipo->registro);
-  if (tipo->familia == kFamiliaTicket) return AbrirTicket(k, *tipo, apertura.letra);
-  if (tipo->al_abrir == kSinLetra) return kFracaso;
-  return Mandar(k, ComandoDeApertura(k.estado, apertura,
-                                     {.letra_de_tipo = tipo->al_abrir,
-                                      .copias_del_host = tipo->copias_del_host,
-                                      .campo_5 = tipo->campo_5,
-                                      .iva_emisor = "I",
-                                      .campo_13 = tipo->campo_13}));
+  const auto* kind = FindFiscalKind(library.state.TipoComprobante, opening.kind);
+  if (kind == nullptr) return kFailure;
+  EscribirLog(library, kind->log);
+  if (kind->family == kTicketFamily) return OpenTicket(library, *kind, opening.letter);
+  if (kind->at_opening == kNoLetter) return kFailure;
+  return Send(library, OpeningCommand(library.state, opening,
+                                      {.kind_letter = kind->at_opening,
+                                       .copies_from_host = kind->copies_from_host,
+                                       .field_5 = kind->field_5,
+                                       .issuer_vat = "I",
+                                       .field_13 = kind->field_13}));
 }
 
 }  // namespace kestra

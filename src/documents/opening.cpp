@@ -10,73 +10,71 @@
 namespace kestra {
 namespace {
 
-constexpr std::size_t kLargoDocumento = 11;
+constexpr std::size_t kDocumentLength = 11;
 
-std::string Linea(Biblioteca& k, const char* linea) {
-  const auto& estado = k.estado;
-  auto campo =
-      CampoTexto(k, LeerCadena(linea, 40),
-                 LargoSegunFamilia(estado, estado.LonDatosClienteT, estado.LonDatosClienteF));
-  return Limpiar(estado, std::move(campo));
+std::string Line(Library& library, const char* line) {
+  const auto& state = library.state;
+  auto field = TextField(library, LeerCadena(line, 40),
+                         LengthForFamily(state, state.LonDatosClienteT, state.LonDatosClienteF));
+  return Clean(state, std::move(field));
 }
 
 }  // namespace
 
-Apertura PrepararApertura(Biblioteca& k, const ArgumentosDeApertura& a) {
-  Apertura apertura;
-  apertura.letra = LeerCadena(a.letra, 1);
-  apertura.tipo = LeerCadena(a.tipo, 2);
-  apertura.documento_tipo = LeerCadena(a.documento_tipo, 6);
-  apertura.documento_numero = RellenarIzquierda(
-      Recortar(LeerCadena(a.documento_numero, kLargoDocumento)), kLargoDocumento, '0');
-  apertura.responsabilidad = LeerCadena(a.responsabilidad, 1);
-  apertura.linea1 = Linea(k, a.linea1);
-  apertura.linea2 = Linea(k, a.linea2);
-  apertura.domicilio = Linea(k, a.domicilio);
-  apertura.linea4 = Linea(k, a.linea4);
-  apertura.linea5 = Linea(k, a.linea5);
-  apertura.linea6 = Linea(k, a.linea6);
-  apertura.linea7 = Linea(k, a.linea7);
-  apertura.copias = a.copias;
-  return apertura;
+Opening PrepareOpening(Library& library, const OpeningArguments& a) {
+  Opening opening;
+  opening.letter = LeerCadena(a.letter, 1);
+  opening.kind = LeerCadena(a.kind, 2);
+  opening.document_type = LeerCadena(a.document_type, 6);
+  opening.document_number =
+      PadLeft(TrimBlanks(LeerCadena(a.document_number, kDocumentLength)), kDocumentLength, '0');
+  opening.vat_condition = LeerCadena(a.vat_condition, 1);
+  opening.line1 = Line(library, a.line1);
+  opening.line2 = Line(library, a.line2);
+  opening.address = Line(library, a.address);
+  opening.line4 = Line(library, a.line4);
+  opening.line5 = Line(library, a.line5);
+  opening.line6 = Line(library, a.line6);
+  opening.line7 = Line(library, a.line7);
+  opening.copies = a.copies;
+  return opening;
 }
 
-std::string PreguntaDeApertura(std::string_view nombre, const Apertura& a) {
-  return LlamadaEntreComillas(nombre, {a.tipo, a.letra, a.linea1, a.linea2, a.documento_tipo,
-                                       a.documento_numero, a.responsabilidad, a.domicilio, a.linea4,
-                                       a.linea5, a.linea6, a.linea7, std::to_string(a.copias)});
+std::string OpeningQuestion(std::string_view name, const Opening& a) {
+  return QuotedCall(name, {a.kind, a.letter, a.line1, a.line2, a.document_type, a.document_number,
+                           a.vat_condition, a.address, a.line4, a.line5, a.line6, a.line7,
+                           std::to_string(a.copies)});
 }
 
-void PonerDomicilio(Apertura& apertura) {
-  if (apertura.domicilio == std::string_view(&kCampoVacio, 1)) apertura.domicilio = "SIN DOMICILIO";
+void DefaultAddress(Opening& opening) {
+  if (opening.address == std::string_view(&kEmptyField, 1)) opening.address = "SIN DOMICILIO";
 }
 
-void PonerCopias(Apertura& apertura) {
-  if (apertura.copias == 0) apertura.copias = 1;
+void DefaultCopies(Opening& opening) {
+  if (opening.copies == 0) opening.copies = 1;
 }
 
-Comando ComandoDeApertura(const Estado& estado, const Apertura& apertura,
-                          const MarcasDeApertura& marcas) {
-  return Comando(kAbrir.factura)
-      .Campo(marcas.letra_de_tipo)
-      .Campo("C")
-      .Campo(apertura.letra)
-      .Campo(marcas.copias_del_host ? apertura.copias : 1)
-      .Campo(marcas.campo_5)
-      .Campo(estado.CPI)
-      .Campo(marcas.iva_emisor)
-      .Campo(apertura.responsabilidad)
-      .Campo(apertura.linea1)
-      .Campo(apertura.linea2)
-      .Campo(Recortar(apertura.documento_tipo))
-      .Campo(apertura.documento_numero)
-      .Campo(marcas.campo_13)
-      .Campo(apertura.domicilio)
-      .Campo(apertura.linea4)
-      .Campo(apertura.linea5)
-      .Campo(apertura.linea6)
-      .Campo(apertura.linea7)
-      .Campo("C");
+Command OpeningCommand(const State& state, const Opening& opening, const OpeningTraits& traits) {
+  return Command(kOpen.invoice)
+      .Field(traits.kind_letter)
+      .Field("C")
+      .Field(opening.letter)
+      .Field(traits.copies_from_host ? opening.copies : 1)
+      .Field(traits.field_5)
+      .Field(state.CPI)
+      .Field(traits.issuer_vat)
+      .Field(opening.vat_condition)
+      .Field(opening.line1)
+      .Field(opening.line2)
+      .Field(TrimBlanks(opening.document_type))
+      .Field(opening.document_number)
+      .Field(traits.field_13)
+      .Field(opening.address)
+      .Field(opening.line4)
+      .Field(opening.line5)
+      .Field(opening.line6)
+      .Field(opening.line7)
+      .Field("C");
 }
 
 }  // namespace kestra

@@ -10,61 +10,60 @@
 namespace kestra {
 
 // The arguments of the two openings, as the host passes them.
-struct ArgumentosDeApertura {
-  const char* tipo;    // 2 bytes
-  const char* letra;   // 1
-  const char* linea1;  // 40, as all the lines
-  const char* linea2;
-  const char* documento_tipo;    // 6
-  const char* documento_numero;  // 11
-  const char* responsabilidad;   // 1
-  const char* domicilio;
-  const char* linea4;
-  const char* linea5;
-  const char* linea6;
-  const char* linea7;
-  std::int32_t copias;
+struct OpeningArguments {
+  const char* kind;    // 2 bytes
+  const char* letter;  // 1
+  const char* line1;   // 40, as all the lines
+  const char* line2;
+  const char* document_type;    // 6
+  const char* document_number;  // 11
+  const char* vat_condition;    // 1
+  const char* address;
+  const char* line4;
+  const char* line5;
+  const char* line6;
+  const char* line7;
+  std::int32_t copies;
 };
 
 // The same, read and made ready for the printer.
-struct Apertura {
-  std::string tipo;
-  std::string letra;
-  std::string linea1;
-  std::string linea2;
-  std::string documento_tipo;
-  std::string documento_numero;  // 11 digits
-  std::string responsabilidad;
-  std::string domicilio;
-  std::string linea4;
-  std::string linea5;
-  std::string linea6;
-  std::string linea7;
-  std::int32_t copias = 0;
+struct Opening {
+  std::string kind;
+  std::string letter;
+  std::string line1;
+  std::string line2;
+  std::string document_type;
+  std::string document_number;  // 11 digits
+  std::string vat_condition;
+  std::string address;
+  std::string line4;
+  std::string line5;
+  std::string line6;
+  std::string line7;
+  std::int32_t copies = 0;
 };
 
 // What distinguishes one kind of document from another in the opening command.
-struct MarcasDeApertura {
-  std::string_view letra_de_tipo;
-  bool copias_del_host;  // else "1"
-  std::string_view campo_5;
-  std::string_view iva_emisor;
-  std::string_view campo_13;
+struct OpeningTraits {
+  std::string_view kind_letter;
+  bool copies_from_host;  // else "1"
+  std::string_view field_5;
+  std::string_view issuer_vat;
+  std::string_view field_13;
 };
 
 // Reads the arguments and fits the lines to the customer-data length of the family.
-Apertura PrepararApertura(Biblioteca& k, const ArgumentosDeApertura& argumentos);
+Opening PrepareOpening(Library& library, const OpeningArguments& arguments);
 
 // What the operator is asked: all the arguments, as prepared so far.
-std::string PreguntaDeApertura(std::string_view nombre, const Apertura& apertura);
+std::string OpeningQuestion(std::string_view name, const Opening& opening);
 
 // An address that the fitting left empty becomes "SIN DOMICILIO".
-void PonerDomicilio(Apertura& apertura);
+void DefaultAddress(Opening& opening);
 
 // Zero copies mean one.
-void PonerCopias(Apertura& apertura);
+void DefaultCopies(Opening& opening);
 
-Comando ComandoDeApertura(const Estado& estado, const Apertura& apertura,
-                          const MarcasDeApertura& marcas);
+Command OpeningCommand(const State& state, const Opening& opening, const OpeningTraits& traits);
 
 }  // namespace kestra

@@ -8,20 +8,20 @@
 namespace kestra {
 namespace {
 
-constexpr std::int32_t kLargoDescripcion = 20;
+constexpr std::int32_t kDescriptionLength = 20;
 
 }  // namespace
 
-std::int32_t ImprimirPago(Biblioteca& k, const char* descripcion, double monto) {
-  auto& estado = k.estado;
-  const auto leida = LeerCadena(descripcion, 80);
-  const auto importe = CampoNumero(k, monto, {estado.EntDesc, estado.DecDesc});
-  const auto texto = Limpiar(estado, CampoTexto(k, leida, kLargoDescripcion));
-  if (!Confirmar(k, Llamada("EP_ImprimirPago", {texto, importe}))) return kFracaso;
-  EscribirLog(k, " - Comando : ImprimirPago()");
-  const char byte = ByteDeFamilia(estado.TipoComprobante, kTotales);
-  if (byte == '\0') return MandarAnterior(k);
-  return Mandar(k, Comando(byte).Campo(texto).Campo(importe).Campo("T"));
+std::int32_t ImprimirPago(Library& library, const char* description, double amount) {
+  auto& state = library.state;
+  const auto bytes = LeerCadena(description, 80);
+  const auto amount_field = NumberField(library, amount, {state.EntDesc, state.DecDesc});
+  const auto text = Clean(state, TextField(library, bytes, kDescriptionLength));
+  if (!Confirm(library, Call("EP_ImprimirPago", {text, amount_field}))) return kFailure;
+  EscribirLog(library, " - Comando : ImprimirPago()");
+  const char byte = ByteOfFamily(state.TipoComprobante, kTotals);
+  if (byte == '\0') return SendPrevious(library);
+  return Send(library, Command(byte).Field(text).Field(amount_field).Field("T"));
 }
 
 }  // namespace kestra

@@ -6,6 +6,6 @@
 
 namespace kestra {
 
-std::int32_t ImprimirPago(Biblioteca& k, const char* descripcion, double monto);
+std::int32_t ImprimirPago(Library& library, const char* description, double amount);
 
 }  // namespace kestra

@@ -6,18 +6,19 @@
 
 namespace kestra {
 
-std::int32_t EspecificarPercepcionGlobal(Biblioteca& k, const char* descripcion, double monto,
-                                         double iva, const char* calificador) {
-  const auto& estado = k.estado;
-  const auto texto = LeerCadena(descripcion, 20);
-  const auto importe = CampoNumero(k, monto, {estado.EntPercepcion, estado.DecPercepcion});
-  const auto tasa = CampoNumero(k, iva, {estado.EntIVA, estado.DecIVA});
-  const auto letra = LeerCadena(calificador, 1);
-  const auto llamada = Llamada("EP_EspecificarPercepcionGlobal", {texto, importe, tasa, letra});
-  if (!Confirmar(k, llamada)) return kFracaso;
-  EscribirLog(k, " - Comando : EP_EspecificarPercepcionGlobal");
-  if (letra != "I" && letra != "O") return MandarAnterior(k);
-  return Mandar(k, Comando('f').Campo(texto).Campo(letra).Campo(importe).Campo(tasa));
+std::int32_t EspecificarPercepcionGlobal(Library& library, const char* description, double amount,
+                                         double vat, const char* qualifier) {
+  const auto& state = library.state;
+  const auto text = LeerCadena(description, 20);
+  const auto amount_field =
+      NumberField(library, amount, {state.EntPercepcion, state.DecPercepcion});
+  const auto rate = NumberField(library, vat, {state.EntIVA, state.DecIVA});
+  const auto letter = LeerCadena(qualifier, 1);
+  const auto call = Call("EP_EspecificarPercepcionGlobal", {text, amount_field, rate, letter});
+  if (!Confirm(library, call)) return kFailure;
+  EscribirLog(library, " - Comando : EP_EspecificarPercepcionGlobal");
+  if (letter != "I" && letter != "O") return SendPrevious(library);
+  return Send(library, Command('f').Field(text).Field(letter).Field(amount_field).Field(rate));
 }
 
 }  // namespace kestra

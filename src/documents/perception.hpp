@@ -6,7 +6,7 @@
 
 namespace kestra {
 
-std::int32_t EspecificarPercepcionGlobal(Biblioteca& k, const char* descripcion, double monto,
-                                         double iva, const char* calificador);
+std::int32_t EspecificarPercepcionGlobal(Library& library, const char* description, double amount,
+                                         double vat, const char* qualifier);
 
 }  // namespace kestra

@@ -16,72 +16,72 @@ namespace {
 
 // How long a round whose question failed holds the next one up: without a printer the rounds would
 // follow each other at once.
-constexpr std::int32_t kDescansoMs = 500;
+constexpr std::int32_t kRestMs = 500;
 
-constexpr std::string_view kAjuste = "Ajuste por redondeo";
+constexpr std::string_view kAdjustment = "Ajuste por redondeo";
 // Kept as is: the capital R stands on the invoice's downward line alone.
-constexpr std::string_view kAjusteConMayuscula = "Ajuste por Redondeo";
+constexpr std::string_view kAdjustmentWithCapital = "Ajuste por Redondeo";
 
-Comando SubirFactura(std::string_view diferencia) {
-  return Comando('f').Campo(kAjuste).Campo("O").Campo(diferencia).Campo("0000");
+Command RaiseInvoice(std::string_view difference) {
+  return Command('f').Field(kAdjustment).Field("O").Field(difference).Field("0000");
 }
-Comando BajarFactura(std::string_view diferencia) {
-  return Comando('d').Campo(kAjusteConMayuscula).Campo(diferencia).Campo("D");
+Command LowerInvoice(std::string_view difference) {
+  return Command('d').Field(kAdjustmentWithCapital).Field(difference).Field("D");
 }
-Comando SubirTicket(std::string_view diferencia) {
-  return Comando('D').Campo(kAjuste).Campo(diferencia).Campo("R");
+Command RaiseTicket(std::string_view difference) {
+  return Command('D').Field(kAdjustment).Field(difference).Field("R");
 }
-Comando BajarTicket(std::string_view diferencia) {
-  return Comando('D').Campo(kAjuste).Campo(diferencia).Campo("D");
+Command LowerTicket(std::string_view difference) {
+  return Command('D').Field(kAdjustment).Field(difference).Field("D");
 }
 
-struct Ajustador {
-  std::string_view familia;
+struct Adjuster {
+  std::string_view family;
   char subtotal;
-  bool separar_otra_vez;  // the ticket's round splits the raw answer anew
-  Comando (*subir)(std::string_view);
-  Comando (*bajar)(std::string_view);
+  bool split_again;  // the ticket's round splits the raw answer anew
+  Command (*raise)(std::string_view);
+  Command (*lower)(std::string_view);
 };
-constexpr std::array kAjustadores = {
-    Ajustador{kFamiliaTicketFactura, kSubtotal.factura, false, SubirFactura, BajarFactura},
-    Ajustador{kFamiliaTicket, kSubtotal.ticket, true, SubirTicket, BajarTicket},
+constexpr std::array kAdjusters = {
+    Adjuster{kTicketInvoiceFamily, kSubtotal.invoice, false, RaiseInvoice, LowerInvoice},
+    Adjuster{kTicketFamily, kSubtotal.ticket, true, RaiseTicket, LowerTicket},
 };
 
-struct Lectura {
+struct Reading {
   double total;  // the printer's running total
-  bool respondida;
+  bool answered;
 };
 
-Lectura LeerTotal(Biblioteca& k, const Ajustador& ajustador) {
-  const auto comando = Comando(ajustador.subtotal).Campo("N").Campo({&kCampoVacio, 1});
-  const bool respondida = Mandar(k, comando) == kExito;
-  if (ajustador.separar_otra_vez) SepararRespuesta(k);
-  const auto& respuesta = k.estado.Respuesta;
-  const double total = ANumeroReal(respuesta[2]) / 100;
+Reading ReadTotal(Library& library, const Adjuster& adjuster) {
+  const auto command = Command(adjuster.subtotal).Field("N").Field({&kEmptyField, 1});
+  const bool answered = Send(library, command) == kSuccess;
+  if (adjuster.split_again) SepararRespuesta(library);
+  const auto& answer = library.state.Respuesta;
+  const double total = ToRealNumber(answer[2]) / 100;
   // Two more fields must be numbers, although nothing is done with them.
-  ANumeroReal(respuesta[3]);
-  ANumeroReal(respuesta[7]);
-  return {total, respondida};
+  ToRealNumber(answer[3]);
+  ToRealNumber(answer[7]);
+  return {total, answered};
 }
 
-void Igualar(Biblioteca& k, const Ajustador& ajustador, double total) {
+void Equalize(Library& library, const Adjuster& adjuster, double total) {
   while (true) {
-    const auto [impreso, respondida] = LeerTotal(k, ajustador);
-    if (total > impreso) Mandar(k, ajustador.subir(DigitosDeCentesimos(total - impreso)));
-    if (total < impreso) Mandar(k, ajustador.bajar(DigitosDeCentesimos(impreso - total)));
-    if (total == impreso) return;
-    if (!respondida) k.platform.GetClock().Sleep(kDescansoMs);
+    const auto [printed, answered] = ReadTotal(library, adjuster);
+    if (total > printed) Send(library, adjuster.raise(HundredthsDigits(total - printed)));
+    if (total < printed) Send(library, adjuster.lower(HundredthsDigits(printed - total)));
+    if (total == printed) return;
+    if (!answered) library.platform.GetClock().Sleep(kRestMs);
   }
 }
 
 }  // namespace
 
-void AjustarRedondeo(Biblioteca& k, double total) {
-  if (k.estado.AjusteRedondeo != 1) return;
-  const double redondeado = RedondearCentesimos(total);
-  EscribirLog(k, " - Comando : AjusteRedondeo");
-  for (const auto& ajustador : kAjustadores) {
-    if (k.estado.TipoComprobante == ajustador.familia) Igualar(k, ajustador, redondeado);
+void AjusteRedondeo(Library& library, double total) {
+  if (library.state.AjusteRedondeo != 1) return;
+  const double rounded = RoundToHundredths(total);
+  EscribirLog(library, " - Comando : AjusteRedondeo");
+  for (const auto& adjuster : kAdjusters) {
+    if (library.state.TipoComprobante == adjuster.family) Equalize(library, adjuster, rounded);
   }
 }
 

@@ -5,6 +5,6 @@
 namespace kestra {
 
 // Adds lines to the open document until the printer's total is the host's.
-void AjustarRedondeo(Biblioteca& k, double total);
+void AjusteRedondeo(Library& library, double total);
 
 }  // namespace kestra

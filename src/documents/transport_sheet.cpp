@@ -7,35 +7,35 @@
 namespace kestra {
 namespace {
 
-std::int32_t VerificaEspacioItem(Biblioteca& k) {
-  EscribirLog(k, " - Comando : EP_VerificaEspacioItem");
-  const auto resultado = Mandar(k, Comando('\\').Campo("Q").Campo("L"));
-  SepararRespuesta(k);
-  return resultado == kExito && k.estado.Respuesta[0] == "S" ? 0 : 1;
+std::int32_t VerificaEspacioItem(Library& library) {
+  EscribirLog(library, " - Comando : EP_VerificaEspacioItem");
+  const auto result = Send(library, Command('\\').Field("Q").Field("L"));
+  SepararRespuesta(library);
+  return result == kSuccess && library.state.Respuesta[0] == "S" ? 0 : 1;
 }
 
 // -1 when the printer did it, 0 when it did not.
-std::int32_t HojaTransporte(Biblioteca& k, std::string_view registro, std::string_view paso) {
-  EscribirLog(k, registro);
-  const auto resultado = Mandar(k, Comando('\\').Campo("D").Campo("P").Campo("T").Campo(paso));
-  return resultado == kExito ? -1 : 0;
+std::int32_t TransportStep(Library& library, std::string_view log, std::string_view step) {
+  EscribirLog(library, log);
+  const auto result = Send(library, Command('\\').Field("D").Field("P").Field("T").Field(step));
+  return result == kSuccess ? -1 : 0;
 }
 
-std::int32_t CierraHojaTransporte(Biblioteca& k) {
-  return HojaTransporte(k, " - Comando : EP_CierraHojaTransporte", "T");
+std::int32_t CierraHojaTransporte(Library& library) {
+  return TransportStep(library, " - Comando : EP_CierraHojaTransporte", "T");
 }
 
-std::int32_t AbreHojaTransporte(Biblioteca& k) {
-  return HojaTransporte(k, " - Comando : EP_AbreHojaTransporte", "O");
+std::int32_t AbreHojaTransporte(Library& library) {
+  return TransportStep(library, " - Comando : EP_AbreHojaTransporte", "O");
 }
 
 }  // namespace
 
 // Kept as is: a transport step that the printer carried out ends the item; one that it refused lets
 // the item go on.
-bool HayLugarParaItem(Biblioteca& k) {
-  if (VerificaEspacioItem(k) == 0) return true;
-  return CierraHojaTransporte(k) == 0 && AbreHojaTransporte(k) == 0;
+bool RoomForItem(Library& library) {
+  if (VerificaEspacioItem(library) == 0) return true;
+  return CierraHojaTransporte(library) == 0 && AbreHojaTransporte(library) == 0;
 }
 
 }  // namespace kestra

@@ -5,11 +5,11 @@
 namespace kestra {
 
 // A boolean as the library has always kept it.
-using Booleano = std::int16_t;
-constexpr Booleano kVerdadero = -1;
-constexpr Booleano kFalso = 0;
-constexpr Booleano ABooleano(bool b) {
-  return b ? kVerdadero : kFalso;
+using Boolean = std::int16_t;
+constexpr Boolean kTrue = -1;
+constexpr Boolean kFalse = 0;
+constexpr Boolean ToBoolean(bool b) {
+  return b ? kTrue : kFalse;
 }
 
 }  // namespace kestra

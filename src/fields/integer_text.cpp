@@ -37,38 +37,38 @@ bool AllDigits(std::string_view text) {
 
 template <typename T>
 T Convert(std::string_view text) {
-  if (!EsNumero(text)) throw TipoNoCoincide();
+  if (!IsNumber(text)) throw TypeMismatch();
   const auto number = WithoutPlus(Trim(text));
   T value{};
   if (std::from_chars(number.data(), number.data() + number.size(), value).ec != std::errc{}) {
-    throw Desbordamiento();
+    throw Overflow();
   }
   return value;
 }
 
 }  // namespace
 
-bool EsNumero(std::string_view texto) {
-  const auto digits = WithoutSign(Trim(texto));
+bool IsNumber(std::string_view text) {
+  const auto digits = WithoutSign(Trim(text));
   return !digits.empty() && AllDigits(digits);
 }
 
-std::int32_t ANumero(std::string_view texto) {
-  return Convert<std::int32_t>(texto);
+std::int32_t ToNumber(std::string_view text) {
+  return Convert<std::int32_t>(text);
 }
 
-std::int16_t ANumeroCorto(std::string_view texto) {
-  return Convert<std::int16_t>(texto);
+std::int16_t ToShortNumber(std::string_view text) {
+  return Convert<std::int16_t>(text);
 }
 
-double ANumeroReal(std::string_view texto) {
-  const auto number = Trim(texto);
+double ToRealNumber(std::string_view text) {
+  const auto number = Trim(text);
   const auto unsigned_part = WithoutSign(number);
   const auto point = std::min(unsigned_part.find('.'), unsigned_part.size());
   const auto whole = unsigned_part.substr(0, point);
   const auto fraction = unsigned_part.substr(std::min(point + 1, unsigned_part.size()));
   if ((whole.empty() && fraction.empty()) || !AllDigits(whole) || !AllDigits(fraction)) {
-    throw TipoNoCoincide();
+    throw TypeMismatch();
   }
   // Both are exact up to fifteen digits, and their quotient is then the nearest number there is.
   double digits = 0;
@@ -76,24 +76,24 @@ double ANumeroReal(std::string_view texto) {
     for (const char digit : part) digits = digits * 10 + (digit - '0');
   }
   const double value = digits / std::pow(10.0, static_cast<double>(fraction.size()));
-  if (!std::isfinite(value)) throw Desbordamiento();
+  if (!std::isfinite(value)) throw Overflow();
   return number.starts_with('-') ? -value : value;
 }
 
-std::string EnteroRelleno(std::string_view texto, std::size_t digitos) {
-  const auto numero = Trim(texto);
-  std::string entero(digitos, '0');
+std::string PaddedInteger(std::string_view text, std::size_t digits) {
+  const auto number = Trim(text);
+  std::string whole(digits, '0');
   try {
     // Digits as they stand: a counter may have more of them than a double holds.
-    entero =
-        EsNumero(numero) ? std::string(WithoutSign(numero)) : DecimalFijo(ANumeroReal(numero), 0);
-  } catch (const Falla&) {
-    return entero;
+    whole =
+        IsNumber(number) ? std::string(WithoutSign(number)) : FixedDecimal(ToRealNumber(number), 0);
+  } catch (const Failure&) {
+    return whole;
   }
-  entero.erase(0, std::min(entero.find_first_not_of('0'), entero.size()));
-  const bool negativo = numero.starts_with('-') && !entero.empty();
-  entero = RellenarIzquierda(entero, digitos, '0');
-  return negativo ? entero.insert(0, 1, '-') : entero;
+  whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
+  const bool negative = number.starts_with('-') && !whole.empty();
+  whole = PadLeft(whole, digits, '0');
+  return negative ? whole.insert(0, 1, '-') : whole;
 }
 
 }  // namespace kestra

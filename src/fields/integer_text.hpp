@@ -8,17 +8,17 @@
 namespace kestra {
 
 // Optional blanks, optional sign, decimal digits, optional blanks.
-bool EsNumero(std::string_view texto);
+bool IsNumber(std::string_view text);
 
-// Throw Falla: type mismatch for what is no number, overflow for one out of range.
-std::int32_t ANumero(std::string_view texto);
-std::int16_t ANumeroCorto(std::string_view texto);
+// Throw Failure: type mismatch for what is no number, overflow for one out of range.
+std::int32_t ToNumber(std::string_view text);
+std::int16_t ToShortNumber(std::string_view text);
 
 // Any count of digits, with a point or without.
-double ANumeroReal(std::string_view texto);
+double ToRealNumber(std::string_view text);
 
 // A number as a whole one of at least so many digits; a longer one keeps all of its digits. What is no
 // number becomes zeros.
-std::string EnteroRelleno(std::string_view texto, std::size_t digitos);
+std::string PaddedInteger(std::string_view text, std::size_t digits);
 
 }  // namespace kestra

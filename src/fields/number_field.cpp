@@ -23,7 +23,7 @@ struct Decimal {
 };
 
 Decimal ToDecimal(double value) {
-  if (!std::isfinite(value)) throw Desbordamiento();
+  if (!std::isfinite(value)) throw Overflow();
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), "%.*e", kSignificant - 1, std::fabs(value));
   const std::string_view scientific(text.data());
@@ -58,10 +58,10 @@ void Increment(std::string& digits) {
   digits.insert(0, 1, '1');
 }
 
-// |value| x 10^decimales rounded to a whole number, as digits (at least decimales + 1 of them).
-std::string ScaledDigits(double value, std::int32_t decimales, Halves halves) {
+// |value| x 10^decimals rounded to a whole number, as digits (at least decimals + 1 of them).
+std::string ScaledDigits(double value, std::int32_t decimals, Halves halves) {
   auto [digits, point] = ToDecimal(value);
-  const auto keep = point + decimales;
+  const auto keep = point + decimals;
   if (keep < 0) {
     digits.clear();
   } else {
@@ -70,49 +70,49 @@ std::string ScaledDigits(double value, std::int32_t decimales, Halves halves) {
     digits.resize(kept, '0');
     if (up) Increment(digits);
   }
-  const auto least = static_cast<std::size_t>(decimales) + 1;
+  const auto least = static_cast<std::size_t>(decimals) + 1;
   if (digits.size() < least) digits.insert(0, least - digits.size(), '0');
   return digits;
 }
 
-std::string WithPoint(std::string digits, std::int32_t decimales) {
-  if (decimales > 0) digits.insert(digits.size() - static_cast<std::size_t>(decimales), 1, '.');
+std::string WithPoint(std::string digits, std::int32_t decimals) {
+  if (decimals > 0) digits.insert(digits.size() - static_cast<std::size_t>(decimals), 1, '.');
   return digits;
 }
 
-std::int16_t Width(const Digitos& digitos) {
-  const int width = digitos.enteros + digitos.decimales + (digitos.incluir_punto == 1 ? 1 : 0);
+std::int16_t Width(const Digits& digits) {
+  const int width = digits.integers + digits.decimals + (digits.include_point == 1 ? 1 : 0);
   if (width > std::numeric_limits<std::int16_t>::max() ||
       width < std::numeric_limits<std::int16_t>::min()) {
-    throw Desbordamiento();
+    throw Overflow();
   }
   return static_cast<std::int16_t>(width);
 }
 
 }  // namespace
 
-std::string DecimalFijo(double value, std::int32_t decimales) {
-  if (decimales < 0) throw LlamadaNoValida();
-  return WithPoint(ScaledDigits(value, decimales, Halves::kAwayFromZero), decimales);
+std::string FixedDecimal(double value, std::int32_t decimals) {
+  if (decimals < 0) throw InvalidCall();
+  return WithPoint(ScaledDigits(value, decimals, Halves::kAwayFromZero), decimals);
 }
 
-std::string FormatearNumero(double value, const Digitos& digitos) {
-  const auto width = Width(digitos);
-  auto digits = DecimalFijo(value, digitos.decimales);
-  if (digitos.incluir_punto != 1) std::erase(digits, '.');
+std::string FormatearNumero(double value, const Digits& shape) {
+  const auto width = Width(shape);
+  auto digits = FixedDecimal(value, shape.decimals);
+  if (shape.include_point != 1) std::erase(digits, '.');
   const auto pad = width - static_cast<std::int64_t>(digits.size());
-  if (pad < 0) throw LlamadaNoValida();
+  if (pad < 0) throw InvalidCall();
   digits.insert(0, static_cast<std::size_t>(pad), '0');
   // Kept as is: the sign widens the field by one; the printer has always been sent it so.
   if (value < 0) digits.insert(0, 1, '-');
   return digits;
 }
 
-double RedondearCentesimos(double value) {
+double RoundToHundredths(double value) {
   // What has no hundredths any more is round already, and more than the digits below can tell.
   constexpr double kWithoutHundredths = 1e13;
   if (std::fabs(value) >= kWithoutHundredths) {
-    if (!std::isfinite(value)) throw Desbordamiento();
+    if (!std::isfinite(value)) throw Overflow();
     return value;
   }
   std::int64_t hundredths = 0;
@@ -123,8 +123,8 @@ double RedondearCentesimos(double value) {
   return value < 0 ? -rounded : rounded;
 }
 
-std::string DigitosDeCentesimos(double value) {
-  auto digits = DecimalFijo(value, 2);
+std::string HundredthsDigits(double value) {
+  auto digits = FixedDecimal(value, 2);
   std::erase(digits, '.');
   return value < 0 ? digits.insert(0, 1, '-') : digits;
 }

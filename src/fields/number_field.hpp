@@ -6,24 +6,24 @@
 namespace kestra {
 
 // The digits a numeric field of the printer has.
-struct Digitos {
-  std::int16_t enteros = 0;
-  std::int16_t decimales = 0;
-  std::int16_t incluir_punto = 0;  // 1: the decimal point is part of the field
+struct Digits {
+  std::int16_t integers = 0;
+  std::int16_t decimals = 0;
+  std::int16_t include_point = 0;  // 1: the decimal point is part of the field
 };
 
 // A number as a field of fixed width, filled with zeros. A negative one is a character wider.
-// Throws Falla when it does not fit.
-std::string FormatearNumero(double value, const Digitos& digitos);
+// Throws Failure when it does not fit.
+std::string FormatearNumero(double value, const Digits& shape);
 
 // A digit count of 0..32767 decimals after a point, whatever the locale: |2.675| with 2 is "2.68".
-// Halves go away from zero, judged on 15 significant digits. Throws Falla for what is no number.
-std::string DecimalFijo(double value, std::int32_t decimales);
+// Halves go away from zero, judged on 15 significant digits. Throws Failure for what is no number.
+std::string FixedDecimal(double value, std::int32_t decimals);
 
 // Hundredths as a whole number, halves to the even one, judged on 15 significant digits.
-double RedondearCentesimos(double value);
+double RoundToHundredths(double value);
 
 // "005" for 0.05: two decimals without any separator.
-std::string DigitosDeCentesimos(double value);
+std::string HundredthsDigits(double value);
 
 }  // namespace kestra

@@ -9,47 +9,47 @@ namespace kestra {
 namespace {
 
 // Accented letters the printer has, at their places in its own table.
-constexpr std::string_view kAceptados = "\xF0\xF1\xF2\xF4\xF8";
+constexpr std::string_view kAcceptedLetters = "\xF0\xF1\xF2\xF4\xF8";
 
-bool LoAceptaLaImpresora(char caracter) {
-  const auto codigo = static_cast<unsigned char>(caracter);
-  return (codigo >= 32 && codigo <= 127) || kAceptados.find(caracter) != std::string_view::npos;
+bool PrinterAccepts(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  return (code >= 32 && code <= 127) || kAcceptedLetters.find(character) != std::string_view::npos;
 }
 
 }  // namespace
 
-std::string_view Recortar(std::string_view texto) {
-  const auto primero = texto.find_first_not_of(' ');
-  if (primero == std::string_view::npos) return {};
-  return texto.substr(primero, texto.find_last_not_of(' ') - primero + 1);
+std::string_view TrimBlanks(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-std::string Fijar(std::string_view texto, std::size_t longitud) {
-  std::string fijo(texto.substr(0, longitud));
-  fijo.resize(longitud, ' ');
-  return fijo;
+std::string FixedWidth(std::string_view text, std::size_t length) {
+  std::string fixed(text.substr(0, length));
+  fixed.resize(length, ' ');
+  return fixed;
 }
 
-std::string RellenarIzquierda(std::string_view texto, std::size_t longitud, char relleno) {
-  const auto faltan = longitud > texto.size() ? longitud - texto.size() : 0;
-  return std::string(faltan, relleno).append(texto);
+std::string PadLeft(std::string_view text, std::size_t length, char filler) {
+  const auto missing = length > text.size() ? length - text.size() : 0;
+  return std::string(missing, filler).append(text);
 }
 
-std::string LimpiarCaracteres(std::string texto) {
+std::string LimpiarCaracteres(std::string text) {
   std::replace_if(
-      texto.begin(), texto.end(), [](char c) { return !LoAceptaLaImpresora(c); }, '-');
-  return texto;
+      text.begin(), text.end(), [](char c) { return !PrinterAccepts(c); }, '-');
+  return text;
 }
 
-std::string AjustarTexto(std::string_view texto, std::int32_t longitud) {
-  if (longitud > std::numeric_limits<std::int16_t>::max() ||
-      longitud < std::numeric_limits<std::int16_t>::min()) {
-    throw Desbordamiento();
+std::string AjustarTexto(std::string_view text, std::int32_t length) {
+  if (length > std::numeric_limits<std::int16_t>::max() ||
+      length < std::numeric_limits<std::int16_t>::min()) {
+    throw Overflow();
   }
-  const auto recortado = Recortar(texto);
-  if (recortado.empty()) return {kCampoVacio};
-  if (longitud < 0) throw LlamadaNoValida();
-  return Fijar(recortado, static_cast<std::size_t>(longitud));
+  const auto trimmed = TrimBlanks(text);
+  if (trimmed.empty()) return {kEmptyField};
+  if (length < 0) throw InvalidCall();
+  return FixedWidth(trimmed, static_cast<std::size_t>(length));
 }
 
 }  // namespace kestra

@@ -8,22 +8,22 @@
 namespace kestra {
 
 // What the printer reads as an empty field.
-constexpr char kCampoVacio = '\x7F';
+constexpr char kEmptyField = '\x7F';
 
 // Without leading and trailing blanks (blanks only, no other white space).
-std::string_view Recortar(std::string_view texto);
+std::string_view TrimBlanks(std::string_view text);
 
-// Cut or padded with blanks to exactly `longitud` characters.
-std::string Fijar(std::string_view texto, std::size_t longitud);
+// Cut or padded with blanks to exactly `length` characters.
+std::string FixedWidth(std::string_view text, std::size_t length);
 
-// Filled with `relleno` on the left up to `longitud`; a longer text stays as it is.
-std::string RellenarIzquierda(std::string_view texto, std::size_t longitud, char relleno);
+// Filled with `filler` on the left up to `length`; a longer text stays as it is.
+std::string PadLeft(std::string_view text, std::size_t length, char filler);
 
 // Replaces the characters that the printer does not accept by "-".
-std::string LimpiarCaracteres(std::string texto);
+std::string LimpiarCaracteres(std::string text);
 
-// Fits a text to a field: trimmed, then padded or cut; an empty one becomes kCampoVacio. Throws
-// Falla for a length that no field has.
-std::string AjustarTexto(std::string_view texto, std::int32_t longitud);
+// Fits a text to a field: trimmed, then padded or cut; an empty one becomes kEmptyField. Throws
+// Failure for a length that no field has.
+std::string AjustarTexto(std::string_view text, std::int32_t length);
 
 }  // namespace kestra

@@ -8,25 +8,25 @@
 
 namespace kestra {
 
-void EscribirLog(Biblioteca& k, std::string_view texto, std::string_view archivo) noexcept {
-  if (k.estado.LogComandos != 1) return;
+void EscribirLog(Library& library, std::string_view text, std::string_view file) noexcept {
+  if (library.state.LogComandos != 1) return;
   try {
-    auto& clock = k.platform.GetClock();
-    auto linea = "[" + clock.ShortDate() + "-" + clock.TimeText() + "]";
-    linea.append(texto).append("\r\n");
-    k.platform.GetLog().Append(archivo, linea);
+    auto& clock = library.platform.GetClock();
+    auto line = "[" + clock.ShortDate() + "-" + clock.TimeText() + "]";
+    line.append(text).append("\r\n");
+    library.platform.GetLog().Append(file, line);
   } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
   }
 }
 
-void RegistrarFalla(Biblioteca& k, const Falla& falla, std::string_view rutina,
-                    std::string_view linea) {
-  EscribirLog(k, std::string(" - ")
-                     .append(TextoDeFalla(falla))
-                     .append(" in procedure ")
-                     .append(rutina)
-                     .append(" of Módulo ExportedProcedures - Linea: "_ansi)
-                     .append(linea));
+void LogFailure(Library& library, const Failure& failure, std::string_view routine,
+                std::string_view line) {
+  EscribirLog(library, std::string(" - ")
+                           .append(FailureText(failure))
+                           .append(" in procedure ")
+                           .append(routine)
+                           .append(" of Módulo ExportedProcedures - Linea: "_ansi)
+                           .append(line));
 }
 
 }  // namespace kestra

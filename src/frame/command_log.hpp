@@ -6,17 +6,17 @@
 
 namespace kestra {
 
-struct Biblioteca;
+struct Library;
 
-constexpr std::string_view kArchivoDeRegistro = ".\\fiscal.log";
+constexpr std::string_view kLogFile = ".\\fiscal.log";
 
 // Appends a dated line to the log when LogComandos is 1. A log that cannot be written is no reason
 // to stop selling: every failure ends it in silence.
-void EscribirLog(Biblioteca& k, std::string_view texto,
-                 std::string_view archivo = kArchivoDeRegistro) noexcept;
+void EscribirLog(Library& library, std::string_view text,
+                 std::string_view file = kLogFile) noexcept;
 
 // " - Error 8015 (...) in procedure Enviar of Módulo ExportedProcedures - Linea: abrir"
-void RegistrarFalla(Biblioteca& k, const Falla& falla, std::string_view rutina,
-                    std::string_view linea = {});
+void LogFailure(Library& library, const Failure& failure, std::string_view routine,
+                std::string_view line = {});
 
 }  // namespace kestra

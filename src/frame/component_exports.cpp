@@ -17,8 +17,8 @@ int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz, v
 }
 
 int32_t KESTRA_CALL DllCanUnloadNow() {
-  return kestra::SinFallar(1, [] {
-    const bool in_use = kestra::ComponentsInUse() || kestra::Instancia().estado.Puerto != nullptr;
+  return kestra::WithoutFailing(1, [] {
+    const bool in_use = kestra::ComponentsInUse() || kestra::Instance().state.Puerto != nullptr;
     return in_use ? 1 : 0;
   });
 }

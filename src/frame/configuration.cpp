@@ -16,132 +16,132 @@
 namespace kestra {
 namespace {
 
-using Numero = std::int32_t Estado::*;
-using Corto = std::int16_t Estado::*;
+using LongField = std::int32_t State::*;
+using ShortField = std::int16_t State::*;
 
 // Texts that are kept in their own way.
-struct Velocidad {};       // a number, kept as text for the port's settings
-struct TextoRecortado {};  // ModeloNombre
-struct TextoFijo {         // cut or padded; `si_vacio` stands for an empty one
-  std::size_t longitud;
-  std::string_view si_vacio;
+struct Speed {};        // a number, kept as text for the port's settings
+struct TrimmedText {};  // ModeloNombre
+struct FixedText {      // cut or padded; `if_empty` stands for an empty one
+  std::size_t length;
+  std::string_view if_empty;
 };
 
 // One key of the file and the field that it fills.
-struct Clave {
-  std::string_view nombre;
-  std::variant<Numero, Corto, Velocidad, TextoRecortado, TextoFijo> conversion;
-  std::string Estado::*texto = nullptr;              // the field of a text conversion
-  std::optional<std::int16_t> si_no_es_numero = {};  // only the last keys may be left out
+struct Key {
+  std::string_view name;
+  std::variant<LongField, ShortField, Speed, TrimmedText, FixedText> conversion;
+  std::string State::*text = nullptr;             // the field of a text conversion
+  std::optional<std::int16_t> if_no_number = {};  // only the last keys may be left out
 };
 
-constexpr std::array kClaves = {
-    Clave{"ImpresoraPuerto", &Estado::ImpresoraPuerto},
-    Clave{"ImpresoraConfig", Velocidad{}, &Estado::ImpresoraConfig},
-    Clave{"TipoComprobante", TextoFijo{2, ""}, &Estado::TipoComprobante},
-    Clave{"ModeloNombre", TextoRecortado{}, &Estado::ModeloNombre},
-    Clave{"TipoIVA", TextoFijo{1, "I"}, &Estado::TipoIVA},
-    Clave{"CanDecimales", &Estado::CanDecimales},
-    Clave{"CanMaxima", &Estado::CanMaxima},
-    Clave{"LonObsFac", &Estado::LonObsFac},
-    Clave{"LonLinFac", &Estado::LonLinFac},
-    Clave{"LonPagFac", &Estado::LonPagFac},
-    Clave{"LonLinNoF", &Estado::LonLinNoF},
-    Clave{"LonLinPag", &Estado::LonLinPag},
-    Clave{"ErrorMostrar", &Estado::ErrorMostrar},
-    Clave{"MostrarComandos", &Estado::MostrarComandos},
-    Clave{"EmiteTIC", &Estado::EmiteTIC},
-    Clave{"EmiteTIF", &Estado::EmiteTIF},
-    Clave{"EmiteFAC", &Estado::EmiteFAC},
-    Clave{"EmiteRTO", &Estado::EmiteRTO},
-    Clave{"EmitePAG", &Estado::EmitePAG},
-    Clave{"EmiteCRE", &Estado::EmiteCRE},
-    Clave{"EmiteDEB", &Estado::EmiteDEB},
-    Clave{"EntCantidad", &Estado::EntCantidad},
-    Clave{"DecCantidad", &Estado::DecCantidad},
-    Clave{"EntPrecio", &Estado::EntPrecio},
-    Clave{"DecPrecio", &Estado::DecPrecio},
-    Clave{"IncluirPuntoPrecio", &Estado::IncluirPuntoPrecio},
-    Clave{"EntDesc", &Estado::EntDesc},
-    Clave{"DecDesc", &Estado::DecDesc},
-    Clave{"EntIVA", &Estado::EntIVA},
-    Clave{"DecIVA", &Estado::DecIVA},
-    Clave{"EntImpInt", &Estado::EntImpInt},
-    Clave{"DecImpInt", &Estado::DecImpInt},
-    Clave{"EntPercepcion", &Estado::EntPercepcion},
-    Clave{"DecPercepcion", &Estado::DecPercepcion},
-    Clave{"LonDescripcionT", &Estado::LonDescripcionT},
-    Clave{"LonTextoFiscalT", &Estado::LonTextoFiscalT},
-    Clave{"LonEncabezadoT", &Estado::LonEncabezadoT},
-    Clave{"LonTextoNoFiscalT", &Estado::LonTextoNoFiscalT},
-    Clave{"LonDatosClienteT", &Estado::LonDatosClienteT},
-    Clave{"LonDescripcionF", &Estado::LonDescripcionF},
-    Clave{"LonTextoFiscalF", &Estado::LonTextoFiscalF},
-    Clave{"LonEncabezadoF", &Estado::LonEncabezadoF},
-    Clave{"LonTextoNoFiscalF", &Estado::LonTextoNoFiscalF},
-    Clave{"LonDatosClienteF", &Estado::LonDatosClienteF},
-    Clave{"Transporte", &Estado::Transporte},
-    Clave{"AjusteRedondeo", &Estado::AjusteRedondeo},
-    Clave{"QuitarCaracNoValidos", &Estado::QuitarCaracNoValidos},
-    Clave{"MostrarRespuestas", &Estado::MostrarRespuestas},
-    Clave{"CPI", &Estado::CPI, nullptr, 12},
-    Clave{"LogComandos", &Estado::LogComandos, nullptr, 0},
-    Clave{"UtilizaTransporte", &Estado::UtilizaTransporte, nullptr, 0},
-    Clave{"DelayComandos", &Estado::DelayComandos, nullptr, 0},
+constexpr std::array kKeys = {
+    Key{"ImpresoraPuerto", &State::ImpresoraPuerto},
+    Key{"ImpresoraConfig", Speed{}, &State::ImpresoraConfig},
+    Key{"TipoComprobante", FixedText{2, ""}, &State::TipoComprobante},
+    Key{"ModeloNombre", TrimmedText{}, &State::ModeloNombre},
+    Key{"TipoIVA", FixedText{1, "I"}, &State::TipoIVA},
+    Key{"CanDecimales", &State::CanDecimales},
+    Key{"CanMaxima", &State::CanMaxima},
+    Key{"LonObsFac", &State::LonObsFac},
+    Key{"LonLinFac", &State::LonLinFac},
+    Key{"LonPagFac", &State::LonPagFac},
+    Key{"LonLinNoF", &State::LonLinNoF},
+    Key{"LonLinPag", &State::LonLinPag},
+    Key{"ErrorMostrar", &State::ErrorMostrar},
+    Key{"MostrarComandos", &State::MostrarComandos},
+    Key{"EmiteTIC", &State::EmiteTIC},
+    Key{"EmiteTIF", &State::EmiteTIF},
+    Key{"EmiteFAC", &State::EmiteFAC},
+    Key{"EmiteRTO", &State::EmiteRTO},
+    Key{"EmitePAG", &State::EmitePAG},
+    Key{"EmiteCRE", &State::EmiteCRE},
+    Key{"EmiteDEB", &State::EmiteDEB},
+    Key{"EntCantidad", &State::EntCantidad},
+    Key{"DecCantidad", &State::DecCantidad},
+    Key{"EntPrecio", &State::EntPrecio},
+    Key{"DecPrecio", &State::DecPrecio},
+    Key{"IncluirPuntoPrecio", &State::IncluirPuntoPrecio},
+    Key{"EntDesc", &State::EntDesc},
+    Key{"DecDesc", &State::DecDesc},
+    Key{"EntIVA", &State::EntIVA},
+    Key{"DecIVA", &State::DecIVA},
+    Key{"EntImpInt", &State::EntImpInt},
+    Key{"DecImpInt", &State::DecImpInt},
+    Key{"EntPercepcion", &State::EntPercepcion},
+    Key{"DecPercepcion", &State::DecPercepcion},
+    Key{"LonDescripcionT", &State::LonDescripcionT},
+    Key{"LonTextoFiscalT", &State::LonTextoFiscalT},
+    Key{"LonEncabezadoT", &State::LonEncabezadoT},
+    Key{"LonTextoNoFiscalT", &State::LonTextoNoFiscalT},
+    Key{"LonDatosClienteT", &State::LonDatosClienteT},
+    Key{"LonDescripcionF", &State::LonDescripcionF},
+    Key{"LonTextoFiscalF", &State::LonTextoFiscalF},
+    Key{"LonEncabezadoF", &State::LonEncabezadoF},
+    Key{"LonTextoNoFiscalF", &State::LonTextoNoFiscalF},
+    Key{"LonDatosClienteF", &State::LonDatosClienteF},
+    Key{"Transporte", &State::Transporte},
+    Key{"AjusteRedondeo", &State::AjusteRedondeo},
+    Key{"QuitarCaracNoValidos", &State::QuitarCaracNoValidos},
+    Key{"MostrarRespuestas", &State::MostrarRespuestas},
+    Key{"CPI", &State::CPI, nullptr, 12},
+    Key{"LogComandos", &State::LogComandos, nullptr, 0},
+    Key{"UtilizaTransporte", &State::UtilizaTransporte, nullptr, 0},
+    Key{"DelayComandos", &State::DelayComandos, nullptr, 0},
 };
-static_assert(kClaves.size() == 52);
+static_assert(kKeys.size() == 52);
 
-consteval bool SinRepetir() {
-  for (std::size_t i = 0; i < kClaves.size(); ++i) {
+consteval bool NoneRepeated() {
+  for (std::size_t i = 0; i < kKeys.size(); ++i) {
     for (std::size_t j = 0; j < i; ++j) {
-      if (kClaves[i].nombre == kClaves[j].nombre) return false;
+      if (kKeys[i].name == kKeys[j].name) return false;
     }
   }
   return true;
 }
-static_assert(SinRepetir());
+static_assert(NoneRepeated());
 
 // Stores one key's text in its field, each conversion in its own way.
-struct Guardar {
-  Estado& estado;
-  const Clave& clave;
-  const std::string& texto;
+struct Store {
+  State& state;
+  const Key& key;
+  const std::string& text;
 
-  [[nodiscard]] bool UsarReserva() const { return clave.si_no_es_numero && !EsNumero(texto); }
+  [[nodiscard]] bool UseFallback() const { return key.if_no_number && !IsNumber(text); }
 
-  void operator()(Numero campo) const {
-    estado.*campo = UsarReserva() ? *clave.si_no_es_numero : ANumero(texto);
+  void operator()(LongField field) const {
+    state.*field = UseFallback() ? *key.if_no_number : ToNumber(text);
   }
-  void operator()(Corto campo) const {
-    estado.*campo = UsarReserva() ? *clave.si_no_es_numero : ANumeroCorto(texto);
+  void operator()(ShortField field) const {
+    state.*field = UseFallback() ? *key.if_no_number : ToShortNumber(text);
   }
-  void operator()(Velocidad) const { estado.*clave.texto = std::to_string(ANumero(texto)); }
-  void operator()(TextoRecortado) const { estado.*clave.texto = Recortar(texto); }
-  void operator()(const TextoFijo& fijo) const {
-    const bool vacio = Recortar(texto).empty();
-    estado.*clave.texto = Fijar(vacio ? fijo.si_vacio : texto, fijo.longitud);
+  void operator()(Speed) const { state.*key.text = std::to_string(ToNumber(text)); }
+  void operator()(TrimmedText) const { state.*key.text = TrimBlanks(text); }
+  void operator()(const FixedText& fixed) const {
+    const bool empty = TrimBlanks(text).empty();
+    state.*key.text = FixedWidth(empty ? fixed.if_empty : text, fixed.length);
   }
 };
 
 }  // namespace
 
-std::string LeerValorIni(Biblioteca& k, std::string_view clave) {
-  return k.platform.GetProfile().Read(kSeccion, clave, kArchivoDeConfiguracion);
+std::string LeerValorIni(Library& library, std::string_view key) {
+  return library.platform.GetProfile().Read(kSection, key, kConfigurationFile);
 }
 
-void Lee_Ini(Biblioteca& k) {
-  std::string_view linea;
+void Lee_Ini(Library& library) {
+  std::string_view line;
   try {
-    for (const auto& clave : kClaves) {
-      linea = clave.nombre;
-      const auto texto = LeerValorIni(k, clave.nombre);
-      std::visit(Guardar{k.estado, clave, texto}, clave.conversion);
+    for (const auto& key : kKeys) {
+      line = key.name;
+      const auto text = LeerValorIni(library, key.name);
+      std::visit(Store{library.state, key, text}, key.conversion);
     }
-  } catch (const Falla& falla) {
-    k.platform.GetOperator().Message(
-        TextoDeFalla(falla)
+  } catch (const Failure& failure) {
+    library.platform.GetOperator().Message(
+        FailureText(failure)
             .append(" en Leer_Ini - Módulo DLLSupport - Lee_Ini - Linea: "_ansi)
-            .append(linea),
+            .append(line),
         "", kBoxOk);
   }
 }

@@ -14,30 +14,30 @@
 
 namespace kestra {
 
-// Runs what may be called at any time; a failure of it becomes `fracaso`.
-template <typename Cuerpo>
-std::int32_t SinFallar(std::int32_t fracaso, Cuerpo cuerpo) noexcept {
+// Runs what may be called at any time; a failure of it becomes `failure`.
+template <typename Body>
+std::int32_t WithoutFailing(std::int32_t failure, Body body) noexcept {
   try {
-    return cuerpo();
+    return body();
   } catch (...) {
-    return fracaso;  // the host must survive anything
+    return failure;  // the host must survive anything
   }
 }
 
-// Runs the body of an operation. Whatever goes wrong in it ends here: in the log and as `fracaso`.
-template <typename Operacion>
-std::int32_t Exportar(std::string_view nombre, std::int32_t fracaso, Operacion operacion) noexcept {
-  const Turno turno;
-  if (!turno) return fracaso;
+// Runs the body of an operation. Whatever goes wrong in it ends here: in the log and as `failure`.
+template <typename Operation>
+std::int32_t Export(std::string_view name, std::int32_t failure, Operation operation) noexcept {
+  const Turn turn;
+  if (!turn) return failure;
   const FloatingPoint ours;
-  return SinFallar(fracaso, [&] {
-    auto& k = Instancia();
-    if (turno.Heredado()) SoltarAbandonado(k);
+  return WithoutFailing(failure, [&] {
+    auto& k = Instance();
+    if (turn.Inherited()) ReleaseAbandoned(k);
     try {
-      return operacion(k);
+      return operation(k);
     } catch (const std::exception& error) {
-      RegistrarFalla(k, AFalla(error), nombre);
-      return fracaso;
+      LogFailure(k, ToFailure(error), name);
+      return failure;
     }
   });
 }

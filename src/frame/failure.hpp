@@ -9,48 +9,48 @@
 namespace kestra {
 
 // A run-time failure: the one exception that travels inside the library.
-class Falla : public std::exception {
+class Failure : public std::exception {
  public:
-  Falla(std::int32_t numero, std::string descripcion)
-      : numero_(numero), descripcion_(std::move(descripcion)) {}
+  Failure(std::int32_t number, std::string description)
+      : number_(number), description_(std::move(description)) {}
 
-  [[nodiscard]] std::int32_t Numero() const noexcept { return numero_; }
+  [[nodiscard]] std::int32_t Number() const noexcept { return number_; }
   // Windows-1252, as it goes to the log.
-  [[nodiscard]] const std::string& Descripcion() const noexcept { return descripcion_; }
-  [[nodiscard]] const char* what() const noexcept override { return descripcion_.c_str(); }
+  [[nodiscard]] const std::string& Description() const noexcept { return description_; }
+  [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
 
  private:
-  std::int32_t numero_;
-  std::string descripcion_;
+  std::int32_t number_;
+  std::string description_;
 };
 
 // Numbers and words of the classic run time, which hosts' logs have always shown.
-inline Falla Desbordamiento() {
+inline Failure Overflow() {
   return {6, "Overflow"};
 }
-inline Falla SinMemoria() {
+inline Failure OutOfMemory() {
   return {7, "Out of memory"};
 }
-inline Falla TipoNoCoincide() {
+inline Failure TypeMismatch() {
   return {13, "Type mismatch"};
 }
-inline Falla LlamadaNoValida() {
+inline Failure InvalidCall() {
   return {5, "Invalid procedure call or argument"};
 }
-inline Falla SinObjeto() {
+inline Failure NoObject() {
   return {91, "Object variable or With block variable not set"};
 }
 
 // Any exception in the library's own terms.
-inline Falla AFalla(const std::exception& error) {
-  if (const auto* falla = dynamic_cast<const Falla*>(&error)) return *falla;
-  if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) return SinMemoria();
+inline Failure ToFailure(const std::exception& error) {
+  if (const auto* failure = dynamic_cast<const Failure*>(&error)) return *failure;
+  if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) return OutOfMemory();
   return {51, "Internal error"};
 }
 
 // "Error 13 (Type mismatch)"
-inline std::string TextoDeFalla(const Falla& falla) {
-  return "Error " + std::to_string(falla.Numero()) + " (" + falla.Descripcion() + ")";
+inline std::string FailureText(const Failure& failure) {
+  return "Error " + std::to_string(failure.Number()) + " (" + failure.Description() + ")";
 }
 
 }  // namespace kestra

@@ -5,12 +5,12 @@
 
 namespace kestra {
 
-struct Biblioteca;
+struct Library;
 
-constexpr std::string_view kArchivoDeConfiguracion = ".\\Fiscal.ini";
-constexpr std::string_view kSeccion = "Epson_Fiscal";
+constexpr std::string_view kConfigurationFile = ".\\Fiscal.ini";
+constexpr std::string_view kSection = "Epson_Fiscal";
 
 // Text of a key of the library's section; empty when it is not there.
-std::string LeerValorIni(Biblioteca& k, std::string_view clave);
+std::string LeerValorIni(Library& library, std::string_view key);
 
 }  // namespace kestra

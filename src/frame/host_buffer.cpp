@@ -14,7 +14,7 @@ std::string LeerCadena(const void* pointer, std::int32_t length) {
   return text;
 }
 
-std::string LeerTextoTerminado(const char* pointer) {
+std::string ReadTerminatedText(const char* pointer) {
   std::string text;
   if (pointer == nullptr) return text;
   // A byte at a time: what lies behind the zero is none of ours.
@@ -24,7 +24,7 @@ std::string LeerTextoTerminado(const char* pointer) {
 }
 
 std::int32_t DevolverCadena(void* pointer, std::string_view text, std::int32_t size) {
-  const auto trimmed = Recortar(text).size();
+  const auto trimmed = TrimBlanks(text).size();
   const auto count = static_cast<std::int32_t>(
       std::min(static_cast<std::int64_t>(size), static_cast<std::int64_t>(trimmed)));
   // Kept as is: leading blanks shift what is copied; hosts have always received them so.

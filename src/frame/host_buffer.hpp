@@ -11,7 +11,7 @@ namespace kestra {
 std::string LeerCadena(const void* pointer, std::int32_t length);
 
 // Reads through to the zero that ends the text; null is the empty text.
-std::string LeerTextoTerminado(const char* pointer);
+std::string ReadTerminatedText(const char* pointer);
 
 // Copies into the host's buffer. The count is that of the trimmed text (at most `size`), but the
 // bytes are taken from the text itself.

@@ -12,18 +12,18 @@ namespace {
 // Every box may run the host's code: its callback, or what its timers do meanwhile.
 class VisitedOperator : public Operator {
  public:
-  explicit VisitedOperator(Operator& operador) : operator_(operador) {}
+  explicit VisitedOperator(Operator& host_operator) : operator_(host_operator) {}
 
   std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override {
-    const Turno::Visita visita;
+    const Turn::Visit visit;
     return operator_.Message(text, title, style);
   }
-  bool StatusReport(const InformeEstados& informe) override {
-    const Turno::Visita visita;
-    return operator_.StatusReport(informe);
+  bool StatusReport(const Report& report) override {
+    const Turn::Visit visit;
+    return operator_.StatusReport(report);
   }
   void MemoryFull() override {
-    const Turno::Visita visita;
+    const Turn::Visit visit;
     operator_.MemoryFull();
   }
 
@@ -57,39 +57,39 @@ class HostPlatform : public Platform {
 };
 
 // Members in this order: the port goes before the world it came from.
-struct Proceso {
-  explicit Proceso(std::unique_ptr<Platform> system)
-      : platform(std::move(system)), biblioteca(platform) {}
+struct Process {
+  explicit Process(std::unique_ptr<Platform> system)
+      : platform(std::move(system)), library(platform) {}
 
   HostPlatform platform;
-  Biblioteca biblioteca;
+  Library library;
 };
 
-std::unique_ptr<Proceso>& Reemplazo() {
-  static std::unique_ptr<Proceso> reemplazo;
-  return reemplazo;
+std::unique_ptr<Process>& Replacement() {
+  static std::unique_ptr<Process> replacement;
+  return replacement;
 }
 
 // Some exports take no turn: two threads may come here first at the same time, and the language lets
 // one of them make the process while the other waits.
-Proceso& Unico() {
-  if (const auto& otro = Reemplazo()) return *otro;
-  static Proceso proceso(MakeSystemPlatform());
-  return proceso;
+Process& Current() {
+  if (const auto& other = Replacement()) return *other;
+  static Process process(MakeSystemPlatform());
+  return process;
 }
 
 }  // namespace
 
-Biblioteca& Instancia() {
-  return Unico().biblioteca;
+Library& Instance() {
+  return Current().library;
 }
 
-void DefinirOperador(const KestraOperador* operador) {
-  Unico().platform.GetHost().Set(operador);
+void DefinirOperador(const KestraOperador* host_operator) {
+  Current().platform.GetHost().Set(host_operator);
 }
 
-void ReemplazarInstancia(std::unique_ptr<Platform> platform) {
-  Reemplazo() = std::make_unique<Proceso>(std::move(platform));
+void ReplaceInstance(std::unique_ptr<Platform> platform) {
+  Replacement() = std::make_unique<Process>(std::move(platform));
 }
 
 }  // namespace kestra

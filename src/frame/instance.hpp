@@ -7,15 +7,15 @@
 
 namespace kestra {
 
-struct Biblioteca;
+struct Library;
 
 // The library that serves the process; known to the exported functions alone.
-Biblioteca& Instancia();
+Library& Instance();
 
 // The host's answers to the operator's dialogs; null brings the default back.
-void DefinirOperador(const KestraOperador* operador);
+void DefinirOperador(const KestraOperador* host_operator);
 
 // Starts over on another world. For tests: the exports then work on fakes.
-void ReemplazarInstancia(std::unique_ptr<Platform> platform);
+void ReplaceInstance(std::unique_ptr<Platform> platform);
 
 }  // namespace kestra

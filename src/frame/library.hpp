@@ -7,10 +7,10 @@ namespace kestra {
 
 // The library: its state and the world it works in. Every routine gets it from its caller; only the
 // exported functions know the one that serves the process.
-struct Biblioteca {
-  explicit Biblioteca(Platform& world) : platform(world) {}
+struct Library {
+  explicit Library(Platform& world) : platform(world) {}
 
-  Estado estado;
+  State state;
   Platform& platform;
 };
 

@@ -8,82 +8,81 @@
 namespace kestra {
 namespace {
 
-std::string Unir(std::initializer_list<std::string_view> partes, std::string_view entre) {
-  std::string unido;
-  bool primera = true;
-  for (const auto parte : partes) {
-    if (!primera) unido.append(entre);
-    unido.append(parte);
-    primera = false;
+std::string Join(std::initializer_list<std::string_view> parts, std::string_view between) {
+  std::string joined;
+  bool first = true;
+  for (const auto part : parts) {
+    if (!first) joined.append(between);
+    joined.append(part);
+    first = false;
   }
-  return unido;
+  return joined;
 }
 
-template <typename Convertir>
-std::string OVacio(Biblioteca& k, Convertir convertir) {
+template <typename Conversion>
+std::string OrEmpty(Library& library, Conversion convert) {
   try {
-    return convertir();
-  } catch (const Falla&) {
-    k.platform.GetOperator().Message("Error al convertir", "", kBoxOk);
+    return convert();
+  } catch (const Failure&) {
+    library.platform.GetOperator().Message("Error al convertir", "", kBoxOk);
     return {};
   }
 }
 
 }  // namespace
 
-std::string Llamada(std::string_view nombre, std::initializer_list<std::string_view> argumentos) {
-  return std::string(nombre).append("(").append(Unir(argumentos, ",")).append(")");
+std::string Call(std::string_view name, std::initializer_list<std::string_view> arguments) {
+  return std::string(name).append("(").append(Join(arguments, ",")).append(")");
 }
 
-std::string LlamadaEntreComillas(std::string_view nombre,
-                                 std::initializer_list<std::string_view> argumentos) {
-  return std::string(nombre).append("('").append(Unir(argumentos, "','")).append("')");
+std::string QuotedCall(std::string_view name, std::initializer_list<std::string_view> arguments) {
+  return std::string(name).append("('").append(Join(arguments, "','")).append("')");
 }
 
-bool Confirmar(Biblioteca& k, std::string_view llamada) {
-  auto& envia = k.estado.EnviaComando;
-  envia = kVerdadero;
-  if (k.estado.MostrarComandos == 1) {
-    const auto respuesta = k.platform.GetOperator().Message(llamada, "Envia?", kBoxYesNoQuestion);
-    envia = ABooleano(respuesta == kAnswerYes);
+bool Confirm(Library& library, std::string_view call) {
+  auto& may_send = library.state.EnviaComando;
+  may_send = kTrue;
+  if (library.state.MostrarComandos == 1) {
+    const auto answer = library.platform.GetOperator().Message(call, "Envia?", kBoxYesNoQuestion);
+    may_send = ToBoolean(answer == kAnswerYes);
   }
-  return envia != kFalso;
+  return may_send != kFalse;
 }
 
-std::int32_t Mandar(Biblioteca& k, const Comando& comando) {
-  k.estado.ComandoActual = comando.Bytes();
-  return MandarAnterior(k);
+std::int32_t Send(Library& library, const Command& command) {
+  library.state.ComandoActual = command.Bytes();
+  return SendPrevious(library);
 }
 
-std::int32_t MandarAnterior(Biblioteca& k) {
-  return Enviar(k) == 0 ? kExito : kFracaso;
+std::int32_t SendPrevious(Library& library) {
+  return Enviar(library) == 0 ? kSuccess : kFailure;
 }
 
-std::int32_t Operar(Biblioteca& k, std::string_view llamada, std::string_view registro,
-                    const Comando& comando) {
-  if (!Confirmar(k, llamada)) return kFracaso;
-  if (!registro.empty()) EscribirLog(k, registro);
-  return Mandar(k, comando);
+std::int32_t Operate(Library& library, std::string_view call, std::string_view log,
+                     const Command& command) {
+  if (!Confirm(library, call)) return kFailure;
+  if (!log.empty()) EscribirLog(library, log);
+  return Send(library, command);
 }
 
-bool UsaLargosT(const Estado& estado) {
-  return estado.TipoComprobante == "TF" || estado.TipoComprobante == "TQ";
+bool UsesTLengths(const State& state) {
+  return state.TipoComprobante == "TF" || state.TipoComprobante == "TQ";
 }
 
-std::int32_t LargoSegunFamilia(const Estado& estado, std::int32_t largo_t, std::int32_t largo_f) {
-  return UsaLargosT(estado) ? largo_t : largo_f;
+std::int32_t LengthForFamily(const State& state, std::int32_t t_length, std::int32_t f_length) {
+  return UsesTLengths(state) ? t_length : f_length;
 }
 
-std::string CampoNumero(Biblioteca& k, double valor, const Digitos& digitos) {
-  return OVacio(k, [&] { return FormatearNumero(valor, digitos); });
+std::string NumberField(Library& library, double value, const Digits& shape) {
+  return OrEmpty(library, [&] { return FormatearNumero(value, shape); });
 }
 
-std::string CampoTexto(Biblioteca& k, std::string_view texto, std::int32_t longitud) {
-  return OVacio(k, [&] { return AjustarTexto(texto, longitud); });
+std::string TextField(Library& library, std::string_view text, std::int32_t length) {
+  return OrEmpty(library, [&] { return AjustarTexto(text, length); });
 }
 
-std::string Limpiar(const Estado& estado, std::string texto) {
-  return estado.QuitarCaracNoValidos == 1 ? LimpiarCaracteres(std::move(texto)) : texto;
+std::string Clean(const State& state, std::string text) {
+  return state.QuitarCaracNoValidos == 1 ? LimpiarCaracteres(std::move(text)) : text;
 }
 
 }  // namespace kestra

@@ -12,85 +12,85 @@ namespace kestra {
 namespace {
 
 // What the printer model decides, over whatever the file says.
-void AplicarModelo(Estado& estado) {
-  if (estado.ModeloNombre == "TM-U220") {
-    estado.DisposicionModelo = {33, 26, 0, 0};
-    estado.EmiteRTO = 0;
-    estado.EmiteCRE = 1;
-    estado.EmiteFAC = 1;
+void ApplyModel(State& state) {
+  if (state.ModeloNombre == "TM-U220") {
+    state.DisposicionModelo = {33, 26, 0, 0};
+    state.EmiteRTO = 0;
+    state.EmiteCRE = 1;
+    state.EmiteFAC = 1;
   } else {
-    estado.DisposicionModelo = {20, 20, 20, 20};
-    estado.EmiteRTO = 1;
-    estado.EmiteCRE = 1;
+    state.DisposicionModelo = {20, 20, 20, 20};
+    state.EmiteRTO = 1;
+    state.EmiteCRE = 1;
   }
 }
 
-std::int16_t NumeroDePuerto(std::int32_t puerto) {
-  if (puerto > std::numeric_limits<std::int16_t>::max() ||
-      puerto < std::numeric_limits<std::int16_t>::min()) {
-    throw Desbordamiento();
+std::int16_t PortNumber(std::int32_t port) {
+  if (port > std::numeric_limits<std::int16_t>::max() ||
+      port < std::numeric_limits<std::int16_t>::min()) {
+    throw Overflow();
   }
-  return static_cast<std::int16_t>(puerto);
+  return static_cast<std::int16_t>(port);
 }
 
-void ConfigurarPuerto(Biblioteca& k) {
-  k.estado.Puerto.reset();
-  PortSettings ajustes;
-  ajustes.dispositivo = LeerValorIni(k, "ImpresoraDispositivo");
+void SetUpPort(Library& library) {
+  library.state.Puerto.reset();
+  PortSettings settings;
+  settings.device = LeerValorIni(library, "ImpresoraDispositivo");
   // The number says nothing where a device is named.
-  if (ajustes.dispositivo.empty()) ajustes.CommPort = NumeroDePuerto(k.estado.ImpresoraPuerto);
-  ajustes.Handshaking = 0;
-  ajustes.Settings = k.estado.ImpresoraConfig + ",N,8,1";
-  ajustes.InputMode = 0;
-  k.estado.Puerto = k.platform.CreatePort(ajustes);
+  if (settings.device.empty()) settings.CommPort = PortNumber(library.state.ImpresoraPuerto);
+  settings.Handshaking = 0;
+  settings.Settings = library.state.ImpresoraConfig + ",N,8,1";
+  settings.InputMode = 0;
+  library.state.Puerto = library.platform.CreatePort(settings);
 }
 
 // For where another failure is on its way already, or nobody to hear of one.
-template <typename Accion>
-void EnSilencio(Accion accion) noexcept {
+template <typename Action>
+void Quietly(Action action) noexcept {
   try {
-    accion();
+    action();
   } catch (...) {  // NOLINT(bugprone-empty-catch)
   }
 }
 
-void Preparar(Biblioteca& k) {
-  k.platform.BeginStartUp();
+void Prepare(Library& library) {
+  library.platform.BeginStartUp();
   try {
-    Lee_Ini(k);
-    AplicarModelo(k.estado);
-    ConfigurarPuerto(k);
+    Lee_Ini(library);
+    ApplyModel(library.state);
+    SetUpPort(library);
   } catch (...) {
     // A start that fails leaves nothing registered either.
-    EnSilencio([&] { k.platform.EndStartUp(); });
+    Quietly([&] { library.platform.EndStartUp(); });
     throw;
   }
-  k.platform.EndStartUp();
+  library.platform.EndStartUp();
 }
 
 }  // namespace
 
-std::int32_t Init(Biblioteca& k) {
+std::int32_t Init(Library& library) {
   try {
-    Preparar(k);
+    Prepare(library);
     return 1;
-  } catch (const Falla& falla) {
-    RegistrarFalla(k, falla, "EP_Init");
+  } catch (const Failure& failure) {
+    LogFailure(library, failure, "EP_Init");
     return 0;
   }
 }
 
-void Kill(Biblioteca& k) {
-  k.estado.Puerto.reset();
-  k.platform.ShutDown();
+void Kill(Library& library) {
+  library.state.Puerto.reset();
+  library.platform.ShutDown();
 }
 
-void SoltarAbandonado(Biblioteca& k) noexcept {
-  EnSilencio([&] {
-    const auto& puerto = k.estado.Puerto;
-    if (puerto != nullptr && puerto->PortOpen()) puerto->PortOpen(false);
+void ReleaseAbandoned(Library& library) noexcept {
+  Quietly([&] {
+    const auto& port = library.state.Puerto;
+    if (port != nullptr && port->PortOpen()) port->PortOpen(false);
   });
-  EnSilencio([&] { k.platform.EndStartUp(); });
+  Quietly([&] { library.platform.EndStartUp(); });
 }
 
 }  // namespace kestra

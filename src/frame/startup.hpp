@@ -4,16 +4,16 @@
 
 namespace kestra {
 
-struct Biblioteca;
+struct Library;
 
 // Reads the configuration and sets up Puerto. Here alone 1 is success and 0 failure.
-std::int32_t Init(Biblioteca& k);
+std::int32_t Init(Library& library);
 
 // Gives Puerto up.
-void Kill(Biblioteca& k);
+void Kill(Library& library);
 
 // Lets go of what a call held that the host left in the middle: the open port, and what start-up
 // alone needs.
-void SoltarAbandonado(Biblioteca& k) noexcept;
+void ReleaseAbandoned(Library& library) noexcept;
 
 }  // namespace kestra

@@ -13,7 +13,7 @@ namespace kestra {
 
 // Everything the library remembers between calls. The configuration fields carry the names of their
 // keys in Fiscal.ini.
-struct Estado {
+struct State {
   std::int32_t ImpresoraPuerto = 0;
   std::string ImpresoraConfig;
   std::string ModeloNombre;
@@ -71,16 +71,16 @@ struct Estado {
 
   std::unique_ptr<SerialPort> Puerto;
   std::int32_t UltimoError = 0;
-  Booleano EnviaComando = kFalso;
+  Boolean EnviaComando = kFalse;
   std::string ComandoActual;
   std::string RespuestaActual;
   std::int16_t NroSecuencia = 0;
   std::int16_t NroSecuenciaAnterior = 0;
-  Booleano Reintentar = kFalso;
+  Boolean Reintentar = kFalse;
   std::string EstadoImpresora;
   std::string EstadoFiscal;
-  Marcas BitImpresora{};
-  Marcas BitFiscal{};
+  Flags BitImpresora{};
+  Flags BitFiscal{};
   std::string Respuestas;
   std::string RespuestaCompleta;
   std::array<std::string, 13> Respuesta;  // Respuesta[0] is Respuesta_1

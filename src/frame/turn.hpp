@@ -12,56 +12,57 @@ namespace kestra {
 // A host may also leave a callback with a jump or an exception of its own, past the call that the
 // callback came from: that call never ends. Stacks grow downward, so that a later call of the same
 // thread gives it away by lying no deeper than where the host was let in; it takes the turn over.
-class Turno {
+class Turn {
  public:
-  Turno() : mio_(LoToma()) {}
-  Turno(const Turno&) = delete;
-  Turno& operator=(const Turno&) = delete;
-  ~Turno() {
-    if (mio_) dueno_.store(kNadie, std::memory_order_release);
+  Turn() : mine_(Take()) {}
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+  ~Turn() {
+    if (mine_) owner_.store(kNobody, std::memory_order_release);
   }
 
-  explicit operator bool() const { return mio_; }
+  explicit operator bool() const { return mine_; }
 
   // True when it was taken over: what the other call held is still held.
-  [[nodiscard]] bool Heredado() const { return heredado_; }
+  [[nodiscard]] bool Inherited() const { return inherited_; }
 
   // Lies in the stack of the call for as long as the host's code runs in the middle of it.
-  class Visita {
+  class Visit {
    public:
-    Visita() : antes_(fondo_) { fondo_ = Direccion(this); }
-    Visita(const Visita&) = delete;
-    Visita& operator=(const Visita&) = delete;
-    ~Visita() { fondo_ = antes_; }
+    Visit() : before_(bottom_) { bottom_ = Address(this); }
+    Visit(const Visit&) = delete;
+    Visit& operator=(const Visit&) = delete;
+    ~Visit() { bottom_ = before_; }
 
    private:
-    std::uintptr_t antes_;
+    std::uintptr_t before_;
   };
 
  private:
-  static constexpr std::uintptr_t kNadie = 0;
+  static constexpr std::uintptr_t kNobody = 0;
 
-  static std::uintptr_t Direccion(const void* lugar) {
-    return reinterpret_cast<std::uintptr_t>(lugar);
+  static std::uintptr_t Address(const void* place) {
+    return reinterpret_cast<std::uintptr_t>(place);
   }
 
   // Each thread has an errno of its own; not every compiler for Windows has names for threads.
-  static std::uintptr_t Hilo() { return Direccion(&errno); }
+  static std::uintptr_t CurrentThread() { return Address(&errno); }
 
-  bool LoToma() {
-    auto dueno = kNadie;
-    const bool libre = dueno_.compare_exchange_strong(dueno, Hilo(), std::memory_order_acquire);
-    heredado_ = !libre && dueno == Hilo() && Direccion(this) >= fondo_;
-    if (libre || heredado_) fondo_ = Direccion(this);
-    return libre || heredado_;
+  bool Take() {
+    auto owner = kNobody;
+    const bool free =
+        owner_.compare_exchange_strong(owner, CurrentThread(), std::memory_order_acquire);
+    inherited_ = !free && owner == CurrentThread() && Address(this) >= bottom_;
+    if (free || inherited_) bottom_ = Address(this);
+    return free || inherited_;
   }
 
-  static inline std::atomic<std::uintptr_t> dueno_ = kNadie;
+  static inline std::atomic<std::uintptr_t> owner_ = kNobody;
   // The deepest place known to be in the call's stack. Its own thread alone looks at it.
-  static inline std::uintptr_t fondo_ = 0;
+  static inline std::uintptr_t bottom_ = 0;
 
-  bool heredado_ = false;
-  bool mio_;
+  bool inherited_ = false;
+  bool mine_;
 };
 
 }  // namespace kestra

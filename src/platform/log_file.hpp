@@ -11,7 +11,7 @@ class LogFile {
   LogFile& operator=(const LogFile&) = delete;
   virtual ~LogFile() = default;
 
-  // Opens the file for appending (created when missing), writes the bytes, closes it. Throws Falla
+  // Opens the file for appending (created when missing), writes the bytes, closes it. Throws Failure
   // when that cannot be done. `file` is written ".\fiscal.log" on every platform.
   virtual void Append(std::string_view file, std::string_view bytes) = 0;
 };

@@ -16,19 +16,19 @@ constexpr std::int32_t kAnswerYes = 6;
 constexpr std::int32_t kAnswerNo = 7;
 
 // One row of the status report dialog.
-struct Fila {
-  std::int32_t grupo = 0;   // 0 printer, 1 fiscal
-  std::int32_t numero = 0;  // as in the control's name
+struct StatusRow {
+  std::int32_t group = 0;   // 0 printer, 1 fiscal
+  std::int32_t number = 0;  // as in the control's name
   bool error = false;       // error or information
-  bool encendida = false;   // lit or greyed
-  std::string_view texto;   // caption
-  std::string_view ayuda;   // hint
+  bool lit = false;         // lit or greyed
+  std::string_view text;    // caption
+  std::string_view hint;    // hint
 };
 
-struct InformeEstados {
-  std::string impresora;  // the status words, four hexadecimal digits each
+struct Report {
+  std::string printer;  // the status words, four hexadecimal digits each
   std::string fiscal;
-  std::vector<Fila> filas;
+  std::vector<StatusRow> rows;
 };
 
 // The person at the till. Texts are windows-1252.
@@ -44,7 +44,7 @@ class Operator {
                                std::int32_t style) = 0;
 
   // The status report dialog. True: Reintentar was pressed.
-  virtual bool StatusReport(const InformeEstados& informe) = 0;
+  virtual bool StatusReport(const Report& report) = 0;
 
   // The warning that the fiscal memory is nearly full.
   virtual void MemoryFull() = 0;

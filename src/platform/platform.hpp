@@ -19,7 +19,7 @@ class Platform {
   virtual ~Platform() = default;
 
   // Makes the calling thread ready for the library, by way of the platform's component system where it
-  // has one. Throws Falla when that cannot be done.
+  // has one. Throws Failure when that cannot be done.
   virtual void BeginStartUp() {}
 
   // Undoes what only start-up needs.
@@ -28,7 +28,7 @@ class Platform {
   // Ends the thread's use of the platform.
   virtual void ShutDown() {}
 
-  // A closed port set up as told. Throws Falla when the settings cannot be had.
+  // A closed port set up as told. Throws Failure when the settings cannot be had.
   virtual std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) = 0;
 
   virtual Clock& GetClock() = 0;

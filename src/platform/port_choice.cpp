@@ -10,20 +10,20 @@ namespace {
 
 std::unique_ptr<SerialPort> MakeTcpPort(const std::string& device) {
   std::optional<TcpAddress> address = TcpAddressOf(device);
-  if (!address) throw FallaDePuerto(PortFault::kBadAddress, device);
+  if (!address) throw PortFailure(PortFault::kBadAddress, device);
   return std::make_unique<TcpPort>(device, *std::move(address));
 }
 
 }  // namespace
 
 std::unique_ptr<SerialPort> MakePort(const PortSettings& settings) {
-  if (IsTcp(settings.dispositivo)) return MakeTcpPort(settings.dispositivo);
+  if (IsTcp(settings.device)) return MakeTcpPort(settings.device);
   const std::optional<std::int32_t> speed = LineSpeedOf(settings.Settings);
-  if (!settings.dispositivo.empty()) return MakeDevicePort(settings.dispositivo, speed);
+  if (!settings.device.empty()) return MakeDevicePort(settings.device, speed);
   if (settings.CommPort < 1 || settings.CommPort > 256) {
-    throw FallaDePuerto(PortFault::kBadNumber, std::to_string(settings.CommPort));
+    throw PortFailure(PortFault::kBadNumber, std::to_string(settings.CommPort));
   }
-  if (!speed) throw FallaDePuerto(PortFault::kBadSettings, settings.Settings);
+  if (!speed) throw PortFailure(PortFault::kBadSettings, settings.Settings);
   return MakeDevicePort(DeviceOfNumber(settings.CommPort), speed);
 }
 

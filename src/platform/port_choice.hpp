@@ -10,7 +10,7 @@
 namespace kestra {
 
 // A closed port as the settings tell: the device that they name, on this machine or behind a network,
-// else the serial port of their number. Throws Falla for a number or a speed that is none, and for a
+// else the serial port of their number. Throws Failure for a number or a speed that is none, and for a
 // network address that cannot be one.
 std::unique_ptr<SerialPort> MakePort(const PortSettings& settings);
 

@@ -10,7 +10,7 @@ namespace {
 
 struct Row {
   PortFault fault;
-  std::int32_t numero;
+  std::int32_t number;
   std::string_view before;  // the words before the device's name
   std::string_view after;
 };
@@ -49,15 +49,15 @@ static_assert(RowsAreInOrder(), "one row per fault, in the order of the faults")
 
 }  // namespace
 
-Falla FallaDePuerto(PortFault fault, std::string_view device) {
+Failure PortFailure(PortFault fault, std::string_view device) {
   const Row& row = kRows[static_cast<std::size_t>(fault)];
-  return {row.numero, std::string(row.before).append(device).append(row.after)};
+  return {row.number, std::string(row.before).append(device).append(row.after)};
 }
 
-Falla FallaDePuerto(PortFault fault, std::string_view device, int system_error) {
-  const Falla plain = FallaDePuerto(fault, device);
-  return {plain.Numero(),
-          plain.Descripcion() + " (error " + std::to_string(system_error) + " del sistema)"};
+Failure PortFailure(PortFault fault, std::string_view device, int system_error) {
+  const Failure plain = PortFailure(fault, device);
+  return {plain.Number(),
+          plain.Description() + " (error " + std::to_string(system_error) + " del sistema)"};
 }
 
 }  // namespace kestra

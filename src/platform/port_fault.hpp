@@ -33,9 +33,9 @@ enum class PortFault : std::uint8_t {
 
 // The failure with the number that the classic communications control gives it, in words that name
 // the device.
-Falla FallaDePuerto(PortFault fault, std::string_view device);
+Failure PortFailure(PortFault fault, std::string_view device);
 
 // The same with the system's own error number at its end.
-Falla FallaDePuerto(PortFault fault, std::string_view device, int system_error);
+Failure PortFailure(PortFault fault, std::string_view device, int system_error);
 
 }  // namespace kestra

@@ -9,14 +9,14 @@ namespace kestra {
 
 // How the port is set up once, before it is first opened.
 struct PortSettings {
-  std::int16_t CommPort = 0;     // 1..256, unless `dispositivo` names a path
+  std::int16_t CommPort = 0;     // 1..256, unless `device` names a path
   std::string Settings;          // "9600,N,8,1"
   std::int16_t Handshaking = 0;  // none
   std::int16_t InputMode = 0;    // text
-  std::string dispositivo;       // replaces the device of CommPort when not empty
+  std::string device;            // replaces the device of CommPort when not empty
 };
 
-// A serial line with a receive buffer of its own. Failures of the line throw Falla.
+// A serial line with a receive buffer of its own. Failures of the line throw Failure.
 class SerialPort {
  public:
   SerialPort() = default;

@@ -21,14 +21,14 @@ TcpPort::~TcpPort() {
 }
 
 void TcpPort::PortOpen(bool open) {
-  if (open && PortOpen()) throw FallaDePuerto(PortFault::kAlreadyOpen, device_);
+  if (open && PortOpen()) throw PortFailure(PortFault::kAlreadyOpen, device_);
   open ? Open() : Close();
 }
 
 void TcpPort::Open() {
   auto connection = std::make_unique<Connection>();
   if (const int error = connection->network.Error(); error != 0) {
-    throw FallaDePuerto(PortFault::kCannotOpen, device_, error);
+    throw PortFailure(PortFault::kCannotOpen, device_, error);
   }
   Dial(connection->socket);
   connection_ = std::move(connection);
@@ -51,7 +51,7 @@ void TcpPort::Dial(Socket& socket) {
 // The one that served last goes first: the refusal of another may take a second.
 std::vector<SocketAddress> TcpPort::Addresses() const {
   std::vector<SocketAddress> addresses = Resolve(address_);
-  if (addresses.empty()) throw FallaDePuerto(PortFault::kUnknownHost, device_);
+  if (addresses.empty()) throw PortFailure(PortFault::kUnknownHost, device_);
   const auto found = std::find(addresses.begin(), addresses.end(), last_);
   if (found != addresses.end()) std::rotate(addresses.begin(), found, found + 1);
   return addresses;
@@ -76,7 +76,7 @@ void TcpPort::Farewell() const {
 }
 
 void TcpPort::RequireOpen() const {
-  if (!PortOpen()) throw FallaDePuerto(PortFault::kNotOpen, device_);
+  if (!PortOpen()) throw PortFailure(PortFault::kNotOpen, device_);
 }
 
 // Once lost, a connection stays lost, whatever the system would still take.
@@ -87,8 +87,8 @@ void TcpPort::RequireAlive() const {
 
 void TcpPort::Throw(const SocketResult& result, PortFault unexplained) const {
   const PortFault fault = *result.fault;
-  throw fault == unexplained ? FallaDePuerto(fault, device_, result.error)
-                             : FallaDePuerto(fault, device_);
+  throw fault == unexplained ? PortFailure(fault, device_, result.error)
+                             : PortFailure(fault, device_);
 }
 
 std::size_t TcpPort::Move(const SocketResult& result) {
@@ -117,7 +117,7 @@ void TcpPort::Output(std::string_view bytes) {
     const std::size_t sent = Move(socket.Send(bytes));
     bytes.remove_prefix(sent);
     if (sent == 0 && !socket.Wait(SocketEvent::kWritable, patience_.stall)) {
-      throw FallaDePuerto(PortFault::kStalled, device_);
+      throw PortFailure(PortFault::kStalled, device_);
     }
   }
 }

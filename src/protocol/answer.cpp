@@ -4,31 +4,31 @@
 
 namespace kestra {
 
-std::string SiguienteCampo(std::string& respuestas) {
-  const auto separador = respuestas.find(kFs);
-  const auto desde = separador == std::string::npos ? 0 : separador + 1;
-  auto hasta = respuestas.find(kFs, desde);
-  if (hasta == std::string::npos) hasta = respuestas.find(kEtx, desde);
-  if (hasta == std::string::npos) return {};
-  auto campo = respuestas.substr(desde, hasta - desde);
-  respuestas.erase(0, hasta);  // the separator stays: the next field begins at it
-  return campo;
+std::string SiguienteCampo(std::string& answers) {
+  const auto separator = answers.find(kFs);
+  const auto from = separator == std::string::npos ? 0 : separator + 1;
+  auto to = answers.find(kFs, from);
+  if (to == std::string::npos) to = answers.find(kEtx, from);
+  if (to == std::string::npos) return {};
+  auto field = answers.substr(from, to - from);
+  answers.erase(0, to);  // the separator stays: the next field begins at it
+  return field;
 }
 
-Campos CortarCampos(std::string& respuestas) {
-  Campos campos;
-  for (auto& campo : campos) campo = SiguienteCampo(respuestas);
-  return campos;
+Fields CutFields(std::string& answers) {
+  Fields fields;
+  for (auto& field : fields) field = SiguienteCampo(answers);
+  return fields;
 }
 
-std::string TextoDeListado(const Campos& campos) {
-  std::string texto = "Respuestas al ultimo comando: ";
-  texto.append(2, kCr);
-  for (std::size_t k = 0; k < campos.size(); ++k) {
-    if (k != 0) texto += kCr;
-    texto.append("Respuesta_").append(std::to_string(k + 1)).append(": ").append(campos[k]);
+std::string ListingText(const Fields& fields) {
+  std::string text = "Respuestas al ultimo comando: ";
+  text.append(2, kCr);
+  for (std::size_t k = 0; k < fields.size(); ++k) {
+    if (k != 0) text += kCr;
+    text.append("Respuesta_").append(std::to_string(k + 1)).append(": ").append(fields[k]);
   }
-  return texto;
+  return text;
 }
 
 }  // namespace kestra

@@ -13,69 +13,69 @@
 namespace kestra {
 namespace {
 
-Campos TodosLosCampos(const Estado& estado) {
-  Campos campos{estado.EstadoImpresora, estado.EstadoFiscal};
-  std::copy(estado.Respuesta.begin(), estado.Respuesta.end(), campos.begin() + 2);
-  return campos;
+Fields AllFields(const State& state) {
+  Fields fields{state.EstadoImpresora, state.EstadoFiscal};
+  std::copy(state.Respuesta.begin(), state.Respuesta.end(), fields.begin() + 2);
+  return fields;
 }
 
-void MostrarInforme(Biblioteca& k) {
-  if (k.platform.GetOperator().StatusReport(ArmarInforme(k.estado))) {
-    k.estado.Reintentar = kVerdadero;
+void ShowReport(Library& library) {
+  if (library.platform.GetOperator().StatusReport(BuildReport(library.state))) {
+    library.state.Reintentar = kTrue;
   }
 }
 
 }  // namespace
 
-void SepararRespuesta(Biblioteca& k) {
-  auto& estado = k.estado;
-  estado.Respuestas = estado.RespuestaActual;
-  estado.RespuestaCompleta = estado.RespuestaActual;
-  auto campos = CortarCampos(estado.Respuestas);
-  estado.EstadoImpresora = std::move(campos[0]);
-  estado.EstadoFiscal = std::move(campos[1]);
-  std::move(campos.begin() + 2, campos.end(), estado.Respuesta.begin());
+void SepararRespuesta(Library& library) {
+  auto& state = library.state;
+  state.Respuestas = state.RespuestaActual;
+  state.RespuestaCompleta = state.RespuestaActual;
+  auto fields = CutFields(state.Respuestas);
+  state.EstadoImpresora = std::move(fields[0]);
+  state.EstadoFiscal = std::move(fields[1]);
+  std::move(fields.begin() + 2, fields.end(), state.Respuesta.begin());
 }
 
-void LimpiarBits(Biblioteca& k) {
-  k.estado.BitImpresora.fill(kFalso);
-  k.estado.BitFiscal.fill(kFalso);
+void LimpiarBits(Library& library) {
+  library.state.BitImpresora.fill(kFalse);
+  library.state.BitFiscal.fill(kFalse);
 }
 
-void DecodificarEstados(Biblioteca& k) {
-  LimpiarBits(k);
-  DecodificarImpresora(k.estado.EstadoImpresora, k.estado.BitImpresora);
-  DecodificarFiscal(k.estado.EstadoFiscal, k.estado.BitFiscal);
+void DecodificarEstados(Library& library) {
+  LimpiarBits(library);
+  DecodePrinter(library.state.EstadoImpresora, library.state.BitImpresora);
+  DecodeFiscal(library.state.EstadoFiscal, library.state.BitFiscal);
 }
 
-bool ListarRespuestas(Biblioteca& k) {
-  auto& estado = k.estado;
-  SepararRespuesta(k);
-  DecodificarEstados(k);
-  const bool falla = HayFalla(estado.BitImpresora, estado.BitFiscal);
-  if (estado.MostrarRespuestas == 1) {
-    k.platform.GetOperator().Message(TextoDeListado(TodosLosCampos(estado)), "", kBoxOk);
+bool ListarRespuestas(Library& library) {
+  auto& state = library.state;
+  SepararRespuesta(library);
+  DecodificarEstados(library);
+  const bool failure = FailsCommand(state.BitImpresora, state.BitFiscal);
+  if (state.MostrarRespuestas == 1) {
+    library.platform.GetOperator().Message(ListingText(AllFields(state)), "", kBoxOk);
   }
   // Kept as is: out of paper asks for the operator even when the command went through.
-  if (estado.BitImpresora[kSinPapel] != kFalso) MostrarInforme(k);
-  if (!falla) return true;
-  if (estado.ErrorMostrar == 1) MostrarInforme(k);
+  if (state.BitImpresora[kOutOfPaper] != kFalse) ShowReport(library);
+  if (!failure) return true;
+  if (state.ErrorMostrar == 1) ShowReport(library);
   return false;
 }
 
-bool ObtenerEstado(Biblioteca& k) {
-  auto& estado = k.estado;
-  EscribirLog(k, " - Comando : ObtenerEstado()");
-  estado.ComandoActual = Comando('*').Campo("A").Bytes();
-  estado.Respuestas = estado.ComandoActual;
-  if (Enviar(k) != 0) return false;
-  SepararRespuesta(k);
-  DecodificarEstados(k);
+bool ObtenerEstado(Library& library) {
+  auto& state = library.state;
+  EscribirLog(library, " - Comando : ObtenerEstado()");
+  state.ComandoActual = Command('*').Field("A").Bytes();
+  state.Respuestas = state.ComandoActual;
+  if (Enviar(library) != 0) return false;
+  SepararRespuesta(library);
+  DecodificarEstados(library);
   // Kept as is: the query judges by the summary bits, a command by its own list of conditions.
-  if (estado.BitImpresora[kResumen] == kFalso && estado.BitFiscal[kResumen] == kFalso) return true;
-  if (estado.ErrorMostrar == 1) {
-    for (const auto mensaje : MensajesDeEstado(estado.BitImpresora, estado.BitFiscal)) {
-      k.platform.GetOperator().Message(mensaje, "", kBoxOk);
+  if (state.BitImpresora[kSummary] == kFalse && state.BitFiscal[kSummary] == kFalse) return true;
+  if (state.ErrorMostrar == 1) {
+    for (const auto message : StatusMessages(state.BitImpresora, state.BitFiscal)) {
+      library.platform.GetOperator().Message(message, "", kBoxOk);
     }
   }
   return false;

@@ -2,21 +2,21 @@
 
 namespace kestra {
 
-struct Biblioteca;
+struct Library;
 
 // Splits RespuestaActual into EstadoImpresora, EstadoFiscal and the data fields.
-void SepararRespuesta(Biblioteca& k);
+void SepararRespuesta(Library& library);
 
-void LimpiarBits(Biblioteca& k);
+void LimpiarBits(Library& library);
 
-// Decodes both status words into the flags. Throws Falla for a word that is not hexadecimal.
-void DecodificarEstados(Biblioteca& k);
+// Decodes both status words into the flags. Throws Failure for a word that is not hexadecimal.
+void DecodificarEstados(Library& library);
 
 // Splits, decodes, lists and judges the last answer; shows the status report when the printer is
 // out of paper or refused the command. True: the answer carries no error.
-bool ListarRespuestas(Biblioteca& k);
+bool ListarRespuestas(Library& library);
 
 // Asks the printer for its status and tells the operator each condition. True: nothing is set.
-bool ObtenerEstado(Biblioteca& k);
+bool ObtenerEstado(Library& library);
 
 }  // namespace kestra

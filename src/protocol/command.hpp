@@ -9,20 +9,20 @@
 namespace kestra {
 
 // A printer command: its byte, then its fields, each behind a separator.
-class Comando {
+class Command {
  public:
-  explicit Comando(char byte) : bytes_(1, byte) {}
+  explicit Command(char byte) : bytes_(1, byte) {}
 
-  Comando& Campo(std::string_view field) & {
+  Command& Field(std::string_view field) & {
     bytes_.append(1, kFs).append(field);
     return *this;
   }
-  Comando&& Campo(std::string_view field) && { return std::move(Campo(field)); }
+  Command&& Field(std::string_view field) && { return std::move(Field(field)); }
 
   // A number in plain decimal.
   template <std::integral T>
-  requires(!std::same_as<T, char>) Comando && Campo(T number) && {
-    return std::move(*this).Campo(std::to_string(number));
+  requires(!std::same_as<T, char>) Command && Field(T number) && {
+    return std::move(*this).Field(std::to_string(number));
   }
 
   [[nodiscard]] const std::string& Bytes() const { return bytes_; }

@@ -17,11 +17,11 @@ namespace kestra {
 namespace {
 
 // An attempt that has met this many answers of other frames (counted from 1) is given up.
-constexpr int kDemasiadasAjenas = 10;
+constexpr int kTooManyForeign = 10;
 // The printer's patience with silence, in seconds.
-constexpr double kEspera = 5.0;
+constexpr double kPatience = 5.0;
 
-constexpr std::string_view kErrorDeComunicacion =
+constexpr std::string_view kCommunicationError =
     "\x02"
     "0\x1C"
     "0\x1C"
@@ -29,224 +29,223 @@ constexpr std::string_view kErrorDeComunicacion =
     "ERROR DE COMUNICACION\x03";
 
 // What became of one frame.
-enum class Desenlace { kPropia, kAjena, kVencida };
+enum class Arrival { kOwn, kForeign, kExpired };
 
 // One call of Enviar.
-class Intercambio {
+class Exchange {
  public:
-  explicit Intercambio(Biblioteca& k) : k_(k), comando_(k.estado.ComandoActual) {}
-  Intercambio(const Intercambio&) = delete;
-  Intercambio& operator=(const Intercambio&) = delete;
-  ~Intercambio() { Cerrar(); }
+  explicit Exchange(Library& library) : library_(library), command_(library.state.ComandoActual) {}
+  Exchange(const Exchange&) = delete;
+  Exchange& operator=(const Exchange&) = delete;
+  ~Exchange() { Close(); }
 
-  bool Ejecutar();
-  void Cerrar() noexcept;
+  bool Run();
+  void Close() noexcept;
 
   // What was being done, for the log of a failure.
-  [[nodiscard]] std::string_view Linea() const { return linea_; }
+  [[nodiscard]] std::string_view Line() const { return line_; }
 
  private:
-  enum class Paso { kOtraVez, kAceptado, kFallido };
+  enum class Step { kAgain, kAccepted, kFailed };
 
   SerialPort& Puerto();
-  void AbrirPuerto();
-  Paso Intentar();
-  void Numerar();
-  void MandarTrama();
-  Desenlace Esperar();
-  void AtenderOcupado();
-  bool LeerLlegado();
-  bool Reconocer();
-  void FijarVencimiento();
-  Paso DescartarAjenas();
-  Paso PreguntarReintento();
-  Paso Juzgar();
+  void OpenPort();
+  Step Attempt();
+  void NumberPacket();
+  void SendPacket();
+  Arrival Wait();
+  void AttendToBusy();
+  bool TakeArrived();
+  bool Acknowledge();
+  void SetDeadline();
+  Step DiscardForeign();
+  Step AskRetry();
+  Step Judge();
 
-  Biblioteca& k_;
-  std::string comando_;
-  std::string encabezado_;  // what the answer must begin with
-  double vencimiento_ = 0;  // deadline: seconds since midnight, whole
-  std::size_t vistos_ = 0;  // waiting bytes already looked at for "busy"
-  int ajenas_ = 1;          // answers of other frames met by this frame, from 1
-  std::string_view linea_;
+  Library& library_;
+  std::string command_;
+  std::string header_;    // what the answer must begin with
+  double deadline_ = 0;   // deadline: seconds since midnight, whole
+  std::size_t seen_ = 0;  // waiting bytes already looked at for "busy"
+  int foreign_ = 1;       // answers of other frames met by this frame, from 1
+  std::string_view line_;
 };
 
-SerialPort& Intercambio::Puerto() {
-  if (k_.estado.Puerto == nullptr) throw SinObjeto();
-  return *k_.estado.Puerto;
+SerialPort& Exchange::Puerto() {
+  if (library_.state.Puerto == nullptr) throw NoObject();
+  return *library_.state.Puerto;
 }
 
-bool Intercambio::Ejecutar() {
-  AbrirPuerto();
-  auto paso = Paso::kOtraVez;
-  while (paso == Paso::kOtraVez) paso = Intentar();
-  linea_ = "cerrar";
+bool Exchange::Run() {
+  OpenPort();
+  auto step = Step::kAgain;
+  while (step == Step::kAgain) step = Attempt();
+  line_ = "cerrar";
   if (Puerto().PortOpen()) Puerto().PortOpen(false);
-  return paso == Paso::kAceptado;
+  return step == Step::kAccepted;
 }
 
-void Intercambio::AbrirPuerto() {
-  linea_ = "abrir";
+void Exchange::OpenPort() {
+  line_ = "abrir";
   if (Puerto().PortOpen()) Puerto().PortOpen(false);
   Puerto().PortOpen(true);
 }
 
-void Intercambio::Cerrar() noexcept {
+void Exchange::Close() noexcept {
   try {
-    if (k_.estado.Puerto != nullptr && k_.estado.Puerto->PortOpen()) {
-      k_.estado.Puerto->PortOpen(false);
+    if (library_.state.Puerto != nullptr && library_.state.Puerto->PortOpen()) {
+      library_.state.Puerto->PortOpen(false);
     }
   } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): one is told already
   }
 }
 
-Intercambio::Paso Intercambio::Intentar() {
-  linea_ = "demorar";
-  if (k_.estado.DelayComandos > 0) k_.platform.GetClock().Sleep(k_.estado.DelayComandos);
-  Numerar();
-  MandarTrama();
-  const auto desenlace = Esperar();
-  EscribirLog(k_, " - Respuesta : " + k_.estado.RespuestaActual);
-  switch (desenlace) {
-    case Desenlace::kAjena:
-      return DescartarAjenas();
-    case Desenlace::kVencida:
-      return PreguntarReintento();
-    case Desenlace::kPropia:
+Exchange::Step Exchange::Attempt() {
+  line_ = "demorar";
+  if (library_.state.DelayComandos > 0)
+    library_.platform.GetClock().Sleep(library_.state.DelayComandos);
+  NumberPacket();
+  SendPacket();
+  const auto arrival = Wait();
+  EscribirLog(library_, " - Respuesta : " + library_.state.RespuestaActual);
+  switch (arrival) {
+    case Arrival::kForeign:
+      return DiscardForeign();
+    case Arrival::kExpired:
+      return AskRetry();
+    case Arrival::kOwn:
       break;
   }
-  return Juzgar();
+  return Judge();
 }
 
-void Intercambio::Numerar() {
-  linea_ = "numerar";
-  auto& estado = k_.estado;
-  const auto segundos = static_cast<int>(k_.platform.GetClock().TimeOfDay()) % 60;
-  const auto secuencia =
-      SiguienteSecuencia({estado.NroSecuencia, estado.NroSecuenciaAnterior}, segundos);
-  estado.NroSecuencia = secuencia.actual;
-  estado.NroSecuenciaAnterior = secuencia.anterior;
-  estado.ComandoActual = Enmarcar(secuencia.actual, comando_);
-  encabezado_ = std::string(1, static_cast<char>(secuencia.actual)).append(comando_, 0, 1);
+void Exchange::NumberPacket() {
+  line_ = "numerar";
+  auto& state = library_.state;
+  const auto seconds = static_cast<int>(library_.platform.GetClock().TimeOfDay()) % 60;
+  const auto sequence = NextSequence({state.NroSecuencia, state.NroSecuenciaAnterior}, seconds);
+  state.NroSecuencia = sequence.current;
+  state.NroSecuenciaAnterior = sequence.previous;
+  state.ComandoActual = BuildPacket(sequence.current, command_);
+  header_ = std::string(1, static_cast<char>(sequence.current)).append(command_, 0, 1);
 }
 
-void Intercambio::MandarTrama() {
-  linea_ = "mandar";
-  auto& estado = k_.estado;
+void Exchange::SendPacket() {
+  line_ = "mandar";
+  auto& state = library_.state;
   // The frame is taken before the question: an operator may keep the box open for long.
-  const auto trama = estado.ComandoActual;
-  if (estado.MostrarComandos != 0) {
-    k_.platform.GetOperator().Message("Comando a enviar:" + trama, "", kBoxOk);
+  const auto packet = state.ComandoActual;
+  if (state.MostrarComandos != 0) {
+    library_.platform.GetOperator().Message("Comando a enviar:" + packet, "", kBoxOk);
   }
-  EscribirLog(k_, " - Output : " + trama);
+  EscribirLog(library_, " - Output : " + packet);
   // What came before the frame is no answer to it. It goes before the write: a quick printer's
   // answer must not be lost to it.
-  estado.Respuestas = trama;  // what is summed
+  state.Respuestas = packet;  // what is summed
   Puerto().DiscardInput();
-  Puerto().Output(trama + SumaDeControl(estado.Respuestas));
-  ajenas_ = 1;
-  vistos_ = 0;
-  estado.RespuestaActual.clear();
-  FijarVencimiento();
+  Puerto().Output(packet + ChecksumOf(state.Respuestas));
+  foreign_ = 1;
+  seen_ = 0;
+  state.RespuestaActual.clear();
+  SetDeadline();
 }
 
-void Intercambio::FijarVencimiento() {
+void Exchange::SetDeadline() {
   // Whole seconds, halves to the even one: the wait lies between 4.5 and 5.5 seconds.
   // Kept as is: past midnight the time of day never reaches it, and the printer is waited for.
-  const double cuando = k_.platform.GetClock().TimeOfDay() + kEspera;
-  const double entero = std::floor(cuando);
-  const double resto = cuando - entero;
-  const bool sube = resto > 0.5 || (resto == 0.5 && std::fmod(entero, 2.0) != 0.0);
-  vencimiento_ = sube ? entero + 1 : entero;
+  const double due = library_.platform.GetClock().TimeOfDay() + kPatience;
+  const double whole = std::floor(due);
+  const double rest = due - whole;
+  const bool rounds_up = rest > 0.5 || (rest == 0.5 && std::fmod(whole, 2.0) != 0.0);
+  deadline_ = rounds_up ? whole + 1 : whole;
 }
 
-Desenlace Intercambio::Esperar() {
-  linea_ = "esperar";
-  while (k_.platform.GetClock().TimeOfDay() < vencimiento_) {
-    const bool hay_algo = LeerLlegado();
-    while (hay_algo && LargoDeRespuesta(k_.estado.RespuestaActual) != 0) {
-      if (Reconocer()) return Desenlace::kPropia;
-      if (ajenas_ == kDemasiadasAjenas) return Desenlace::kAjena;
+Arrival Exchange::Wait() {
+  line_ = "esperar";
+  while (library_.platform.GetClock().TimeOfDay() < deadline_) {
+    const bool arrived = TakeArrived();
+    while (arrived && AnswerLength(library_.state.RespuestaActual) != 0) {
+      if (Acknowledge()) return Arrival::kOwn;
+      if (foreign_ == kTooManyForeign) return Arrival::kForeign;
     }
   }
-  return ajenas_ > 1 ? Desenlace::kAjena : Desenlace::kVencida;
+  return foreign_ > 1 ? Arrival::kForeign : Arrival::kExpired;
 }
 
 // Takes what has arrived once it can matter: four bytes, or those that an end byte still lacks.
-bool Intercambio::LeerLlegado() {
-  auto& recibido = k_.estado.RespuestaActual;
-  const auto esperando = Puerto().InBufferCount();
-  AtenderOcupado();
-  const auto fin = recibido.find(kEtx);
-  const auto hacen_falta =
-      fin == std::string::npos ? kChecksumDigits : kChecksumDigits - (recibido.size() - fin - 1);
-  if (esperando < hacen_falta) return false;
-  recibido += Puerto().Input();
-  vistos_ = 0;
+bool Exchange::TakeArrived() {
+  auto& received = library_.state.RespuestaActual;
+  const auto waiting = Puerto().InBufferCount();
+  AttendToBusy();
+  const auto end = received.find(kEtx);
+  const auto needed =
+      end == std::string::npos ? kChecksumDigits : kChecksumDigits - (received.size() - end - 1);
+  if (waiting < needed) return false;
+  received += Puerto().Input();
+  seen_ = 0;
   return true;
 }
 
 // Each busy byte that arrives buys the printer another five seconds.
-void Intercambio::AtenderOcupado() {
-  const auto nuevos = Puerto().Waiting().substr(std::min(vistos_, Puerto().Waiting().size()));
-  if (nuevos.find(kDc2) != std::string_view::npos) FijarVencimiento();
-  vistos_ = Puerto().Waiting().size();
+void Exchange::AttendToBusy() {
+  const auto fresh = Puerto().Waiting().substr(std::min(seen_, Puerto().Waiting().size()));
+  if (fresh.find(kDc2) != std::string_view::npos) SetDeadline();
+  seen_ = Puerto().Waiting().size();
 }
 
 // Acknowledges the answer at the front of what was received. True: it is the answer to this frame.
 // One to another frame is counted and dropped; the right one may stand behind it.
-bool Intercambio::Reconocer() {
-  auto& recibido = k_.estado.RespuestaActual;
-  const auto largo = LargoDeRespuesta(recibido);
-  const bool propia =
-      EncabezadoDeRespuesta(std::string_view(recibido).substr(0, largo)) == encabezado_;
+bool Exchange::Acknowledge() {
+  auto& received = library_.state.RespuestaActual;
+  const auto length = AnswerLength(received);
+  const bool own = AnswerHeader(std::string_view(received).substr(0, length)) == header_;
   Puerto().Output(std::string_view(&kAck, 1));
-  if (propia) return true;
-  ++ajenas_;
-  recibido.erase(0, largo);
+  if (own) return true;
+  ++foreign_;
+  received.erase(0, length);
   return false;
 }
 
-Intercambio::Paso Intercambio::DescartarAjenas() {
-  linea_ = "descartar";
+Exchange::Step Exchange::DiscardForeign() {
+  line_ = "descartar";
   Puerto().Output(std::string_view(&kAck, 1));
   Puerto().DiscardInput();
-  return ajenas_ == kDemasiadasAjenas ? Paso::kFallido : Paso::kOtraVez;
+  return foreign_ == kTooManyForeign ? Step::kFailed : Step::kAgain;
 }
 
-Intercambio::Paso Intercambio::PreguntarReintento() {
-  linea_ = "preguntar";
-  k_.estado.RespuestaActual = kErrorDeComunicacion;
-  const auto respuesta = k_.platform.GetOperator().Message(
+Exchange::Step Exchange::AskRetry() {
+  line_ = "preguntar";
+  library_.state.RespuestaActual = kCommunicationError;
+  const auto answer = library_.platform.GetOperator().Message(
       "Error de Comunicación con la fiscal. Reintentar?"_ansi, "Error !", kBoxYesNo);
-  return respuesta == kAnswerYes ? Paso::kOtraVez : Paso::kFallido;
+  return answer == kAnswerYes ? Step::kAgain : Step::kFailed;
 }
 
-Intercambio::Paso Intercambio::Juzgar() {
-  linea_ = "juzgar";
-  auto& estado = k_.estado;
-  estado.RespuestaActual = RecortarRespuesta(estado.RespuestaActual);
-  estado.Reintentar = kFalso;
-  const bool ok = ListarRespuestas(k_);
-  if (estado.MostrarComandos != 0) {
-    std::string texto = "Comando enviado:" + estado.ComandoActual;
-    texto.append(1, kCr).append(" /OK: ").append(ok ? "True" : "False");
-    k_.platform.GetOperator().Message(texto, "", kBoxOk);
+Exchange::Step Exchange::Judge() {
+  line_ = "juzgar";
+  auto& state = library_.state;
+  state.RespuestaActual = TrimAnswer(state.RespuestaActual);
+  state.Reintentar = kFalse;
+  const bool ok = ListarRespuestas(library_);
+  if (state.MostrarComandos != 0) {
+    std::string text = "Comando enviado:" + state.ComandoActual;
+    text.append(1, kCr).append(" /OK: ").append(ok ? "True" : "False");
+    library_.platform.GetOperator().Message(text, "", kBoxOk);
   }
-  if (estado.Reintentar != kFalso) return Paso::kOtraVez;
-  return ok ? Paso::kAceptado : Paso::kFallido;
+  if (state.Reintentar != kFalse) return Step::kAgain;
+  return ok ? Step::kAccepted : Step::kFailed;
 }
 
 }  // namespace
 
-std::int32_t Enviar(Biblioteca& k) {
-  Intercambio intercambio(k);
+std::int32_t Enviar(Library& library) {
+  Exchange exchange(library);
   try {
-    return intercambio.Ejecutar() ? 0 : 1;
+    return exchange.Run() ? 0 : 1;
   } catch (const std::exception& error) {
-    RegistrarFalla(k, AFalla(error), "Enviar", intercambio.Linea());
-    intercambio.Cerrar();
-    k.platform.GetOperator().Message("Error en el comando Enviar", "", kBoxOk);
+    LogFailure(library, ToFailure(error), "Enviar", exchange.Line());
+    exchange.Close();
+    library.platform.GetOperator().Message("Error en el comando Enviar", "", kBoxOk);
     return 1;
   }
 }

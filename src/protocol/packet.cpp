@@ -5,63 +5,63 @@
 namespace kestra {
 namespace {
 
-bool EnRango(int secuencia) {
-  return secuencia >= kPrimeraSecuencia && secuencia <= kUltimaSecuencia;
+bool InRange(int sequence) {
+  return sequence >= kFirstSequence && sequence <= kLastSequence;
 }
 
-int MitadAlPar(int valor) {
-  const int mitad = valor / 2;
-  return valor % 2 != 0 && mitad % 2 != 0 ? mitad + 1 : mitad;
+int HalfToEven(int value) {
+  const int half = value / 2;
+  return value % 2 != 0 && half % 2 != 0 ? half + 1 : half;
 }
 
 }  // namespace
 
-Secuencia SiguienteSecuencia(Secuencia secuencia, int segundos) {
-  int siguiente = secuencia.actual + 1;
-  if (EnRango(siguiente)) return {static_cast<std::int16_t>(siguiente), secuencia.anterior};
-  while (!EnRango(siguiente) || siguiente == secuencia.anterior) {
-    const int antes = siguiente;
-    siguiente += segundos;
-    if (siguiente < 35) siguiente += 35;
-    if (siguiente >= 71) siguiente = MitadAlPar(siguiente);
+SequenceNumbers NextSequence(SequenceNumbers sequence, int seconds) {
+  int next = sequence.current + 1;
+  if (InRange(next)) return {static_cast<std::int16_t>(next), sequence.previous};
+  while (!InRange(next) || next == sequence.previous) {
+    const int before = next;
+    next += seconds;
+    if (next < 35) next += 35;
+    if (next >= 71) next = HalfToEven(next);
     // A second that leads back to the number to avoid would do so until the next one: take that.
-    if (siguiente == antes) segundos = (segundos + 1) % 60;
+    if (next == before) seconds = (seconds + 1) % 60;
   }
-  return {static_cast<std::int16_t>(siguiente), static_cast<std::int16_t>(siguiente)};
+  return {static_cast<std::int16_t>(next), static_cast<std::int16_t>(next)};
 }
 
-std::string Enmarcar(std::int16_t secuencia, std::string_view comando) {
-  return std::string{kStx, static_cast<char>(secuencia)}.append(comando).append(1, kEtx);
+std::string BuildPacket(std::int16_t sequence, std::string_view command) {
+  return std::string{kStx, static_cast<char>(sequence)}.append(command).append(1, kEtx);
 }
 
-std::string SumaDeControl(std::string_view trama) {
-  unsigned suma = 0;
-  for (const char c : trama) suma += static_cast<unsigned char>(c);
-  std::string digitos(kChecksumDigits, '0');
-  for (auto i = digitos.size(); i > 0; --i, suma /= 16) {
-    digitos[i - 1] = "0123456789ABCDEF"[suma % 16];
+std::string ChecksumOf(std::string_view packet) {
+  unsigned sum = 0;
+  for (const char c : packet) sum += static_cast<unsigned char>(c);
+  std::string digits(kChecksumDigits, '0');
+  for (auto i = digits.size(); i > 0; --i, sum /= 16) {
+    digits[i - 1] = "0123456789ABCDEF"[sum % 16];
   }
-  return digitos;
+  return digits;
 }
 
-std::size_t LargoDeRespuesta(std::string_view recibido) {
-  const auto fin = recibido.find(kEtx);
-  if (fin == std::string_view::npos) return 0;
-  const auto largo = fin + 1 + kChecksumDigits;
-  return recibido.size() >= largo ? largo : 0;
+std::size_t AnswerLength(std::string_view received) {
+  const auto end = received.find(kEtx);
+  if (end == std::string_view::npos) return 0;
+  const auto length = end + 1 + kChecksumDigits;
+  return received.size() >= length ? length : 0;
 }
 
-std::string_view EncabezadoDeRespuesta(std::string_view respuesta) {
-  const auto inicio = respuesta.find(kStx);
-  if (inicio == std::string_view::npos) return {};
-  return respuesta.substr(inicio + 1, 2);
+std::string_view AnswerHeader(std::string_view answer) {
+  const auto start = answer.find(kStx);
+  if (start == std::string_view::npos) return {};
+  return answer.substr(start + 1, 2);
 }
 
-std::string RecortarRespuesta(std::string_view respuesta) {
-  const auto largo = LargoDeRespuesta(respuesta);
-  if (largo != 0) respuesta = respuesta.substr(0, largo);
-  const auto inicio = respuesta.find(kStx);
-  return std::string(inicio == std::string_view::npos ? respuesta : respuesta.substr(inicio));
+std::string TrimAnswer(std::string_view answer) {
+  const auto length = AnswerLength(answer);
+  if (length != 0) answer = answer.substr(0, length);
+  const auto start = answer.find(kStx);
+  return std::string(start == std::string_view::npos ? answer : answer.substr(start));
 }
 
 }  // namespace kestra

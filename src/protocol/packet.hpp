@@ -7,32 +7,32 @@
 namespace kestra {
 
 // The sequence numbers that the printer takes.
-constexpr std::int16_t kPrimeraSecuencia = 32;
-constexpr std::int16_t kUltimaSecuencia = 70;
+constexpr std::int16_t kFirstSequence = 32;
+constexpr std::int16_t kLastSequence = 70;
 
-struct Secuencia {
-  std::int16_t actual = 0;    // NroSecuencia
-  std::int16_t anterior = 0;  // NroSecuenciaAnterior: the last one that was seeded anew
+struct SequenceNumbers {
+  std::int16_t current = 0;   // NroSecuencia
+  std::int16_t previous = 0;  // NroSecuenciaAnterior: the last one that was seeded anew
 };
 
-// The next sequence number. Outside the printer's range it is seeded anew from `segundos`, the
+// The next sequence number. Outside the printer's range it is seeded anew from `seconds`, the
 // seconds of the current minute, away from the one seeded last.
-Secuencia SiguienteSecuencia(Secuencia secuencia, int segundos);
+SequenceNumbers NextSequence(SequenceNumbers sequence, int seconds);
 
 // Start byte, sequence byte, command, end byte.
-std::string Enmarcar(std::int16_t secuencia, std::string_view comando);
+std::string BuildPacket(std::int16_t sequence, std::string_view command);
 
 // Four upper-case hexadecimal digits: the sum of the bytes modulo 65536.
-std::string SumaDeControl(std::string_view trama);
+std::string ChecksumOf(std::string_view packet);
 
 // The part of the collected bytes that is one answer: through the fourth character behind the first
 // end byte. 0: the answer is not whole yet.
-std::size_t LargoDeRespuesta(std::string_view recibido);
+std::size_t AnswerLength(std::string_view received);
 
 // The two characters behind the first start byte; shorter when they are not there.
-std::string_view EncabezadoDeRespuesta(std::string_view respuesta);
+std::string_view AnswerHeader(std::string_view answer);
 
 // From the start byte through the checksum, without the noise before.
-std::string RecortarRespuesta(std::string_view respuesta);
+std::string TrimAnswer(std::string_view answer);
 
 }  // namespace kestra

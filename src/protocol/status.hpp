@@ -9,23 +9,23 @@
 
 namespace kestra {
 
-using Marcas = std::array<Booleano, 16>;
+using Flags = std::array<Boolean, 16>;
 
-// The four flags of a hexadecimal digit in either case, lowest weight first. Throws Falla for
+// The four flags of a hexadecimal digit in either case, lowest weight first. Throws Failure for
 // anything else, the empty text too.
-std::array<Booleano, 4> ValorDigitoHex(std::string_view digito);
+std::array<Boolean, 4> ValorDigitoHex(std::string_view digit);
 
 // Sets the flags of a status word of four hexadecimal digits, from its last digit to its first; a
-// digit that is none throws Falla and leaves the flags behind it as they were.
-void DecodificarImpresora(std::string_view palabra, Marcas& marcas);
-void DecodificarFiscal(std::string_view palabra, Marcas& marcas);
+// digit that is none throws Failure and leaves the flags behind it as they were.
+void DecodePrinter(std::string_view word, Flags& flags);
+void DecodeFiscal(std::string_view word, Flags& flags);
 
-bool EstaMarcada(const Condicion& condicion, const Marcas& impresora, const Marcas& fiscal);
+bool IsLit(const Condition& condition, const Flags& printer, const Flags& fiscal);
 
 // True when a condition that fails a command is set.
-bool HayFalla(const Marcas& impresora, const Marcas& fiscal);
+bool FailsCommand(const Flags& printer, const Flags& fiscal);
 
 // The messages that the status query shows for these flags, in their order.
-std::vector<std::string_view> MensajesDeEstado(const Marcas& impresora, const Marcas& fiscal);
+std::vector<std::string_view> StatusMessages(const Flags& printer, const Flags& fiscal);
 
 }  // namespace kestra

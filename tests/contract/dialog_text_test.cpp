@@ -7,13 +7,13 @@
 namespace kestra {
 namespace {
 
-InformeEstados Report() {
-  return {.impresora = "4000",
+Report Report() {
+  return {.printer = "4000",
           .fiscal = "0104",
-          .filas = {{0, 2, true, false, "Error y/o falla de impresora", "Consulte."},
-                    {0, 14, true, true, "Impresora sin papel", "Verifique el papel."},
-                    {1, 2, false, true, "Bateria Baja", "Consulte a su técnico fiscal."_ansi},
-                    {1, 3, true, false, "Comando no reconocido", "Error interno."}}};
+          .rows = {{0, 2, true, false, "Error y/o falla de impresora", "Consulte."},
+                   {0, 14, true, true, "Impresora sin papel", "Verifique el papel."},
+                   {1, 2, false, true, "Bateria Baja", "Consulte a su técnico fiscal."_ansi},
+                   {1, 3, true, false, "Comando no reconocido", "Error interno."}}};
 }
 
 TEST(DialogText, ControlCharactersReachNoTerminal) {

@@ -13,8 +13,8 @@ template <typename Action>
 std::int32_t FailureNumber(Action&& action) {
   try {
     std::forward<Action>(action)();
-  } catch (const Falla& falla) {
-    return falla.Numero();
+  } catch (const Failure& failure) {
+    return failure.Number();
   }
   return 0;
 }
@@ -24,8 +24,8 @@ template <typename Action>
 std::string FailureWords(Action&& action) {
   try {
     std::forward<Action>(action)();
-  } catch (const Falla& falla) {
-    return falla.Descripcion();
+  } catch (const Failure& failure) {
+    return failure.Description();
   }
   return {};
 }

@@ -52,14 +52,14 @@ TEST_F(PageEdge, WhatIsNotThereReadsAsBlanks) {
 
 TEST_F(PageEdge, AnUnendedTextEndsWhereItsMemoryDoes) {
   std::copy_n("ABCDE", 5, Last(5));
-  EXPECT_EQ(LeerTextoTerminado(Last(5)), "ABCDE");
-  EXPECT_EQ(LeerTextoTerminado(Nowhere()), "");
+  EXPECT_EQ(ReadTerminatedText(Last(5)), "ABCDE");
+  EXPECT_EQ(ReadTerminatedText(Nowhere()), "");
 }
 
 TEST_F(PageEdge, AnEndedTextOfAnyLengthIsReadToItsEnd) {
   const std::string text(1000, 'x');
   std::copy_n(text.c_str(), text.size() + 1, Last(text.size() + 1));
-  EXPECT_EQ(LeerTextoTerminado(Last(text.size() + 1)), text);
+  EXPECT_EQ(ReadTerminatedText(Last(text.size() + 1)), text);
 }
 
 TEST_F(PageEdge, ABufferThatIsTooShortReceivesWhatItHolds) {

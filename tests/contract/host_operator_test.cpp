@@ -17,7 +17,7 @@ class Fallback : public Operator {
     asked.emplace_back(text);
     return kAnswerYes;
   }
-  bool StatusReport(const InformeEstados&) override {
+  bool StatusReport(const Report&) override {
     asked.emplace_back("report");
     return true;
   }
@@ -35,7 +35,7 @@ struct Host {
   std::string words;
   std::vector<std::string> rows;
   int memory = 0;
-  HostOperator* operador = nullptr;
+  HostOperator* dialogs = nullptr;
 };
 
 std::int32_t KESTRA_CALL OnMessage(void* context, const char* text, const char* title,
@@ -73,23 +73,23 @@ class HostOperatorTest : public ::testing::Test {
             .informe_estados = OnReport,
             .memoria_llena = OnMemoryFull};
   }
-  void Set(const KestraOperador& record) { operador.Set(&record); }
+  void Set(const KestraOperador& record) { dialogs.Set(&record); }
 
   Fallback fallback;
-  HostOperator operador{fallback};
+  HostOperator dialogs{fallback};
   Host host;
 };
 
 TEST_F(HostOperatorTest, WithoutARecordTheFallbackIsAsked) {
-  EXPECT_EQ(operador.Message("a", "", kBoxYesNo), kAnswerYes);
-  EXPECT_TRUE(operador.StatusReport({}));
-  operador.MemoryFull();
+  EXPECT_EQ(dialogs.Message("a", "", kBoxYesNo), kAnswerYes);
+  EXPECT_TRUE(dialogs.StatusReport({}));
+  dialogs.MemoryFull();
   EXPECT_EQ(fallback.asked, (std::vector<std::string>{"a", "report", "memory"}));
 }
 
 TEST_F(HostOperatorTest, TheHostGetsTextTitleAndStyle) {
   Set(Record());
-  operador.Message("texto", "Envia?", kBoxYesNoQuestion);
+  dialogs.Message("texto", "Envia?", kBoxYesNoQuestion);
   EXPECT_EQ(host.text, "texto");
   EXPECT_EQ(host.title, "Envia?");
   EXPECT_EQ(host.style, 36);
@@ -100,15 +100,15 @@ TEST_F(HostOperatorTest, AQuestionIsYesForSixAlone) {
   Set(Record());
   for (const std::int32_t answer : {-1, 0, 1, 2, 5, 6, 7, 8}) {
     host.answer = answer;
-    EXPECT_EQ(operador.Message("a", "", kBoxYesNo), answer == 6 ? kAnswerYes : kAnswerNo);
-    EXPECT_EQ(operador.Message("a", "", kBoxYesNoQuestion), answer == 6 ? kAnswerYes : kAnswerNo);
-    EXPECT_EQ(operador.Message("a", "", kBoxOk), kAnswerOk);
+    EXPECT_EQ(dialogs.Message("a", "", kBoxYesNo), answer == 6 ? kAnswerYes : kAnswerNo);
+    EXPECT_EQ(dialogs.Message("a", "", kBoxYesNoQuestion), answer == 6 ? kAnswerYes : kAnswerNo);
+    EXPECT_EQ(dialogs.Message("a", "", kBoxOk), kAnswerOk);
   }
 }
 
 TEST_F(HostOperatorTest, AZeroByteInsideATextIsABlank) {
   Set(Record());
-  operador.Message(std::string_view("a\0b", 3), std::string_view("\0", 1), kBoxOk);
+  dialogs.Message(std::string_view("a\0b", 3), std::string_view("\0", 1), kBoxOk);
   EXPECT_EQ(host.text, "a b");
   EXPECT_EQ(host.title, " ");
 }
@@ -116,15 +116,15 @@ TEST_F(HostOperatorTest, AZeroByteInsideATextIsABlank) {
 TEST_F(HostOperatorTest, AReportComesWithItsWordsAndRows) {
   Set(Record());
   const std::string caption = "sin papel, y algo que no es suyo";
-  const InformeEstados report = {
-      .impresora = "4000",
+  const Report report = {
+      .printer = "4000",
       .fiscal = "0104",
-      .filas = {{0, 14, true, true, std::string_view(caption).substr(0, 9), "ayuda"},
-                {1, 2, false, false, "bateria", std::string_view("a\0b", 3)}}};
+      .rows = {{0, 14, true, true, std::string_view(caption).substr(0, 9), "ayuda"},
+               {1, 2, false, false, "bateria", std::string_view("a\0b", 3)}}};
   host.answer = 5;
-  EXPECT_TRUE(operador.StatusReport(report));
+  EXPECT_TRUE(dialogs.StatusReport(report));
   host.answer = 0;
-  EXPECT_FALSE(operador.StatusReport(report));
+  EXPECT_FALSE(dialogs.StatusReport(report));
   EXPECT_EQ(host.words, "4000/0104");
   EXPECT_EQ(host.rows[0], "0,14,1,1,sin papel,ayuda");
   EXPECT_EQ(host.rows[1], "1,2,0,0,bateria,a b");
@@ -132,13 +132,13 @@ TEST_F(HostOperatorTest, AReportComesWithItsWordsAndRows) {
 
 TEST_F(HostOperatorTest, AnEmptyReportIsAReport) {
   Set(Record());
-  EXPECT_FALSE(operador.StatusReport({}));
+  EXPECT_FALSE(dialogs.StatusReport({}));
   EXPECT_EQ(host.words, "/");
 }
 
 TEST_F(HostOperatorTest, TheMemoryWarningReachesTheHost) {
   Set(Record());
-  operador.MemoryFull();
+  dialogs.MemoryFull();
   EXPECT_EQ(host.memory, 1);
 }
 
@@ -146,26 +146,26 @@ TEST_F(HostOperatorTest, ANullMemberLeavesThatKindToTheFallback) {
   KestraOperador record = Record();
   record.informe_estados = nullptr;
   Set(record);
-  EXPECT_TRUE(operador.StatusReport({}));
-  operador.MemoryFull();
+  EXPECT_TRUE(dialogs.StatusReport({}));
+  dialogs.MemoryFull();
   EXPECT_EQ(fallback.asked, (std::vector<std::string>{"report"}));
   EXPECT_EQ(host.memory, 1);
 }
 
 TEST_F(HostOperatorTest, NullBringsTheFallbackBack) {
   Set(Record());
-  operador.Set(nullptr);
-  EXPECT_EQ(operador.Message("a", "", kBoxYesNo), kAnswerYes);
+  dialogs.Set(nullptr);
+  EXPECT_EQ(dialogs.Message("a", "", kBoxYesNo), kAnswerYes);
   EXPECT_EQ(fallback.asked.size(), 1u);
 }
 
 TEST_F(HostOperatorTest, TheRecordIsCopied) {
   {
     KestraOperador record = Record();
-    operador.Set(&record);
+    dialogs.Set(&record);
     std::memset(&record, 0xFF, sizeof record);
   }
-  operador.MemoryFull();
+  dialogs.MemoryFull();
   EXPECT_EQ(host.memory, 1);
 }
 
@@ -175,8 +175,8 @@ TEST_F(HostOperatorTest, MembersBeyondTheStatedSizeAreNull) {
        {offsetof(KestraOperador, informe_estados), offsetof(KestraOperador, informe_estados) + 3}) {
     record.tamano = static_cast<std::uint32_t>(size);
     Set(record);
-    EXPECT_TRUE(operador.StatusReport({}));
-    operador.Message("del host", "", kBoxOk);
+    EXPECT_TRUE(dialogs.StatusReport({}));
+    dialogs.Message("del host", "", kBoxOk);
     EXPECT_EQ(host.text, "del host");
   }
   EXPECT_EQ(fallback.asked, (std::vector<std::string>{"report", "report"}));
@@ -187,7 +187,7 @@ TEST_F(HostOperatorTest, ASizeTooSmallForAnythingIsNoRecord) {
   for (const std::uint32_t size : {0u, 1u, 4u}) {
     record.tamano = size;
     Set(record);
-    operador.Message("a", "", kBoxOk);
+    dialogs.Message("a", "", kBoxOk);
   }
   EXPECT_EQ(fallback.asked.size(), 3u);
 }
@@ -198,24 +198,24 @@ TEST_F(HostOperatorTest, ALargerRecordOfANewerHostIsReadAsFarAsItIsKnown) {
     void* more;
   } record = {Record(), this};
   record.known.tamano = sizeof record;
-  operador.Set(&record.known);
-  operador.MemoryFull();
+  dialogs.Set(&record.known);
+  dialogs.MemoryFull();
   EXPECT_EQ(host.memory, 1);
 }
 
 void KESTRA_CALL TakeTheRecordAway(void* context) {
   auto& host = *static_cast<Host*>(context);
-  host.operador->Set(nullptr);
+  host.dialogs->Set(nullptr);
   ++host.memory;
 }
 
 TEST_F(HostOperatorTest, ACallbackMayTakeTheRecordAway) {
-  host.operador = &operador;
+  host.dialogs = &dialogs;
   KestraOperador record = Record();
   record.memoria_llena = TakeTheRecordAway;
   Set(record);
-  operador.MemoryFull();
-  operador.MemoryFull();
+  dialogs.MemoryFull();
+  dialogs.MemoryFull();
   EXPECT_EQ(host.memory, 1);
   EXPECT_EQ(fallback.asked, (std::vector<std::string>{"memory"}));
 }

@@ -37,7 +37,7 @@ constexpr Row kRows[] = {
 TEST(PortSettings, AreCheckedBeforeAnythingIsOpened) {
   for (const Row& row : kRows) {
     const PortSettings settings = {
-        .CommPort = row.number, .Settings = row.settings, .dispositivo = row.device};
+        .CommPort = row.number, .Settings = row.settings, .device = row.device};
     EXPECT_EQ(FailureNumber([&] { MakePort(settings); }), row.failure) << row.why;
   }
 }
@@ -50,25 +50,24 @@ std::string WordsOfOpening(const PortSettings& settings) {
 
 TEST(PortSettings, APortOpensTheDeviceOfItsNumber) {
   // No machine has that many; its name in the failure shows which was tried.
-  EXPECT_EQ(WordsOfOpening({.CommPort = 256, .Settings = "9600,N,8,1", .dispositivo = ""}),
+  EXPECT_EQ(WordsOfOpening({.CommPort = 256, .Settings = "9600,N,8,1", .device = ""}),
             "No existe el dispositivo " + DeviceOfNumber(256));
   EXPECT_NE(DeviceOfNumber(256), DeviceOfNumber(1));
 }
 
 TEST(PortSettings, ANamedDeviceReplacesTheNumber) {
-  EXPECT_EQ(WordsOfOpening({.CommPort = 1, .Settings = "9600,N,8,1", .dispositivo = "no-hay-tal"}),
+  EXPECT_EQ(WordsOfOpening({.CommPort = 1, .Settings = "9600,N,8,1", .device = "no-hay-tal"}),
             "No existe el dispositivo no-hay-tal");
 }
 
 TEST(PortSettings, TheFailureNamesWhatIsWrong) {
-  EXPECT_EQ(FailureWords(
-                [] { MakePort({.CommPort = 300, .Settings = "9600,N,8,1", .dispositivo = ""}); }),
-            "El puerto 300 no es válido (1 a 256)"_ansi);
   EXPECT_EQ(
-      FailureWords([] { MakePort({.CommPort = 1, .Settings = "5,N,8,1", .dispositivo = ""}); }),
-      "La configuración de puerto 5,N,8,1 no es válida"_ansi);
+      FailureWords([] { MakePort({.CommPort = 300, .Settings = "9600,N,8,1", .device = ""}); }),
+      "El puerto 300 no es válido (1 a 256)"_ansi);
+  EXPECT_EQ(FailureWords([] { MakePort({.CommPort = 1, .Settings = "5,N,8,1", .device = ""}); }),
+            "La configuración de puerto 5,N,8,1 no es válida"_ansi);
   EXPECT_EQ(FailureWords([] {
-              MakePort({.CommPort = 1, .Settings = "9600,N,8,1", .dispositivo = "tcp:caja:0"});
+              MakePort({.CommPort = 1, .Settings = "9600,N,8,1", .device = "tcp:caja:0"});
             }),
             "La dirección tcp:caja:0 no es válida (tcp:EQUIPO:PUERTO)"_ansi);
 }

@@ -22,7 +22,7 @@ FakePlatform& ShopThatAsks() {
     kept.GetProfile().Set(setting.key, setting.value);
   }
   kept.GetProfile().Set("MostrarComandos", "1");
-  ReemplazarInstancia(std::move(world));
+  ReplaceInstance(std::move(world));
   EXPECT_EQ(EP_Init(), 1);
   return kept;
 }

@@ -40,9 +40,9 @@ class SilentOperator : public ::testing::Test {
 };
 
 TEST_F(SilentOperator, AQuestionIsAnsweredNo) {
-  TerminalOperator operador(Seat());
-  EXPECT_EQ(operador.Message("Error de Comunicación con la fiscal. Reintentar?"_ansi, "Error !",
-                             kBoxYesNo),
+  TerminalOperator dialogs(Seat());
+  EXPECT_EQ(dialogs.Message("Error de Comunicación con la fiscal. Reintentar?"_ansi, "Error !",
+                            kBoxYesNo),
             kAnswerNo);
   EXPECT_EQ(Said(),
             "kestra: pregunta \"Error !\": Error de Comunicación con la fiscal. Reintentar? | sin "
@@ -50,19 +50,19 @@ TEST_F(SilentOperator, AQuestionIsAnsweredNo) {
 }
 
 TEST_F(SilentOperator, AMessageIsAcceptedAndAReportClosed) {
-  TerminalOperator operador(Seat());
-  EXPECT_EQ(operador.Message("hola", "", kBoxOk), kAnswerOk);
-  EXPECT_FALSE(operador.StatusReport({.impresora = "4000", .fiscal = "0000", .filas = {}}));
-  operador.MemoryFull();
+  TerminalOperator dialogs(Seat());
+  EXPECT_EQ(dialogs.Message("hola", "", kBoxOk), kAnswerOk);
+  EXPECT_FALSE(dialogs.StatusReport({.printer = "4000", .fiscal = "0000", .rows = {}}));
+  dialogs.MemoryFull();
   const std::string said = Said();
   EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 3);
 }
 
 TEST_F(SilentOperator, NothingGoesToStandardOutput) {
   ::testing::internal::CaptureStdout();
-  TerminalOperator operador(Seat());
-  operador.Message("hola", "", kBoxOk);
-  operador.MemoryFull();
+  TerminalOperator dialogs(Seat());
+  dialogs.Message("hola", "", kBoxOk);
+  dialogs.MemoryFull();
   EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
 }
 
@@ -70,22 +70,22 @@ TEST_F(SilentOperator, ATerminalThatIsNotTheProcesssOwnIsNotAsked) {
   PtyLine line;
   OperatorSeat seat = Seat();
   seat.terminal = line.Device();
-  TerminalOperator operador(seat);
-  EXPECT_EQ(operador.Message("pregunta", "", kBoxYesNo), kAnswerNo);
+  TerminalOperator dialogs(seat);
+  EXPECT_EQ(dialogs.Message("pregunta", "", kBoxYesNo), kAnswerNo);
   EXPECT_NE(Said(), "");
 }
 
 TEST_F(SilentOperator, WithoutUtf8AccentsAreQuestionMarks) {
   const Environment plain("LC_ALL", "C");
-  TerminalOperator operador(Seat());
-  operador.Message("Comunicación"_ansi, "", kBoxOk);
+  TerminalOperator dialogs(Seat());
+  dialogs.Message("Comunicación"_ansi, "", kBoxOk);
   EXPECT_NE(Said().find("Comunicaci?n"), std::string::npos);
 }
 
 TEST_F(SilentOperator, AHostWhoseStandardErrorHasNoReaderLives) {
   reader_.Close();
-  TerminalOperator operador(Seat());
-  EXPECT_EQ(operador.Message("hola", "", kBoxOk), kAnswerOk);
+  TerminalOperator dialogs(Seat());
+  EXPECT_EQ(dialogs.Message("hola", "", kBoxOk), kAnswerOk);
   sigset_t pending = {};
   ::sigpending(&pending);
   EXPECT_EQ(::sigismember(&pending, SIGPIPE), 0);
@@ -95,20 +95,20 @@ TEST_F(SilentOperator, AFullStandardErrorDoesNotStopTheHost) {
   while (::write(writer_.Get(), "x", 1) == 1) {
   }
   ASSERT_EQ(::fcntl(writer_.Get(), F_SETFL, 0), 0);  // from here on a write would wait
-  TerminalOperator operador(Seat());
-  EXPECT_EQ(operador.Message("hola", "", kBoxOk), kAnswerOk);
+  TerminalOperator dialogs(Seat());
+  EXPECT_EQ(dialogs.Message("hola", "", kBoxOk), kAnswerOk);
 }
 
 TEST_F(SilentOperator, AClosedStandardErrorIsNoFailure) {
   OperatorSeat seat = Seat();
   seat.errors = -1;
-  TerminalOperator operador(seat);
-  EXPECT_EQ(operador.Message("hola", "", kBoxYesNo), kAnswerNo);
+  TerminalOperator dialogs(seat);
+  EXPECT_EQ(dialogs.Message("hola", "", kBoxYesNo), kAnswerNo);
 }
 
 TEST_F(SilentOperator, AVeryLongTextIsCutToOneLine) {
-  TerminalOperator operador(Seat());
-  operador.Message(std::string(100'000, 'x'), "", kBoxOk);
+  TerminalOperator dialogs(Seat());
+  dialogs.Message(std::string(100'000, 'x'), "", kBoxOk);
   const std::string said = Said();
   EXPECT_EQ(said.size(), 4096u);
   EXPECT_EQ(said.find('\n'), said.size() - 1);

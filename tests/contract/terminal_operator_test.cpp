@@ -137,9 +137,9 @@ TEST_F(TerminalOperatorTest, RRetriesAndEnterCloses) {
   for (const bool retry : {true, false}) {
     auto answer = Meanwhile([this] {
       return operator_.StatusReport(
-          {.impresora = "4000",
+          {.printer = "4000",
            .fiscal = "0000",
-           .filas = {{0, 14, true, true, "Impresora sin papel", "Verifique."}}});
+           .rows = {{0, 14, true, true, "Impresora sin papel", "Verifique."}}});
     });
     EXPECT_NE(Shown("Enter = Cerrar: ").find("[!] Impresora sin papel"), std::string::npos);
     Type(retry ? "r\n" : "\n");
@@ -186,8 +186,8 @@ Session RunInSession(Main main, const char* until, const char* keys) {
 }
 
 int AskOnTheTerminal() {
-  TerminalOperator operador;
-  return operador.Message("Seguir?", "Envia?", kBoxYesNo);
+  TerminalOperator dialogs;
+  return dialogs.Message("Seguir?", "Envia?", kBoxYesNo);
 }
 
 TEST(TerminalOperatorInASession, AProcessInTheForegroundAsksOnItsTerminal) {

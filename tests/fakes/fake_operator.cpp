@@ -23,19 +23,19 @@ std::int32_t FakeOperator::Message(std::string_view text, std::string_view title
   return answer;
 }
 
-bool FakeOperator::StatusReport(const InformeEstados& informe) {
+bool FakeOperator::StatusReport(const Report& report) {
   trouble_.Reach(Point::kReport);
   RunMeanwhile();
   const bool retry = Answers(Answer::kRetry);
   if (!retry) Answers(Answer::kClose);
   Event event{.kind = Happening::kReport,
-              .text = informe.impresora,
-              .detail = informe.fiscal,
+              .text = report.printer,
+              .detail = report.fiscal,
               .number = 0,
               .answer = retry ? 1 : 0};
-  for (const Fila& row : informe.filas) {
-    event.rows.push_back({row.grupo, row.numero, row.error, row.encendida, std::string(row.texto),
-                          std::string(row.ayuda)});
+  for (const StatusRow& row : report.rows) {
+    event.rows.push_back(
+        {row.group, row.number, row.error, row.lit, std::string(row.text), std::string(row.hint)});
   }
   journal_.Add(std::move(event));
   return retry;

@@ -20,7 +20,7 @@ class FakeOperator : public Operator {
   FakeOperator(Journal& journal, Trouble& trouble) : journal_(journal), trouble_(trouble) {}
 
   std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override;
-  bool StatusReport(const InformeEstados& informe) override;
+  bool StatusReport(const Report& report) override;
   void MemoryFull() override;
 
   void Queue(Answer answer) { answers_.push_back(answer); }

@@ -12,15 +12,15 @@ FakePlatform::FakePlatform() {
 
 std::unique_ptr<SerialPort> FakePlatform::CreatePort(const PortSettings& settings) {
   trouble_.Reach(Point::kCreatePort);
-  const bool named = !settings.dispositivo.empty();
+  const bool named = !settings.device.empty();
   const bool known = named || (settings.CommPort >= 1 && settings.CommPort <= 256);
   const bool accepted = known && (named || LineSpeedOf(settings.Settings).has_value());
   journal_.Add({.kind = accepted ? Happening::kPortCreated : Happening::kPortRefused,
                 .text = settings.Settings,
-                .detail = settings.dispositivo,
+                .detail = settings.device,
                 .number = settings.CommPort});
-  if (!known) throw Falla(8002, "El puerto de prueba no es v\xe1lido");
-  if (!accepted) throw Falla(380, "La velocidad de prueba no es v\xe1lida");
+  if (!known) throw Failure(8002, "El puerto de prueba no es v\xe1lido");
+  if (!accepted) throw Failure(380, "La velocidad de prueba no es v\xe1lida");
   return std::make_unique<FakePort>(line_, journal_);
 }
 

@@ -36,9 +36,9 @@ void FakeLine::Arrive(const std::vector<Burst>& bursts) {
 void FakeLine::Open() {
   trouble_.Reach(Point::kOpen);
   if (device_ == DeviceState::kMissing || unplugged_) {
-    throw Falla(8015, "No existe el dispositivo de prueba");
+    throw Failure(8015, "No existe el dispositivo de prueba");
   }
-  if (device_ == DeviceState::kBusy) throw Falla(8005, "Otro programa usa el dispositivo");
+  if (device_ == DeviceState::kBusy) throw Failure(8005, "Otro programa usa el dispositivo");
   journal_.Add({.kind = Happening::kOpen, .text = {}, .detail = {}});
   Deliver();
   received_.clear();
@@ -102,12 +102,12 @@ bool FakeLine::Deliver() {
 }
 
 void FakeLine::RequirePlug() const {
-  if (unplugged_) throw Falla(8020, "Se desconect\xf3 el dispositivo");
+  if (unplugged_) throw Failure(8020, "Se desconect\xf3 el dispositivo");
 }
 
 void FakePort::PortOpen(bool open) {
   if (open) {
-    if (open_) throw Falla(8005, "El dispositivo ya est\xe1 abierto");
+    if (open_) throw Failure(8005, "El dispositivo ya est\xe1 abierto");
     line_.Open();
     open_ = true;
   } else if (open_) {
@@ -137,7 +137,7 @@ std::string FakePort::Input() {
 }
 
 void FakePort::RequireOpen() const {
-  if (!open_) throw Falla(8012, "El puerto de prueba no est\xe1 abierto");
+  if (!open_) throw Failure(8012, "El puerto de prueba no est\xe1 abierto");
 }
 
 }  // namespace kestra

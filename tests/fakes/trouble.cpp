@@ -17,7 +17,7 @@ void Trouble::Reach(Point point) {
   if (armed_->forever ? call < armed_->call : call != armed_->call) return;
   switch (armed_->ailment) {
     case Ailment::kFalla:
-      throw Falla(57, "Falla de prueba");
+      throw Failure(57, "Falla de prueba");
     case Ailment::kMemory:
       throw std::bad_alloc();
     case Ailment::kOther:

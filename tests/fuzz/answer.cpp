@@ -17,7 +17,7 @@ using fuzz::Require;
 
 // An answer is whole with the fourth byte behind its end, no sooner; what follows is another's.
 void CheckLength(std::string_view received) {
-  const auto length = LargoDeRespuesta(received);
+  const auto length = AnswerLength(received);
   if (length == 0) {
     const auto end = received.find(kEtx);
     Require(end == std::string_view::npos || received.size() < end + 1 + kChecksumDigits,
@@ -26,27 +26,26 @@ void CheckLength(std::string_view received) {
   }
   Require(length <= received.size(), "an answer is part of what was received");
   Require(received.find(kEtx) + 1 + kChecksumDigits == length, "it ends with its checksum");
-  Require(LargoDeRespuesta(received.substr(0, length)) == length, "what follows has no say");
-  Require(LargoDeRespuesta(received.substr(0, length - 1)) == 0, "a byte less is none");
+  Require(AnswerLength(received.substr(0, length)) == length, "what follows has no say");
+  Require(AnswerLength(received.substr(0, length - 1)) == 0, "a byte less is none");
 }
 
 void CheckCut(std::string_view received) {
-  const auto cut = RecortarRespuesta(received);
+  const auto cut = TrimAnswer(received);
   Require(received.find(cut) != std::string_view::npos, "nothing is added");
   Require(cut.find(kStx) == std::string::npos || cut.front() == kStx, "no noise before it");
-  Require(RecortarRespuesta(cut) == cut, "cutting twice is cutting once");
-  const auto head = EncabezadoDeRespuesta(received);
+  Require(TrimAnswer(cut) == cut, "cutting twice is cutting once");
+  const auto head = AnswerHeader(received);
   Require(head.size() <= 2, "a head has two bytes");
   if (cut.size() >= 3 && cut.front() == kStx) {
-    Require(EncabezadoDeRespuesta(cut) == std::string_view(cut).substr(1, 2),
-            "the head is its own");
+    Require(AnswerHeader(cut) == std::string_view(cut).substr(1, 2), "the head is its own");
   }
 }
 
 // The same cuts by place instead of by erasing.
 void CheckFields(std::string_view received) {
   std::string rest(received);
-  const auto fields = CortarCampos(rest);
+  const auto fields = CutFields(rest);
   std::size_t place = 0;
   for (const auto& field : fields) {
     const auto separator = received.find(kFs, place);
@@ -58,7 +57,7 @@ void CheckFields(std::string_view received) {
     if (!none) place = to;
   }
   Require(rest == received.substr(place), "what is left");
-  Require(!TextoDeListado(fields).empty(), "the listing has a heading");
+  Require(!ListingText(fields).empty(), "the listing has a heading");
 }
 
 std::string Harmless(std::string_view text) {
@@ -70,25 +69,25 @@ std::string Harmless(std::string_view text) {
 // What was framed is found again behind noise and before whatever follows.
 void CheckThereAndBack(std::string_view text) {
   std::vector<std::string> fields;
-  Comando command('B');
-  for (std::size_t at = 0; at <= text.size() && fields.size() < kCamposDeRespuesta;) {
+  Command command('B');
+  for (std::size_t at = 0; at <= text.size() && fields.size() < kAnswerFields;) {
     const auto end = std::min(text.find('\n', at), text.size());
     fields.push_back(Harmless(text.substr(at, end - at)));
-    command.Campo(fields.back());
+    command.Field(fields.back());
     at = end + 1;
   }
-  auto frame = Enmarcar(kPrimeraSecuencia, command.Bytes());
-  frame += SumaDeControl(frame);
-  Require(LargoDeRespuesta(frame) == frame.size(), "a frame is whole");
-  Require(RecortarRespuesta(Harmless(text) + frame + std::string(text)) == frame, "it is found");
-  Require(EncabezadoDeRespuesta(frame) == " B", "it is known by its head");
+  auto frame = BuildPacket(kFirstSequence, command.Bytes());
+  frame += ChecksumOf(frame);
+  Require(AnswerLength(frame) == frame.size(), "a frame is whole");
+  Require(TrimAnswer(Harmless(text) + frame + std::string(text)) == frame, "it is found");
+  Require(AnswerHeader(frame) == " B", "it is known by its head");
   auto rest = frame;
-  const auto found = CortarCampos(rest);
+  const auto found = CutFields(rest);
   Require(std::equal(fields.begin(), fields.end(), found.begin()), "its fields come back");
 }
 
 void CheckSum(std::string_view text) {
-  const auto digits = SumaDeControl(text);
+  const auto digits = ChecksumOf(text);
   unsigned sum = 0;
   for (const char c : text) sum += static_cast<unsigned char>(c);
   Require(digits.size() == kChecksumDigits, "four digits");
@@ -97,11 +96,11 @@ void CheckSum(std::string_view text) {
 }
 
 void CheckSequence(fuzz::Input input) {
-  const Secuencia before{input.Int16(), input.Int16()};
-  const auto after = SiguienteSecuencia(before, static_cast<int>(input.Below(60)));
-  Require(after.actual >= kPrimeraSecuencia && after.actual <= kUltimaSecuencia, "in its range");
-  const bool counted = after.actual == before.actual + 1 && after.anterior == before.anterior;
-  const bool seeded = after.actual == after.anterior && after.actual != before.anterior;
+  const SequenceNumbers before{input.Int16(), input.Int16()};
+  const auto after = NextSequence(before, static_cast<int>(input.Below(60)));
+  Require(after.current >= kFirstSequence && after.current <= kLastSequence, "in its range");
+  const bool counted = after.current == before.current + 1 && after.previous == before.previous;
+  const bool seeded = after.current == after.previous && after.current != before.previous;
   Require(counted || seeded, "one more, or a seed unlike the one before");
 }
 

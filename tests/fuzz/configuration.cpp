@@ -27,7 +27,7 @@ class HostileFile : public ProfileFile {
   HostileFile(std::string_view text, bool filled_up) : text_(text), filled_up_(filled_up) {}
 
   std::string Read(std::string_view section, std::string_view key, std::string_view file) override {
-    Require(file == kArchivoDeConfiguracion && section == kSeccion, "one file, one section");
+    Require(file == kConfigurationFile && section == kSection, "one file, one section");
     Require(reads_ < unit::kSettings.size() && unit::kSettings[reads_].key == key,
             "each key once and in order");
     auto value = FindInProfile(text_, section, key);
@@ -110,12 +110,12 @@ std::optional<std::string> Expected(const unit::Setting& setting, std::string_vi
   return setting.key == "ImpresoraConfig" ? '"' + shown + '"' : shown;
 }
 
-bool Untouched(const Estado& state, std::string_view key) {
+bool Untouched(const State& state, std::string_view key) {
   const auto shown = golden::ShowField(state, key);
   return shown == "0" || shown == "\"\"";
 }
 
-void CheckTexts(const Estado& state) {
+void CheckTexts(const State& state) {
   Require(state.TipoComprobante.size() == 2 && state.TipoIVA.size() == 1, "cut or filled up");
   Require(state.TipoIVA != " ", "there is always a tax condition");
   const auto& model = state.ModeloNombre;
@@ -127,8 +127,8 @@ void CheckTexts(const Estado& state) {
 void CheckReading(std::string_view text, bool filled_up) {
   HostileFile file(text, filled_up);
   Desk desk(file);
-  Biblioteca k(desk);
-  Lee_Ini(k);
+  Library library(desk);
+  Lee_Ini(library);
   const auto read = file.Reads();
   const bool whole = read == unit::kSettings.size() && desk.Boxes() == 0;
   Require(whole || desk.Boxes() == 1, "the operator hears once of a bad value");
@@ -139,11 +139,11 @@ void CheckReading(std::string_view text, bool filled_up) {
     const auto expected = Expected(setting, value);
     Require(expected.has_value() == (whole || i + 1 < read),
             "the first bad value ends the reading");
-    Require(expected ? golden::ShowField(k.estado, setting.key) == *expected
-                     : Untouched(k.estado, setting.key),
+    Require(expected ? golden::ShowField(library.state, setting.key) == *expected
+                     : Untouched(library.state, setting.key),
             "each good value is taken over and a bad one is not");
   }
-  if (whole) CheckTexts(k.estado);
+  if (whole) CheckTexts(library.state);
 }
 
 }  // namespace

@@ -27,8 +27,8 @@ auto Try(Conversion conversion, std::int32_t& failure) -> std::optional<decltype
   failure = 0;
   try {
     return conversion();
-  } catch (const Falla& falla) {
-    failure = falla.Numero();
+  } catch (const Failure& caught) {
+    failure = caught.Number();
     return std::nullopt;
   }
 }
@@ -66,30 +66,30 @@ std::int16_t AnyCount(Input& input) {
 }
 
 // The field's own text must say the value that it was given, as exactly as its decimals can.
-void CheckWritten(const std::string& field, double value, const Digitos& digits) {
-  const bool point = digits.incluir_punto == 1;
-  const int width = digits.enteros + digits.decimales + (point ? 1 : 0);
+void CheckWritten(const std::string& field, double value, const Digits& digits) {
+  const bool point = digits.include_point == 1;
+  const int width = digits.integers + digits.decimals + (point ? 1 : 0);
   const std::string_view text = std::string_view(field).substr(value < 0 ? 1 : 0);
   Require((value < 0) == (field[0] == '-') || width == 0, "a sign for what is below zero");
   Require(static_cast<int>(text.size()) == width, "as wide as it was set up");
   const auto bare = Without(std::string(text), '.');
   Require(AllDigits(bare), "nothing but digits");
   const bool has_point = bare.size() != text.size();
-  Require(has_point == (point && digits.decimales > 0), "a point when it is wanted");
-  if (digits.decimales > 20 || std::fabs(value) >= 1e15) return;
-  const double unit = std::pow(10.0, -digits.decimales);
-  const double said = bare.empty() ? 0 : ANumeroReal(bare) * unit;
+  Require(has_point == (point && digits.decimals > 0), "a point when it is wanted");
+  if (digits.decimals > 20 || std::fabs(value) >= 1e15) return;
+  const double unit = std::pow(10.0, -digits.decimals);
+  const double said = bare.empty() ? 0 : ToRealNumber(bare) * unit;
   Require(Near(said, std::fabs(value), unit * 0.5000001), "it is the number that was meant");
 }
 
 void CheckNumber(Input& input) {
   const double value = AnyValue(input);
-  const Digitos digits{AnyCount(input), AnyCount(input), static_cast<std::int16_t>(input.Below(3))};
+  const Digits digits{AnyCount(input), AnyCount(input), static_cast<std::int16_t>(input.Below(3))};
   std::int32_t failure = 0;
   const auto field = Try([&] { return FormatearNumero(value, digits); }, failure);
-  const bool ample = std::isfinite(value) && digits.decimales >= 0 && digits.decimales < 20 &&
-                     digits.enteros >= 2 && digits.enteros < 400 &&
-                     std::fabs(value) < std::pow(10.0, digits.enteros - 1);
+  const bool ample = std::isfinite(value) && digits.decimals >= 0 && digits.decimals < 20 &&
+                     digits.integers >= 2 && digits.integers < 400 &&
+                     std::fabs(value) < std::pow(10.0, digits.integers - 1);
   Require(field || !ample, "what fits is written");
   Require(field || failure == 5 || failure == 6, "what does not is refused in known words");
   if (field) CheckWritten(*field, value, digits);
@@ -98,15 +98,15 @@ void CheckNumber(Input& input) {
 void CheckHundredths(Input& input) {
   const double value = AnyValue(input);
   std::int32_t failure = 0;
-  const auto rounded = Try([&] { return RedondearCentesimos(value); }, failure);
-  const auto text = Try([&] { return DigitosDeCentesimos(value); }, failure);
+  const auto rounded = Try([&] { return RoundToHundredths(value); }, failure);
+  const auto text = Try([&] { return HundredthsDigits(value); }, failure);
   Require(rounded.has_value() == std::isfinite(value), "any number has hundredths");
   Require(text.has_value() == std::isfinite(value), "and they can be written");
   if (!rounded) return;
   Require(Near(*rounded, value, 0.0050001), "to the nearest");
-  Require(RedondearCentesimos(*rounded) == *rounded, "and what is round stays");
+  Require(RoundToHundredths(*rounded) == *rounded, "and what is round stays");
   if (std::fabs(value) < 1e12) {
-    Require(Near(ANumeroReal(*text) / 100, value, 0.0050001), "two decimals without a point");
+    Require(Near(ToRealNumber(*text) / 100, value, 0.0050001), "two decimals without a point");
   }
 }
 
@@ -133,7 +133,7 @@ void CheckWhole(std::string_view text, T (*convert)(std::string_view)) {
 
 void CheckRealText(std::string_view text) {
   std::int32_t failure = 0;
-  const auto number = Try([&] { return ANumeroReal(text); }, failure);
+  const auto number = Try([&] { return ToRealNumber(text); }, failure);
   if (!number) return Require(failure == 13 || failure == 6, "refused in known words");
   const double value = std::strtod(std::string(text).c_str(), nullptr);
   Require(std::isfinite(*number), "a number");
@@ -143,11 +143,11 @@ void CheckRealText(std::string_view text) {
 void CheckNumberText(Input& input) {
   const auto digits = input.Below(40);
   const auto text = input.Rest();
-  Require(EsNumero(text) == IsNumber(text), "a number is known for one");
-  CheckWhole<std::int32_t>(text, ANumero);
-  CheckWhole<std::int16_t>(text, ANumeroCorto);
+  Require(IsNumber(text) == IsNumber(text), "a number is known for one");
+  CheckWhole<std::int32_t>(text, ToNumber);
+  CheckWhole<std::int16_t>(text, ToShortNumber);
   CheckRealText(text);
-  const auto filled = EnteroRelleno(text, digits);
+  const auto filled = PaddedInteger(text, digits);
   const auto bare = std::string_view(filled).substr(filled.starts_with('-') ? 1 : 0);
   Require(AllDigits(bare) && bare.size() >= digits, "filled with zeros");
 }
@@ -157,20 +157,20 @@ void CheckText(Input& input) {
   const std::string text(input.Rest());
   std::int32_t failure = 0;
   const auto field = Try([&] { return AjustarTexto(text, length); }, failure);
-  const auto trimmed = Recortar(text);
+  const auto trimmed = TrimBlanks(text);
   if (length < -32'768 || length > 32'767) {
     Require(failure == 6, "no field is so long");
   } else if (trimmed.empty()) {
-    Require(field == std::string(1, kCampoVacio), "an empty one says so");
+    Require(field == std::string(1, kEmptyField), "an empty one says so");
   } else if (length < 0) {
     Require(failure == 5, "nor has one less than nothing");
   } else {
     Require(field && field->size() == static_cast<std::size_t>(length), "exactly so long");
-    Require(Fijar(trimmed, field->size()) == *field, "with the text at its front");
+    Require(FixedWidth(trimmed, field->size()) == *field, "with the text at its front");
   }
   const auto clean = LimpiarCaracteres(text);
   Require(clean.size() == text.size() && LimpiarCaracteres(clean) == clean, "cleaned once for all");
-  Require(RellenarIzquierda(text, input.Below(64), '0').ends_with(text), "filled on the left");
+  Require(PadLeft(text, input.Below(64), '0').ends_with(text), "filled on the left");
 }
 
 // The host's memory ends where it says; a byte beyond is somebody else's.
@@ -188,7 +188,7 @@ void CheckHostBuffers(Input& input) {
   Require(left.substr(copied).find_first_not_of('.') == std::string_view::npos,
           "nothing behind it");
   Require(LeerCadena(buffer.get(), size) == left, "read back as it lies there");
-  Require(LeerTextoTerminado(text.c_str()) == text.c_str(), "through to the zero");
+  Require(ReadTerminatedText(text.c_str()) == text.c_str(), "through to the zero");
 }
 
 }  // namespace

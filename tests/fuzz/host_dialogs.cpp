@@ -13,27 +13,26 @@ using fuzz::Require;
 constexpr std::array<std::uint32_t, 8> kSizes{
     sizeof(KestraOperador), sizeof(KestraOperador), sizeof(KestraOperador), 1000, 32, 24, 16, 4};
 
-std::int32_t KESTRA_CALL Mensaje(void* contexto, const char* texto, const char* titulo,
-                                 std::int32_t estilo) {
-  Require(texto != nullptr && titulo != nullptr, "a box has a text and a title");
-  Require(std::strlen(texto) > 0, "and says something");
-  Require(estilo == 0 || estilo == 4 || estilo == 36, "in a known style");
-  return static_cast<HostDialogs*>(contexto)->Answer();
+std::int32_t KESTRA_CALL Message(void* context, const char* text, const char* title,
+                                 std::int32_t style) {
+  Require(text != nullptr && title != nullptr, "a box has a text and a title");
+  Require(std::strlen(text) > 0, "and says something");
+  Require(style == 0 || style == 4 || style == 36, "in a known style");
+  return static_cast<HostDialogs*>(context)->Answer();
 }
 
-std::int32_t KESTRA_CALL InformeEstados(void* contexto, const char* impresora, const char* fiscal,
-                                        const KestraFila* filas, std::int32_t cantidad) {
-  Require(std::strlen(impresora) + std::strlen(fiscal) < 1000 && cantidad == 23,
-          "two words, all rows");
-  for (std::int32_t i = 0; i < cantidad; ++i) {
-    Require(filas[i].grupo == 0 || filas[i].grupo == 1, "each of a group");
-    Require(std::strlen(filas[i].texto) > 0 && std::strlen(filas[i].ayuda) > 0, "with its words");
+std::int32_t KESTRA_CALL Report(void* context, const char* printer, const char* fiscal,
+                                const KestraFila* rows, std::int32_t count) {
+  Require(std::strlen(printer) + std::strlen(fiscal) < 1000 && count == 23, "two words, all rows");
+  for (std::int32_t i = 0; i < count; ++i) {
+    Require(rows[i].grupo == 0 || rows[i].grupo == 1, "each of a group");
+    Require(std::strlen(rows[i].texto) > 0 && std::strlen(rows[i].ayuda) > 0, "with its words");
   }
-  return static_cast<HostDialogs*>(contexto)->Answer() % 2;
+  return static_cast<HostDialogs*>(context)->Answer() % 2;
 }
 
-void KESTRA_CALL MemoriaLlena(void* contexto) {
-  static_cast<HostDialogs*>(contexto)->Answer();
+void KESTRA_CALL MemoryFull(void* context) {
+  static_cast<HostDialogs*>(context)->Answer();
 }
 
 }  // namespace
@@ -41,9 +40,9 @@ void KESTRA_CALL MemoriaLlena(void* contexto) {
 void HostDialogs::Hire(fuzz::Input& input) {
   const auto members = input.Byte();
   const auto size = input.Pick(kSizes);
-  const KestraOperador whole{size, this, (members & 1U) != 0 ? nullptr : Mensaje,
-                             (members & 2U) != 0 ? nullptr : InformeEstados,
-                             (members & 4U) != 0 ? nullptr : MemoriaLlena};
+  const KestraOperador whole{size, this, (members & 1U) != 0 ? nullptr : Message,
+                             (members & 2U) != 0 ? nullptr : Report,
+                             (members & 4U) != 0 ? nullptr : MemoryFull};
   if ((members & 8U) != 0) return Kestra_DefinirOperador(nullptr);
   // Not a byte more than the record says.
   const auto own = std::min<std::size_t>(size, sizeof whole);

@@ -25,20 +25,20 @@ constexpr std::int64_t kWait = 5'500'000 + 60'000;
 
 class Exchange {
  public:
-  explicit Exchange(Input& input) : k_(world_) {
+  explicit Exchange(Input& input) : library_(world_) {
     PortSettings settings;
     settings.CommPort = 1;
     settings.Settings = "9600,N,8,1";
-    k_.estado.Puerto = world_.CreatePort(settings);
+    library_.state.Puerto = world_.CreatePort(settings);
     SetUp(input);
     for (std::size_t i = 0; i < kMostReplies && !input.Empty(); ++i) QueueReply(input);
     world_.GetJournal().Take();
   }
 
   void Run() {
-    const auto result = Enviar(k_);
+    const auto result = Enviar(library_);
     CheckFrames();
-    Require(!k_.estado.Puerto->PortOpen(), "the line is left closed");
+    Require(!library_.state.Puerto->PortOpen(), "the line is left closed");
     Require(world_.GetClock().Elapsed() <= LongestTime(), "it ends in time");
     Require(result == 0 || result == 1, "it went or it did not");
     if (result == 0) CheckAccepted();
@@ -46,7 +46,7 @@ class Exchange {
 
  private:
   void SetUp(Input& input) {
-    auto& state = k_.estado;
+    auto& state = library_.state;
     state.MostrarComandos = static_cast<std::int32_t>(input.Below(3));
     state.MostrarRespuestas = input.Flag() ? 1 : 0;
     state.ErrorMostrar = input.Flag() ? 1 : 0;
@@ -92,21 +92,22 @@ class Exchange {
 
   [[nodiscard]] std::int64_t LongestTime() const {
     const auto frames = static_cast<std::int64_t>(world_.Line().Frames().size());
-    const auto pause = std::max(k_.estado.DelayComandos, 0) * std::int64_t{1000};
+    const auto pause = std::max(library_.state.DelayComandos, 0) * std::int64_t{1000};
     return (frames + busy_) * kWait + (frames + 1) * pause;
   }
 
   void CheckAccepted() const {
     const auto& frames = world_.Line().Frames();
     Require(!frames.empty(), "what was accepted was sent");
-    const auto& answer = k_.estado.RespuestaActual;
+    const auto& answer = library_.state.RespuestaActual;
     const auto head = std::string_view(frames.back()).substr(0, command_.empty() ? 2 : 3);
     Require(answer.starts_with(head), "the answer is to the last frame");
-    Require(!HayFalla(k_.estado.BitImpresora, k_.estado.BitFiscal), "and it carries no error");
+    Require(!FailsCommand(library_.state.BitImpresora, library_.state.BitFiscal),
+            "and it carries no error");
   }
 
   mutable FakePlatform world_;
-  Biblioteca k_;
+  Library library_;
   std::string command_;
   std::int64_t busy_ = 0;
   std::int64_t ends_ = 0;

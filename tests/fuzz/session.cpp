@@ -78,7 +78,7 @@ class Session {
   explicit Session(Input& input) : input_(input) {
     auto shop = std::make_unique<Shop>();
     shop_ = shop.get();
-    ReemplazarInstancia(std::move(shop));
+    ReplaceInstance(std::move(shop));
     shop_->GetClock().Advance(kLongest - kSession);
     Answer(std::string(kFine));
     const auto changes = input.Below(8);
@@ -91,7 +91,7 @@ class Session {
     shop_->GetTrouble().Disarm();
     CallPlain(1);
     Kestra_DefinirOperador(nullptr);
-    Require(Instancia().estado.Puerto == nullptr, "the last call is let in and gives the port up");
+    Require(Instance().state.Puerto == nullptr, "the last call is let in and gives the port up");
   }
 
  private:
@@ -111,7 +111,7 @@ class Session {
     const auto called = CallAny(input_);
     Require(called.kill || called.result == 0 || called.result == 1, "it went or it did not");
     CheckFrames();
-    const auto& port = Instancia().estado.Puerto;
+    const auto& port = Instance().state.Puerto;
     Require(failing_ || port == nullptr || !port->PortOpen(), "the line is left closed");
     CheckTime(called.rounding);
     shop_->GetJournal().Take();
@@ -121,7 +121,7 @@ class Session {
   // agree, and a pause before each command that somebody set so.
   void CheckTime(bool rounding) {
     over_ = shop_->GetClock().Elapsed() >= kLongest;
-    const bool long_pause = Instancia().estado.DelayComandos > kLongPause;
+    const bool long_pause = Instance().state.DelayComandos > kLongPause;
     Require(!over_ || rounding || long_pause || frames_ > kMostFrames, "no call goes on for ever");
   }
 

@@ -99,7 +99,7 @@ Session::Session(Onlooker* onlooker) : onlooker_(onlooker) {
     world_->GetProfile().Set(setting.key, setting.value);
   }
   world_->Line().SetDefault(ReadReply(kPrinterIsFine));
-  ReemplazarInstancia(Surrounded(onlooker, std::move(world)));
+  ReplaceInstance(Surrounded(onlooker, std::move(world)));
 }
 
 Played Session::Play(std::string_view text) {
@@ -262,7 +262,7 @@ void Session::Call(std::string_view rest) {
 
 void Session::ShowState(std::string_view rest) {
   for (const std::string_view name : Words(rest)) {
-    Print(std::string(name) + " = " + ShowField(Instancia().estado, name));
+    Print(std::string(name) + " = " + ShowField(Instance().state, name));
   }
 }
 

@@ -10,8 +10,8 @@
 namespace kestra::golden {
 namespace {
 
-using Member = std::variant<std::int32_t Estado::*, std::int16_t Estado::*, std::string Estado::*,
-                            std::array<Booleano, 16> Estado::*>;
+using Member = std::variant<std::int32_t State::*, std::int16_t State::*, std::string State::*,
+                            std::array<Boolean, 16> State::*>;
 
 struct Field {
   std::string_view name;
@@ -19,71 +19,71 @@ struct Field {
 };
 
 constexpr std::array kFields{
-    Field{"ImpresoraPuerto", &Estado::ImpresoraPuerto},
-    Field{"CanDecimales", &Estado::CanDecimales},
-    Field{"CanMaxima", &Estado::CanMaxima},
-    Field{"LonObsFac", &Estado::LonObsFac},
-    Field{"LonLinFac", &Estado::LonLinFac},
-    Field{"LonPagFac", &Estado::LonPagFac},
-    Field{"LonLinNoF", &Estado::LonLinNoF},
-    Field{"LonLinPag", &Estado::LonLinPag},
-    Field{"ErrorMostrar", &Estado::ErrorMostrar},
-    Field{"MostrarComandos", &Estado::MostrarComandos},
-    Field{"MostrarRespuestas", &Estado::MostrarRespuestas},
-    Field{"LogComandos", &Estado::LogComandos},
-    Field{"EmiteTIC", &Estado::EmiteTIC},
-    Field{"EmiteTIF", &Estado::EmiteTIF},
-    Field{"EmiteFAC", &Estado::EmiteFAC},
-    Field{"EmiteRTO", &Estado::EmiteRTO},
-    Field{"EmitePAG", &Estado::EmitePAG},
-    Field{"EmiteCRE", &Estado::EmiteCRE},
-    Field{"EmiteDEB", &Estado::EmiteDEB},
-    Field{"LonDescripcionF", &Estado::LonDescripcionF},
-    Field{"LonTextoFiscalF", &Estado::LonTextoFiscalF},
-    Field{"LonEncabezadoF", &Estado::LonEncabezadoF},
-    Field{"LonTextoNoFiscalF", &Estado::LonTextoNoFiscalF},
-    Field{"LonDatosClienteF", &Estado::LonDatosClienteF},
-    Field{"LonDescripcionT", &Estado::LonDescripcionT},
-    Field{"LonTextoFiscalT", &Estado::LonTextoFiscalT},
-    Field{"LonEncabezadoT", &Estado::LonEncabezadoT},
-    Field{"LonTextoNoFiscalT", &Estado::LonTextoNoFiscalT},
-    Field{"LonDatosClienteT", &Estado::LonDatosClienteT},
-    Field{"UtilizaTransporte", &Estado::UtilizaTransporte},
-    Field{"DelayComandos", &Estado::DelayComandos},
-    Field{"EntCantidad", &Estado::EntCantidad},
-    Field{"DecCantidad", &Estado::DecCantidad},
-    Field{"EntPrecio", &Estado::EntPrecio},
-    Field{"DecPrecio", &Estado::DecPrecio},
-    Field{"EntDesc", &Estado::EntDesc},
-    Field{"DecDesc", &Estado::DecDesc},
-    Field{"EntIVA", &Estado::EntIVA},
-    Field{"DecIVA", &Estado::DecIVA},
-    Field{"EntImpInt", &Estado::EntImpInt},
-    Field{"DecImpInt", &Estado::DecImpInt},
-    Field{"EntPercepcion", &Estado::EntPercepcion},
-    Field{"DecPercepcion", &Estado::DecPercepcion},
-    Field{"IncluirPuntoPrecio", &Estado::IncluirPuntoPrecio},
-    Field{"CPI", &Estado::CPI},
-    Field{"Transporte", &Estado::Transporte},
-    Field{"AjusteRedondeo", &Estado::AjusteRedondeo},
-    Field{"QuitarCaracNoValidos", &Estado::QuitarCaracNoValidos},
-    Field{"UltimoError", &Estado::UltimoError},
-    Field{"EnviaComando", &Estado::EnviaComando},
-    Field{"NroSecuencia", &Estado::NroSecuencia},
-    Field{"NroSecuenciaAnterior", &Estado::NroSecuenciaAnterior},
-    Field{"Reintentar", &Estado::Reintentar},
-    Field{"ImpresoraConfig", &Estado::ImpresoraConfig},
-    Field{"ModeloNombre", &Estado::ModeloNombre},
-    Field{"TipoComprobante", &Estado::TipoComprobante},
-    Field{"TipoIVA", &Estado::TipoIVA},
-    Field{"ComandoActual", &Estado::ComandoActual},
-    Field{"RespuestaActual", &Estado::RespuestaActual},
-    Field{"EstadoImpresora", &Estado::EstadoImpresora},
-    Field{"EstadoFiscal", &Estado::EstadoFiscal},
-    Field{"Respuestas", &Estado::Respuestas},
-    Field{"RespuestaCompleta", &Estado::RespuestaCompleta},
-    Field{"BitImpresora", &Estado::BitImpresora},
-    Field{"BitFiscal", &Estado::BitFiscal},
+    Field{"ImpresoraPuerto", &State::ImpresoraPuerto},
+    Field{"CanDecimales", &State::CanDecimales},
+    Field{"CanMaxima", &State::CanMaxima},
+    Field{"LonObsFac", &State::LonObsFac},
+    Field{"LonLinFac", &State::LonLinFac},
+    Field{"LonPagFac", &State::LonPagFac},
+    Field{"LonLinNoF", &State::LonLinNoF},
+    Field{"LonLinPag", &State::LonLinPag},
+    Field{"ErrorMostrar", &State::ErrorMostrar},
+    Field{"MostrarComandos", &State::MostrarComandos},
+    Field{"MostrarRespuestas", &State::MostrarRespuestas},
+    Field{"LogComandos", &State::LogComandos},
+    Field{"EmiteTIC", &State::EmiteTIC},
+    Field{"EmiteTIF", &State::EmiteTIF},
+    Field{"EmiteFAC", &State::EmiteFAC},
+    Field{"EmiteRTO", &State::EmiteRTO},
+    Field{"EmitePAG", &State::EmitePAG},
+    Field{"EmiteCRE", &State::EmiteCRE},
+    Field{"EmiteDEB", &State::EmiteDEB},
+    Field{"LonDescripcionF", &State::LonDescripcionF},
+    Field{"LonTextoFiscalF", &State::LonTextoFiscalF},
+    Field{"LonEncabezadoF", &State::LonEncabezadoF},
+    Field{"LonTextoNoFiscalF", &State::LonTextoNoFiscalF},
+    Field{"LonDatosClienteF", &State::LonDatosClienteF},
+    Field{"LonDescripcionT", &State::LonDescripcionT},
+    Field{"LonTextoFiscalT", &State::LonTextoFiscalT},
+    Field{"LonEncabezadoT", &State::LonEncabezadoT},
+    Field{"LonTextoNoFiscalT", &State::LonTextoNoFiscalT},
+    Field{"LonDatosClienteT", &State::LonDatosClienteT},
+    Field{"UtilizaTransporte", &State::UtilizaTransporte},
+    Field{"DelayComandos", &State::DelayComandos},
+    Field{"EntCantidad", &State::EntCantidad},
+    Field{"DecCantidad", &State::DecCantidad},
+    Field{"EntPrecio", &State::EntPrecio},
+    Field{"DecPrecio", &State::DecPrecio},
+    Field{"EntDesc", &State::EntDesc},
+    Field{"DecDesc", &State::DecDesc},
+    Field{"EntIVA", &State::EntIVA},
+    Field{"DecIVA", &State::DecIVA},
+    Field{"EntImpInt", &State::EntImpInt},
+    Field{"DecImpInt", &State::DecImpInt},
+    Field{"EntPercepcion", &State::EntPercepcion},
+    Field{"DecPercepcion", &State::DecPercepcion},
+    Field{"IncluirPuntoPrecio", &State::IncluirPuntoPrecio},
+    Field{"CPI", &State::CPI},
+    Field{"Transporte", &State::Transporte},
+    Field{"AjusteRedondeo", &State::AjusteRedondeo},
+    Field{"QuitarCaracNoValidos", &State::QuitarCaracNoValidos},
+    Field{"UltimoError", &State::UltimoError},
+    Field{"EnviaComando", &State::EnviaComando},
+    Field{"NroSecuencia", &State::NroSecuencia},
+    Field{"NroSecuenciaAnterior", &State::NroSecuenciaAnterior},
+    Field{"Reintentar", &State::Reintentar},
+    Field{"ImpresoraConfig", &State::ImpresoraConfig},
+    Field{"ModeloNombre", &State::ModeloNombre},
+    Field{"TipoComprobante", &State::TipoComprobante},
+    Field{"TipoIVA", &State::TipoIVA},
+    Field{"ComandoActual", &State::ComandoActual},
+    Field{"RespuestaActual", &State::RespuestaActual},
+    Field{"EstadoImpresora", &State::EstadoImpresora},
+    Field{"EstadoFiscal", &State::EstadoFiscal},
+    Field{"Respuestas", &State::Respuestas},
+    Field{"RespuestaCompleta", &State::RespuestaCompleta},
+    Field{"BitImpresora", &State::BitImpresora},
+    Field{"BitFiscal", &State::BitFiscal},
 };
 
 std::string Show(std::int32_t number) {
@@ -94,15 +94,15 @@ std::string Show(const std::string& text) {
   return '"' + Visible(text) + '"';
 }
 
-std::string Show(const std::array<Booleano, 16>& flags) {
+std::string Show(const std::array<Boolean, 16>& flags) {
   std::string slots;
   for (std::size_t slot = 0; slot < flags.size(); ++slot) {
-    if (flags.at(slot) != kFalso) slots += (slots.empty() ? "" : " ") + std::to_string(slot);
+    if (flags.at(slot) != kFalse) slots += (slots.empty() ? "" : " ") + std::to_string(slot);
   }
   return slots.empty() ? "none" : slots;
 }
 
-std::string ShowLayout(const Estado& state) {
+std::string ShowLayout(const State& state) {
   std::string values;
   for (const std::int32_t value : state.DisposicionModelo) {
     values += (values.empty() ? "" : " ") + std::to_string(value);
@@ -110,7 +110,7 @@ std::string ShowLayout(const Estado& state) {
   return values;
 }
 
-std::string ShowAnswerFields(const Estado& state) {
+std::string ShowAnswerFields(const State& state) {
   std::string fields;
   for (const std::string& field : state.Respuesta) {
     fields += (fields.empty() ? "" : " ") + Show(field);
@@ -120,7 +120,7 @@ std::string ShowAnswerFields(const Estado& state) {
 
 }  // namespace
 
-std::string ShowField(const Estado& state, std::string_view name) {
+std::string ShowField(const State& state, std::string_view name) {
   if (name == "Respuesta") return ShowAnswerFields(state);
   if (name == "DisposicionModelo") return ShowLayout(state);
   if (name == "Puerto") return state.Puerto ? "set" : "none";

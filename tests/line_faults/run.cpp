@@ -78,7 +78,7 @@ RunReport Play(const CanonicalDocument& document, std::span<const ByteFault> fau
   auto owned = std::make_unique<LineWorld>(document, faults);
   LineWorld& world = *owned;
   if (habit == OperatorHabit::kOnce) world.GetOperator().Queue(Answer::kYes);
-  ReemplazarInstancia(std::move(owned));
+  ReplaceInstance(std::move(owned));
   EP_Init();
   RunReport report;
   std::vector<std::size_t> calls_of_frames;

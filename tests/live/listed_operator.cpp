@@ -16,14 +16,14 @@ std::int32_t KESTRA_CALL Message(void* context, const char* text, const char* ti
 
 std::int32_t KESTRA_CALL StatusReport(void* context, const char* printer, const char* fiscal,
                                       const KestraFila* rows, std::int32_t count) {
-  InformeEstados report{.impresora = printer, .fiscal = fiscal, .filas = {}};
+  Report report{.printer = printer, .fiscal = fiscal, .rows = {}};
   for (std::int32_t i = 0; i < count; ++i) {
-    report.filas.push_back({.grupo = rows[i].grupo,
-                            .numero = rows[i].numero,
-                            .error = rows[i].clase != 0,
-                            .encendida = rows[i].encendida != 0,
-                            .texto = rows[i].texto,
-                            .ayuda = rows[i].ayuda});
+    report.rows.push_back({.group = rows[i].grupo,
+                           .number = rows[i].numero,
+                           .error = rows[i].clase != 0,
+                           .lit = rows[i].encendida != 0,
+                           .text = rows[i].texto,
+                           .hint = rows[i].ayuda});
   }
   return PersonOf(context).StatusReport(report) ? 1 : 0;
 }

@@ -81,7 +81,7 @@ void SettingsFile::Write() {
     return;
   }
   std::ofstream file(kFile, std::ios::binary | std::ios::trunc);
-  file << '[' << kSeccion << "]\r\n";
+  file << '[' << kSection << "]\r\n";
   for (const auto& [key, value] : settings_) file << key << '=' << value << "\r\n";
   if (!file.flush()) throw std::runtime_error("Fiscal.ini cannot be written");
 }

@@ -11,7 +11,7 @@ BINARY = {"<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<
           ">>": ("<<",), "+=": ("-=",), "-=": ("+=",), "*=": ("/=",), "/=": ("*=",),
           "&=": ("|=",), "|=": ("&=",)}
 UNARY = {"++": "--", "--": "++", "!": "", "-": ""}
-BOOLEANS = {"true": "false", "false": "true", "kVerdadero": "kFalso", "kFalso": "kVerdadero"}
+BOOLEANS = {"true": "false", "false": "true", "kTrue": "kFalse", "kFalse": "kTrue"}
 LOGICAL = ("<", "<=", ">", ">=", "==", "!=", "&&", "||")
 ASSIGNMENTS = ("=", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "<<=", ">>=", "++", "--")
 # Words that begin a statement that is no call and no assignment, or a declaration.

@@ -47,7 +47,7 @@ SAMPLES = {
     "enumerators become the others": (
         "auto k = Step::kDone;", ["kDone -> kAgain", "kDone -> kFailed"]),
     "truth values of both kinds": (
-        "bool a = true; Booleano b = kFalso;", ["true -> false", "kFalso -> kVerdadero"]),
+        "bool a = true; Boolean b = kFalse;", ["true -> false", "kFalse -> kTrue"]),
     "a choice": (
         "int F(bool a) { return a ? x : y; }", ["choice negated", "returns {}"]),
     "the same change twice on a line": (

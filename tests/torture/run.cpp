@@ -24,7 +24,7 @@ bool IsBox(Happening kind) {
 }
 
 bool PortIsOpen() {
-  const auto& port = Instancia().estado.Puerto;
+  const auto& port = Instance().state.Puerto;
   return port != nullptr && port->PortOpen();
 }
 
@@ -169,7 +169,7 @@ void Torturer::Heal() {
 }
 
 void Torturer::ExpectAWorkingLibrary() {
-  if (Instancia().estado.Puerto != nullptr) ExpectOneGoodCommand("the next call");
+  if (Instance().state.Puerto != nullptr) ExpectOneGoodCommand("the next call");
   ExpectStarted();
   ExpectOneGoodCommand("the first call after a new start");
   EP_Kill();
@@ -227,7 +227,7 @@ void Note(const Outcome& outcome, const Strike& strike, Tally& tally) {
 
 // The world of the last case is gone, and all that it held.
 void Rest() {
-  ReemplazarInstancia(std::make_unique<FakePlatform>());
+  ReplaceInstance(std::make_unique<FakePlatform>());
 }
 
 }  // namespace

@@ -143,10 +143,10 @@ std::int32_t TroubledOperator::Message(std::string_view text, std::string_view t
   return watch_.World().GetOperator().Message(text, title, style);
 }
 
-bool TroubledOperator::StatusReport(const InformeEstados& informe) {
+bool TroubledOperator::StatusReport(const Report& report) {
   const Spared spared;
   watch_.Reach(Point::kReport);
-  return watch_.World().GetOperator().StatusReport(informe);
+  return watch_.World().GetOperator().StatusReport(report);
 }
 
 void TroubledOperator::MemoryFull() {

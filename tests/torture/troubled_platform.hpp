@@ -66,7 +66,7 @@ class TroubledOperator : public Operator {
  public:
   explicit TroubledOperator(Watch& watch) : watch_(watch) {}
   std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override;
-  bool StatusReport(const InformeEstados& informe) override;
+  bool StatusReport(const Report& report) override;
   void MemoryFull() override;
 
  private:

@@ -12,8 +12,8 @@ std::int32_t FailureOf(Action action) {
   try {
     (void)action();
     return 0;
-  } catch (const Falla& failure) {
-    return failure.Numero();
+  } catch (const Failure& failure) {
+    return failure.Number();
   }
 }
 

@@ -54,7 +54,7 @@ FakePlatform& ExportsOnFakes() {
   auto& kept = *world;
   FillProfile(kept);
   kept.Line().SetDefault(Answering("0000", "0600"));
-  ReemplazarInstancia(std::move(world));
+  ReplaceInstance(std::move(world));
   return kept;
 }
 

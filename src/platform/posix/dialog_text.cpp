@@ -46,24 +46,24 @@ std::string Note(std::string_view kind, std::string_view title, std::string_view
          " | sin operador, se responde: " + std::string(answer) + "\n";
 }
 
-std::string_view MarkOf(const Fila& fila) {
-  if (!fila.encendida) return "  [ ] ";
-  return fila.error ? "  [!] " : "  [i] ";
+std::string_view MarkOf(const StatusRow& row) {
+  if (!row.lit) return "  [ ] ";
+  return row.error ? "  [!] " : "  [i] ";
 }
 
-std::string Rows(const InformeEstados& informe, std::int32_t group, std::string_view heading) {
+std::string Rows(const Report& report, std::int32_t group, std::string_view heading) {
   std::string text = std::string(heading) + '\n';
-  for (const Fila& fila : informe.filas) {
-    if (fila.grupo != group) continue;
-    text.append(MarkOf(fila)).append(HarmlessText(fila.texto)) += '\n';
-    if (fila.encendida) text.append("      ").append(HarmlessText(fila.ayuda)) += '\n';
+  for (const StatusRow& row : report.rows) {
+    if (row.group != group) continue;
+    text.append(MarkOf(row)).append(HarmlessText(row.text)) += '\n';
+    if (row.lit) text.append("      ").append(HarmlessText(row.hint)) += '\n';
   }
   return text;
 }
 
-std::string StatusWords(const InformeEstados& informe) {
-  return std::string(kInformeImpresora) + ' ' + HarmlessText(informe.impresora) + "  " +
-         std::string(kInformeFiscal) + ' ' + HarmlessText(informe.fiscal);
+std::string StatusWords(const Report& report) {
+  return std::string(kReportPrinter) + ' ' + HarmlessText(report.printer) + "  " +
+         std::string(kReportFiscal) + ' ' + HarmlessText(report.fiscal);
 }
 
 std::string_view Trimmed(std::string_view line) {
@@ -101,19 +101,18 @@ std::string MessageDialog(std::string_view text, std::string_view title, std::in
   return (Heading(title) + HarmlessText(text) + '\n').append(prompt);
 }
 
-std::string StatusReportDialog(const InformeEstados& informe) {
+std::string StatusReportDialog(const Report& report) {
   constexpr char kBell = '\a';
-  std::string text = kBell + Heading(kInformeTitulo);
-  text += Rows(informe, 0, kInformeGrupoImpresora) + Rows(informe, 1, kInformeGrupoFiscal);
-  text.append(kInformeGrupoEstados).append("\n  ").append(StatusWords(informe)) += '\n';
-  return text.append("R = ").append(kBotonReintentar).append(", Enter = ").append(kBotonCerrar) +
-         ": ";
+  std::string text = kBell + Heading(kReportTitle);
+  text += Rows(report, 0, kReportPrinterGroup) + Rows(report, 1, kReportFiscalGroup);
+  text.append(kReportStatusGroup).append("\n  ").append(StatusWords(report)) += '\n';
+  return text.append("R = ").append(kRetryButton).append(", Enter = ").append(kCloseButton) + ": ";
 }
 
 std::string MemoryFullDialog() {
-  std::string text = Heading(kMemoriaLlenaTitulo);
-  text.append(kMemoriaLlenaEncabezado).append("\n").append(kMemoriaLlenaTexto);
-  return text.append("\nEnter = ").append(kBotonCerrar) + ": ";
+  std::string text = Heading(kMemoryFullTitle);
+  text.append(kMemoryFullHeading).append("\n").append(kMemoryFullText);
+  return text.append("\nEnter = ").append(kCloseButton) + ": ";
 }
 
 std::string MessageNote(std::string_view text, std::string_view title, std::int32_t style) {
@@ -121,16 +120,16 @@ std::string MessageNote(std::string_view text, std::string_view title, std::int3
                            : Note("mensaje", title, text, "Aceptar");
 }
 
-std::string StatusReportNote(const InformeEstados& informe) {
-  std::string text = StatusWords(informe);
-  for (const Fila& fila : informe.filas) {
-    if (fila.encendida) text.append("; ").append(fila.texto);
+std::string StatusReportNote(const Report& report) {
+  std::string text = StatusWords(report);
+  for (const StatusRow& row : report.rows) {
+    if (row.lit) text.append("; ").append(row.text);
   }
-  return Note("informe", kInformeTitulo, text, kBotonCerrar);
+  return Note("informe", kReportTitle, text, kCloseButton);
 }
 
 std::string MemoryFullNote() {
-  return Note("aviso", kMemoriaLlenaTitulo, kMemoriaLlenaTexto, kBotonCerrar);
+  return Note("aviso", kMemoryFullTitle, kMemoryFullText, kCloseButton);
 }
 
 Typed TypedAnswer(std::string_view line) {
@@ -144,7 +143,7 @@ Typed TypedAnswer(std::string_view line) {
 
 bool TypedRetry(std::string_view line) {
   line = Trimmed(line);
-  return EqualWithoutCase(line, "r") || EqualWithoutCase(line, kBotonReintentar);
+  return EqualWithoutCase(line, "r") || EqualWithoutCase(line, kRetryButton);
 }
 
 }  // namespace kestra

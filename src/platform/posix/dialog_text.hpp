@@ -18,12 +18,12 @@ bool IsQuestion(std::int32_t style);
 
 // What a terminal shows: the dialog and, at its end, what to press.
 std::string MessageDialog(std::string_view text, std::string_view title, std::int32_t style);
-std::string StatusReportDialog(const InformeEstados& informe);
+std::string StatusReportDialog(const Report& report);
 std::string MemoryFullDialog();
 
 // What nobody was there to see, and what was answered instead; one line with its end.
 std::string MessageNote(std::string_view text, std::string_view title, std::int32_t style);
-std::string StatusReportNote(const InformeEstados& informe);
+std::string StatusReportNote(const Report& report);
 std::string MemoryFullNote();
 
 // What a typed line means. An answer that means nothing to a question has to be asked for again.

@@ -15,8 +15,8 @@ namespace {
 
 struct Row {
   int error;
-  std::int32_t numero;
-  const char* descripcion;
+  std::int32_t number;
+  const char* description;
 };
 
 constexpr std::array kRows = {
@@ -31,9 +31,9 @@ void Require(bool done) {
   if (done) return;
   const int error = errno;
   for (const Row& row : kRows) {
-    if (row.error == error) throw Falla(row.numero, row.descripcion);
+    if (row.error == error) throw Failure(row.number, row.description);
   }
-  throw Falla(75, "Path/File access error");
+  throw Failure(75, "Path/File access error");
 }
 
 }  // namespace

@@ -37,15 +37,15 @@ constexpr std::array kTransferFaults = {
     ErrorRow<int>{ENODEV, PortFault::kLost},
 };
 
-Falla FallaDelSistema(PortFault fault, PortFault unexplained, const std::string& device,
+Failure SystemFailure(PortFault fault, PortFault unexplained, const std::string& device,
                       int error) {
-  return fault == unexplained ? FallaDePuerto(fault, device, error) : FallaDePuerto(fault, device);
+  return fault == unexplained ? PortFailure(fault, device, error) : PortFailure(fault, device);
 }
 
 void Require(bool done, const std::string& device) {
   if (done) return;
   const int error = errno;
-  throw FallaDelSistema(OpeningFault(error), PortFault::kCannotOpen, device, error);
+  throw SystemFailure(OpeningFault(error), PortFault::kCannotOpen, device, error);
 }
 
 // True on real serial hardware; a pseudo-terminal has no such line to raise.
@@ -80,7 +80,7 @@ PosixPort::~PosixPort() {
 }
 
 void PosixPort::PortOpen(bool open) {
-  if (open && PortOpen()) throw FallaDePuerto(PortFault::kAlreadyOpen, device_);
+  if (open && PortOpen()) throw PortFailure(PortFault::kAlreadyOpen, device_);
   open ? Open() : Close();
 }
 
@@ -113,11 +113,11 @@ void PosixPort::Close() {
 }
 
 void PosixPort::RequireOpen() const {
-  if (!PortOpen()) throw FallaDePuerto(PortFault::kNotOpen, device_);
+  if (!PortOpen()) throw PortFailure(PortFault::kNotOpen, device_);
 }
 
 void PosixPort::ThrowTransferFault(int error) const {
-  throw FallaDelSistema(TransferFault(error), PortFault::kTransfer, device_, error);
+  throw SystemFailure(TransferFault(error), PortFault::kTransfer, device_, error);
 }
 
 void PosixPort::Output(std::string_view bytes) {
@@ -137,7 +137,7 @@ void PosixPort::Output(std::string_view bytes) {
     if (written < 0 && errno != EAGAIN) ThrowTransferFault(errno);
     const auto now = Time::now();
     if (deadline == Time::time_point::max()) deadline = now + patience;
-    if (now >= deadline) throw FallaDePuerto(PortFault::kStalled, device_);
+    if (now >= deadline) throw PortFailure(PortFault::kStalled, device_);
     EventsWithin(fd_.Get(), POLLOUT, patience_.look);
   }
 }
@@ -154,7 +154,7 @@ std::size_t PosixPort::InBufferCount() {
 bool PosixPort::InputWithin(int milliseconds) const {
   const short events = EventsWithin(fd_.Get(), POLLIN, milliseconds);
   if ((events & POLLIN) != 0) return true;
-  if (events != 0) throw FallaDePuerto(PortFault::kLost, device_);
+  if (events != 0) throw PortFailure(PortFault::kLost, device_);
   return false;
 }
 
@@ -164,7 +164,7 @@ void PosixPort::TakeInput() {
   if (count > 0) {
     received_.append(bytes.data(), static_cast<std::size_t>(count));
   } else if (count == 0) {
-    throw FallaDePuerto(PortFault::kLost, device_);
+    throw PortFailure(PortFault::kLost, device_);
   } else if (errno != EAGAIN && errno != EINTR) {
     ThrowTransferFault(errno);
   }

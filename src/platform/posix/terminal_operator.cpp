@@ -74,12 +74,12 @@ std::int32_t TerminalOperator::Message(std::string_view text, std::string_view t
   return question ? kAnswerNo : kAnswerOk;
 }
 
-bool TerminalOperator::StatusReport(const InformeEstados& informe) {
+bool TerminalOperator::StatusReport(const Report& report) {
   if (const FileDescriptor terminal = OpenTerminal()) {
-    const auto line = Ask(terminal.Get(), StatusReportDialog(informe));
+    const auto line = Ask(terminal.Get(), StatusReportDialog(report));
     return line && TypedRetry(*line);
   }
-  Note(StatusReportNote(informe));
+  Note(StatusReportNote(report));
   return false;
 }
 

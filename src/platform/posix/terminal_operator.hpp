@@ -28,7 +28,7 @@ class TerminalOperator : public Operator {
   explicit TerminalOperator(OperatorSeat seat = {});
 
   std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override;
-  bool StatusReport(const InformeEstados& informe) override;
+  bool StatusReport(const Report& report) override;
   void MemoryFull() override;
 
  private:

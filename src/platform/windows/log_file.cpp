@@ -12,8 +12,8 @@ namespace {
 
 struct Row {
   DWORD error;
-  std::int32_t numero;
-  const char* descripcion;
+  std::int32_t number;
+  const char* description;
 };
 
 constexpr std::array kRows = {
@@ -32,9 +32,9 @@ void Require(bool done) {
   if (done) return;
   const DWORD error = ::GetLastError();
   for (const Row& row : kRows) {
-    if (row.error == error) throw Falla(row.numero, row.descripcion);
+    if (row.error == error) throw Failure(row.number, row.description);
   }
-  throw Falla(75, "Path/File access error");
+  throw Failure(75, "Path/File access error");
 }
 
 }  // namespace

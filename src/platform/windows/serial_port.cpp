@@ -49,16 +49,16 @@ constexpr std::array kTransferFaults = {
     ErrorRow<DWORD>{ERROR_HANDLE_EOF, PortFault::kLost},
 };
 
-Falla FallaDelSistema(PortFault fault, PortFault unexplained, const std::string& device,
+Failure SystemFailure(PortFault fault, PortFault unexplained, const std::string& device,
                       DWORD error) {
-  return fault == unexplained ? FallaDePuerto(fault, device, static_cast<int>(error))
-                              : FallaDePuerto(fault, device);
+  return fault == unexplained ? PortFailure(fault, device, static_cast<int>(error))
+                              : PortFailure(fault, device);
 }
 
 void Require(bool done, const std::string& device) {
   if (done) return;
   const DWORD error = ::GetLastError();
-  throw FallaDelSistema(OpeningFault(error), PortFault::kCannotOpen, device, error);
+  throw SystemFailure(OpeningFault(error), PortFault::kCannotOpen, device, error);
 }
 
 bool IsTimeout(DWORD error) {
@@ -85,7 +85,7 @@ WindowsPort::WindowsPort(std::string device, std::optional<std::int32_t> speed,
     : device_(std::move(device)), speed_(speed), patience_(patience) {}
 
 void WindowsPort::PortOpen(bool open) {
-  if (open && PortOpen()) throw FallaDePuerto(PortFault::kAlreadyOpen, device_);
+  if (open && PortOpen()) throw PortFailure(PortFault::kAlreadyOpen, device_);
   open ? Open() : Close();
 }
 
@@ -119,13 +119,13 @@ void WindowsPort::Close() {
 }
 
 void WindowsPort::RequireOpen() const {
-  if (!PortOpen()) throw FallaDePuerto(PortFault::kNotOpen, device_);
+  if (!PortOpen()) throw PortFailure(PortFault::kNotOpen, device_);
 }
 
 void WindowsPort::RequireTransfer(bool done) const {
   if (done) return;
   const DWORD error = ::GetLastError();
-  throw FallaDelSistema(TransferFault(error), PortFault::kTransfer, device_, error);
+  throw SystemFailure(TransferFault(error), PortFault::kTransfer, device_, error);
 }
 
 void WindowsPort::Output(std::string_view bytes) {
@@ -133,7 +133,7 @@ void WindowsPort::Output(std::string_view bytes) {
   DropStale();
   while (!bytes.empty()) {
     const std::size_t written = Write(bytes);
-    if (written == 0) throw FallaDePuerto(PortFault::kStalled, device_);
+    if (written == 0) throw PortFailure(PortFault::kStalled, device_);
     bytes.remove_prefix(written);
   }
 }

@@ -251,15 +251,15 @@ TEST_F(HostsOperator, TextsNeedNoZeroByteBehindThem) {
 TEST_F(HostsOperator, TheReportComesRowByRow) {
   const auto record = Record();
   operator_.Set(&record);
-  InformeEstados report{"4000", "0600", {}};
+  Report report{"4000", "0600", {}};
   for (std::int32_t i = 0; i < 23; ++i) {
-    report.filas.push_back({.grupo = i % 2,
-                            .numero = i,
-                            .error = i % 3 == 0,
-                            .encendida = i % 5 == 0,
-                            .texto = std::string_view("abcdefghijklmnopqrstuvwxyz")
-                                         .substr(0, 3 + static_cast<std::size_t>(i)),
-                            .ayuda = "hint"});
+    report.rows.push_back({.group = i % 2,
+                           .number = i,
+                           .error = i % 3 == 0,
+                           .lit = i % 5 == 0,
+                           .text = std::string_view("abcdefghijklmnopqrstuvwxyz")
+                                       .substr(0, 3 + static_cast<std::size_t>(i)),
+                           .hint = "hint"});
   }
   operator_.StatusReport(report);
   ASSERT_EQ(host_.rows.size(), 23u);
@@ -269,7 +269,7 @@ TEST_F(HostsOperator, TheReportComesRowByRow) {
     EXPECT_EQ(row.numero, i);
     EXPECT_EQ(row.clase, i % 3 == 0 ? 1 : 0);
     EXPECT_EQ(row.encendida, i % 5 == 0 ? 1 : 0);
-    EXPECT_EQ(text, report.filas[static_cast<std::size_t>(i)].texto);
+    EXPECT_EQ(text, report.rows[static_cast<std::size_t>(i)].text);
     EXPECT_EQ(hint, "hint");
   }
 }

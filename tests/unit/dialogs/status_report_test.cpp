@@ -81,12 +81,12 @@ constexpr std::array kRows{
 };
 static_assert(kRows.size() == 9 + 14);
 
-Estado Answered(std::string_view printer, std::string_view fiscal) {
-  Estado state;
+State Answered(std::string_view printer, std::string_view fiscal) {
+  State state;
   state.EstadoImpresora = printer;
   state.EstadoFiscal = fiscal;
-  DecodificarImpresora(printer, state.BitImpresora);
-  DecodificarFiscal(fiscal, state.BitFiscal);
+  DecodePrinter(printer, state.BitImpresora);
+  DecodeFiscal(fiscal, state.BitFiscal);
   return state;
 }
 
@@ -99,16 +99,16 @@ std::string Word(unsigned value) {
 }
 
 TEST(StatusReport, HasItsRowsInTheirOrder) {
-  const auto report = ArmarInforme(Answered("0000", "0000"));
-  ASSERT_EQ(report.filas.size(), kRows.size());
+  const auto report = BuildReport(Answered("0000", "0000"));
+  ASSERT_EQ(report.rows.size(), kRows.size());
   for (std::size_t i = 0; i < kRows.size(); ++i) {
     SCOPED_TRACE(kRows[i].caption);
-    EXPECT_EQ(report.filas[i].grupo, kRows[i].group);
-    EXPECT_EQ(report.filas[i].numero, kRows[i].number);
-    EXPECT_EQ(report.filas[i].error, kRows[i].error);
-    EXPECT_EQ(report.filas[i].texto, kRows[i].caption);
-    EXPECT_EQ(report.filas[i].ayuda, kRows[i].hint);
-    EXPECT_FALSE(report.filas[i].encendida);
+    EXPECT_EQ(report.rows[i].group, kRows[i].group);
+    EXPECT_EQ(report.rows[i].number, kRows[i].number);
+    EXPECT_EQ(report.rows[i].error, kRows[i].error);
+    EXPECT_EQ(report.rows[i].text, kRows[i].caption);
+    EXPECT_EQ(report.rows[i].hint, kRows[i].hint);
+    EXPECT_FALSE(report.rows[i].lit);
   }
 }
 
@@ -117,58 +117,58 @@ TEST(StatusReport, EachBitLightsItsRowAlone) {
     SCOPED_TRACE(lit.caption);
     const auto word = Word(lit.word);
     const auto report =
-        ArmarInforme(lit.group == kPrinter ? Answered(word, "0000") : Answered("0000", word));
-    for (const auto& row : report.filas) {
-      EXPECT_EQ(row.encendida, row.grupo == lit.group && row.numero == lit.number) << row.texto;
+        BuildReport(lit.group == kPrinter ? Answered(word, "0000") : Answered("0000", word));
+    for (const auto& row : report.rows) {
+      EXPECT_EQ(row.lit, row.group == lit.group && row.number == lit.number) << row.text;
     }
   }
 }
 
 TEST(StatusReport, BitsWithoutARowLightNothing) {
-  for (const auto& row : ArmarInforme(Answered("BC03", "C000")).filas) {
-    EXPECT_FALSE(row.encendida) << row.texto;
+  for (const auto& row : BuildReport(Answered("BC03", "C000")).rows) {
+    EXPECT_FALSE(row.lit) << row.text;
   }
 }
 
 TEST(StatusReport, PaperOutAloneLightsPrinterRow14) {
-  const auto report = ArmarInforme(Answered("4000", "0000"));
-  EXPECT_EQ(report.impresora, "4000");
+  const auto report = BuildReport(Answered("4000", "0000"));
+  EXPECT_EQ(report.printer, "4000");
   EXPECT_EQ(report.fiscal, "0000");
-  for (const auto& row : report.filas) {
-    EXPECT_EQ(row.encendida, row.grupo == kPrinter && row.numero == 14) << row.texto;
+  for (const auto& row : report.rows) {
+    EXPECT_EQ(row.lit, row.group == kPrinter && row.number == 14) << row.text;
   }
 }
 
 TEST(StatusReport, LowBatteryAndMemoryAlmostFullAreLitAsInformation) {
-  for (const auto& row : ArmarInforme(Answered("0000", "0104")).filas) {
-    EXPECT_EQ(row.encendida, row.grupo == kFiscal && (row.numero == 2 || row.numero == 8));
-    if (row.encendida) {
+  for (const auto& row : BuildReport(Answered("0000", "0104")).rows) {
+    EXPECT_EQ(row.lit, row.group == kFiscal && (row.number == 2 || row.number == 8));
+    if (row.lit) {
       EXPECT_FALSE(row.error);
     }
   }
 }
 
 TEST(StatusReport, ShowsTheWordsAsTheyCame) {
-  const auto report = ArmarInforme(Answered("c0a0", "0f00"));
-  EXPECT_EQ(report.impresora, "c0a0");
+  const auto report = BuildReport(Answered("c0a0", "0f00"));
+  EXPECT_EQ(report.printer, "c0a0");
   EXPECT_EQ(report.fiscal, "0f00");
 }
 
 TEST(StatusReport, HasItsCaptions) {
-  EXPECT_EQ(kInformeTitulo, "Error al ejecutar comando fiscal");
-  EXPECT_EQ(kInformeGrupoImpresora, "Estado Impresora");
-  EXPECT_EQ(kInformeGrupoFiscal, "Estado Fiscal");
-  EXPECT_EQ(kInformeGrupoEstados, "Estados");
-  EXPECT_EQ(kInformeImpresora, "Impresora:");
-  EXPECT_EQ(kInformeFiscal, "Fiscal:");
-  EXPECT_EQ(kBotonCerrar, "Cerrar");
-  EXPECT_EQ(kBotonReintentar, "Reintentar");
+  EXPECT_EQ(kReportTitle, "Error al ejecutar comando fiscal");
+  EXPECT_EQ(kReportPrinterGroup, "Estado Impresora");
+  EXPECT_EQ(kReportFiscalGroup, "Estado Fiscal");
+  EXPECT_EQ(kReportStatusGroup, "Estados");
+  EXPECT_EQ(kReportPrinter, "Impresora:");
+  EXPECT_EQ(kReportFiscal, "Fiscal:");
+  EXPECT_EQ(kCloseButton, "Cerrar");
+  EXPECT_EQ(kRetryButton, "Reintentar");
 }
 
 TEST(MemoryFullWarning, HasItsTexts) {
-  EXPECT_EQ(kMemoriaLlenaTitulo, "ATENCI\xD3N");
-  EXPECT_EQ(kMemoriaLlenaEncabezado, "ATENCI\xD3N!");
-  EXPECT_EQ(kMemoriaLlenaTexto,
+  EXPECT_EQ(kMemoryFullTitle, "ATENCI\xD3N");
+  EXPECT_EQ(kMemoryFullHeading, "ATENCI\xD3N!");
+  EXPECT_EQ(kMemoryFullText,
             "Restan menos de 30 (treinta) cierres Z para que la memoria fiscal se complete "
             "(memoria fiscal llena). Consulte a su t\xE9"
             "cnico fiscal para prevenir un bloqueo futuro por memoria fiscal llena.");

@@ -35,42 +35,42 @@ TEST(DocumentKinds, OfEveryFamilyAndTypeOnlySixExist) {
     for (const std::string_view type : {"FC", "ND", "NC", "RT", "CT", "XX", "fc", "F ", "  ", ""}) {
       SCOPED_TRACE(std::string(family).append("/").append(type));
       const auto* expected = Expected(family, type);
-      const auto* kind = BuscarTipoFiscal(family, type);
+      const auto* kind = FindFiscalKind(family, type);
       ASSERT_EQ(kind != nullptr, expected != nullptr);
       if (kind == nullptr) continue;
-      EXPECT_EQ(kind->al_abrir, expected->opening);
-      EXPECT_EQ(kind->al_cerrar, expected->closing);
-      EXPECT_EQ(kind->registro, std::string(" - Comando : EP_AbrirComprobanteFiscal(")
-                                    .append(family)
-                                    .append("/")
-                                    .append(type)
-                                    .append(")"));
+      EXPECT_EQ(kind->at_opening, expected->opening);
+      EXPECT_EQ(kind->at_closing, expected->closing);
+      EXPECT_EQ(kind->log, std::string(" - Comando : EP_AbrirComprobanteFiscal(")
+                               .append(family)
+                               .append("/")
+                               .append(type)
+                               .append(")"));
     }
   }
 }
 
 TEST(DocumentKinds, OnlyInvoicesOnFormsTakeTheHostsCopies) {
-  for (const auto& kind : kTiposFiscales) {
-    EXPECT_EQ(kind.copias_del_host, kind.familia == "FC" && kind.tipo == "FC") << kind.registro;
+  for (const auto& kind : kFiscalKinds) {
+    EXPECT_EQ(kind.copies_from_host, kind.family == "FC" && kind.kind == "FC") << kind.log;
   }
 }
 
 TEST(DocumentKinds, InvoiceAndTicketFamiliesCallTheSameCommandsByTwoBytes) {
   struct {
-    BytesDeComando bytes;
+    CommandBytes bytes;
     char invoice;
     char ticket;
-  } const commands[] = {{kAbrir, 0x60, 0x40},
+  } const commands[] = {{kOpen, 0x60, 0x40},
                         {kItem, 0x62, 0x42},
                         {kSubtotal, 0x63, 0x43},
-                        {kTotales, 0x64, 0x44},
-                        {kCerrar, 0x65, 0x45}};
+                        {kTotals, 0x64, 0x44},
+                        {kClose, 0x65, 0x45}};
   for (const auto& command : commands) {
-    EXPECT_EQ(ByteDeFamilia("FC", command.bytes), command.invoice);
-    EXPECT_EQ(ByteDeFamilia("TF", command.bytes), command.invoice);
-    EXPECT_EQ(ByteDeFamilia("TQ", command.bytes), command.ticket);
+    EXPECT_EQ(ByteOfFamily("FC", command.bytes), command.invoice);
+    EXPECT_EQ(ByteOfFamily("TF", command.bytes), command.invoice);
+    EXPECT_EQ(ByteOfFamily("TQ", command.bytes), command.ticket);
     for (const std::string_view other : {"", "  ", "tq", "XX", "TFX"}) {
-      EXPECT_EQ(ByteDeFamilia(other, command.bytes), '\0') << other;
+      EXPECT_EQ(ByteOfFamily(other, command.bytes), '\0') << other;
     }
   }
 }

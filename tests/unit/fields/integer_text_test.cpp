@@ -29,22 +29,22 @@ class IntegerText : public testing::TestWithParam<IntegerRow> {};
 
 TEST_P(IntegerText, IsReadIn32Bits) {
   const auto& row = GetParam();
-  ASSERT_EQ(unit::FailureOf([&] { return ANumero(row.text); }), row.failure);
+  ASSERT_EQ(unit::FailureOf([&] { return ToNumber(row.text); }), row.failure);
   if (row.failure == 0) {
-    EXPECT_EQ(ANumero(row.text), row.number);
+    EXPECT_EQ(ToNumber(row.text), row.number);
   }
 }
 
 TEST_P(IntegerText, IsReadIn16Bits) {
   const auto& row = GetParam();
-  ASSERT_EQ(unit::FailureOf([&] { return ANumeroCorto(row.text); }), row.short_failure);
+  ASSERT_EQ(unit::FailureOf([&] { return ToShortNumber(row.text); }), row.short_failure);
   if (row.short_failure == 0) {
-    EXPECT_EQ(ANumeroCorto(row.text), row.number);
+    EXPECT_EQ(ToShortNumber(row.text), row.number);
   }
 }
 
 TEST_P(IntegerText, IsANumberUnlessItIsAMismatch) {
-  EXPECT_EQ(EsNumero(GetParam().text), GetParam().failure != kMismatch);
+  EXPECT_EQ(IsNumber(GetParam().text), GetParam().failure != kMismatch);
 }
 
 constexpr std::array kIntegers{
@@ -100,9 +100,9 @@ class PrintedTotal : public testing::TestWithParam<RealRow> {};
 
 TEST_P(PrintedTotal, IsRead) {
   const auto& row = GetParam();
-  ASSERT_EQ(unit::FailureOf([&] { return ANumeroReal(row.text); }), row.failure);
+  ASSERT_EQ(unit::FailureOf([&] { return ToRealNumber(row.text); }), row.failure);
   if (row.failure == 0) {
-    EXPECT_EQ(ANumeroReal(row.text), row.number);
+    EXPECT_EQ(ToRealNumber(row.text), row.number);
   }
 }
 
@@ -129,7 +129,7 @@ constexpr std::array kReals{
 INSTANTIATE_TEST_SUITE_P(Rows, PrintedTotal, testing::ValuesIn(kReals), unit::BySentence());
 
 TEST(PrintedTotal, BeyondADoubleOverflows) {
-  EXPECT_EQ(unit::FailureOf([] { return ANumeroReal(std::string(400, '9')); }), kOverflow);
+  EXPECT_EQ(unit::FailureOf([] { return ToRealNumber(std::string(400, '9')); }), kOverflow);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ constexpr std::int16_t kPoint = 1;
 struct FieldRow {
   const char* sentence;
   double value;
-  Digitos digits;
+  Digits digits;
   std::string_view field;
 };
 
@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, NumberField, testing::ValuesIn(kFields), unit::By
 struct RefusedRow {
   const char* sentence;
   double value;
-  Digitos digits;
+  Digits digits;
   std::int32_t failure;
 };
 
@@ -125,7 +125,7 @@ struct DifferenceRow {
 class Difference : public testing::TestWithParam<DifferenceRow> {};
 
 TEST_P(Difference, IsWrittenInHundredths) {
-  EXPECT_EQ(DigitosDeCentesimos(GetParam().value), GetParam().digits);
+  EXPECT_EQ(HundredthsDigits(GetParam().value), GetParam().digits);
 }
 
 constexpr std::array kDifferences{
@@ -151,7 +151,7 @@ struct TotalRow {
 class RoundedTotal : public testing::TestWithParam<TotalRow> {};
 
 TEST_P(RoundedTotal, IsTheNearestHundredth) {
-  EXPECT_EQ(RedondearCentesimos(GetParam().total), GetParam().rounded);
+  EXPECT_EQ(RoundToHundredths(GetParam().total), GetParam().rounded);
 }
 
 constexpr std::array kTotals{
@@ -178,12 +178,12 @@ constexpr std::array kTotals{
 INSTANTIATE_TEST_SUITE_P(Rows, RoundedTotal, testing::ValuesIn(kTotals), unit::BySentence());
 
 TEST(RoundedTotal, OfNothingHasNoSign) {
-  EXPECT_FALSE(std::signbit(RedondearCentesimos(0)));
+  EXPECT_FALSE(std::signbit(RoundToHundredths(0)));
 }
 
 TEST(RoundedTotal, WhatIsNoNumberFails) {
   for (const double total : {kInfinity, -kInfinity, kNotANumber}) {
-    EXPECT_EQ(unit::FailureOf([&] { return RedondearCentesimos(total); }), 6);
+    EXPECT_EQ(unit::FailureOf([&] { return RoundToHundredths(total); }), 6);
   }
 }
 

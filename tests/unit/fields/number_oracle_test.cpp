@@ -53,14 +53,14 @@ std::string Units(double value, int decimals, bool to_even) {
   return std::to_string(whole + (up ? 1 : 0));
 }
 
-std::string Field(double value, const Digitos& digits) {
-  std::string units = Units(value, digits.decimales, false);
+std::string Field(double value, const Digits& digits) {
+  std::string units = Units(value, digits.decimals, false);
   const auto width =
-      static_cast<std::size_t>(digits.enteros) + static_cast<std::size_t>(digits.decimales);
+      static_cast<std::size_t>(digits.integers) + static_cast<std::size_t>(digits.decimals);
   while (units.size() < width) units.insert(0, "0");
-  if (digits.incluir_punto == 1) {
-    if (digits.decimales > 0) {
-      units.insert(units.size() - static_cast<std::size_t>(digits.decimales), ".");
+  if (digits.include_point == 1) {
+    if (digits.decimals > 0) {
+      units.insert(units.size() - static_cast<std::size_t>(digits.decimals), ".");
     } else {
       units.insert(0, "0");
     }
@@ -86,13 +86,13 @@ std::vector<double> Amounts() {
 }
 
 TEST(NumberOracle, FieldsOfEightyThousandAmounts) {
-  constexpr std::array kShapes{Digitos{15, 0, 0}, Digitos{15, 0, 1}, Digitos{15, 2, 0},
-                               Digitos{15, 2, 1}, Digitos{14, 4, 1}, Digitos{16, 8, 0}};
+  constexpr std::array kShapes{Digits{15, 0, 0}, Digits{15, 0, 1}, Digits{15, 2, 0},
+                               Digits{15, 2, 1}, Digits{14, 4, 1}, Digits{16, 8, 0}};
   std::size_t shape = 0;
   for (const double amount : Amounts()) {
     const auto& digits = kShapes[shape++ % kShapes.size()];
     ASSERT_EQ(FormatearNumero(amount, digits), Field(amount, digits))
-        << std::hexfloat << amount << " with " << digits.decimales << " decimals";
+        << std::hexfloat << amount << " with " << digits.decimals << " decimals";
   }
 }
 
@@ -100,7 +100,7 @@ TEST(NumberOracle, DifferencesOfEightyThousandAmounts) {
   for (const double amount : Amounts()) {
     std::string units = Units(amount, 2, false);
     while (units.size() < 3) units.insert(0, "0");
-    ASSERT_EQ(DigitosDeCentesimos(amount), amount < 0 ? "-" + units : units)
+    ASSERT_EQ(HundredthsDigits(amount), amount < 0 ? "-" + units : units)
         << std::hexfloat << amount;
   }
 }
@@ -109,7 +109,7 @@ TEST(NumberOracle, TotalsOfEightyThousandAmounts) {
   for (const double amount : Amounts()) {
     const double hundredths = std::strtod(Units(amount, 2, true).c_str(), nullptr);
     const double expected = (amount < 0 ? -hundredths : hundredths) / 100;
-    ASSERT_EQ(RedondearCentesimos(amount), expected) << std::hexfloat << amount;
+    ASSERT_EQ(RoundToHundredths(amount), expected) << std::hexfloat << amount;
   }
 }
 
@@ -120,7 +120,7 @@ TEST(NumberOracle, ARoundedTotalEqualsThePrintersCountOfHundredths) {
   std::uniform_int_distribution<std::int64_t> cents(0, 999'999'999'999);
   for (int i = 0; i < 50'000; ++i) {
     const double printer = static_cast<double>(cents(random)) / 100;
-    ASSERT_EQ(RedondearCentesimos(printer), printer) << std::hexfloat << printer;
+    ASSERT_EQ(RoundToHundredths(printer), printer) << std::hexfloat << printer;
   }
 }
 

@@ -109,24 +109,24 @@ constexpr std::array kCleaned{
 INSTANTIATE_TEST_SUITE_P(Rows, CleanedText, testing::ValuesIn(kCleaned), unit::BySentence());
 
 TEST(TrimmedText, LosesBlanksOnly) {
-  EXPECT_EQ(Recortar("  a b  "), "a b");
-  EXPECT_EQ(Recortar("\ta\t"), "\ta\t");
-  EXPECT_EQ(Recortar("   "), "");
-  EXPECT_EQ(Recortar(""), "");
+  EXPECT_EQ(TrimBlanks("  a b  "), "a b");
+  EXPECT_EQ(TrimBlanks("\ta\t"), "\ta\t");
+  EXPECT_EQ(TrimBlanks("   "), "");
+  EXPECT_EQ(TrimBlanks(""), "");
 }
 
 TEST(FixedText, IsCutOrPadded) {
-  EXPECT_EQ(Fijar("TFX", 2), "TF");
-  EXPECT_EQ(Fijar("T", 2), "T ");
-  EXPECT_EQ(Fijar("", 2), "  ");
-  EXPECT_EQ(Fijar("TF", 0), "");
+  EXPECT_EQ(FixedWidth("TFX", 2), "TF");
+  EXPECT_EQ(FixedWidth("T", 2), "T ");
+  EXPECT_EQ(FixedWidth("", 2), "  ");
+  EXPECT_EQ(FixedWidth("TF", 0), "");
 }
 
 TEST(FilledText, GrowsOnTheLeftAndIsNeverCut) {
-  EXPECT_EQ(RellenarIzquierda("42", 5, '0'), "00042");
-  EXPECT_EQ(RellenarIzquierda("", 3, '0'), "000");
-  EXPECT_EQ(RellenarIzquierda("12345", 5, '0'), "12345");
-  EXPECT_EQ(RellenarIzquierda("123456", 5, '0'), "123456");
+  EXPECT_EQ(PadLeft("42", 5, '0'), "00042");
+  EXPECT_EQ(PadLeft("", 3, '0'), "000");
+  EXPECT_EQ(PadLeft("12345", 5, '0'), "12345");
+  EXPECT_EQ(PadLeft("123456", 5, '0'), "123456");
 }
 
 }  // namespace

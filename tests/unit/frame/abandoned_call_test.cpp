@@ -28,7 +28,7 @@ class CountingPlatform : public FakePlatform {
   void BeginStartUp() override { ++begun; }
   void EndStartUp() override {
     ++ended;
-    if (end_fails) throw Falla(70, "Permission denied");
+    if (end_fails) throw Failure(70, "Permission denied");
   }
 
   int begun = 0;
@@ -41,7 +41,7 @@ CountingPlatform& Shop() {
   auto& kept = *world;
   unit::FillProfile(kept);
   kept.Line().SetDefault(unit::Answering("0000", "0600"));
-  ReemplazarInstancia(std::move(world));
+  ReplaceInstance(std::move(world));
   return kept;
 }
 

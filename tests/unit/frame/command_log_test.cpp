@@ -16,12 +16,12 @@ namespace {
 
 class CommandLog : public testing::Test {
  protected:
-  CommandLog() { library_.estado.LogComandos = 1; }
+  CommandLog() { library_.state.LogComandos = 1; }
 
   std::vector<std::string> Lines() { return unit::TextsOf(world_.GetJournal(), Happening::kLog); }
 
   FakePlatform world_;
-  Biblioteca library_{world_};
+  Library library_{world_};
 };
 
 TEST_F(CommandLog, ALineHasDateAndTimeBeforeItsText) {
@@ -42,14 +42,14 @@ TEST_F(CommandLog, BytesGoAsTheyAre) {
 
 TEST_F(CommandLog, OnlyTheSettingOneWritesIt) {
   for (const std::int32_t setting : {0, 2, -1}) {
-    library_.estado.LogComandos = setting;
+    library_.state.LogComandos = setting;
     EscribirLog(library_, "x");
   }
   EXPECT_TRUE(Lines().empty());
 }
 
 TEST_F(CommandLog, SwitchedOffItDoesNotEvenLookAtTheClock) {
-  library_.estado.LogComandos = 0;
+  library_.state.LogComandos = 0;
   EscribirLog(library_, "x");
   EXPECT_EQ(world_.GetTrouble().Calls(Point::kDate), 0);
   EXPECT_EQ(world_.GetTrouble().Calls(Point::kTimeText), 0);
@@ -62,7 +62,7 @@ TEST_F(CommandLog, AReadOnlyFileIsNoFailure) {
 }
 
 TEST_F(CommandLog, AFailureNamesItsRoutineAndPlace) {
-  RegistrarFalla(library_, Desbordamiento(), "EP_ReporteX", "aqui");
+  LogFailure(library_, Overflow(), "EP_ReporteX", "aqui");
   ASSERT_EQ(Lines().size(), 1u);
   EXPECT_NE(Lines()[0].find("] - Error 6 (Overflow) in procedure EP_ReporteX of M\xF3"
                             "dulo ExportedProcedures - Linea: aqui\r\n"),

@@ -26,12 +26,12 @@ using unit::Setting;
 // Where each number of the file ends up.
 struct NumberField {
   std::string_view key;
-  std::int32_t (*read)(const Estado&);
+  std::int32_t (*read)(const State&);
 };
 
-#define FIELD(name)                                                       \
-  NumberField {                                                           \
-#name, [](const Estado& state) -> std::int32_t { return state.name; } \
+#define FIELD(name)                                                      \
+  NumberField {                                                          \
+#name, [](const State& state) -> std::int32_t { return state.name; } \
   }
 
 constexpr std::array kNumberFields{
@@ -88,7 +88,7 @@ constexpr std::array kNumberFields{
 // All keys but the speed and the three texts.
 static_assert(kNumberFields.size() == kSettings.size() - 4);
 
-std::string FieldOf(const Estado& state, std::string_view key) {
+std::string FieldOf(const State& state, std::string_view key) {
   if (key == "ImpresoraConfig") return state.ImpresoraConfig;
   if (key == "TipoComprobante") return state.TipoComprobante;
   if (key == "ModeloNombre") return state.ModeloNombre;
@@ -121,7 +121,7 @@ class Settings : public testing::Test {
   // The keys before `failing` have the second reading's values, those from it on the first's.
   void ExpectReadUpTo(std::size_t failing) {
     for (std::size_t i = 0; i < kSettings.size(); ++i) {
-      EXPECT_EQ(FieldOf(library_.estado, kSettings[i].key), Sample(i, i < failing ? 2 : 1))
+      EXPECT_EQ(FieldOf(library_.state, kSettings[i].key), Sample(i, i < failing ? 2 : 1))
           << kSettings[i].key;
     }
   }
@@ -140,14 +140,14 @@ class Settings : public testing::Test {
   }
 
   FakePlatform world_;
-  Biblioteca library_{world_};
+  Library library_{world_};
 };
 
 TEST_F(Settings, All52KeysFillTheirFields) {
   WriteSamples(1);
   Lee_Ini(library_);
   for (std::size_t i = 0; i < kSettings.size(); ++i) {
-    EXPECT_EQ(FieldOf(library_.estado, kSettings[i].key), Sample(i, 1)) << kSettings[i].key;
+    EXPECT_EQ(FieldOf(library_.state, kSettings[i].key), Sample(i, 1)) << kSettings[i].key;
   }
   EXPECT_TRUE(world_.GetJournal().Events().empty());
 }
@@ -188,10 +188,10 @@ TEST_F(Settings, MissingPriceDigitsLeaveTheDecimalsAtZeroOnFirstUse) {
   WriteSamples(1);
   world_.GetProfile().Remove("EntPrecio");
   Lee_Ini(library_);
-  EXPECT_EQ(library_.estado.DecCantidad, 1022);
-  EXPECT_EQ(library_.estado.EntPrecio, 0);
-  EXPECT_EQ(library_.estado.DecPrecio, 0);
-  EXPECT_EQ(library_.estado.CPI, 0);
+  EXPECT_EQ(library_.state.DecCantidad, 1022);
+  EXPECT_EQ(library_.state.EntPrecio, 0);
+  EXPECT_EQ(library_.state.DecPrecio, 0);
+  EXPECT_EQ(library_.state.CPI, 0);
 }
 
 TEST_F(Settings, TheFirst48KeysAreEnough) {
@@ -200,17 +200,17 @@ TEST_F(Settings, TheFirst48KeysAreEnough) {
     if (!Required(setting) && setting.kind != Kind::kText) world_.GetProfile().Remove(setting.key);
   }
   Lee_Ini(library_);
-  EXPECT_EQ(library_.estado.CPI, 12);
-  EXPECT_EQ(library_.estado.LogComandos, 0);
-  EXPECT_EQ(library_.estado.UtilizaTransporte, 0);
-  EXPECT_EQ(library_.estado.DelayComandos, 0);
+  EXPECT_EQ(library_.state.CPI, 12);
+  EXPECT_EQ(library_.state.LogComandos, 0);
+  EXPECT_EQ(library_.state.UtilizaTransporte, 0);
+  EXPECT_EQ(library_.state.DelayComandos, 0);
   EXPECT_TRUE(world_.GetJournal().Events().empty());
 }
 
 TEST_F(Settings, WithoutAFileTheFirstKeyFailsAndNothingChanges) {
   Lee_Ini(library_);
   ExpectBox("13 (Type mismatch)", "ImpresoraPuerto");
-  for (const auto& field : kNumberFields) EXPECT_EQ(field.read(library_.estado), 0) << field.key;
+  for (const auto& field : kNumberFields) EXPECT_EQ(field.read(library_.state), 0) << field.key;
 }
 
 struct ValueRow {
@@ -224,11 +224,11 @@ class SettingValue : public testing::TestWithParam<ValueRow> {};
 
 TEST_P(SettingValue, FillsTheFieldSo) {
   FakePlatform world;
-  Biblioteca library{world};
+  Library library{world};
   unit::FillProfile(world);
   world.GetProfile().Set(GetParam().key, GetParam().value);
   Lee_Ini(library);
-  EXPECT_EQ(FieldOf(library.estado, GetParam().key), GetParam().field);
+  EXPECT_EQ(FieldOf(library.state, GetParam().key), GetParam().field);
   EXPECT_TRUE(world.GetJournal().Events().empty());
 }
 

@@ -12,12 +12,12 @@ namespace kestra {
 namespace {
 
 std::string InTheLog(const std::exception& error) {
-  return TextoDeFalla(AFalla(error));
+  return FailureText(ToFailure(error));
 }
 
 TEST(Failure, OfOurOwnKeepsItsNumberAndWords) {
-  EXPECT_EQ(InTheLog(Falla(8002, "Puerto")), "Error 8002 (Puerto)");
-  EXPECT_EQ(InTheLog(TipoNoCoincide()), "Error 13 (Type mismatch)");
+  EXPECT_EQ(InTheLog(Failure(8002, "Puerto")), "Error 8002 (Puerto)");
+  EXPECT_EQ(InTheLog(TypeMismatch()), "Error 13 (Type mismatch)");
 }
 
 TEST(Failure, OfMemoryHasItsOwnNumber) {
@@ -29,8 +29,8 @@ TEST(Failure, OfAnyOtherKindIsInternal) {
 }
 
 TEST(Failure, TellsItsWordsToWhomeverKnowsNoMoreThanAnException) {
-  const Falla falla(8018, "Puerto cerrado");
-  const std::exception& error = falla;
+  const Failure failure(8018, "Puerto cerrado");
+  const std::exception& error = failure;
   EXPECT_STREQ(error.what(), "Puerto cerrado");
 }
 

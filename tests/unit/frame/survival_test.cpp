@@ -280,7 +280,7 @@ TEST(Survival, APrintersTotalThatIsNoNumberIsLogged) {
 
 TEST(LastError, IsWhatTheStateHolds) {
   StartedShop("TQ");
-  Instancia().estado.UltimoError = 5;
+  Instance().state.UltimoError = 5;
   EXPECT_EQ(EP_Chequear_Error(), 5);
 }
 
@@ -290,7 +290,7 @@ TEST(LastError, IsResetByAnOpeningEvenOneThatIsRefusedOrDeclined) {
       auto& world = unit::ExportsOnFakes();
       world.GetProfile().Set("MostrarComandos", ask);
       ASSERT_EQ(EP_Init(), 1);
-      Instancia().estado.UltimoError = 5;
+      Instance().state.UltimoError = 5;
       EP_AbrirComprobanteFiscal(kind, "B", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                                 nullptr, nullptr, nullptr, nullptr, 1);
       EXPECT_EQ(EP_Chequear_Error(), 0) << kind << ask;

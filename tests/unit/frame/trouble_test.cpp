@@ -37,8 +37,8 @@ std::string WordsOfTheFake() {
   try {
     trouble.Reach(Point::kLog);
     return "nothing";
-  } catch (const Falla& failure) {
-    return std::to_string(failure.Numero()) + " (" + failure.Descripcion() + ")";
+  } catch (const Failure& failure) {
+    return std::to_string(failure.Number()) + " (" + failure.Description() + ")";
   }
 }
 

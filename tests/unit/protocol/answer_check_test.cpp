@@ -41,21 +41,21 @@ struct CheckRow {
 class AnswerCheck : public testing::TestWithParam<CheckRow> {
  protected:
   bool Check(std::string_view printer, std::string_view fiscal) {
-    library_.estado.RespuestaActual = AnswerWith(printer, fiscal);
+    library_.state.RespuestaActual = AnswerWith(printer, fiscal);
     return ListarRespuestas(library_);
   }
   std::size_t Count(Happening kind) { return unit::TextsOf(world_.GetJournal(), kind).size(); }
 
   FakePlatform world_;
-  Biblioteca library_{world_};
+  Library library_{world_};
 };
 
 TEST_P(AnswerCheck, ReportsAndJudges) {
-  library_.estado.ErrorMostrar = GetParam().error_mostrar;
+  library_.state.ErrorMostrar = GetParam().error_mostrar;
   EXPECT_EQ(Check(GetParam().printer, GetParam().fiscal), GetParam().accepted);
   EXPECT_EQ(Count(Happening::kReport), GetParam().reports);
   EXPECT_EQ(Count(Happening::kBox), 0u);
-  EXPECT_EQ(library_.estado.Reintentar, 0);
+  EXPECT_EQ(library_.state.Reintentar, 0);
 }
 
 constexpr std::array kChecks{
@@ -76,15 +76,15 @@ INSTANTIATE_TEST_SUITE_P(Rows, AnswerCheck, testing::ValuesIn(kChecks), unit::By
 
 struct Shop {
   FakePlatform world{};
-  Biblioteca library{world};
+  Library library{world};
 
-  Shop() { library.estado.RespuestaActual = AnswerWith("0000", "0600"); }
+  Shop() { library.state.RespuestaActual = AnswerWith("0000", "0600"); }
 };
 
 TEST(AnswerListing, IsShownOnlyForOne) {
   for (const std::int32_t setting : {0, 1, 2, -1}) {
     Shop shop;
-    shop.library.estado.MostrarRespuestas = setting;
+    shop.library.state.MostrarRespuestas = setting;
     EXPECT_TRUE(ListarRespuestas(shop.library));
     EXPECT_EQ(unit::TextsOf(shop.world.GetJournal(), Happening::kBox).size(),
               setting == 1 ? 1u : 0u);
@@ -93,8 +93,8 @@ TEST(AnswerListing, IsShownOnlyForOne) {
 
 TEST(AnswerListing, ShowsWordsAndDataBeforeAnyReport) {
   Shop shop;
-  shop.library.estado.MostrarRespuestas = 1;
-  shop.library.estado.RespuestaActual =
+  shop.library.state.MostrarRespuestas = 1;
+  shop.library.state.RespuestaActual =
       "\x02 Y\x1C"
       "4000\x1C"
       "0600\x1C"
@@ -107,50 +107,50 @@ TEST(AnswerListing, ShowsWordsAndDataBeforeAnyReport) {
   EXPECT_EQ(events[0].kind, Happening::kBox);
   EXPECT_EQ(events[0].number, 0);
   EXPECT_EQ(events[0].detail, "");
-  EXPECT_EQ(events[0].text, TextoDeListado({"4000", "0600", "261121", "103000", "", "", "", "", "",
-                                            "", "", "", "", "", ""}));
+  EXPECT_EQ(events[0].text, ListingText({"4000", "0600", "261121", "103000", "", "", "", "", "", "",
+                                         "", "", "", "", ""}));
   EXPECT_EQ(events[1].kind, Happening::kReport);
-  EXPECT_EQ(shop.library.estado.Respuesta[0], "261121");
-  EXPECT_EQ(shop.library.estado.Respuesta[1], "103000");
+  EXPECT_EQ(shop.library.state.Respuesta[0], "261121");
+  EXPECT_EQ(shop.library.state.Respuesta[1], "103000");
 }
 
 TEST(AnswerReport, ItsRetryButtonSetsTheFlag) {
   Shop shop;
-  shop.library.estado.RespuestaActual = AnswerWith("4000", "0600");
+  shop.library.state.RespuestaActual = AnswerWith("4000", "0600");
   shop.world.GetOperator().Queue(Answer::kRetry);
   EXPECT_TRUE(ListarRespuestas(shop.library));
-  EXPECT_EQ(shop.library.estado.Reintentar, -1);
+  EXPECT_EQ(shop.library.state.Reintentar, -1);
 }
 
 TEST(AnswerSplit, KeepsAWholeCopyAndForgetsTheAnswerBefore) {
   Shop shop;
-  shop.library.estado.RespuestaActual =
+  shop.library.state.RespuestaActual =
       "\x02 Y\x1C"
       "0000\x1C"
       "0600\x1Cold\x03";
   SepararRespuesta(shop.library);
-  EXPECT_EQ(shop.library.estado.Respuesta[0], "old");
-  shop.library.estado.RespuestaActual = AnswerWith("0080", "0610");
+  EXPECT_EQ(shop.library.state.Respuesta[0], "old");
+  shop.library.state.RespuestaActual = AnswerWith("0080", "0610");
   SepararRespuesta(shop.library);
-  EXPECT_EQ(shop.library.estado.RespuestaCompleta, AnswerWith("0080", "0610"));
-  EXPECT_EQ(shop.library.estado.EstadoImpresora, "0080");
-  EXPECT_EQ(shop.library.estado.EstadoFiscal, "0610");
-  EXPECT_EQ(shop.library.estado.Respuesta[0], "");
+  EXPECT_EQ(shop.library.state.RespuestaCompleta, AnswerWith("0080", "0610"));
+  EXPECT_EQ(shop.library.state.EstadoImpresora, "0080");
+  EXPECT_EQ(shop.library.state.EstadoFiscal, "0610");
+  EXPECT_EQ(shop.library.state.Respuesta[0], "");
 }
 
 TEST(AnswerDecoding, ABadPrinterWordLeavesTheOtherFlagsClear) {
   Shop shop;
-  shop.library.estado.BitImpresora.fill(-1);
-  shop.library.estado.BitFiscal.fill(-1);
-  shop.library.estado.EstadoImpresora = "00G1";
-  shop.library.estado.EstadoFiscal = "FFFF";
+  shop.library.state.BitImpresora.fill(-1);
+  shop.library.state.BitFiscal.fill(-1);
+  shop.library.state.EstadoImpresora = "00G1";
+  shop.library.state.EstadoFiscal = "FFFF";
   EXPECT_EQ(unit::FailureOf([&] {
               DecodificarEstados(shop.library);
               return 0;
             }),
             13);
-  EXPECT_EQ(shop.library.estado.BitImpresora, Marcas{-1});
-  EXPECT_EQ(shop.library.estado.BitFiscal, Marcas{});
+  EXPECT_EQ(shop.library.state.BitImpresora, Flags{-1});
+  EXPECT_EQ(shop.library.state.BitFiscal, Flags{});
 }
 
 // The printer asked for its status.
@@ -168,13 +168,10 @@ class StatusQuery : public testing::TestWithParam<QueryRow> {};
 
 TEST_P(StatusQuery, TellsTheOperator) {
   FakePlatform world;
-  Biblioteca library{world};
-  library.estado.Puerto = world.CreatePort({.CommPort = 1,
-                                            .Settings = "9600,N,8,1",
-                                            .Handshaking = 0,
-                                            .InputMode = 0,
-                                            .dispositivo = {}});
-  library.estado.ErrorMostrar = GetParam().error_mostrar;
+  Library library{world};
+  library.state.Puerto = world.CreatePort(
+      {.CommPort = 1, .Settings = "9600,N,8,1", .Handshaking = 0, .InputMode = 0, .device = {}});
+  library.state.ErrorMostrar = GetParam().error_mostrar;
   world.Line().SetDefault(unit::Answering(GetParam().printer, GetParam().fiscal));
   EXPECT_EQ(ObtenerEstado(library), GetParam().fine);
   EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kBox), GetParam().boxes);

@@ -60,8 +60,8 @@ std::string AnswerWith(const std::vector<std::string>& fields) {
   return answer.append(ETX "0000");
 }
 
-Campos Split(std::string answer) {
-  return CortarCampos(answer);
+Fields Split(std::string answer) {
+  return CutFields(answer);
 }
 
 TEST(SplitAnswer, StatusWordsAloneLeaveTheDataEmpty) {
@@ -104,7 +104,7 @@ TEST(SplitAnswer, OfNothingAllFieldsAreEmpty) {
 
 TEST(SplitAnswer, TheChecksumIsNoField) {
   std::string answer = AnswerWith({"0000", "0600", "x"});
-  CortarCampos(answer);
+  CutFields(answer);
   EXPECT_EQ(answer, ETX "0000");
 }
 
@@ -113,13 +113,13 @@ TEST(Listing, ShowsAllFifteenLabels) {
   for (int k = 1; k <= 15; ++k) {
     expected += "Respuesta_" + std::to_string(k) + ": " + (k < 15 ? "\r" : "");
   }
-  EXPECT_EQ(TextoDeListado(Campos{}), expected);
+  EXPECT_EQ(ListingText(Fields{}), expected);
 }
 
 TEST(Listing, ShowsEachFieldUnderItsLabel) {
-  Campos fields;
+  Fields fields;
   for (std::size_t i = 0; i < fields.size(); ++i) fields[i] = std::string(1, char('a' + i));
-  EXPECT_EQ(TextoDeListado(fields),
+  EXPECT_EQ(ListingText(fields),
             "Respuestas al ultimo comando: \r\r"
             "Respuesta_1: a\rRespuesta_2: b\rRespuesta_3: c\rRespuesta_4: d\rRespuesta_5: e\r"
             "Respuesta_6: f\rRespuesta_7: g\rRespuesta_8: h\rRespuesta_9: i\rRespuesta_10: j\r"

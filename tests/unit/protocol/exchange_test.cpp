@@ -14,16 +14,13 @@ namespace {
 class Exchange : public testing::Test {
  protected:
   Exchange() {
-    library_.estado.Puerto = world_.CreatePort({.CommPort = 1,
-                                                .Settings = "9600,N,8,1",
-                                                .Handshaking = 0,
-                                                .InputMode = 0,
-                                                .dispositivo = {}});
-    library_.estado.ComandoActual = "K";
+    library_.state.Puerto = world_.CreatePort(
+        {.CommPort = 1, .Settings = "9600,N,8,1", .Handshaking = 0, .InputMode = 0, .device = {}});
+    library_.state.ComandoActual = "K";
   }
 
   FakePlatform world_;
-  Biblioteca library_{world_};
+  Library library_{world_};
 };
 
 TEST_F(Exchange, AnAcceptedCommandIsZero) {
@@ -42,7 +39,7 @@ TEST_F(Exchange, ALineThatDoesNotOpenIsOne) {
 }
 
 TEST_F(Exchange, WithoutALineItIsOne) {
-  library_.estado.Puerto.reset();
+  library_.state.Puerto.reset();
   EXPECT_EQ(Enviar(library_), 1);
 }
 

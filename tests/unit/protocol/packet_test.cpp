@@ -16,25 +16,25 @@ namespace kestra {
 namespace {
 
 TEST(Packet, AFrameIsStartNumberCommandEnd) {
-  EXPECT_EQ(Enmarcar(32, "K"), "\x02 K\x03");
-  EXPECT_EQ(Enmarcar(70,
-                     "*\x1C"
-                     "A"),
+  EXPECT_EQ(BuildPacket(32, "K"), "\x02 K\x03");
+  EXPECT_EQ(BuildPacket(70,
+                        "*\x1C"
+                        "A"),
             "\x02"
             "F*\x1C"
             "A\x03");
 }
 
 TEST(Packet, AFrameAroundNothingHasItsOwnBytesOnly) {
-  EXPECT_EQ(Enmarcar(40, ""), "\x02(\x03");
+  EXPECT_EQ(BuildPacket(40, ""), "\x02(\x03");
 }
 
 TEST(Packet, AFrameSentAgainIsFramedAgain) {
-  EXPECT_EQ(Enmarcar(41, Enmarcar(40, "K")), "\x02)\x02(K\x03\x03");
+  EXPECT_EQ(BuildPacket(41, BuildPacket(40, "K")), "\x02)\x02(K\x03\x03");
 }
 
 TEST(Checksum, CuttingPaperWithNumber32Sums112) {
-  EXPECT_EQ(SumaDeControl(Enmarcar(32, "K")), "0070");
+  EXPECT_EQ(ChecksumOf(BuildPacket(32, "K")), "0070");
 }
 
 struct SumRow {
@@ -48,7 +48,7 @@ class Checksum : public testing::TestWithParam<SumRow> {};
 
 TEST_P(Checksum, HasFourDigits) {
   const std::string bytes(GetParam().count, static_cast<char>(GetParam().byte));
-  EXPECT_EQ(SumaDeControl(bytes), GetParam().digits);
+  EXPECT_EQ(ChecksumOf(bytes), GetParam().digits);
 }
 
 constexpr std::array kSums{
@@ -72,7 +72,7 @@ TEST(Checksum, OfGrowingFramesIsTheirSumModulo65536) {
     sum = (sum + byte) % 65536;
     std::array<char, 5> digits{};
     (void)std::snprintf(digits.data(), digits.size(), "%04X", sum);
-    ASSERT_EQ(SumaDeControl(frame), digits.data()) << i;
+    ASSERT_EQ(ChecksumOf(frame), digits.data()) << i;
   }
 }
 
@@ -87,15 +87,15 @@ struct AnswerRow {
 class ReceivedBytes : public testing::TestWithParam<AnswerRow> {};
 
 TEST_P(ReceivedBytes, KnowWhereTheAnswerEnds) {
-  EXPECT_EQ(LargoDeRespuesta(GetParam().received), GetParam().length);
+  EXPECT_EQ(AnswerLength(GetParam().received), GetParam().length);
 }
 
 TEST_P(ReceivedBytes, ShowItsHead) {
-  EXPECT_EQ(EncabezadoDeRespuesta(GetParam().received), GetParam().head);
+  EXPECT_EQ(AnswerHeader(GetParam().received), GetParam().head);
 }
 
 TEST_P(ReceivedBytes, AreTrimmedToTheAnswer) {
-  EXPECT_EQ(RecortarRespuesta(GetParam().received), GetParam().whole);
+  EXPECT_EQ(TrimAnswer(GetParam().received), GetParam().whole);
 }
 
 constexpr std::array kAnswers{
@@ -176,31 +176,31 @@ TEST(ReceivedBytes, ByteByByteTheAnswerIsWholeAtItsLastOne) {
       "0000\x03"
       "0123";
   for (std::size_t i = 0; i < answer.size(); ++i) {
-    EXPECT_EQ(LargoDeRespuesta(std::string_view(answer).substr(0, i)), 0u) << i;
+    EXPECT_EQ(AnswerLength(std::string_view(answer).substr(0, i)), 0u) << i;
   }
-  EXPECT_EQ(LargoDeRespuesta(answer), answer.size());
+  EXPECT_EQ(AnswerLength(answer), answer.size());
 }
 
 TEST(Command, IsItsByteAndItsFieldsBehindSeparators) {
-  EXPECT_EQ(Comando('K').Bytes(), "K");
-  EXPECT_EQ(Comando('X').Campo("261121").Campo("103000").Bytes(),
+  EXPECT_EQ(Command('K').Bytes(), "K");
+  EXPECT_EQ(Command('X').Field("261121").Field("103000").Bytes(),
             "X\x1C"
             "261121\x1C"
             "103000");
 }
 
 TEST(Command, KeepsEmptyFields) {
-  EXPECT_EQ(Comando('a').Campo("").Campo("").Bytes(), "a\x1C\x1C");
+  EXPECT_EQ(Command('a').Field("").Field("").Bytes(), "a\x1C\x1C");
 }
 
 TEST(Command, WritesNumbersInPlainDecimal) {
-  EXPECT_EQ(Comando('R').Campo(std::int16_t{-1}).Campo(1000000).Bytes(),
+  EXPECT_EQ(Command('R').Field(std::int16_t{-1}).Field(1000000).Bytes(),
             "R\x1C-1\x1C"
             "1000000");
 }
 
 TEST(Command, KeepsZeroBytesInsideAField) {
-  EXPECT_EQ(Comando('A').Campo({"a\0b", 3}).Bytes(), std::string("A\x1C"
+  EXPECT_EQ(Command('A').Field({"a\0b", 3}).Bytes(), std::string("A\x1C"
                                                                  "a\0b",
                                                                  5));
 }

@@ -12,17 +12,17 @@ namespace {
 
 struct SequenceRow {
   const char* sentence;
-  Secuencia before;
+  SequenceNumbers before;
   int second;
-  Secuencia after;
+  SequenceNumbers after;
 };
 
 class Sequence : public testing::TestWithParam<SequenceRow> {};
 
 TEST_P(Sequence, GoesOn) {
-  const auto next = SiguienteSecuencia(GetParam().before, GetParam().second);
-  EXPECT_EQ(next.actual, GetParam().after.actual);
-  EXPECT_EQ(next.anterior, GetParam().after.anterior);
+  const auto next = NextSequence(GetParam().before, GetParam().second);
+  EXPECT_EQ(next.current, GetParam().after.current);
+  EXPECT_EQ(next.previous, GetParam().after.previous);
 }
 
 constexpr std::array kSequences{
@@ -79,17 +79,17 @@ void ForEverySeed(Check check) {
   }
 }
 
-Secuencia Next(const Case& c) {
-  return SiguienteSecuencia(
-      {static_cast<std::int16_t>(c.number), static_cast<std::int16_t>(c.last)}, c.second);
+SequenceNumbers Next(const Case& c) {
+  return NextSequence({static_cast<std::int16_t>(c.number), static_cast<std::int16_t>(c.last)},
+                      c.second);
 }
 
 TEST(Sequence, EverySeedIsInRangeNewAndRemembered) {
   ForEverySeed([](const Case& c) {
     const auto next = Next(c);
-    EXPECT_TRUE(InRange(next.actual)) << c.number << " " << c.last << " " << c.second;
-    EXPECT_NE(next.actual, c.last) << c.number << " " << c.second;
-    EXPECT_EQ(next.anterior, next.actual);
+    EXPECT_TRUE(InRange(next.current)) << c.number << " " << c.last << " " << c.second;
+    EXPECT_NE(next.current, c.last) << c.number << " " << c.second;
+    EXPECT_EQ(next.previous, next.current);
   });
 }
 
@@ -100,7 +100,7 @@ TEST(Sequence, EverySeedThatTheSecondLeadsToIsTaken) {
     if (literal == -1) {
       ++stuck;
     } else {
-      EXPECT_EQ(Next(c).actual, literal) << c.number << " " << c.last << " " << c.second;
+      EXPECT_EQ(Next(c).current, literal) << c.number << " " << c.last << " " << c.second;
     }
   });
   EXPECT_GT(stuck, 0);  // the case that needs another second does exist
@@ -108,19 +108,19 @@ TEST(Sequence, EverySeedThatTheSecondLeadsToIsTaken) {
 
 TEST(Sequence, InRangeEveryNumberHasOneBehindIt) {
   for (std::int16_t number = 31; number < 70; ++number) {
-    const auto next = SiguienteSecuencia({number, 55}, 30);
-    EXPECT_EQ(next.actual, number + 1);
-    EXPECT_EQ(next.anterior, 55);
+    const auto next = NextSequence({number, 55}, 30);
+    EXPECT_EQ(next.current, number + 1);
+    EXPECT_EQ(next.previous, 55);
   }
 }
 
 // A day's worth of frames, one a second.
 TEST(Sequence, NoFrameEverCarriesTheNumberOfTheOneBefore) {
-  Secuencia sequence;
+  SequenceNumbers sequence;
   for (int second = 0; second < 86'400; ++second) {
-    const auto next = SiguienteSecuencia(sequence, second % 60);
-    ASSERT_TRUE(InRange(next.actual));
-    ASSERT_NE(next.actual, sequence.actual);
+    const auto next = NextSequence(sequence, second % 60);
+    ASSERT_TRUE(InRange(next.current));
+    ASSERT_NE(next.current, sequence.current);
     sequence = next;
   }
 }

@@ -32,15 +32,15 @@ std::size_t PrinterSlot(std::size_t bit) {
   return bit == 14 ? 13 : bit;
 }
 
-Marcas Printer(std::string_view word) {
-  Marcas flags{};
-  DecodificarImpresora(word, flags);
+Flags Printer(std::string_view word) {
+  Flags flags{};
+  DecodePrinter(word, flags);
   return flags;
 }
 
-Marcas Fiscal(std::string_view word) {
-  Marcas flags{};
-  DecodificarFiscal(word, flags);
+Flags Fiscal(std::string_view word) {
+  Flags flags{};
+  DecodeFiscal(word, flags);
   return flags;
 }
 
@@ -67,7 +67,7 @@ TEST(StatusWord, EveryWordSetsTheSlotsOfItsBits) {
     const auto printer = Printer(Word(word));
     const auto fiscal = Fiscal(Word(word));
     for (std::size_t bit = 0; bit < 16; ++bit) {
-      const Booleano set = (word >> bit & 1U) != 0 ? -1 : 0;
+      const Boolean set = (word >> bit & 1U) != 0 ? -1 : 0;
       ASSERT_EQ(printer[PrinterSlot(bit)], set) << Word(word) << " " << bit;
       ASSERT_EQ(fiscal[bit], set) << Word(word) << " " << bit;
     }
@@ -97,10 +97,10 @@ TEST(StatusWord, WhatStandsBehindFourDigitsDoesNotCount) {
 }
 
 TEST(StatusWord, AFlagThatWasSetIsCleared) {
-  Marcas flags;
+  Flags flags;
   flags.fill(-1);
-  DecodificarFiscal("0000", flags);
-  EXPECT_EQ(flags, Marcas{});
+  DecodeFiscal("0000", flags);
+  EXPECT_EQ(flags, Flags{});
 }
 
 struct BadWordRow {
@@ -112,9 +112,9 @@ struct BadWordRow {
 class BadWord : public testing::TestWithParam<BadWordRow> {};
 
 TEST_P(BadWord, FailsAfterTheDigitsBehindTheBadOne) {
-  Marcas flags{};
+  Flags flags{};
   EXPECT_EQ(unit::FailureOf([&] {
-              DecodificarFiscal(GetParam().word, flags);
+              DecodeFiscal(GetParam().word, flags);
               return 0;
             }),
             13);
@@ -166,17 +166,17 @@ TEST(Verdict, OnlyTheseBitsFailACommand) {
   const std::set<std::size_t> printer{2, 3};
   const std::set<std::size_t> fiscal{0, 1, 2, 3, 4, 5, 6, 7, 11};
   for (std::size_t slot = 0; slot < 16; ++slot) {
-    Marcas flags{};
+    Flags flags{};
     flags[slot] = -1;
-    EXPECT_EQ(HayFalla(flags, {}), printer.count(slot) == 1) << "printer " << slot;
-    EXPECT_EQ(HayFalla({}, flags), fiscal.count(slot) == 1) << "fiscal " << slot;
+    EXPECT_EQ(FailsCommand(flags, {}), printer.count(slot) == 1) << "printer " << slot;
+    EXPECT_EQ(FailsCommand({}, flags), fiscal.count(slot) == 1) << "fiscal " << slot;
   }
 }
 
 TEST(Verdict, OverAllWordsIsAMaskOfBits) {
   for (unsigned word = 0; word < kWords; word += 3) {
-    ASSERT_EQ(HayFalla(Printer(Word(word)), {}), (word & 0x000CU) != 0) << Word(word);
-    ASSERT_EQ(HayFalla({}, Fiscal(Word(word))), (word & 0x08FFU) != 0) << Word(word);
+    ASSERT_EQ(FailsCommand(Printer(Word(word)), {}), (word & 0x000CU) != 0) << Word(word);
+    ASSERT_EQ(FailsCommand({}, Fiscal(Word(word))), (word & 0x08FFU) != 0) << Word(word);
   }
 }
 
@@ -190,7 +190,7 @@ struct VerdictRow {
 class Verdict : public testing::TestWithParam<VerdictRow> {};
 
 TEST_P(Verdict, IsAsItSays) {
-  EXPECT_EQ(HayFalla(Printer(GetParam().printer), Fiscal(GetParam().fiscal)), GetParam().fails);
+  EXPECT_EQ(FailsCommand(Printer(GetParam().printer), Fiscal(GetParam().fiscal)), GetParam().fails);
 }
 
 constexpr std::array kVerdicts{
@@ -214,7 +214,7 @@ constexpr std::string_view kOpenInAnyWay =
 using Messages = std::vector<std::string_view>;
 
 Messages MessagesOf(std::string_view printer, std::string_view fiscal) {
-  return MensajesDeEstado(Printer(printer), Fiscal(fiscal));
+  return StatusMessages(Printer(printer), Fiscal(fiscal));
 }
 
 TEST(StatusMessages, WithEverythingSetComeInTheirOrder) {
@@ -266,14 +266,14 @@ TEST(StatusMessages, OfManyBitsAreThoseOfEachBit) {
   for (unsigned word = 0; word < kWords; word += 211) {
     Messages expected;
     for (std::size_t slot = 0; slot < 16; ++slot) {
-      Marcas one{};
+      Flags one{};
       one[slot] = Printer(Word(word))[slot];
-      for (const auto text : MensajesDeEstado(one, {})) expected.push_back(text);
+      for (const auto text : StatusMessages(one, {})) expected.push_back(text);
     }
     for (std::size_t slot = 0; slot < 16; ++slot) {
-      Marcas one{};
+      Flags one{};
       one[slot] = Fiscal(Word(word))[slot];
-      for (const auto text : MensajesDeEstado({}, one)) expected.push_back(text);
+      for (const auto text : StatusMessages({}, one)) expected.push_back(text);
     }
     ASSERT_EQ(MessagesOf(Word(word), Word(word)), expected) << Word(word);
   }

@@ -149,13 +149,13 @@ HWND OpenHost() {
   return host;
 }
 
-InformeEstados Report(const std::string& printer, const std::string& fiscal) {
-  Estado estado;
-  estado.EstadoImpresora = printer;
-  estado.EstadoFiscal = fiscal;
-  DecodificarImpresora(printer, estado.BitImpresora);
-  DecodificarFiscal(fiscal, estado.BitFiscal);
-  return ArmarInforme(estado);
+Report ReportOf(const std::string& printer, const std::string& fiscal) {
+  State state;
+  state.EstadoImpresora = printer;
+  state.EstadoFiscal = fiscal;
+  DecodePrinter(printer, state.BitImpresora);
+  DecodeFiscal(fiscal, state.BitFiscal);
+  return BuildReport(state);
 }
 
 // "\r" and "\0" spelled out: no command line carries the bytes themselves.
@@ -170,9 +170,9 @@ using Show = std::function<int(const Words&)>;
 
 const std::map<std::string, Show> kDialogs = {
     {"report",
-     [](const Words& w) { return person.StatusReport(Report(w.at(1), w.at(2))) ? 1 : 0; }},
+     [](const Words& w) { return person.StatusReport(ReportOf(w.at(1), w.at(2))) ? 1 : 0; }},
     {"nested",
-     [](const Words& w) { return person.StatusReport(Report(w.at(1), w.at(2))) ? 1 : 0; }},
+     [](const Words& w) { return person.StatusReport(ReportOf(w.at(1), w.at(2))) ? 1 : 0; }},
     {"memory",
      [](const Words& /*w*/) {
        person.MemoryFull();

@@ -13,7 +13,7 @@
 namespace kestra {
 namespace {
 
-Falla CannotCreate() {
+Failure CannotCreate() {
   return {429, "ActiveX component can't create object"};
 }
 
@@ -75,7 +75,7 @@ void ComponentStartUp::Begin() {
 }
 
 void ComponentStartUp::End() {
-  if (!Undo()) throw Falla(70, "Permission denied");
+  if (!Undo()) throw Failure(70, "Permission denied");
 }
 
 void ComponentStartUp::ShutDown() {

@@ -42,14 +42,14 @@ class ThreadApartment {
 // for the time of start-up, and creates and calls InitClass once.
 class ComponentStartUp {
  public:
-  // Throws Falla, with everything undone, when InitClass cannot be created. Registering may fail: where
+  // Throws Failure, with everything undone, when InitClass cannot be created. Registering may fail: where
   // another copy is registered for good, that one serves.
   //
   // Classes that are registered for good with this very file are left as they are, by End too. A lasting
   // registration of another copy of the library is put back by End.
   void Begin();
 
-  // Takes the registration of Begin back. May be called without it. Throws Falla when it stays behind;
+  // Takes the registration of Begin back. May be called without it. Throws Failure when it stays behind;
   // the next call tries again.
   void End();
 

@@ -25,13 +25,13 @@ MemoryFullDialog::MemoryFullDialog()
       picture_(LoadIconResource(ICON_WARNING, IconSize::kLarge)) {}
 
 void MemoryFullDialog::Load() {
-  SetCaption(kMemoriaLlenaTitulo);
+  SetCaption(kMemoryFullTitle);
   SetPicture(MEMORY_ICON, picture_);
   heading_ = HeadingFont(Window());
   ::SendMessageW(Control(Label1), WM_SETFONT, reinterpret_cast<WPARAM>(heading_.Get()), 0);
-  SetText(Label1, kMemoriaLlenaEncabezado);
-  SetText(Label2, kMemoriaLlenaTexto);
-  SetText(btn_Aceptar, kBotonCerrar);
+  SetText(Label1, kMemoryFullHeading);
+  SetText(Label2, kMemoryFullText);
+  SetText(btn_Aceptar, kCloseButton);
 }
 
 }  // namespace kestra

@@ -23,7 +23,7 @@ int ModalDialog::Show() {
   const INT_PTR answer =
       ::DialogBoxParamW(OwnInstance(), MAKEINTRESOURCEW(dialog_), ::GetActiveWindow(), Procedure,
                         reinterpret_cast<LPARAM>(this));
-  if (!opened_) throw SinMemoria();
+  if (!opened_) throw OutOfMemory();
   return static_cast<int>(answer);
 }
 

@@ -22,7 +22,7 @@ class ModalDialog {
   ModalDialog& operator=(const ModalDialog&) = delete;
   virtual ~ModalDialog() = default;
 
-  // Number of the button pressed; IDCANCEL for Esc and the close box. Throws Falla when the dialog
+  // Number of the button pressed; IDCANCEL for Esc and the close box. Throws Failure when the dialog
   // cannot be shown.
   int Show();
 

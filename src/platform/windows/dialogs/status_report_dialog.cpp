@@ -18,18 +18,18 @@ struct Text {
 };
 
 constexpr std::array kTexts = {
-    Text{Frame1, kInformeGrupoImpresora}, Text{Frame2, kInformeGrupoFiscal},
-    Text{Frame3, kInformeGrupoEstados},   Text{Label4, kInformeImpresora},
-    Text{Label5, kInformeFiscal},         Text{btn_Reintentar, kBotonReintentar},
-    Text{btn_aceptar, kBotonCerrar},
+    Text{Frame1, kReportPrinterGroup}, Text{Frame2, kReportFiscalGroup},
+    Text{Frame3, kReportStatusGroup},  Text{Label4, kReportPrinter},
+    Text{Label5, kReportFiscal},       Text{btn_Reintentar, kRetryButton},
+    Text{btn_aceptar, kCloseButton},
 };
 
-int IconOf(const Fila& fila) {
-  return (fila.grupo == 0 ? pic_EstadoImpresora_ : pic_EstadoFiscal_) + fila.numero;
+int IconOf(const StatusRow& row) {
+  return (row.group == 0 ? pic_EstadoImpresora_ : pic_EstadoFiscal_) + row.number;
 }
 
-int LabelOf(const Fila& fila) {
-  return (fila.grupo == 0 ? txt_EstadoImpresora_ : txt_EstadoFiscal_) + fila.numero;
+int LabelOf(const StatusRow& row) {
+  return (row.group == 0 ? txt_EstadoImpresora_ : txt_EstadoFiscal_) + row.number;
 }
 
 Icon RowIcon(int number) {
@@ -38,45 +38,45 @@ Icon RowIcon(int number) {
 
 }  // namespace
 
-StatusReportDialog::StatusReportDialog(const InformeEstados& informe)
+StatusReportDialog::StatusReportDialog(const Report& report)
     : ModalDialog(frm_InformeEstados, ICON_KESTRA),
-      informe_(informe),
+      report_(report),
       pictures_{{{RowIcon(pic_infodisabled), RowIcon(pic_info)},
                  {RowIcon(pic_errordisabled), RowIcon(pic_error)}}} {}
 
 void StatusReportDialog::Load() {
-  SetCaption(kInformeTitulo);
+  SetCaption(kReportTitle);
   for (const auto& [control, text] : kTexts) SetText(control, text);
   Hints hints(Window());
-  for (const Fila& fila : informe_.filas) LoadRow(fila, hints);
+  for (const StatusRow& row : report_.rows) LoadRow(row, hints);
   ::MessageBeep(MB_OK);
-  SetText(txt_EstadoImpresora, informe_.impresora);
-  SetText(txt_estadofiscal, informe_.fiscal);
+  SetText(txt_EstadoImpresora, report_.printer);
+  SetText(txt_estadofiscal, report_.fiscal);
 }
 
-void StatusReportDialog::LoadRow(const Fila& fila, Hints& hints) const {
-  SetText(LabelOf(fila), fila.texto);
-  SetPicture(IconOf(fila), pictures_.at(fila.error ? 1 : 0).at(fila.encendida ? 1 : 0));
-  hints.Add(AreaOf(fila), WideFromAnsi(fila.ayuda).c_str());
+void StatusReportDialog::LoadRow(const StatusRow& row, Hints& hints) const {
+  SetText(LabelOf(row), row.text);
+  SetPicture(IconOf(row), pictures_.at(row.error ? 1 : 0).at(row.lit ? 1 : 0));
+  hints.Add(AreaOf(row), WideFromAnsi(row.hint).c_str());
 }
 
 // From the picture to the end of the label, in the window's coordinates.
-RECT StatusReportDialog::AreaOf(const Fila& fila) const {
+RECT StatusReportDialog::AreaOf(const StatusRow& row) const {
   RECT picture{};
   RECT area{};
-  ::GetWindowRect(Control(IconOf(fila)), &picture);
-  ::GetWindowRect(Control(LabelOf(fila)), &area);
+  ::GetWindowRect(Control(IconOf(row)), &picture);
+  ::GetWindowRect(Control(LabelOf(row)), &area);
   area.left = picture.left;
   ::MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&area), 2);
   return area;
 }
 
 std::optional<COLORREF> StatusReportDialog::LabelColour(int label) const {
-  const auto fila = std::find_if(informe_.filas.begin(), informe_.filas.end(),
-                                 [&](const Fila& each) { return LabelOf(each) == label; });
-  if (fila == informe_.filas.end()) return std::nullopt;
-  if (!fila->encendida) return ::GetSysColor(COLOR_GRAYTEXT);
-  return fila->error ? kRed : kBlack;
+  const auto row = std::find_if(report_.rows.begin(), report_.rows.end(),
+                                [&](const StatusRow& each) { return LabelOf(each) == label; });
+  if (row == report_.rows.end()) return std::nullopt;
+  if (!row->lit) return ::GetSysColor(COLOR_GRAYTEXT);
+  return row->error ? kRed : kBlack;
 }
 
 }  // namespace kestra

@@ -11,17 +11,17 @@ namespace kestra {
 // Every condition of the printer as a row, lit or greyed. Answers IDRETRY or IDCANCEL.
 class StatusReportDialog : public ModalDialog {
  public:
-  explicit StatusReportDialog(const InformeEstados& informe);
+  explicit StatusReportDialog(const Report& report);
 
  protected:
   void Load() override;
   [[nodiscard]] std::optional<COLORREF> LabelColour(int label) const override;
 
  private:
-  void LoadRow(const Fila& fila, Hints& hints) const;
-  [[nodiscard]] RECT AreaOf(const Fila& fila) const;
+  void LoadRow(const StatusRow& row, Hints& hints) const;
+  [[nodiscard]] RECT AreaOf(const StatusRow& row) const;
 
-  const InformeEstados& informe_;
+  const Report& report_;
   // By Fila::error and Fila::encendida.
   std::array<std::array<Icon, 2>, 2> pictures_;
 };

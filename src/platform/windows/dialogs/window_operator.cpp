@@ -40,8 +40,8 @@ std::int32_t WindowOperator::Message(std::string_view text, std::string_view tit
                        static_cast<UINT>(style) | (owner == nullptr ? kWithoutOwner : 0));
 }
 
-bool WindowOperator::StatusReport(const InformeEstados& informe) {
-  return DesktopIsSeen() && StatusReportDialog(informe).Show() == IDRETRY;
+bool WindowOperator::StatusReport(const Report& report) {
+  return DesktopIsSeen() && StatusReportDialog(report).Show() == IDRETRY;
 }
 
 void WindowOperator::MemoryFull() {

@@ -9,7 +9,7 @@ namespace kestra {
 class WindowOperator : public Operator {
  public:
   std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override;
-  bool StatusReport(const InformeEstados& informe) override;
+  bool StatusReport(const Report& report) override;
   void MemoryFull() override;
 };
 
