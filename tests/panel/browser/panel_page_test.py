@@ -6,7 +6,7 @@ import sys
 import unittest
 
 HERE = os.path.dirname(os.path.abspath(__file__))
-sys.path.insert(0, os.path.join(HERE, "..", "..", "end_to_end"))
+sys.path.insert(0, os.path.join(HERE, "..", "..", "end_to_end", "shared"))
 
 import browser  # noqa: E402
 from shop import ENV, Shop, until  # noqa: E402

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "contract/serial_line.hpp"
+#include "contract/shared/serial_line.hpp"
 
 namespace kestra {
 

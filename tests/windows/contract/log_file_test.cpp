@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "contract/failure_number.hpp"
+#include "contract/shared/failure_number.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/log_file.hpp"
 #include "scratch.hpp"

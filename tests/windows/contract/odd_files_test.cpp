@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "contract/failure_number.hpp"
+#include "contract/shared/failure_number.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/log_file.hpp"
 #include "platform/windows/profile_file.hpp"

@@ -1,4 +1,4 @@
-#include "contract/processor_time.hpp"
+#include "contract/shared/processor_time.hpp"
 
 #include <windows.h>
 

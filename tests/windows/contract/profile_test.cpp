@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "contract/profile_rows.hpp"
+#include "contract/shared/profile_rows.hpp"
 #include "platform/windows/profile_file.hpp"
 #include "scratch.hpp"
 

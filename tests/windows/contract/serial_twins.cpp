@@ -1,5 +1,5 @@
 #include "com_line.hpp"
-#include "contract/tcp_line.hpp"
+#include "contract/shared/tcp_line.hpp"
 
 namespace kestra {
 namespace {

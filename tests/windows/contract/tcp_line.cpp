@@ -1,4 +1,4 @@
-#include "contract/tcp_line.hpp"
+#include "contract/shared/tcp_line.hpp"
 
 #include <cstdlib>
 

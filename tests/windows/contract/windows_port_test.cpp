@@ -2,8 +2,8 @@
 #include <windows.h>
 
 #include "com_line.hpp"
-#include "contract/failure_number.hpp"
-#include "contract/processor_time.hpp"
+#include "contract/shared/failure_number.hpp"
+#include "contract/shared/processor_time.hpp"
 #include "fields/ansi.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/serial_port.hpp"

@@ -4,7 +4,7 @@ import os
 import unittest
 
 import ticket_test
-from shop import ENV, read
+from shop import ENV, SHARED, read
 from till import Till
 
 
@@ -39,7 +39,7 @@ class AFiscalDay(Till):
         self.assertNotIn("FALLO", out)
         self.assertIn("Factura A emitida", out)
         self.assertEqual(err, "")
-        day = os.path.join(os.path.dirname(ticket_test.__file__), "jornada.txt")
+        day = os.path.join(SHARED, "jornada.txt")
         self.assertEqual(self.paper(), read(day))
 
 

@@ -1,0 +1,142 @@
+#include "campaigns/line_faults/line_world.hpp"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "calendar.hpp"
+#include "frame/failure.hpp"
+#include "unit/settings.hpp"
+
+namespace kestra::line_faults {
+
+// The host's end of the line.
+class WorldPort : public SerialPort {
+ public:
+  explicit WorldPort(LineWorld& world) : world_(world) {}
+
+  [[nodiscard]] bool PortOpen() const override { return open_; }
+  void PortOpen(bool open) override {
+    if (open) DiscardInput();
+    open_ = open;
+  }
+  void Output(std::string_view bytes) override { world_.Write(bytes); }
+  std::size_t InBufferCount() override {
+    world_.WaitALittle();
+    return world_.received_.size();
+  }
+  void DiscardInput() override {
+    world_.Carry();
+    world_.received_.clear();
+  }
+  std::string Input() override { return std::exchange(world_.received_, {}); }
+  [[nodiscard]] std::string_view Waiting() const override { return world_.received_; }
+
+ private:
+  LineWorld& world_;
+  bool open_ = false;
+};
+
+namespace {
+
+constexpr int kBaud = 9600;
+
+// How long a look at an empty line takes at most.
+constexpr Micros kLook = std::chrono::milliseconds(50);
+// After this long nothing is on its way any more.
+constexpr Micros kRest = 2 * kPastTheDeadline;
+
+// What prints long: the printer says meanwhile that it is busy.
+constexpr std::string_view kSlowCommands = "9:;EeJ";
+constexpr std::uint32_t kSlow = 1200;
+
+constexpr std::string_view kAcknowledge = "\x06";
+
+// The digits that the virtual printer reads.
+constexpr std::array kDigits{
+    Override{"EntDesc", "7"},
+    Override{"EntImpInt", "7"},
+    Override{"DecImpInt", "2"},
+    Override{"EntPercepcion", "7"},
+};
+
+impresora::Settings PrinterOf(const CanonicalDocument& document) {
+  impresora::Settings settings;
+  settings.family = document.family;
+  for (const char command : kSlowCommands) {
+    settings.work_milliseconds[static_cast<unsigned char>(command)] = kSlow;
+  }
+  return settings;
+}
+
+}  // namespace
+
+LineWorld::LineWorld(const CanonicalDocument& document, std::span<const ByteFault> faults)
+    : session_(PrinterOf(document), *this, {.baud = kBaud}),
+      to_printer_(Direction::kToPrinter, faults),
+      to_host_(Direction::kToHost, faults) {
+  clock_.SetDate(21, 11, 2026);
+  clock_.SetTimeOfDay(10.5 * 3600);
+  for (const auto& setting : unit::kSettings) profile_.Set(setting.key, setting.value);
+  for (const Override& row : kDigits) profile_.Set(row.key, row.value);
+  for (const Override& row : document.configuration) profile_.Set(row.key, row.value);
+  session_.Attach(*this);
+}
+
+LineWorld::~LineWorld() {
+  session_.Detach(*this);
+}
+
+std::unique_ptr<SerialPort> LineWorld::CreatePort(const PortSettings& /*settings*/) {
+  return std::make_unique<WorldPort>(*this);
+}
+
+// The printer's calendar stands still: what the host reads differs for the line's faults alone.
+std::int64_t LineWorld::LocalSeconds() {
+  static const std::int64_t opening =
+      *impresora::ParseDate("261121") + *impresora::ParseTime("103000");
+  return opening;
+}
+
+void LineWorld::Write(std::string_view bytes) {
+  if (bytes != kAcknowledge) frames_.emplace_back(bytes);
+  to_printer_.Push(bytes, Now());
+  Carry();
+}
+
+// Everything that has come to its time moves one step on.
+void LineWorld::Carry() {
+  const Micros now = Now();
+  const std::string arrived = to_printer_.Take(now);
+  if (!arrived.empty()) session_.Receive(arrived, now);
+  const std::string saying = session_.Advance(now).bytes;
+  said_ += saying;
+  to_host_.Push(saying, now);
+  received_ += to_host_.Take(now);
+}
+
+Micros LineWorld::NextDue(Micros latest) const {
+  Micros next = latest;
+  for (const auto due : {to_printer_.NextDue(), session_.NextDue(), to_host_.NextDue()}) {
+    if (due) next = std::min(next, *due);
+  }
+  return std::max(next, Now());
+}
+
+void LineWorld::WaitALittle() {
+  const auto before = received_.size();
+  Carry();
+  if (received_.size() != before) return;
+  clock_.Advance((NextDue(Now() + kLook) - Now()).count());
+  Carry();
+}
+
+void LineWorld::Settle() {
+  for (const Micros end = Now() + kRest; Now() < end;) {
+    clock_.Advance((NextDue(end) - Now()).count());
+    Carry();
+  }
+  session_.Tell();
+}
+
+}  // namespace kestra::line_faults

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "campaigns/line_faults/byte_fault.hpp"
+#include "campaigns/line_faults/canonical_documents.hpp"
+#include "campaigns/line_faults/faulty_wire.hpp"
+#include "fakes/fake_clock.hpp"
+#include "fakes/fake_log.hpp"
+#include "fakes/fake_operator.hpp"
+#include "fakes/fake_profile.hpp"
+#include "fakes/journal.hpp"
+#include "fakes/trouble.hpp"
+#include "platform/platform.hpp"
+#include "session.hpp"
+
+namespace kestra::line_faults {
+
+// The virtual printer at the end of a line that fails as told, on a clock that moves when somebody
+// waits for the line.
+class LineWorld : public Platform, private impresora::WallClock, private impresora::Observer {
+ public:
+  LineWorld(const CanonicalDocument& document, std::span<const ByteFault> faults);
+  ~LineWorld() override;
+
+  std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override;
+  Clock& GetClock() override { return clock_; }
+  FakeOperator& GetOperator() override { return operator_; }
+  ProfileFile& GetProfile() override { return profile_; }
+  LogFile& GetLog() override { return log_; }
+
+  [[nodiscard]] Micros Now() const { return Micros(clock_.Elapsed()); }
+
+  // Waits until nothing is on its way any more.
+  void Settle();
+
+  [[nodiscard]] const FaultyWire& ToPrinter() const { return to_printer_; }
+  [[nodiscard]] const FaultyWire& ToHost() const { return to_host_; }
+  [[nodiscard]] const Journal& GetJournal() const { return journal_; }
+
+  // The frames that the host wrote, and what the printer did with what it got, each in order.
+  [[nodiscard]] const std::vector<std::string>& Frames() const { return frames_; }
+  [[nodiscard]] const std::vector<impresora::Exchange>& Exchanges() const { return exchanges_; }
+
+  // All that the printer said.
+  [[nodiscard]] const std::string& Said() const { return said_; }
+
+ private:
+  friend class WorldPort;
+
+  std::int64_t LocalSeconds() override;
+  void Exchanged(const impresora::Exchange& exchange) override { exchanges_.push_back(exchange); }
+
+  void Write(std::string_view bytes);
+  void WaitALittle();
+  void Carry();
+  [[nodiscard]] Micros NextDue(Micros latest) const;
+
+  Journal journal_;
+  Trouble trouble_;
+  FakeClock clock_{journal_, trouble_};
+  FakeOperator operator_{journal_, trouble_};
+  FakeProfile profile_{trouble_};
+  FakeLog log_{journal_, trouble_};
+  impresora::Session session_;
+  FaultyWire to_printer_;
+  FaultyWire to_host_;
+  std::string said_;
+  std::string received_;
+  std::vector<std::string> frames_;
+  std::vector<impresora::Exchange> exchanges_;
+};
+
+}  // namespace kestra::line_faults

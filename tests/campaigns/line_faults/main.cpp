@@ -1,0 +1,121 @@
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "campaigns/line_faults/campaign.hpp"
+
+// Plays the canonical documents with every fault at every byte and says what came of it, as tables.
+//   --cada N      only every N-th byte, to look quickly
+//   --pares N     and so many random pairs of faults
+//   --semilla S   of the pairs
+//   --todo        every other byte in its place and every byte before it, not only those that tell
+//   --insiste     the operator tries again, once
+namespace kestra::line_faults {
+namespace {
+
+CampaignSettings ReadOptions(int argc, char** argv) {
+  CampaignSettings settings;
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view name = argv[i];
+    if (name == "--insiste") {
+      settings.habit = OperatorHabit::kOnce;
+      continue;
+    }
+    if (name == "--todo") {
+      settings.forms = EveryFaultForm();
+      continue;
+    }
+    if (i + 1 == argc) throw std::invalid_argument(std::string(name));
+    const auto number = std::stoull(argv[++i]);
+    if (name == "--cada" && number > 0) {
+      settings.every = number;
+    } else if (name == "--pares") {
+      settings.pairs = number;
+    } else if (name == "--semilla") {
+      settings.seed = number;
+    } else {
+      throw std::invalid_argument(std::string(name));
+    }
+  }
+  return settings;
+}
+
+std::string Seconds(Micros time) {
+  if (time == kNoEnd) return "no end";
+  const auto tenths = (time.count() + 50'000) / 100'000;
+  return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
+}
+
+void PrintHead(std::string_view first) {
+  std::cout << "\n| " << first << " | runs |";
+  for (const auto name : kVerdictNames) std::cout << " " << name << " |";
+  std::cout << " longest call, s |\n|---|";
+  for (std::size_t i = 0; i < kVerdictNames.size() + 2; ++i) std::cout << "---:|";
+  std::cout << "\n";
+}
+
+void PrintRow(std::string_view name, const Tally& tally) {
+  std::cout << "| " << name << " | " << tally.runs << " |";
+  for (const auto count : tally.verdicts) std::cout << " " << count << " |";
+  std::cout << " " << Seconds(tally.longest) << " |\n";
+}
+
+void PrintUndetectable(const Tally& tally) {
+  std::cout << "\nMisled by a damaged answer whose checksum is right: " << tally.undetectable
+            << "\n";
+}
+
+Tally PrintTable(std::string_view title, const NamedTallies& tallies) {
+  PrintHead(title);
+  Tally all;
+  for (const auto& [name, tally] : tallies) {
+    PrintRow(name, tally);
+    all += tally;
+  }
+  PrintRow("all", all);
+  return all;
+}
+
+void PrintPairs(const Tally& pairs) {
+  if (pairs.runs == 0) return;
+  PrintHead("two faults");
+  PrintRow("random pairs", pairs);
+  PrintUndetectable(pairs);
+}
+
+void PrintOperations(const CampaignReport& report) {
+  std::cout
+      << "\n| operation | frames | good line, s | silent printer, s | one fault, s | allowed, s |\n"
+         "|---|---:|---:|---:|---:|---:|\n";
+  for (const auto& [name, times] : report.operations) {
+    std::cout << "| `" << name << "` | " << times.frames << " | " << Seconds(times.good) << " | "
+              << Seconds(times.silent) << " | " << Seconds(times.faulty) << " | "
+              << Seconds(times.allowed) << " |\n";
+  }
+}
+
+int Main(int argc, char** argv) {
+  const CampaignReport report = RunCampaign(ReadOptions(argc, argv));
+  PrintTable("document", report.by_document);
+  PrintTable("on the way to the printer", report.by_form[0]);
+  PrintUndetectable(PrintTable("on the way to the host", report.by_form[1]));
+  PrintPairs(report.pairs);
+  PrintOperations(report);
+  for (const std::string& breach : report.breaches) std::cerr << breach << "\n";
+  return report.breaches.empty() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+}  // namespace kestra::line_faults
+
+int main(int argc, char** argv) {
+  try {
+    return kestra::line_faults::Main(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "line_faults: " << error.what() << "\n";
+    return 2;
+  }
+}

@@ -1,0 +1,202 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <future>
+
+#include "contract/posix/pty_line.hpp"
+#include "contract/posix/scratch.hpp"
+#include "contract/posix/ticking.hpp"
+#include "contract/shared/failure_number.hpp"
+#include "contract/shared/processor_time.hpp"
+#include "fields/ansi.hpp"
+#include "platform/posix/serial_port.hpp"
+
+namespace kestra {
+namespace {
+
+TEST(PosixPort, WaitingForASilentPrinterCostsNoProcessor) {
+  PtyLine line;
+  const auto port = line.MakePort();
+  port->PortOpen(true);
+  EXPECT_LT(Watch(*port).cost, 15.0);
+}
+
+TEST(PosixPort, WaitingWithThreeBytesThereCostsNoProcessorEither) {
+  PtyLine line;
+  const auto port = line.MakePort();
+  port->PortOpen(true);
+  port->DiscardInput();
+  line.Send("\x12\x12\x12");
+  EXPECT_LT(Watch(*port).cost, 15.0);
+  EXPECT_EQ(port->Waiting(), "\x12\x12\x12");
+}
+
+TEST(PosixPort, SignalsDoNotDisturbTheWait) {
+  PtyLine line;
+  const auto port = line.MakePort();
+  const Ticking ticking;
+  port->PortOpen(true);
+  while (Ticking::Ticks() < 10) EXPECT_EQ(port->InBufferCount(), 0u);
+  port->Output("ok");
+  EXPECT_EQ(line.Receive(2), "ok");
+}
+
+TEST(PosixPort, ALineThatTakesNothingFailsInTheEnd) {
+  PtyLine line;
+  PosixPort port(line.Device(), 9600, {.look = 5, .stall = 50});
+  port.PortOpen(true);
+  const std::string much(1 << 20, 'x');
+  EXPECT_EQ(FailureNumber([&] { port.Output(much); }), 8020);
+}
+
+TEST(PosixPort, MoreThanTheSystemHoldsGoesOutWhileTheFarEndReads) {
+  PtyLine line;
+  const auto port = line.MakePort();
+  port->PortOpen(true);
+  const std::string much(200'000, 'x');
+  auto reader = std::async(std::launch::async, [&] { return line.Receive(much.size()); });
+  port->Output(much);
+  EXPECT_EQ(reader.get(), much);
+}
+
+TEST(PosixPort, TheLineIsRawAtTheSpeedOfTheSettings) {
+  PtyLine line;
+  termios cooked = {};
+  ::tcgetattr(line.Near(), &cooked);
+  cooked.c_iflag |= ICRNL | IXON | IXOFF | ISTRIP;
+  cooked.c_oflag |= OPOST | ONLCR;
+  cooked.c_lflag |= ICANON | ECHO | ISIG;
+  cooked.c_cflag |= CRTSCTS | CSTOPB;
+  ::tcsetattr(line.Near(), TCSANOW, &cooked);
+
+  PosixPort port(line.Device(), 19200);
+  port.PortOpen(true);
+  termios now = {};
+  ::tcgetattr(line.Near(), &now);
+  EXPECT_EQ(::cfgetospeed(&now), speed_t{B19200});
+  EXPECT_EQ(::cfgetispeed(&now), speed_t{B19200});
+  EXPECT_EQ(now.c_iflag & (ICRNL | INLCR | IGNCR | IXON | IXOFF | ISTRIP | PARMRK), 0u);
+  EXPECT_EQ(now.c_oflag & OPOST, 0u);
+  EXPECT_EQ(now.c_lflag & (ICANON | ECHO | ISIG | IEXTEN), 0u);
+  EXPECT_EQ(now.c_cflag & (CSIZE | PARENB | CSTOPB | CRTSCTS), tcflag_t{CS8});
+  EXPECT_NE(now.c_cflag & CLOCAL, 0u);
+}
+
+TEST(PosixPort, WithoutASpeedTheDeviceKeepsItsOwn) {
+  PtyLine line;
+  PosixPort first(line.Device(), 57600);
+  first.PortOpen(true);
+  first.PortOpen(false);
+  PosixPort second(line.Device(), std::nullopt);
+  second.PortOpen(true);
+  termios now = {};
+  ::tcgetattr(line.Near(), &now);
+  EXPECT_EQ(::cfgetospeed(&now), speed_t{B57600});
+}
+
+TEST(PosixPort, ProgramsThatTheHostStartsDoNotInheritTheLine) {
+  PtyLine line;
+  const auto port = line.MakePort();
+  port->PortOpen(true);
+  int seen = 0;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;
+    if (std::filesystem::read_symlink(entry.path(), gone) != line.Device()) continue;
+    ++seen;
+    EXPECT_NE(::fcntl(std::stoi(entry.path().filename()), F_GETFD) & FD_CLOEXEC, 0);
+  }
+  EXPECT_EQ(seen, 2);  // the line's own and the port's
+}
+
+TEST(PosixPort, DestroyingAnOpenPortFreesTheDevice) {
+  PtyLine line;
+  line.MakePort()->PortOpen(true);
+  const auto next = line.MakePort();
+  EXPECT_EQ(FailureNumber([&] { next->PortOpen(true); }), 0);
+}
+
+TEST(PosixPort, ALinkToADeviceIsTheDevice) {
+  PtyLine line;
+  const ScratchDirectory scratch;
+  std::filesystem::create_symlink(line.Device(), "impresora");
+  PosixPort by_link("impresora", 9600);
+  by_link.PortOpen(true);
+  const auto by_name = line.MakePort();
+  EXPECT_EQ(FailureNumber([&] { by_name->PortOpen(true); }), 8005);
+}
+
+TEST(PosixPort, WhatCannotBeOpenedIsNamedInWords) {
+  const ScratchDirectory scratch;
+  WriteFile("archivo", "no es un puerto");
+  struct Row {
+    std::string device;
+    std::string words;
+  };
+  const Row rows[] = {
+      {"/dev/no-hay-tal", "No existe el dispositivo /dev/no-hay-tal"},
+      {"archivo/dentro", "No existe el dispositivo archivo/dentro"},
+      {"archivo", "archivo no es un puerto serie"},
+      {"/dev/null", "/dev/null no es un puerto serie"},
+      {".", ". no es un puerto serie"},
+  };
+  for (const Row& row : rows) {
+    PosixPort port(row.device, 9600);
+    const auto open = [&] { port.PortOpen(true); };
+    EXPECT_EQ(FailureNumber(open), 8015) << row.device;
+    EXPECT_EQ(FailureWords(open), row.words);
+    EXPECT_FALSE(port.PortOpen());
+  }
+  EXPECT_EQ(ReadFile("archivo"), "no es un puerto");
+}
+
+TEST(PosixPort, AnotherUsersDeviceIsNotPermitted) {
+  PtyLine line;
+  ASSERT_EQ(::chmod(line.Device().c_str(), 0), 0);
+  const OrdinaryUser user;
+  ASSERT_TRUE(user);
+  const auto port = line.MakePort();
+  EXPECT_EQ(FailureWords([&] { port->PortOpen(true); }), "Sin permiso para abrir " + line.Device());
+}
+
+TEST(PosixPort, ABusyDeviceAndALostLineAreNamedInWords) {
+  PtyLine line;
+  const auto port = line.MakePort();
+  line.Occupy(true);
+  EXPECT_EQ(FailureWords([&] { port->PortOpen(true); }),
+            "El dispositivo " + line.Device() + std::string(" está en uso por otro programa"_ansi));
+  line.Occupy(false);
+  port->PortOpen(true);
+  line.Unplug();
+  EXPECT_EQ(FailureWords([&] { port->Output("x"); }),
+            std::string("Se perdió la conexión con "_ansi) + line.Device());
+}
+
+TEST(PosixPort, AClosedPortSaysSo) {
+  PosixPort port("/dev/ttyS0", 9600);
+  EXPECT_EQ(FailureNumber([&] { port.Output("x"); }), 8012);
+  EXPECT_EQ(FailureWords([&] { port.Input(); }), "El dispositivo /dev/ttyS0 no está abierto"_ansi);
+}
+
+TEST(PosixPort, EachErrorOfTheSystemHasItsMeaning) {
+  EXPECT_EQ(OpeningFault(ENOENT), PortFault::kMissing);
+  EXPECT_EQ(OpeningFault(ENXIO), PortFault::kNoHardware);
+  EXPECT_EQ(OpeningFault(EIO), PortFault::kNoHardware);
+  EXPECT_EQ(OpeningFault(EACCES), PortFault::kNotPermitted);
+  EXPECT_EQ(OpeningFault(EPERM), PortFault::kNotPermitted);
+  EXPECT_EQ(OpeningFault(EBUSY), PortFault::kBusy);
+  EXPECT_EQ(OpeningFault(EWOULDBLOCK), PortFault::kBusy);
+  EXPECT_EQ(OpeningFault(ENOTTY), PortFault::kNotSerial);
+  EXPECT_EQ(OpeningFault(EMFILE), PortFault::kCannotOpen);
+  EXPECT_EQ(TransferFault(EIO), PortFault::kLost);
+  EXPECT_EQ(TransferFault(ENXIO), PortFault::kLost);
+  EXPECT_EQ(TransferFault(ENODEV), PortFault::kLost);
+  EXPECT_EQ(TransferFault(EBADF), PortFault::kTransfer);
+}
+
+}  // namespace
+}  // namespace kestra

@@ -1,0 +1,54 @@
+#include <utility>
+
+#include "contract/posix/pty_line.hpp"
+#include "contract/shared/serial_line.hpp"
+#include "contract/shared/tcp_line.hpp"
+#include "fakes/fake_clock.hpp"
+#include "fakes/fake_port.hpp"
+#include "fakes/journal.hpp"
+#include "fakes/trouble.hpp"
+
+namespace kestra {
+namespace {
+
+class FakeTwin : public SerialLine {
+ public:
+  std::unique_ptr<SerialPort> MakePort() override {
+    return std::make_unique<FakePort>(line_, journal_);
+  }
+  void Send(std::string_view bytes) override { line_.Arrive({{.bytes = std::string(bytes)}}); }
+  std::string Receive(std::size_t count) override {
+    for (const Event& event : journal_.Take()) {
+      if (event.kind == Happening::kWrite) written_ += event.text;
+    }
+    std::string rest = written_.size() > count ? written_.substr(count) : std::string();
+    written_.resize(std::min(written_.size(), count));
+    return std::exchange(written_, std::move(rest));
+  }
+  void Occupy(bool taken) override {
+    line_.SetDevice(taken ? DeviceState::kBusy : DeviceState::kReady);
+  }
+  void Unplug() override { line_.Arrive({{.bytes = {}, .unplug = true}}); }
+
+ private:
+  Journal journal_;
+  Trouble trouble_;
+  FakeClock clock_{journal_, trouble_};
+  FakeLine line_{clock_, journal_, trouble_};
+  std::string written_;
+};
+
+template <typename Line>
+std::unique_ptr<SerialLine> Make() {
+  return std::make_unique<Line>();
+}
+
+}  // namespace
+
+std::vector<SerialTwin> SerialTwins() {
+  return {{.name = "Posix", .make = Make<PtyLine>},
+          {.name = "Tcp", .make = Make<TcpLine>, .in_use = 8015},
+          {.name = "Fake", .make = Make<FakeTwin>}};
+}
+
+}  // namespace kestra

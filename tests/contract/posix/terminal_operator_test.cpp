@@ -1,0 +1,215 @@
+#include "platform/posix/terminal_operator.hpp"
+
+#include <gtest/gtest.h>
+#include <pthread.h>
+#include <pty.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <future>
+
+#include "contract/posix/pty_line.hpp"
+#include "contract/posix/scratch.hpp"
+#include "fields/ansi.hpp"
+#include "platform/posix/native_file.hpp"
+
+namespace kestra {
+namespace {
+
+// Reads from the terminal until a text has been shown.
+std::string ShownUntil(int terminal, const std::string& text) {
+  std::string shown;
+  while (shown.find(text) == std::string::npos) {
+    const std::string more = ReadSome(terminal, 1);
+    if (more.empty()) break;
+    shown += more;
+  }
+  return shown;
+}
+
+// A person at a terminal that shows what is typed and takes whole lines.
+class TerminalOperatorTest : public ::testing::Test {
+ protected:
+  TerminalOperatorTest() {
+    termios cooked = {};
+    ::tcgetattr(line_.Near(), &cooked);
+    cooked.c_iflag |= ICRNL;
+    cooked.c_oflag |= OPOST | ONLCR;
+    cooked.c_lflag |= ICANON | ECHO | ISIG;
+    ::tcsetattr(line_.Near(), TCSANOW, &cooked);
+  }
+
+  template <typename Action>
+  auto Meanwhile(Action action) {
+    return std::async(std::launch::async, action);
+  }
+  std::future<std::int32_t> Ask(std::int32_t style) {
+    return Meanwhile([this, style] { return operator_.Message("Seguir?", "Envia?", style); });
+  }
+  std::string Shown(const std::string& until) { return ShownUntil(line_.Far(), until); }
+  void Type(std::string_view keys) { ASSERT_TRUE(WriteAll(line_.Far(), keys)); }
+
+  Environment locale_{"LC_ALL", "C.UTF-8"};
+  PtyLine line_;
+  TerminalOperator operator_{
+      {.terminal = line_.Device(), .errors = -1, .attended = [](int) { return true; }}};
+};
+
+TEST_F(TerminalOperatorTest, YesIsYes) {
+  auto answer = Ask(kBoxYesNoQuestion);
+  const std::string shown = Shown("N = No: ");
+  EXPECT_NE(shown.find("--- Envia? ---\r\nSeguir?\r\nS = Sí, N = No: "), std::string::npos);
+  Type("s\n");
+  EXPECT_EQ(answer.get(), kAnswerYes);
+}
+
+TEST_F(TerminalOperatorTest, NoIsNo) {
+  auto answer = Ask(kBoxYesNo);
+  Shown("N = No: ");
+  Type("N\n");
+  EXPECT_EQ(answer.get(), kAnswerNo);
+}
+
+TEST_F(TerminalOperatorTest, AnUnclearAnswerIsAskedForAgain) {
+  auto answer = Ask(kBoxYesNo);
+  Shown("N = No: ");
+  Type("\n");
+  Shown("N = No: ");
+  Type("tal vez\n");
+  Shown("N = No: ");
+  Type("sí\n");
+  EXPECT_EQ(answer.get(), kAnswerYes);
+}
+
+TEST_F(TerminalOperatorTest, WhatWasTypedBeforeTheQuestionIsNoAnswer) {
+  Type("s\n");
+  Shown("\n");
+  auto answer = Ask(kBoxYesNo);
+  Shown("N = No: ");
+  Type("n\n");
+  EXPECT_EQ(answer.get(), kAnswerNo);
+}
+
+TEST_F(TerminalOperatorTest, TheEndOfInputIsTheSafeAnswer) {
+  auto answer = Ask(kBoxYesNo);
+  Shown("N = No: ");
+  Type("\x04");
+  EXPECT_EQ(answer.get(), kAnswerNo);
+}
+
+TEST_F(TerminalOperatorTest, ATerminalThatGoesAwayIsTheSafeAnswer) {
+  auto answer = Ask(kBoxYesNo);
+  Shown("N = No: ");
+  line_.Unplug();
+  EXPECT_EQ(answer.get(), kAnswerNo);
+}
+
+TEST_F(TerminalOperatorTest, ASignalIsTheSafeAnswer) {
+  struct sigaction action = {};
+  struct sigaction before = {};
+  action.sa_handler = [](int) {};
+  ::sigaction(SIGUSR1, &action, &before);
+  std::atomic<pthread_t> asker = ::pthread_self();
+  auto answer = Meanwhile([&] {
+    asker = ::pthread_self();
+    return operator_.Message("Seguir?", "", kBoxYesNo);
+  });
+  Shown("N = No: ");
+  while (answer.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready) {
+    ::pthread_kill(asker, SIGUSR1);
+  }
+  EXPECT_EQ(answer.get(), kAnswerNo);
+  ::sigaction(SIGUSR1, &before, nullptr);
+}
+
+TEST_F(TerminalOperatorTest, AMessageWaitsForEnter) {
+  auto answer = Ask(kBoxOk);
+  Shown("Enter = Aceptar: ");
+  EXPECT_EQ(answer.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
+  Type("\n");
+  EXPECT_EQ(answer.get(), kAnswerOk);
+}
+
+TEST_F(TerminalOperatorTest, RRetriesAndEnterCloses) {
+  for (const bool retry : {true, false}) {
+    auto answer = Meanwhile([this] {
+      return operator_.StatusReport(
+          {.printer = "4000",
+           .fiscal = "0000",
+           .rows = {{0, 14, true, true, "Impresora sin papel", "Verifique."}}});
+    });
+    EXPECT_NE(Shown("Enter = Cerrar: ").find("[!] Impresora sin papel"), std::string::npos);
+    Type(retry ? "r\n" : "\n");
+    EXPECT_EQ(answer.get(), retry);
+  }
+}
+
+TEST_F(TerminalOperatorTest, TheMemoryWarningWaitsForEnter) {
+  auto done = Meanwhile([this] { operator_.MemoryFull(); });
+  EXPECT_NE(Shown("Enter = Cerrar: ").find("ATENCIÓN!\r\nRestan"), std::string::npos);
+  Type("\n");
+  done.get();
+}
+
+TEST_F(TerminalOperatorTest, NoControlOfATextReachesTheTerminal) {
+  auto answer = Meanwhile([this] { return operator_.Message("\x1B[2J\x9D", "\x07", kBoxOk); });
+  const std::string shown = Shown("Aceptar: ");
+  EXPECT_NE(shown.find("<1B>[2J<9D>"), std::string::npos);
+  EXPECT_EQ(shown.find_first_of("\x1B\x07"), std::string::npos);
+  EXPECT_EQ(shown.find("\xC2\x9D"), std::string::npos);
+  Type("\n");
+  answer.get();
+}
+
+// A process of its own session, whose terminal is a new one; what it shows and its exit code.
+struct Session {
+  std::string shown;
+  int code = -1;
+};
+
+template <typename Main>
+Session RunInSession(Main main, const char* until, const char* keys) {
+  int terminal = -1;
+  const pid_t child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
+  if (child == 0) ::_exit(main());
+  const FileDescriptor owned(terminal);
+  Session session;
+  session.shown = ShownUntil(terminal, until);
+  WriteAll(terminal, keys);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  if (WIFEXITED(status)) session.code = WEXITSTATUS(status);
+  return session;
+}
+
+int AskOnTheTerminal() {
+  TerminalOperator dialogs;
+  return dialogs.Message("Seguir?", "Envia?", kBoxYesNo);
+}
+
+TEST(TerminalOperatorInASession, AProcessInTheForegroundAsksOnItsTerminal) {
+  const Session session = RunInSession(AskOnTheTerminal, "N = No: ", "s\n");
+  EXPECT_NE(session.shown.find("Seguir?"), std::string::npos);
+  EXPECT_EQ(session.code, kAnswerYes);
+}
+
+TEST(TerminalOperatorInASession, AProcessInTheBackgroundAnswersByItself) {
+  const auto in_background = [] {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::setpgid(0, 0);
+      ::_exit(AskOnTheTerminal());
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WEXITSTATUS(status);
+  };
+  const Session session = RunInSession(in_background, "se responde: No", "");
+  EXPECT_EQ(session.code, kAnswerNo);
+}
+
+}  // namespace
+}  // namespace kestra
