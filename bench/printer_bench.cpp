@@ -17,9 +17,9 @@
 #include <string_view>
 #include <vector>
 
+#include "line/session.hpp"
 #include "packet.hpp"
-#include "session.hpp"
-#include "wire.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "answer_names.hpp"
+#include "commands/answer_names.hpp"
 
 #include <array>
 
-#include "packet.hpp"
+#include "wire/packet.hpp"
 
 namespace impresora {
 namespace {

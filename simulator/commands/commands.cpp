@@ -1,4 +1,4 @@
-#include "commands.hpp"
+#include "commands/commands.hpp"
 
 #include <algorithm>
 #include <array>

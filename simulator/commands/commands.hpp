@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "fields.hpp"
-#include "machine.hpp"
-#include "packet.hpp"
+#include "commands/fields.hpp"
+#include "machine/machine.hpp"
+#include "wire/packet.hpp"
 
 namespace impresora {
 

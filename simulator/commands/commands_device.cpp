@@ -1,10 +1,10 @@
 #include <algorithm>
 
-#include "calendar.hpp"
-#include "commands.hpp"
-#include "layout.hpp"
-#include "status.hpp"
-#include "text.hpp"
+#include "commands/commands.hpp"
+#include "fiscal/calendar.hpp"
+#include "machine/status.hpp"
+#include "paper/layout.hpp"
+#include "text/text.hpp"
 
 namespace impresora {
 namespace {

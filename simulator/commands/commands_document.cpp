@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "commands.hpp"
-#include "cuit.hpp"
-#include "layout.hpp"
-#include "status.hpp"
-#include "text.hpp"
+#include "commands/commands.hpp"
+#include "fiscal/cuit.hpp"
+#include "machine/status.hpp"
+#include "paper/layout.hpp"
+#include "text/text.hpp"
 
 namespace impresora {
 namespace {

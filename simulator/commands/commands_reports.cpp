@@ -1,7 +1,7 @@
-#include "calendar.hpp"
-#include "commands.hpp"
-#include "layout.hpp"
-#include "status.hpp"
+#include "commands/commands.hpp"
+#include "fiscal/calendar.hpp"
+#include "machine/status.hpp"
+#include "paper/layout.hpp"
 
 namespace impresora {
 namespace {

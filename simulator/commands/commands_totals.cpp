@@ -1,8 +1,8 @@
 #include <utility>
 
-#include "commands.hpp"
-#include "layout.hpp"
-#include "status.hpp"
+#include "commands/commands.hpp"
+#include "machine/status.hpp"
+#include "paper/layout.hpp"
 
 namespace impresora {
 namespace {

@@ -1,10 +1,10 @@
-#include "fields.hpp"
+#include "commands/fields.hpp"
 
 #include <algorithm>
 #include <utility>
 
-#include "calendar.hpp"
-#include "wire.hpp"
+#include "fiscal/calendar.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 namespace {

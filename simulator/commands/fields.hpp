@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "settings.hpp"
+#include "machine/settings.hpp"
 
 namespace impresora {
 

@@ -1,14 +1,14 @@
-#include "printer.hpp"
+#include "commands/printer.hpp"
 
 #include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <utility>
 
-#include "commands.hpp"
-#include "layout.hpp"
-#include "status.hpp"
-#include "wire.hpp"
+#include "commands/commands.hpp"
+#include "machine/status.hpp"
+#include "paper/layout.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 namespace {
@@ -118,6 +118,12 @@ void Printer::Keep() {
   machine_.receipts.clear();
   if (receipts_.size() <= kReceiptsKept) return;
   receipts_.erase(receipts_.begin(), receipts_.end() - static_cast<std::ptrdiff_t>(kReceiptsKept));
+}
+
+bool Printer::Set(const Control& control, std::int64_t value) {
+  if (!SetControl(machine_, control, value)) return false;
+  Keep();
+  return true;
 }
 
 std::vector<Receipt> Printer::TakeReceipts() {

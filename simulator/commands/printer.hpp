@@ -5,9 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "machine.hpp"
-#include "packet.hpp"
-#include "store.hpp"
+#include "machine/controls.hpp"
+#include "machine/machine.hpp"
+#include "memory/store.hpp"
+#include "wire/packet.hpp"
 
 namespace impresora {
 
@@ -35,6 +36,9 @@ class Printer {
 
   // Writes down what was changed other than by a command.
   void Keep();
+
+  // Changes what a person can change and keeps it; false when the value is out of its range.
+  bool Set(const Control& control, std::int64_t value);
 
   // What time it is, for who wants the words or the clock between two commands.
   void SetTime(std::int64_t local_seconds);

@@ -3,9 +3,9 @@
 #include <span>
 #include <string_view>
 
+#include "commands/printer.hpp"
 #include "faults/draft.hpp"
 #include "faults/rule.hpp"
-#include "printer.hpp"
 
 namespace impresora {
 

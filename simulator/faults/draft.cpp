@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "status.hpp"
-#include "wire.hpp"
+#include "machine/status.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 

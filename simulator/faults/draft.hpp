@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "controls.hpp"
-#include "faults/burst.hpp"
-#include "packet.hpp"
-#include "printer.hpp"
+#include "commands/printer.hpp"
+#include "machine/controls.hpp"
+#include "wire/burst.hpp"
+#include "wire/packet.hpp"
 
 namespace impresora {
 

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "faults/effects.hpp"
-#include "wire.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 namespace {

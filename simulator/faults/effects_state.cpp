@@ -66,10 +66,11 @@ bool ShowOnce(const Action& action, Scene& scene, Show show) {
 
 bool SetControlValue(const Action& action, Scene& scene) {
   const Follow follow(scene);
-  const std::int64_t before = action.control->get(scene.printer);
-  if (!SetControl(scene.printer, *action.control, action.number)) return false;
+  const Machine& m = scene.printer.GetMachine();
+  const std::int64_t before = action.control->get(m);
+  scene.printer.Set(*action.control, action.number);
   follow.Changed();
-  return action.control->get(scene.printer) != before;
+  return action.control->get(m) != before;
 }
 
 bool LightBits(const Action& action, Scene& scene) {

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "faults/burst.hpp"
-#include "packet.hpp"
-#include "printer.hpp"
+#include "commands/printer.hpp"
+#include "wire/burst.hpp"
+#include "wire/packet.hpp"
 
 namespace impresora {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "controls.hpp"
-#include "faults/burst.hpp"
-#include "machine.hpp"
+#include "machine/controls.hpp"
+#include "machine/machine.hpp"
+#include "wire/burst.hpp"
 
 namespace impresora {
 

@@ -2,9 +2,9 @@
 #include <array>
 #include <optional>
 
-#include "commands.hpp"
+#include "commands/commands.hpp"
 #include "faults/rule_reader.hpp"
-#include "utf8.hpp"
+#include "text/utf8.hpp"
 
 namespace impresora {
 namespace {

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "faults/actions.hpp"
-#include "text.hpp"
-#include "utf8.hpp"
+#include "text/text.hpp"
+#include "text/utf8.hpp"
 
 namespace impresora {
 namespace {

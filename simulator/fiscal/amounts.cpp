@@ -1,4 +1,4 @@
-#include "amounts.hpp"
+#include "fiscal/amounts.hpp"
 
 #include <algorithm>
 #include <limits>

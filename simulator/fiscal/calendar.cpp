@@ -1,8 +1,8 @@
-#include "calendar.hpp"
+#include "fiscal/calendar.hpp"
 
 #include <chrono>
 
-#include "amounts.hpp"
+#include "fiscal/amounts.hpp"
 
 namespace impresora {
 namespace {

@@ -1,9 +1,9 @@
-#include "cuit.hpp"
+#include "fiscal/cuit.hpp"
 
 #include <array>
 #include <cstddef>
 
-#include "text.hpp"
+#include "text/text.hpp"
 
 namespace impresora {
 

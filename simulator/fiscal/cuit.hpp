@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "document.hpp"
+#include "fiscal/document.hpp"
 
 namespace impresora {
 

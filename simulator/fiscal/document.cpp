@@ -1,4 +1,4 @@
-#include "document.hpp"
+#include "fiscal/document.hpp"
 
 #include <algorithm>
 #include <utility>

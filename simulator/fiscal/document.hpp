@@ -6,9 +6,12 @@
 #include <string_view>
 #include <vector>
 
-#include "settings.hpp"
+#include "fiscal/amounts.hpp"
 
 namespace impresora {
+
+// What the printer was built to issue: tickets, ticket-invoices on a roll, or forms.
+enum class Family : unsigned { kTicket = 1, kTicketInvoice = 2, kForm = 4 };
 
 // Documents of one series share their numbering, letter by letter.
 enum class Series { kTicket, kInvoice, kDebitNote, kCreditNote, kDeliveryNote, kOther };

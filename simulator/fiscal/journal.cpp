@@ -1,4 +1,4 @@
-#include "journal.hpp"
+#include "fiscal/journal.hpp"
 
 #include <algorithm>
 

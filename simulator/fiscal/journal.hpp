@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "document.hpp"
+#include "fiscal/document.hpp"
 
 namespace impresora {
 

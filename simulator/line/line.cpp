@@ -1,11 +1,11 @@
-#include "line.hpp"
+#include "line/line.hpp"
 
 #include <algorithm>
 #include <utility>
 
-#include "commands.hpp"
+#include "commands/commands.hpp"
 #include "faults/fault_plan.hpp"
-#include "wire.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 namespace {

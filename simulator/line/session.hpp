@@ -7,9 +7,9 @@
 #include <variant>
 #include <vector>
 
+#include "commands/printer.hpp"
 #include "faults/fault_plan.hpp"
-#include "line.hpp"
-#include "printer.hpp"
+#include "line/line.hpp"
 
 namespace impresora {
 

@@ -1,9 +1,9 @@
-#include "controls.hpp"
+#include "machine/controls.hpp"
 
 #include <charconv>
 
-#include "calendar.hpp"
-#include "status.hpp"
+#include "fiscal/calendar.hpp"
+#include "machine/status.hpp"
 
 namespace impresora {
 namespace {
@@ -11,55 +11,53 @@ namespace {
 // ---- What can be set ----
 
 template <bool MachineFaults::*Fault>
-std::int64_t GetFault(const Printer& printer) {
-  return printer.GetMachine().faults.*Fault ? 1 : 0;
+std::int64_t GetFault(const Machine& m) {
+  return m.faults.*Fault ? 1 : 0;
 }
 
 template <bool MachineFaults::*Fault>
-void SetFault(Printer& printer, std::int64_t value) {
-  printer.Faults().*Fault = value != 0;
+void SetFault(Machine& m, std::int64_t value) {
+  m.faults.*Fault = value != 0;
 }
 
 // Paper that ended comes back as a new roll without an end.
-void SetPaperOut(Printer& printer, std::int64_t value) {
-  Machine& m = printer.GetMachine();
+void SetPaperOut(Machine& m, std::int64_t value) {
   m.faults.paper_out = value != 0;
   if (value == 0 && m.paper_left == 0) m.paper_left = kEndlessPaper;
 }
 
-std::int64_t PaperLeft(const Printer& printer) {
-  return printer.GetMachine().paper_left;
+std::int64_t PaperLeft(const Machine& m) {
+  return m.paper_left;
 }
 
-void SetPaperLeft(Printer& printer, std::int64_t lines) {
-  printer.GetMachine().paper_left = lines;
-  printer.Faults().paper_out = lines == 0;
+void SetPaperLeft(Machine& m, std::int64_t lines) {
+  m.paper_left = lines;
+  m.faults.paper_out = lines == 0;
 }
 
-std::int64_t ClosingsLeft(const Printer& printer) {
-  return printer.GetMachine().closings_left;
+std::int64_t ClosingsLeft(const Machine& m) {
+  return m.closings_left;
 }
 
-void SetClosingsLeft(Printer& printer, std::int64_t count) {
-  printer.GetMachine().closings_left = static_cast<int>(count);
+void SetClosingsLeft(Machine& m, std::int64_t count) {
+  m.closings_left = static_cast<int>(count);
 }
 
-std::int64_t Clock(const Printer& printer) {
-  return printer.GetMachine().now;
+std::int64_t Clock(const Machine& m) {
+  return m.now;
 }
 
-void SetClockTo(Printer& printer, std::int64_t moment) {
-  Machine& m = printer.GetMachine();
+void SetClockTo(Machine& m, std::int64_t moment) {
   m.clock_offset += moment - m.now;
   m.now = moment;
 }
 
-std::int64_t ClockOffset(const Printer& printer) {
-  return printer.GetMachine().clock_offset;
+std::int64_t ClockOffset(const Machine& m) {
+  return m.clock_offset;
 }
 
-void SetClockOffset(Printer& printer, std::int64_t seconds) {
-  SetClockTo(printer, printer.GetMachine().now + seconds - printer.GetMachine().clock_offset);
+void SetClockOffset(Machine& m, std::int64_t seconds) {
+  SetClockTo(m, m.now + seconds - m.clock_offset);
 }
 
 template <bool MachineFaults::*Fault>
@@ -196,8 +194,7 @@ std::string MomentText(std::int64_t moment) {
          PrintedTime(moment);
 }
 
-const ForcedBits& BitsOf(const Printer& printer, Word word) {
-  const Machine& m = printer.GetMachine();
+const ForcedBits& BitsOf(const Machine& m, Word word) {
   return word == Word::kPrinter ? m.forced_printer : m.forced_fiscal;
 }
 
@@ -221,7 +218,7 @@ std::optional<std::int64_t> ReadControl(const Control& control, std::string_view
   if (control.kind == ControlKind::kSwitch) value = ReadSwitch(text);
   if (control.kind == ControlKind::kNumber) value = ReadWhole(text);
   if (control.kind == ControlKind::kMoment) value = ReadMoment(text);
-  if (!value || *value < control.least || *value > control.most) return std::nullopt;
+  if (!value || !control.Allows(*value)) return std::nullopt;
   return value;
 }
 
@@ -230,10 +227,9 @@ std::string ControlText(const Control& control, std::int64_t value) {
   return control.kind == ControlKind::kMoment ? MomentText(value) : std::to_string(value);
 }
 
-bool SetControl(Printer& printer, const Control& control, std::int64_t value) {
-  if (value < control.least || value > control.most) return false;
-  control.set(printer, value);
-  printer.Keep();
+bool SetControl(Machine& m, const Control& control, std::int64_t value) {
+  if (!control.Allows(value)) return false;
+  control.set(m, value);
   return true;
 }
 
@@ -245,14 +241,13 @@ const Lamp* FindLamp(std::string_view key) {
   return Find(kLamps, key);
 }
 
-Forced ForcedLamp(const Printer& printer, const Lamp& lamp) {
-  const ForcedBits& bits = BitsOf(printer, lamp.word);
+Forced ForcedLamp(const Machine& m, const Lamp& lamp) {
+  const ForcedBits& bits = BitsOf(m, lamp.word);
   if ((bits.on & lamp.bit) != 0) return Forced::kOn;
   return (bits.off & lamp.bit) != 0 ? Forced::kOff : Forced::kNo;
 }
 
-void ForceLamp(Printer& printer, const Lamp& lamp, Forced forced) {
-  Machine& m = printer.GetMachine();
+void ForceLamp(Machine& m, const Lamp& lamp, Forced forced) {
   ForcedBits& bits = lamp.word == Word::kPrinter ? m.forced_printer : m.forced_fiscal;
   bits.on = With(bits.on, lamp.bit, forced == Forced::kOn);
   bits.off = With(bits.off, lamp.bit, forced == Forced::kOff);

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "printer.hpp"
+#include "machine/machine.hpp"
 
 namespace impresora {
 
@@ -21,8 +21,10 @@ struct Control {
   ControlKind kind;
   std::int64_t least;
   std::int64_t most;
-  std::int64_t (*get)(const Printer&);
-  void (*set)(Printer&, std::int64_t);
+  std::int64_t (*get)(const Machine&);
+  void (*set)(Machine&, std::int64_t);
+
+  bool Allows(std::int64_t value) const { return value >= least && value <= most; }
 };
 
 std::span<const Control> Controls();
@@ -34,8 +36,8 @@ const Control* FindControl(std::string_view key);
 std::optional<std::int64_t> ReadControl(const Control& control, std::string_view text);
 std::string ControlText(const Control& control, std::int64_t value);
 
-// Sets it and keeps it in the fiscal memory; false when the value is out of its range.
-bool SetControl(Printer& printer, const Control& control, std::int64_t value);
+// False when the value is out of its range.
+bool SetControl(Machine& m, const Control& control, std::int64_t value);
 
 // ---- Lamps: one for each bit of both status words, which can be forced on or off ----
 
@@ -52,7 +54,7 @@ struct Lamp {
 std::span<const Lamp> Lamps();
 const Lamp* FindLamp(std::string_view key);
 
-Forced ForcedLamp(const Printer& printer, const Lamp& lamp);
-void ForceLamp(Printer& printer, const Lamp& lamp, Forced forced);
+Forced ForcedLamp(const Machine& m, const Lamp& lamp);
+void ForceLamp(Machine& m, const Lamp& lamp, Forced forced);
 
 }  // namespace impresora

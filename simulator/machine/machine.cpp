@@ -1,9 +1,9 @@
-#include "machine.hpp"
+#include "machine/machine.hpp"
 
 #include <utility>
 
-#include "calendar.hpp"
-#include "status.hpp"
+#include "fiscal/calendar.hpp"
+#include "machine/status.hpp"
 
 namespace impresora {
 namespace {

@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "document.hpp"
-#include "journal.hpp"
-#include "paper.hpp"
-#include "settings.hpp"
+#include "fiscal/document.hpp"
+#include "fiscal/journal.hpp"
+#include "machine/faults.hpp"
+#include "machine/roll.hpp"
+#include "machine/settings.hpp"
 
 namespace impresora {
 

@@ -1,9 +1,9 @@
-#include "paper.hpp"
+#include "machine/roll.hpp"
 
 #include <utility>
 
-#include "text.hpp"
-#include "wire.hpp"
+#include "text/text.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 namespace {

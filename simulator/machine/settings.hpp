@@ -5,12 +5,10 @@
 #include <cstdint>
 #include <string>
 
-#include "amounts.hpp"
+#include "fiscal/amounts.hpp"
+#include "fiscal/document.hpp"
 
 namespace impresora {
-
-// What the printer was built to issue: tickets, ticket-invoices on a roll, or forms.
-enum class Family : unsigned { kTicket = 1, kTicketInvoice = 2, kForm = 4 };
 
 // Digit counts that the commands' numeric fields are read with.
 struct FieldDigits {
@@ -50,22 +48,6 @@ struct Settings {
 
   const TextLengths& Texts() const { return family == Family::kForm ? form_texts : roll_texts; }
   std::size_t PaperColumns() const { return family == Family::kForm ? 80 : 40; }
-};
-
-// Everything about the machine that can go wrong on its own.
-struct MachineFaults {
-  bool paper_out = false;
-  bool journal_paper_out = false;
-  bool receipt_paper_out = false;
-  bool cover_open = false;
-  bool offline = false;
-  bool printer_failure = false;
-  bool buffer_full = false;
-  bool slip_entry_ready = false;
-  bool slip_ready = false;
-  bool fiscal_memory_check = false;
-  bool work_memory_check = false;
-  bool low_battery = false;
 };
 
 }  // namespace impresora

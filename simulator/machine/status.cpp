@@ -1,4 +1,4 @@
-#include "status.hpp"
+#include "machine/status.hpp"
 
 namespace impresora {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "store.hpp"
+#include "memory/store.hpp"
 
 namespace impresora {
 

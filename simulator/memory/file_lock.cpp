@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "store.hpp"
+#include "memory/store.hpp"
 
 namespace impresora {
 namespace {

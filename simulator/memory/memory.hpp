@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "settings.hpp"
-#include "store.hpp"
+#include "machine/settings.hpp"
+#include "memory/store.hpp"
 
 namespace impresora {
 

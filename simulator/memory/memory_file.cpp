@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "amounts.hpp"
+#include "fiscal/amounts.hpp"
 #include "memory/memory.hpp"
 #include "memory/schema.hpp"
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "machine/settings.hpp"
 #include "memory/database.hpp"
 #include "memory/file_lock.hpp"
-#include "settings.hpp"
 
 namespace impresora {
 

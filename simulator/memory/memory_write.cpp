@@ -1,4 +1,4 @@
-#include "calendar.hpp"
+#include "fiscal/calendar.hpp"
 #include "memory/memory_file.hpp"
 
 namespace impresora {

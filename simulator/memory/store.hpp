@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "machine.hpp"
+#include "machine/machine.hpp"
 
 namespace impresora {
 

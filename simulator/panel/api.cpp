@@ -1,4 +1,4 @@
-#include "api.hpp"
+#include "panel/api.hpp"
 
 #include <algorithm>
 #include <array>
@@ -7,13 +7,13 @@
 #include <string_view>
 #include <utility>
 
-#include "event_json.hpp"
-#include "paper/drawing.hpp"
-#include "paper/paper_folder.hpp"
-#include "paper/svg.hpp"
-#include "state_json.hpp"
-#include "web_files.hpp"
-#include "web_server.hpp"
+#include "panel/event_json.hpp"
+#include "panel/state_json.hpp"
+#include "panel/web_files.hpp"
+#include "panel/web_server.hpp"
+#include "pictures/drawing.hpp"
+#include "pictures/paper_folder.hpp"
+#include "pictures/svg.hpp"
 
 namespace impresora {
 namespace {

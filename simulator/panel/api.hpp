@@ -5,9 +5,9 @@
 #include <functional>
 #include <string>
 
-#include "feed.hpp"
-#include "history.hpp"
-#include "loop_calls.hpp"
+#include "panel/feed.hpp"
+#include "panel/history.hpp"
+#include "panel/loop_calls.hpp"
 
 namespace impresora {
 

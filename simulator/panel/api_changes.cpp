@@ -2,12 +2,12 @@
 #include <utility>
 #include <vector>
 
-#include "api.hpp"
-#include "controls.hpp"
-#include "expectation.hpp"
-#include "paper/paper_folder.hpp"
-#include "state_json.hpp"
-#include "web_server.hpp"
+#include "machine/controls.hpp"
+#include "panel/api.hpp"
+#include "panel/expectation.hpp"
+#include "panel/state_json.hpp"
+#include "panel/web_server.hpp"
+#include "pictures/paper_folder.hpp"
 
 namespace impresora {
 namespace {
@@ -54,9 +54,8 @@ struct Changes {
 void ReadChange(const std::string& key, const Json& value, Changes& changes) {
   if (const Control* const control = FindControl(key)) {
     const auto read = ValueOf(*control, value);
-    const bool fits = read && *read >= control->least && *read <= control->most;
-    if (!fits) changes.wrong = "valor no válido para " + Quoted(key) + ": " + OneLine(value);
-    if (fits) changes.controls.emplace_back(control, *read);
+    if (!read) changes.wrong = "valor no válido para " + Quoted(key) + ": " + OneLine(value);
+    if (read) changes.controls.emplace_back(control, *read);
   } else if (const Lamp* const lamp = FindLamp(key)) {
     const auto forced = ForcedOf(value);
     if (!forced) changes.wrong = Quoted(key) + " admite true, false o null";
@@ -97,12 +96,8 @@ Api::Reply Api::SetControlsNow(const std::string& body) {
     if (!changes.wrong.empty()) return {.status = 400, .body = ErrorJson(changes.wrong)};
   }
   Printer& printer = session_.GetPrinter();
-  for (const auto& [control, value] : changes.controls) {
-    if (!SetControl(printer, *control, value)) {
-      return {.status = 409, .body = ErrorJson("no se puede cambiar " + Quoted(control->key))};
-    }
-  }
-  for (const auto& [lamp, forced] : changes.lamps) ForceLamp(printer, *lamp, forced);
+  for (const auto& [control, value] : changes.controls) printer.Set(*control, value);
+  for (const auto& [lamp, forced] : changes.lamps) ForceLamp(printer.GetMachine(), *lamp, forced);
   Changed();
   return StateReply();
 }

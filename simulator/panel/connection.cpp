@@ -1,4 +1,4 @@
-#include "connection.hpp"
+#include "panel/connection.hpp"
 
 #include <poll.h>
 #include <sys/socket.h>

@@ -1,8 +1,8 @@
-#include "event_json.hpp"
+#include "panel/event_json.hpp"
 
 #include <array>
 
-#include "json_text.hpp"
+#include "panel/json_text.hpp"
 
 namespace impresora {
 namespace {

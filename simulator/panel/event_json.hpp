@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "journal.hpp"
-#include "paper.hpp"
+#include "fiscal/journal.hpp"
+#include "machine/roll.hpp"
 
 namespace impresora {
 

@@ -2,8 +2,8 @@
 #include <chrono>
 #include <memory>
 
-#include "api.hpp"
-#include "web_server.hpp"
+#include "panel/api.hpp"
+#include "panel/web_server.hpp"
 
 namespace impresora {
 namespace {

@@ -1,4 +1,4 @@
-#include "expectation.hpp"
+#include "panel/expectation.hpp"
 
 #include <charconv>
 #include <cmath>

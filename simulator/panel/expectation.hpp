@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "json_text.hpp"
+#include "panel/json_text.hpp"
 
 namespace impresora {
 

@@ -1,4 +1,4 @@
-#include "feed.hpp"
+#include "panel/feed.hpp"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "gate.hpp"
+#include "panel/gate.hpp"
 
 #include <algorithm>
 #include <array>

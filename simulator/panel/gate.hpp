@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "head.hpp"
+#include "panel/head.hpp"
 
 namespace impresora {
 

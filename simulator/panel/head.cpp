@@ -1,4 +1,4 @@
-#include "head.hpp"
+#include "panel/head.hpp"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
-#include "history.hpp"
+#include "panel/history.hpp"
 
 #include <algorithm>
 #include <utility>
 
-#include "event_json.hpp"
-#include "status.hpp"
+#include "machine/status.hpp"
+#include "panel/event_json.hpp"
 #include "trace/exchange_json.hpp"
 
 namespace impresora {

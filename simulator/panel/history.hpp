@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "feed.hpp"
-#include "journal.hpp"
-#include "paper.hpp"
-#include "session.hpp"
+#include "fiscal/journal.hpp"
+#include "line/session.hpp"
+#include "machine/roll.hpp"
+#include "panel/feed.hpp"
 
 namespace impresora {
 

@@ -1,7 +1,7 @@
-#include "json_text.hpp"
+#include "panel/json_text.hpp"
 
-#include "amounts.hpp"
-#include "calendar.hpp"
+#include "fiscal/amounts.hpp"
+#include "fiscal/calendar.hpp"
 
 namespace impresora {
 

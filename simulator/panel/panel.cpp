@@ -1,10 +1,10 @@
-#include "panel.hpp"
+#include "panel/panel.hpp"
 
 #include <charconv>
 #include <utility>
 
-#include "api.hpp"
-#include "web_server.hpp"
+#include "panel/api.hpp"
+#include "panel/web_server.hpp"
 
 namespace impresora {
 

@@ -1,11 +1,11 @@
-#include "state_json.hpp"
+#include "panel/state_json.hpp"
 
 #include <array>
 #include <string_view>
 
-#include "controls.hpp"
-#include "event_json.hpp"
-#include "status.hpp"
+#include "machine/controls.hpp"
+#include "machine/status.hpp"
+#include "panel/event_json.hpp"
 
 namespace impresora {
 namespace {
@@ -79,7 +79,7 @@ Json WordJson(const Printer& printer, Word word) {
                      {"bit", Hex4(lamp.bit)},
                      {"encendida", (bits & lamp.bit) != 0},
                      {"error", error},
-                     {"forzada", ForcedJson(ForcedLamp(printer, lamp))}});
+                     {"forzada", ForcedJson(ForcedLamp(printer.GetMachine(), lamp))}});
   }
   return {{"palabra", Hex4(bits)},
           {"significa", fiscal ? FiscalWords(bits) : PrinterWords(bits)},
@@ -160,7 +160,7 @@ Json ControlsJson(const Printer& printer) {
                     {"clase", KindWord(control.kind)},
                     {"minimo", control.least},
                     {"maximo", control.most},
-                    {"valor", ValueJson(control, control.get(printer))}});
+                    {"valor", ValueJson(control, control.get(printer.GetMachine()))}});
   }
   return rows;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "history.hpp"
-#include "json_text.hpp"
-#include "session.hpp"
+#include "line/session.hpp"
+#include "panel/history.hpp"
+#include "panel/json_text.hpp"
 
 namespace impresora {
 

@@ -1,4 +1,4 @@
-#include "web_server.hpp"
+#include "panel/web_server.hpp"
 
 #include <sys/socket.h>
 
@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "workers.hpp"
+#include "panel/workers.hpp"
 
 namespace impresora {
 namespace {

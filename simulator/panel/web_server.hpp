@@ -5,8 +5,8 @@
 #include <optional>
 #include <thread>
 
-#include "connection.hpp"
-#include "gate.hpp"
+#include "panel/connection.hpp"
+#include "panel/gate.hpp"
 
 namespace impresora {
 

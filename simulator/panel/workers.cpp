@@ -1,4 +1,4 @@
-#include "workers.hpp"
+#include "panel/workers.hpp"
 
 #include <utility>
 

@@ -1,9 +1,9 @@
-#include "layout.hpp"
+#include "paper/layout.hpp"
 
 #include <string>
 
-#include "calendar.hpp"
-#include "text.hpp"
+#include "fiscal/calendar.hpp"
+#include "text/text.hpp"
 
 namespace impresora {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "machine.hpp"
+#include "machine/machine.hpp"
 
 namespace impresora {
 

@@ -1,7 +1,7 @@
 #include <array>
 #include <string>
 
-#include "layout.hpp"
+#include "paper/layout.hpp"
 
 namespace impresora {
 namespace {

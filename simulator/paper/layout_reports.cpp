@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <string>
 
-#include "calendar.hpp"
-#include "layout.hpp"
+#include "fiscal/calendar.hpp"
+#include "paper/layout.hpp"
 
 namespace impresora {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "paper/drawing.hpp"
+#include "pictures/drawing.hpp"
 
 namespace impresora {
 

@@ -1,12 +1,12 @@
-#include "paper/drawing.hpp"
+#include "pictures/drawing.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-#include "layout.hpp"
-#include "text.hpp"
-#include "utf8.hpp"
+#include "paper/layout.hpp"
+#include "text/text.hpp"
+#include "text/utf8.hpp"
 
 namespace impresora {
 namespace {

@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "paper.hpp"
+#include "machine/roll.hpp"
 
 namespace impresora {
 

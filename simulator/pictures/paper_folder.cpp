@@ -1,4 +1,4 @@
-#include "paper/paper_folder.hpp"
+#include "pictures/paper_folder.hpp"
 
 #include <algorithm>
 #include <array>
@@ -7,10 +7,10 @@
 #include <system_error>
 #include <utility>
 
-#include "amounts.hpp"
-#include "paper/drawing.hpp"
-#include "paper/svg.hpp"
-#include "utf8.hpp"
+#include "fiscal/amounts.hpp"
+#include "pictures/drawing.hpp"
+#include "pictures/svg.hpp"
+#include "text/utf8.hpp"
 
 namespace impresora {
 namespace {

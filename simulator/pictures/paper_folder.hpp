@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "journal.hpp"
-#include "paper.hpp"
-#include "paper/png.hpp"
-#include "session.hpp"
+#include "fiscal/journal.hpp"
+#include "line/session.hpp"
+#include "machine/roll.hpp"
+#include "pictures/png.hpp"
 
 namespace impresora {
 

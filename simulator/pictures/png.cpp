@@ -1,4 +1,4 @@
-#include "paper/png.hpp"
+#include "pictures/png.hpp"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
@@ -11,8 +11,8 @@
 #include <numbers>
 #include <stdexcept>
 
-#include "paper/canvas.hpp"
-#include "utf8.hpp"
+#include "pictures/canvas.hpp"
+#include "text/utf8.hpp"
 
 namespace impresora {
 namespace {

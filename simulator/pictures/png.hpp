@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "paper/drawing.hpp"
+#include "pictures/drawing.hpp"
 
 namespace impresora {
 

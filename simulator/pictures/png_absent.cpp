@@ -1,4 +1,4 @@
-#include "paper/png.hpp"
+#include "pictures/png.hpp"
 
 namespace impresora {
 

@@ -1,9 +1,9 @@
-#include "paper/svg.hpp"
+#include "pictures/svg.hpp"
 
 #include <array>
 #include <charconv>
 
-#include "text.hpp"
+#include "text/text.hpp"
 
 namespace impresora {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "paper/drawing.hpp"
+#include "pictures/drawing.hpp"
 
 namespace impresora {
 

@@ -1,4 +1,4 @@
-#include "cannot_open.hpp"
+#include "program/cannot_open.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "driver.hpp"
+#include "program/driver.hpp"
 
 #include <chrono>
 #include <utility>

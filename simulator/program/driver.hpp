@@ -4,8 +4,8 @@
 #include <functional>
 #include <string_view>
 
-#include "endpoint.hpp"
-#include "seat.hpp"
+#include "program/endpoint.hpp"
+#include "program/seat.hpp"
 
 namespace impresora {
 

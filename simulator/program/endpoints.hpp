@@ -3,8 +3,8 @@
 #include <asio.hpp>
 #include <memory>
 
-#include "endpoint.hpp"
-#include "options.hpp"
+#include "program/endpoint.hpp"
+#include "program/options.hpp"
 
 namespace impresora {
 

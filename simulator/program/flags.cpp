@@ -1,10 +1,10 @@
-#include "flags.hpp"
+#include "program/flags.hpp"
 
 #include <array>
 #include <charconv>
 
-#include "controls.hpp"
-#include "ini_file.hpp"
+#include "machine/controls.hpp"
+#include "program/ini_file.hpp"
 
 namespace impresora {
 namespace {
@@ -94,7 +94,7 @@ bool SetOneControl(Options& options, std::string_view item) {
   const Control* const control = FindControl(item.substr(0, equals));
   if (control == nullptr || equals == std::string_view::npos) return false;
   const auto number = ReadControl(*control, item.substr(equals + 1));
-  if (!number || *number < control->least || *number > control->most) return false;
+  if (!number) return false;
   options.controls.emplace_back(control, *number);
   return true;
 }

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "options.hpp"
+#include "program/options.hpp"
 
 namespace impresora {
 

@@ -1,4 +1,4 @@
-#include "ini_file.hpp"
+#include "program/ini_file.hpp"
 
 #include <array>
 #include <charconv>

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "settings.hpp"
+#include "machine/settings.hpp"
 
 namespace impresora {
 

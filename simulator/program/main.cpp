@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "options.hpp"
-#include "station.hpp"
+#include "program/options.hpp"
+#include "program/station.hpp"
 #include "trace/compare.hpp"
 
 namespace {

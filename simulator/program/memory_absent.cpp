@@ -1,6 +1,6 @@
 #include <stdexcept>
 
-#include "parts.hpp"
+#include "program/parts.hpp"
 
 namespace impresora {
 

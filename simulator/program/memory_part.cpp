@@ -1,5 +1,5 @@
 #include "memory/memory.hpp"
-#include "parts.hpp"
+#include "program/parts.hpp"
 
 namespace impresora {
 

@@ -1,9 +1,9 @@
-#include "options.hpp"
+#include "program/options.hpp"
 
 #include <ostream>
 
-#include "flags.hpp"
-#include "ini_file.hpp"
+#include "program/flags.hpp"
+#include "program/ini_file.hpp"
 
 namespace impresora {
 namespace {

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "controls.hpp"
-#include "settings.hpp"
-#include "tcp_address.hpp"
+#include "machine/controls.hpp"
+#include "machine/settings.hpp"
+#include "program/tcp_address.hpp"
 
 namespace impresora {
 

@@ -1,8 +1,8 @@
-#include "output_file.hpp"
+#include "program/output_file.hpp"
 
 #include <cerrno>
 
-#include "cannot_open.hpp"
+#include "program/cannot_open.hpp"
 
 namespace impresora {
 namespace {

@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "panel/panel.hpp"
-#include "parts.hpp"
+#include "program/parts.hpp"
 
 namespace impresora {
 namespace {

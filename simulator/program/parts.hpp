@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "options.hpp"
-#include "session.hpp"
-#include "store.hpp"
+#include "line/session.hpp"
+#include "memory/store.hpp"
+#include "program/options.hpp"
 
 namespace impresora {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "session.hpp"
+#include "line/session.hpp"
 
 namespace impresora {
 

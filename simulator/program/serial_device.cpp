@@ -1,9 +1,9 @@
-#include "serial_device.hpp"
+#include "program/serial_device.hpp"
 
 #include <chrono>
 #include <utility>
 
-#include "cannot_open.hpp"
+#include "program/cannot_open.hpp"
 
 namespace impresora {
 namespace {

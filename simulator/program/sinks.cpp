@@ -1,13 +1,13 @@
-#include "sinks.hpp"
+#include "program/sinks.hpp"
 
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
 
-#include "exchange_text.hpp"
-#include "output_file.hpp"
-#include "paper/paper_folder.hpp"
+#include "pictures/paper_folder.hpp"
+#include "program/output_file.hpp"
 #include "trace/exchange_json.hpp"
+#include "trace/exchange_text.hpp"
 #include "trace/recording.hpp"
 
 namespace impresora {

@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "options.hpp"
-#include "session.hpp"
+#include "line/session.hpp"
+#include "program/options.hpp"
 
 namespace impresora {
 

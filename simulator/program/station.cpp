@@ -1,4 +1,4 @@
-#include "station.hpp"
+#include "program/station.hpp"
 
 #include <cstdio>
 #include <fstream>
@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "endpoints.hpp"
-#include "system.hpp"
+#include "program/endpoints.hpp"
+#include "program/system.hpp"
 
 namespace impresora {
 namespace {
@@ -61,7 +61,7 @@ void Station::SetUpPrinter(const Options& options) {
   Printer& printer = session_.GetPrinter();
   printer.SetTime(clock_.LocalSeconds());
   if (memory_) printer.UseMemory(*memory_);
-  for (const auto& [control, value] : options.controls) SetControl(printer, *control, value);
+  for (const auto& [control, value] : options.controls) printer.Set(*control, value);
   AddFaults(options.fault_file, session_.Faults());
   session_.Attach(documents_);
   for (const auto& sink : sinks_) session_.Attach(*sink);

@@ -4,11 +4,11 @@
 #include <memory>
 #include <optional>
 
-#include "driver.hpp"
-#include "options.hpp"
-#include "parts.hpp"
-#include "sinks.hpp"
-#include "system_clock.hpp"
+#include "program/driver.hpp"
+#include "program/options.hpp"
+#include "program/parts.hpp"
+#include "program/sinks.hpp"
+#include "program/system_clock.hpp"
 #include "trace/player.hpp"
 
 namespace impresora {

@@ -1,9 +1,9 @@
-#include "system_clock.hpp"
+#include "program/system_clock.hpp"
 
 #include <chrono>
 #include <ctime>
 
-#include "system.hpp"
+#include "program/system.hpp"
 
 namespace impresora {
 

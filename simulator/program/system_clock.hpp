@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "line.hpp"
+#include "line/line.hpp"
 
 namespace impresora {
 

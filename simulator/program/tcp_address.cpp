@@ -1,4 +1,4 @@
-#include "tcp_address.hpp"
+#include "program/tcp_address.hpp"
 
 #include <charconv>
 

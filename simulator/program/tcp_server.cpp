@@ -1,10 +1,10 @@
-#include "tcp_server.hpp"
+#include "program/tcp_server.hpp"
 
 #include <chrono>
 #include <utility>
 
-#include "cannot_open.hpp"
-#include "system.hpp"
+#include "program/cannot_open.hpp"
+#include "program/system.hpp"
 
 namespace impresora {
 namespace {

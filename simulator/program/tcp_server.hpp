@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "endpoint.hpp"
-#include "tcp_address.hpp"
+#include "program/endpoint.hpp"
+#include "program/tcp_address.hpp"
 
 namespace impresora {
 

@@ -4,9 +4,9 @@
 #include <array>
 #include <utility>
 
-#include "exchange_text.hpp"
-#include "text.hpp"
-#include "wire.hpp"
+#include "text/text.hpp"
+#include "trace/exchange_text.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 namespace {

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "packet.hpp"
-#include "printer.hpp"
+#include "commands/printer.hpp"
+#include "wire/packet.hpp"
 
 namespace impresora {
 

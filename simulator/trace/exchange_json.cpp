@@ -3,9 +3,9 @@
 #include <array>
 #include <string_view>
 
-#include "calendar.hpp"
-#include "exchange_text.hpp"
-#include "status.hpp"
+#include "fiscal/calendar.hpp"
+#include "machine/status.hpp"
+#include "trace/exchange_text.hpp"
 
 namespace impresora {
 namespace {

@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "line.hpp"
+#include "line/line.hpp"
 
 namespace impresora {
 

@@ -1,14 +1,14 @@
-#include "exchange_text.hpp"
+#include "trace/exchange_text.hpp"
 
 #include <algorithm>
 #include <span>
 
-#include "amounts.hpp"
-#include "answer_names.hpp"
-#include "calendar.hpp"
-#include "commands.hpp"
-#include "status.hpp"
-#include "text.hpp"
+#include "commands/answer_names.hpp"
+#include "commands/commands.hpp"
+#include "fiscal/amounts.hpp"
+#include "fiscal/calendar.hpp"
+#include "machine/status.hpp"
+#include "text/text.hpp"
 
 namespace impresora {
 namespace {

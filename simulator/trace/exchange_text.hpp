@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "line.hpp"
+#include "line/line.hpp"
 
 namespace impresora {
 

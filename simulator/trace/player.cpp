@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "exchange_text.hpp"
 #include "trace/difference.hpp"
-#include "wire.hpp"
+#include "trace/exchange_text.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 namespace {

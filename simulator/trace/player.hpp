@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "session.hpp"
+#include "line/session.hpp"
 #include "trace/recording.hpp"
 
 namespace impresora {

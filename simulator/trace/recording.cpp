@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "exchange_text.hpp"
+#include "trace/exchange_text.hpp"
 
 namespace impresora {
 namespace {

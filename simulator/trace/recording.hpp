@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "session.hpp"
+#include "line/session.hpp"
 
 namespace impresora {
 

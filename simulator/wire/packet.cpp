@@ -1,6 +1,6 @@
-#include "packet.hpp"
+#include "wire/packet.hpp"
 
-#include "wire.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora {
 namespace {

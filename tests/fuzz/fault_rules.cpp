@@ -7,8 +7,8 @@
 #include "fuzz/input.hpp"
 #include "fuzz/till.hpp"
 #include "simulator/host.hpp"
-#include "utf8.hpp"
-#include "wire.hpp"
+#include "text/utf8.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora::fuzzing {
 namespace {

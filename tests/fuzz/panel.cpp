@@ -7,11 +7,11 @@
 #include <string>
 
 #include "fuzz/input.hpp"
+#include "line/session.hpp"
 #include "panel/api.hpp"
 #include "panel/gate.hpp"
 #include "panel/head.hpp"
 #include "panel/json_text.hpp"
-#include "session.hpp"
 
 namespace impresora::fuzzing {
 namespace {

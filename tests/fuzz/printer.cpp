@@ -2,13 +2,13 @@
 // theirs and fields that are not, broken frames, noise, changes by hand, the power going.
 #include <string>
 
-#include "commands.hpp"
-#include "controls.hpp"
+#include "commands/commands.hpp"
 #include "fuzz/input.hpp"
 #include "fuzz/till.hpp"
+#include "machine/controls.hpp"
+#include "machine/status.hpp"
 #include "simulator/host.hpp"
-#include "status.hpp"
-#include "wire.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora::fuzzing {
 namespace {
@@ -132,7 +132,7 @@ class Play {
     const auto kind = input_.Byte();
     const auto value = kind < 240 ? std::int64_t{kind % 4} : std::int64_t{input_.Int32()};
     Printer& printer = till_.session.GetPrinter();
-    const bool set = SetControl(printer, control, value);
+    const bool set = printer.Set(control, value);
     Require(set == (value >= control.least && value <= control.most), "within its range");
     till_.session.Touched();
   }
@@ -142,8 +142,8 @@ class Play {
     const auto lamps = Lamps();
     const auto& lamp = lamps[input_.Below(lamps.size())];
     const auto forced = static_cast<Forced>(input_.Below(3));
-    ForceLamp(till_.session.GetPrinter(), lamp, forced);
-    Require(ForcedLamp(till_.session.GetPrinter(), lamp) == forced,
+    ForceLamp(till_.session.GetPrinter().GetMachine(), lamp, forced);
+    Require(ForcedLamp(till_.session.GetPrinter().GetMachine(), lamp) == forced,
             "a lamp shows what it was told");
     till_.session.Touched();
   }

@@ -1,9 +1,9 @@
 #include "fuzz/till.hpp"
 
 #include "fuzz/input.hpp"
-#include "text.hpp"
-#include "utf8.hpp"
-#include "wire.hpp"
+#include "text/text.hpp"
+#include "text/utf8.hpp"
+#include "wire/control_bytes.hpp"
 
 namespace impresora::fuzzing {
 namespace {

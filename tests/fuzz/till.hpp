@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "session.hpp"
+#include "line/session.hpp"
 
 namespace impresora::fuzzing {
 

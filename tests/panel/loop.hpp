@@ -12,9 +12,9 @@
 #include <thread>
 
 #include "../simulator/host.hpp"
+#include "line/session.hpp"
 #include "panel/json_text.hpp"
 #include "panel/panel.hpp"
-#include "session.hpp"
 
 namespace impresora::prueba {
 

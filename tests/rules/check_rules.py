@@ -116,12 +116,26 @@ def simulator_stands_alone():
     for path in sources("simulator"):
         for number, quoted, name in includes(path):
             folder = name.split("/")[0] if "/" in name else ""
-            own = quoted and any((base / name).is_file()
-                                 for base in (path.parent, root / "simulator" / "program",
-                                      root / "simulator", root)
-                                 if "src" not in (base / name).parts)
+            own = quoted and (root / "simulator" / name).is_file()
             if folder in driver or ".." in name or (quoted and not own):
                 breaches.append(at(path, number, f"includes {name}"))
+    return breaches
+
+
+# From the bottom: each room of the virtual printer knows itself and those before it.
+ROOMS = ["text", "wire", "fiscal", "machine", "memory", "paper", "commands", "faults", "line",
+         "trace", "pictures", "panel", "program"]
+
+
+def simulator_looks_down():
+    """The virtual printer's rooms include downwards only, and say which room."""
+    breaches = [f"simulator/{path.name}: lies in no room"
+                for path in sources("simulator") if path.parent == root / "simulator"]
+    for path in sources("simulator"):
+        own = path.relative_to(root).parts[1]
+        below = ROOMS[:ROOMS.index(own) + 1] if own in ROOMS else []
+        breaches += [at(path, number, f"includes {name}") for number, quoted, name in includes(path)
+                     if quoted and name.split("/")[0] not in below]
     return breaches
 
 
@@ -231,8 +245,8 @@ def functions_are_short():
 
 
 RULES = [no_papers, no_machine_paths, platform_conditionals, platform_twins, simulator_stands_alone,
-         fields_are_pure, packets_are_pure, standard_output_is_the_hosts, files_are_small,
-         exports_are_documented, functions_are_short]
+         simulator_looks_down, fields_are_pure, packets_are_pure, standard_output_is_the_hosts,
+         files_are_small, exports_are_documented, functions_are_short]
 
 
 def main():

@@ -1,8 +1,8 @@
-#include "amounts.hpp"
+#include "fiscal/amounts.hpp"
 
 #include <gtest/gtest.h>
 
-#include "text.hpp"
+#include "text/text.hpp"
 
 namespace impresora {
 namespace {

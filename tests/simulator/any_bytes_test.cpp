@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "commands.hpp"
+#include "commands/commands.hpp"
 #include "host.hpp"
 
 namespace impresora {

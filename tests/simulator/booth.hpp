@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host.hpp"
-#include "session.hpp"
+#include "line/session.hpp"
 
 namespace impresora::prueba {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "endpoint.hpp"
+#include "program/endpoint.hpp"
 
 namespace impresora::prueba {
 

@@ -1,11 +1,11 @@
-#include "controls.hpp"
+#include "machine/controls.hpp"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
 #include "host.hpp"
-#include "status.hpp"
+#include "machine/status.hpp"
 
 namespace impresora {
 namespace {
@@ -15,12 +15,12 @@ using prueba::Shop;
 void Set(Shop& shop, std::string_view key, std::int64_t value) {
   const Control* const control = FindControl(key);
   ASSERT_NE(control, nullptr) << key;
-  EXPECT_TRUE(SetControl(shop.printer, *control, value)) << key;
-  EXPECT_EQ(control->get(shop.printer), value) << key;
+  EXPECT_TRUE(shop.printer.Set(*control, value)) << key;
+  EXPECT_EQ(control->get(shop.printer.GetMachine()), value) << key;
 }
 
 std::int64_t Get(const Shop& shop, std::string_view key) {
-  return FindControl(key)->get(shop.printer);
+  return FindControl(key)->get(shop.printer.GetMachine());
 }
 
 TEST(Controls, EachKeyIsThereOnce) {
@@ -152,7 +152,7 @@ TEST(Controls, ValuesAsPeopleWriteThem) {
     EXPECT_EQ(ReadControl(*FindControl(c.key), c.text), c.value) << c.key << " = " << c.text;
   }
   Shop shop;
-  EXPECT_FALSE(SetControl(shop.printer, *FindControl("sin_papel"), 2));
+  EXPECT_FALSE(shop.printer.Set(*FindControl("sin_papel"), 2));
   EXPECT_EQ(Get(shop, "sin_papel"), 0);
 }
 
@@ -167,8 +167,8 @@ TEST(Controls, EveryLampCanBeForcedOnAndOff) {
     };
     const bool natural = lit();
     for (const Forced forced : {Forced::kOn, Forced::kOff, Forced::kNo}) {
-      ForceLamp(shop.printer, lamp, forced);
-      EXPECT_EQ(ForcedLamp(shop.printer, lamp), forced) << lamp.key;
+      ForceLamp(shop.printer.GetMachine(), lamp, forced);
+      EXPECT_EQ(ForcedLamp(shop.printer.GetMachine(), lamp), forced) << lamp.key;
       EXPECT_EQ(lit(), forced == Forced::kNo ? natural : forced == Forced::kOn) << lamp.key;
     }
   }
@@ -176,11 +176,11 @@ TEST(Controls, EveryLampCanBeForcedOnAndOff) {
 
 TEST(Controls, TheSummaryFollowsAForcedLamp) {
   Shop shop;
-  ForceLamp(shop.printer, *FindLamp("fiscal_bateria_baja"), Forced::kOn);
+  ForceLamp(shop.printer.GetMachine(), *FindLamp("fiscal_bateria_baja"), Forced::kOn);
   EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x8604);
-  ForceLamp(shop.printer, *FindLamp("fiscal_resumen"), Forced::kOff);
+  ForceLamp(shop.printer.GetMachine(), *FindLamp("fiscal_resumen"), Forced::kOff);
   EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0604);
-  ForceLamp(shop.printer, *FindLamp("impresora_fuera_de_linea"), Forced::kOn);
+  ForceLamp(shop.printer.GetMachine(), *FindLamp("impresora_fuera_de_linea"), Forced::kOn);
   EXPECT_EQ(shop.OpenTicket().printer, 0x8088);  // shown, but it prints
   EXPECT_NE(shop.PaperText(), "");
 }

@@ -1,4 +1,4 @@
-#include "exchange_text.hpp"
+#include "trace/exchange_text.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Rules that keep commands from the printer, change the printer itself, or take its power away.
 #include <gtest/gtest.h>
 
-#include "controls.hpp"
 #include "faults.hpp"
+#include "machine/controls.hpp"
 
 namespace impresora {
 namespace {
@@ -130,7 +130,7 @@ TEST(FaultsOfLines, APrintedLineSetsTheRuleOff) {
   Bench bench("renglón 5: sin_papel\nrenglón 8: callar");
   EXPECT_EQ(bench.All(40, {"R", "4"}), Plain(40, "R"));
   EXPECT_EQ(bench.All(41, {"R", "1"}), Frame(41, Body({"R", "C080", "0600"})));
-  SetControl(bench.session.GetPrinter(), *FindControl("sin_papel"), 0);
+  bench.session.GetPrinter().Set(*FindControl("sin_papel"), 0);
   EXPECT_EQ(bench.All(42, {"R", "9"}), "");
   EXPECT_EQ(bench.All(43, {"R", "9"}), Plain(43, "R"));
 }

@@ -1,9 +1,9 @@
-#include "fields.hpp"
+#include "commands/fields.hpp"
 
 #include <gtest/gtest.h>
 
 #include "host.hpp"
-#include "status.hpp"
+#include "machine/status.hpp"
 
 namespace impresora {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "cuit.hpp"
+#include "fiscal/cuit.hpp"
 #include "host.hpp"
 
 namespace impresora {

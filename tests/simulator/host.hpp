@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "calendar.hpp"
-#include "packet.hpp"
-#include "printer.hpp"
-#include "wire.hpp"
+#include "commands/printer.hpp"
+#include "fiscal/calendar.hpp"
+#include "wire/control_bytes.hpp"
+#include "wire/packet.hpp"
 
 namespace impresora::prueba {
 

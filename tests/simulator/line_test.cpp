@@ -1,4 +1,4 @@
-#include "line.hpp"
+#include "line/line.hpp"
 
 #include <gtest/gtest.h>
 

@@ -10,10 +10,10 @@
 #include <thread>
 
 #include "host.hpp"
+#include "machine/status.hpp"
 #include "memory/database.hpp"
 #include "memory/memory.hpp"
 #include "memory_folder.hpp"
-#include "status.hpp"
 
 namespace impresora {
 namespace {

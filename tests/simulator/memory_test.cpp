@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "commands.hpp"
+#include "commands/commands.hpp"
 #include "host.hpp"
 #include "memory/database.hpp"
 #include "memory_folder.hpp"

@@ -1,4 +1,4 @@
-#include "options.hpp"
+#include "program/options.hpp"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "ini_file.hpp"
+#include "program/ini_file.hpp"
 
 namespace impresora {
 namespace {

@@ -1,4 +1,4 @@
-#include "packet.hpp"
+#include "wire/packet.hpp"
 
 #include <gtest/gtest.h>
 

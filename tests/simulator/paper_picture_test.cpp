@@ -7,10 +7,10 @@
 #include <sstream>
 
 #include "host.hpp"
-#include "paper/drawing.hpp"
-#include "paper/paper_folder.hpp"
-#include "paper/svg.hpp"
-#include "utf8.hpp"
+#include "pictures/drawing.hpp"
+#include "pictures/paper_folder.hpp"
+#include "pictures/svg.hpp"
+#include "text/utf8.hpp"
 
 namespace impresora {
 namespace {

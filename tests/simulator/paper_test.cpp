@@ -1,4 +1,4 @@
-#include "paper.hpp"
+#include "machine/roll.hpp"
 
 #include <gtest/gtest.h>
 

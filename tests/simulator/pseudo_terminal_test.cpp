@@ -1,4 +1,4 @@
-#include "posix/pseudo_terminal.hpp"
+#include "program/posix/pseudo_terminal.hpp"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "cables.hpp"
-#include "posix/descriptor.hpp"
+#include "program/posix/descriptor.hpp"
 
 namespace impresora {
 namespace {

@@ -1,4 +1,4 @@
-#include "serial_device.hpp"
+#include "program/serial_device.hpp"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include <optional>
 
 #include "cables.hpp"
-#include "posix/descriptor.hpp"
+#include "program/posix/descriptor.hpp"
 
 namespace impresora {
 namespace {

@@ -1,4 +1,4 @@
-#include "session.hpp"
+#include "line/session.hpp"
 
 #include <gtest/gtest.h>
 

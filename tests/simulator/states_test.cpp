@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "host.hpp"
-#include "status.hpp"
+#include "machine/status.hpp"
 
 namespace impresora {
 namespace {

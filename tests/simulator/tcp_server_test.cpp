@@ -1,4 +1,4 @@
-#include "tcp_server.hpp"
+#include "program/tcp_server.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "booth.hpp"
-#include "exchange_text.hpp"
 #include "trace/exchange_json.hpp"
+#include "trace/exchange_text.hpp"
 
 namespace impresora {
 namespace {

@@ -1,9 +1,9 @@
 #include <stdexcept>
 
-#include "endpoints.hpp"
-#include "posix/pseudo_terminal.hpp"
-#include "serial_device.hpp"
-#include "tcp_server.hpp"
+#include "program/endpoints.hpp"
+#include "program/posix/pseudo_terminal.hpp"
+#include "program/serial_device.hpp"
+#include "program/tcp_server.hpp"
 
 namespace impresora {
 

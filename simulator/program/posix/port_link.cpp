@@ -1,4 +1,4 @@
-#include "posix/port_link.hpp"
+#include "program/posix/port_link.hpp"
 
 #include <unistd.h>
 
@@ -7,7 +7,7 @@
 #include <system_error>
 #include <utility>
 
-#include "cannot_open.hpp"
+#include "program/cannot_open.hpp"
 
 namespace impresora {
 namespace {

@@ -1,4 +1,4 @@
-#include "posix/pseudo_terminal.hpp"
+#include "program/posix/pseudo_terminal.hpp"
 
 #include <fcntl.h>
 #include <sys/inotify.h>

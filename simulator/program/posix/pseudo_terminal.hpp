@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "endpoint.hpp"
-#include "posix/descriptor.hpp"
-#include "posix/port_link.hpp"
+#include "program/endpoint.hpp"
+#include "program/posix/descriptor.hpp"
+#include "program/posix/port_link.hpp"
 
 namespace impresora {
 

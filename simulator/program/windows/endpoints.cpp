@@ -1,9 +1,9 @@
 #include <stdexcept>
 
-#include "endpoints.hpp"
-#include "serial_device.hpp"
-#include "tcp_server.hpp"
-#include "windows/named_pipe.hpp"
+#include "program/endpoints.hpp"
+#include "program/serial_device.hpp"
+#include "program/tcp_server.hpp"
+#include "program/windows/named_pipe.hpp"
 
 namespace impresora {
 

@@ -1,4 +1,4 @@
-#include "windows/named_pipe.hpp"
+#include "program/windows/named_pipe.hpp"
 
 #include <windows.h>
 

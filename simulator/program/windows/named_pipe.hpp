@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "endpoint.hpp"
-#include "write_queue.hpp"
+#include "program/endpoint.hpp"
+#include "program/write_queue.hpp"
 
 namespace impresora {
 

@@ -1,6 +1,6 @@
 #include <csignal>
 
-#include "system.hpp"
+#include "program/system.hpp"
 
 namespace impresora {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "settings.hpp"
+#include "machine/settings.hpp"
 
 namespace kestra::line_faults {
 

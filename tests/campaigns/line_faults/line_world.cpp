@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "calendar.hpp"
+#include "fiscal/calendar.hpp"
 #include "frame/failure.hpp"
 #include "unit/settings.hpp"
 

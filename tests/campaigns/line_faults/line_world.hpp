@@ -16,8 +16,8 @@
 #include "fakes/fake_profile.hpp"
 #include "fakes/journal.hpp"
 #include "fakes/trouble.hpp"
+#include "line/session.hpp"
 #include "platform/platform.hpp"
-#include "session.hpp"
 
 namespace kestra::line_faults {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "campaigns/line_faults/line_world.hpp"
-#include "commands.hpp"
+#include "commands/commands.hpp"
 #include "frame/instance.hpp"
 #include "golden/exports.hpp"
 #include "golden/words.hpp"
