@@ -1,0 +1,83 @@
+# Headers of others that most sources include, compiled once for a build and used by all of its programs: without
+# that they are two thirds of a test's cost. A source still includes what it uses (rules.own_includes sees to it),
+# and what is shipped is compiled without any of this.
+
+# kestra_precompiled(NAME LIBRARIES HEADERS...): an object library that has the headers ready.
+function(kestra_precompiled name libraries)
+  foreach(language c cpp)
+    set(unit ${CMAKE_CURRENT_BINARY_DIR}/${name}.${language})
+    if(NOT EXISTS ${unit})
+      file(WRITE ${unit} "typedef int nothing_else;\n")
+    endif()
+    list(APPEND units ${unit})
+  endforeach()
+  add_library(${name} OBJECT EXCLUDE_FROM_ALL ${units})
+  target_link_libraries(${name} PRIVATE kestra_flags ${libraries})
+  list(TRANSFORM ARGN REPLACE "(.+)" "$<$<COMPILE_LANGUAGE:CXX>:<\\1$<ANGLE-R>>")
+  # A program that has a source in C beside the others wants headers for that too; these cost nothing.
+  target_precompile_headers(${name} PRIVATE ${ARGN} $<$<COMPILE_LANGUAGE:C>:<stddef.h$<ANGLE-R>>)
+endfunction()
+
+# kestra_targets_below(FOLDER RESULT): all that is built there and further down.
+function(kestra_targets_below folder result)
+  get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
+  get_property(folders DIRECTORY ${folder} PROPERTY SUBDIRECTORIES)
+  foreach(below ${folders})
+    kestra_targets_below(${below} more)
+    list(APPEND targets ${more})
+  endforeach()
+  set(${result} ${targets} PARENT_SCOPE)
+endfunction()
+
+# kestra_headers_for(TARGET RESULT): which of the precompiled ones suit it; empty if none does.
+function(kestra_headers_for target result)
+  foreach(property TYPE SOURCES SOURCE_DIR LINK_LIBRARIES COMPILE_DEFINITIONS CXX_STANDARD
+      POSITION_INDEPENDENT_CODE)
+    get_target_property(${property} ${target} ${property})
+  endforeach()
+  list(FILTER SOURCES INCLUDE REGEX "\\.cpp$")
+  cmake_path(RELATIVE_PATH SOURCE_DIR BASE_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set(headers kestra_headers)
+  if(NOT TYPE MATCHES "EXECUTABLE|(STATIC|OBJECT|SHARED|MODULE)_LIBRARY" OR NOT SOURCES OR NOT CXX_STANDARD EQUAL 20)
+    set(headers "")
+  elseif(SOURCE_DIR MATCHES "^(src|simulator|tools)" AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+    set(headers "")
+  elseif(SOURCE_DIR MATCHES "^\\.\\.|^/")
+    set(headers "")
+  elseif("${LINK_LIBRARIES}" MATCHES "GTest::gtest")
+    set(headers kestra_test_headers)
+  elseif("${COMPILE_DEFINITIONS}" MATCHES "ASIO_STANDALONE")
+    set(headers kestra_line_headers)
+  elseif(POSITION_INDEPENDENT_CODE)
+    set(headers kestra_library_headers)
+  endif()
+  set(${result} "${headers}" PARENT_SCOPE)
+endfunction()
+
+# kestra_precompile(): for all targets of the project. Called when they are all there.
+function(kestra_precompile)
+  set(standard algorithm array charconv chrono cstddef cstdint cstdio cstdlib cstring filesystem fstream
+    functional limits map memory optional span sstream stdexcept string string_view utility vector)
+  kestra_targets_below(${PROJECT_SOURCE_DIR} targets)
+  kestra_precompiled(kestra_headers "" ${standard})
+  kestra_precompiled(kestra_library_headers "" ${standard})
+  set_target_properties(kestra_library_headers PROPERTIES POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  if(KESTRA_BUILD_TESTS)
+    if(NOT TARGET GTest::gtest)
+      find_package(GTest REQUIRED)
+    endif()
+    kestra_precompiled(kestra_test_headers GTest::gtest ${standard} gtest/gtest.h)
+  endif()
+  kestra_precompiled(kestra_line_headers "" ${standard} asio.hpp)
+  target_compile_definitions(kestra_line_headers PRIVATE ASIO_STANDALONE ASIO_NO_DEPRECATED)
+  foreach(target ${targets})
+    kestra_headers_for(${target} headers)
+    if(headers)
+      target_precompile_headers(${target} REUSE_FROM ${headers})
+    endif()
+  endforeach()
+endfunction()
+
+# Where they cannot be used, as on a machine that places programs at random, the build goes on without them.
+target_compile_options(kestra_flags INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-error=invalid-pch>)
