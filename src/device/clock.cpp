@@ -1,8 +1,8 @@
 #include "device/clock.hpp"
 
-#include "frame/command_log.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 

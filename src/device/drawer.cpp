@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "frame/operation.hpp"
+#include "operation/operation.hpp"
 
 namespace kestra {
 

@@ -3,10 +3,10 @@
 #include <string>
 
 #include "fields/text_field.hpp"
-#include "frame/command_log.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
 #include "protocol/answer_check.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

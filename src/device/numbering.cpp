@@ -5,10 +5,10 @@
 #include <string>
 
 #include "fields/integer_text.hpp"
-#include "frame/command_log.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
 #include "protocol/answer_check.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

@@ -1,6 +1,6 @@
 #include "device/paper.hpp"
 
-#include "frame/operation.hpp"
+#include "operation/operation.hpp"
 
 namespace kestra {
 

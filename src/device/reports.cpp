@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
 #include "protocol/answer_check.hpp"
 
 namespace kestra {

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/floating_point.hpp"
-#include "platform/host_memory.hpp"
-#include "platform/shown_text.hpp"
+#include "platform/seam/floating_point.hpp"
+#include "platform/seam/host_memory.hpp"
+#include "platform/shared/shown_text.hpp"
 
 namespace kestra {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kestra/kestra.h"
-#include "platform/operator.hpp"
+#include "platform/seam/operator.hpp"
 
 namespace kestra {
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "frame/state.hpp"
-#include "platform/operator.hpp"
+#include "platform/seam/operator.hpp"
+#include "state/state.hpp"
 
 namespace kestra {
 

@@ -2,9 +2,9 @@
 #include "documents/document_kinds.hpp"
 #include "documents/fiscal_document.hpp"
 #include "fields/text_field.hpp"
-#include "frame/command_log.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

@@ -1,9 +1,9 @@
 #include "documents/discount.hpp"
 
 #include "documents/document_kinds.hpp"
-#include "frame/command_log.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

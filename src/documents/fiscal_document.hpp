@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "documents/opening.hpp"
-#include "frame/library.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 

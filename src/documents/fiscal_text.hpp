@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "frame/library.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 

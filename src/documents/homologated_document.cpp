@@ -5,9 +5,9 @@
 #include "documents/closing.hpp"
 #include "documents/document_kinds.hpp"
 #include "fields/text_field.hpp"
-#include "frame/command_log.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

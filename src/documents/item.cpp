@@ -8,9 +8,9 @@
 #include "documents/fiscal_text.hpp"
 #include "documents/transport_sheet.hpp"
 #include "fields/text_field.hpp"
-#include "frame/command_log.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

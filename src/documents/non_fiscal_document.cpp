@@ -1,7 +1,7 @@
 #include "documents/non_fiscal_document.hpp"
 
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
 
 namespace kestra {
 

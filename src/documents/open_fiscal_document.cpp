@@ -1,7 +1,7 @@
 #include "documents/document_kinds.hpp"
 #include "documents/fiscal_document.hpp"
-#include "frame/command_log.hpp"
-#include "frame/operation.hpp"
+#include "operation/operation.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "documents/document_kinds.hpp"
 #include "fields/text_field.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
 
 namespace kestra {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "frame/library.hpp"
 #include "protocol/command.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "frame/library.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 

@@ -7,9 +7,9 @@
 #include "fields/integer_text.hpp"
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
-#include "frame/command_log.hpp"
-#include "frame/operation.hpp"
+#include "operation/operation.hpp"
 #include "protocol/answer_check.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

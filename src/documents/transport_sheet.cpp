@@ -1,8 +1,8 @@
 #include "documents/transport_sheet.hpp"
 
-#include "frame/command_log.hpp"
-#include "frame/operation.hpp"
+#include "operation/operation.hpp"
 #include "protocol/answer_check.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/library.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 

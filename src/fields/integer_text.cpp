@@ -4,9 +4,9 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/failure.hpp"
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
-#include "frame/failure.hpp"
 
 namespace kestra {
 namespace {

@@ -8,7 +8,7 @@
 #include <limits>
 #include <string_view>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 namespace kestra {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 namespace kestra {
 namespace {

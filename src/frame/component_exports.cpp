@@ -2,7 +2,7 @@
 
 #include "frame/export_guard.hpp"
 #include "kestra/kestra.h"
-#include "platform/components.hpp"
+#include "platform/seam/components.hpp"
 
 int32_t KESTRA_CALL DllRegisterServer() {
   return kestra::RegisterComponents();

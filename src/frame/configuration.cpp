@@ -6,12 +6,12 @@
 #include <string_view>
 #include <variant>
 
-#include "fields/ansi.hpp"
+#include "base/ansi.hpp"
+#include "base/failure.hpp"
 #include "fields/integer_text.hpp"
 #include "fields/text_field.hpp"
-#include "frame/failure.hpp"
 #include "frame/fiscal_ini.hpp"
-#include "frame/library.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 namespace {

@@ -4,13 +4,13 @@
 #include <exception>
 #include <string_view>
 
-#include "frame/command_log.hpp"
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 #include "frame/instance.hpp"
-#include "frame/library.hpp"
 #include "frame/startup.hpp"
 #include "frame/turn.hpp"
-#include "platform/floating_point.hpp"
+#include "platform/seam/floating_point.hpp"
+#include "state/library.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 

@@ -19,10 +19,10 @@
 #include "documents/perception.hpp"
 #include "documents/rounding.hpp"
 #include "frame/export_guard.hpp"
-#include "frame/host_buffer.hpp"
-#include "frame/operation.hpp"
 #include "frame/startup.hpp"
 #include "kestra/kestra.h"
+#include "operation/host_buffer.hpp"
+#include "operation/operation.hpp"
 
 using kestra::Export;
 using kestra::kFailure;

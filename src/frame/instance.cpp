@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "dialogs/host_operator.hpp"
-#include "frame/library.hpp"
 #include "frame/turn.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 namespace {

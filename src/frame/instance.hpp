@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "kestra/kestra.h"
-#include "platform/platform.hpp"
+#include "platform/seam/platform.hpp"
 
 namespace kestra {
 

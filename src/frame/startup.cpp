@@ -3,10 +3,10 @@
 #include <limits>
 
 #include "fields/integer_text.hpp"
-#include "frame/command_log.hpp"
 #include "frame/configuration.hpp"
 #include "frame/fiscal_ini.hpp"
-#include "frame/library.hpp"
+#include "state/library.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "dialogs/status_report.hpp"
-#include "frame/command_log.hpp"
-#include "frame/library.hpp"
 #include "protocol/answer.hpp"
 #include "protocol/command.hpp"
 #include "protocol/exchange.hpp"
+#include "state/library.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

@@ -6,12 +6,12 @@
 #include <string>
 #include <string_view>
 
-#include "fields/ansi.hpp"
-#include "frame/command_log.hpp"
-#include "frame/library.hpp"
+#include "base/ansi.hpp"
 #include "protocol/answer_check.hpp"
 #include "protocol/control_bytes.hpp"
 #include "protocol/packet.hpp"
+#include "state/library.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 namespace kestra {
 namespace {

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "fields/boolean.hpp"
-#include "protocol/conditions.hpp"
+#include "base/boolean.hpp"
+#include "dialogs/conditions.hpp"
 
 namespace kestra {
 

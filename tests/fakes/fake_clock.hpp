@@ -6,7 +6,7 @@
 
 #include "fakes/journal.hpp"
 #include "fakes/trouble.hpp"
-#include "platform/clock.hpp"
+#include "platform/seam/clock.hpp"
 
 namespace kestra {
 

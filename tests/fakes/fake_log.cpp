@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 namespace kestra {
 

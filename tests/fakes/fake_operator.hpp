@@ -7,7 +7,7 @@
 
 #include "fakes/journal.hpp"
 #include "fakes/trouble.hpp"
-#include "platform/operator.hpp"
+#include "platform/seam/operator.hpp"
 
 namespace kestra {
 

@@ -1,7 +1,7 @@
 #include "fakes/fake_platform.hpp"
 
-#include "frame/failure.hpp"
-#include "platform/line_speed.hpp"
+#include "base/failure.hpp"
+#include "platform/shared/line_speed.hpp"
 
 namespace kestra {
 

@@ -9,7 +9,7 @@
 #include "fakes/fake_profile.hpp"
 #include "fakes/journal.hpp"
 #include "fakes/trouble.hpp"
-#include "platform/platform.hpp"
+#include "platform/seam/platform.hpp"
 
 namespace kestra {
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 namespace kestra {
 namespace {

@@ -11,7 +11,7 @@
 #include "fakes/fake_clock.hpp"
 #include "fakes/journal.hpp"
 #include "fakes/trouble.hpp"
-#include "platform/serial_port.hpp"
+#include "platform/seam/serial_port.hpp"
 
 namespace kestra {
 

@@ -5,9 +5,9 @@
 #include <stdexcept>
 
 #include "fakes/components.hpp"
-#include "platform/components.hpp"
-#include "platform/host_memory.hpp"
-#include "platform/platform.hpp"
+#include "platform/seam/components.hpp"
+#include "platform/seam/host_memory.hpp"
+#include "platform/seam/platform.hpp"
 
 namespace kestra {
 

@@ -3,7 +3,7 @@
 #include <new>
 #include <stdexcept>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 namespace kestra {
 

@@ -9,10 +9,10 @@
 #include "fakes/fake_platform.hpp"
 #include "frame/configuration.hpp"
 #include "frame/fiscal_ini.hpp"
-#include "frame/library.hpp"
 #include "fuzz/input.hpp"
 #include "golden/state_fields.hpp"
-#include "platform/profile_text.hpp"
+#include "platform/shared/profile_text.hpp"
+#include "state/library.hpp"
 #include "unit/settings.hpp"
 
 namespace kestra {

@@ -6,12 +6,12 @@
 #include <optional>
 #include <string>
 
+#include "base/failure.hpp"
 #include "fields/integer_text.hpp"
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
-#include "frame/failure.hpp"
-#include "frame/host_buffer.hpp"
 #include "fuzz/input.hpp"
+#include "operation/host_buffer.hpp"
 
 namespace kestra {
 namespace {

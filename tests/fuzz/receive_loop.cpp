@@ -3,12 +3,12 @@
 #include <string>
 
 #include "fakes/fake_platform.hpp"
-#include "frame/library.hpp"
 #include "fuzz/input.hpp"
 #include "fuzz/printer_script.hpp"
 #include "protocol/control_bytes.hpp"
 #include "protocol/exchange.hpp"
 #include "protocol/status.hpp"
+#include "state/library.hpp"
 
 namespace kestra::fuzzing {
 namespace {

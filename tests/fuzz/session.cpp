@@ -4,13 +4,13 @@
 
 #include "fakes/fake_platform.hpp"
 #include "frame/instance.hpp"
-#include "frame/library.hpp"
 #include "fuzz/calls.hpp"
 #include "fuzz/host_dialogs.hpp"
 #include "fuzz/input.hpp"
 #include "fuzz/printer_script.hpp"
 #include "golden/base_configuration.hpp"
 #include "kestra/kestra.h"
+#include "state/library.hpp"
 
 namespace kestra::fuzzing {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "base/failure.hpp"
 #include "dialogs/status_report.hpp"
-#include "frame/failure.hpp"
 #include "fuzz/input.hpp"
 
 namespace kestra {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/platform.hpp"
+#include "platform/seam/platform.hpp"
 
 namespace kestra {
 class FakePlatform;

@@ -8,7 +8,6 @@
 
 #include "fakes/fake_platform.hpp"
 #include "frame/instance.hpp"
-#include "frame/library.hpp"
 #include "golden/base_configuration.hpp"
 #include "golden/exports.hpp"
 #include "golden/onlooker.hpp"
@@ -17,6 +16,7 @@
 #include "golden/transcript.hpp"
 #include "golden/visible.hpp"
 #include "golden/words.hpp"
+#include "state/library.hpp"
 
 namespace kestra::golden {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/state.hpp"
+#include "state/state.hpp"
 
 namespace kestra::golden {
 

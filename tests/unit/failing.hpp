@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 namespace kestra::unit {
 

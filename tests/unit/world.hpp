@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "fakes/fake_platform.hpp"
-#include "frame/library.hpp"
+#include "state/library.hpp"
 
 namespace kestra::unit {
 

@@ -3,8 +3,8 @@
 #include <chrono>
 #include <string>
 
-#include "platform/clock.hpp"
 #include "platform/posix/locale_text.hpp"
+#include "platform/seam/clock.hpp"
 
 namespace kestra {
 

@@ -1,6 +1,6 @@
-#include "platform/components.hpp"
+#include "platform/seam/components.hpp"
 
-#include "platform/host_memory.hpp"
+#include "platform/seam/host_memory.hpp"
 
 namespace kestra {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "dialogs/memory_full.hpp"
+#include "base/ansi.hpp"
 #include "dialogs/status_report.hpp"
-#include "fields/ansi.hpp"
-#include "platform/ascii_case.hpp"
+#include "platform/seam/dialog_words.hpp"
+#include "platform/shared/ascii_case.hpp"
 
 namespace kestra {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/operator.hpp"
+#include "platform/seam/operator.hpp"
 
 namespace kestra {
 

@@ -1,4 +1,4 @@
-#include "platform/floating_point.hpp"
+#include "platform/seam/floating_point.hpp"
 
 namespace kestra {
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-#include "platform/line_speed.hpp"
+#include "platform/shared/line_speed.hpp"
 
 namespace kestra {
 namespace {

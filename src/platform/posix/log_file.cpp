@@ -6,7 +6,7 @@
 #include <cerrno>
 #include <cstdint>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 #include "platform/posix/held_signals.hpp"
 #include "platform/posix/native_file.hpp"
 

@@ -9,9 +9,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/ascii_case.hpp"
 #include "platform/posix/native_file.hpp"
-#include "platform/profile_text.hpp"
+#include "platform/shared/ascii_case.hpp"
+#include "platform/shared/profile_text.hpp"
 
 namespace kestra {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/profile_file.hpp"
+#include "platform/seam/profile_file.hpp"
 
 namespace kestra {
 

@@ -12,10 +12,10 @@
 #include <chrono>
 #include <utility>
 
-#include "platform/error_rows.hpp"
-#include "platform/port_choice.hpp"
 #include "platform/posix/line_settings.hpp"
 #include "platform/posix/native_file.hpp"
+#include "platform/shared/error_rows.hpp"
+#include "platform/shared/port_choice.hpp"
 
 namespace kestra {
 namespace {

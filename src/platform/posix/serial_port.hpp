@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/port_fault.hpp"
-#include "platform/port_patience.hpp"
 #include "platform/posix/file_descriptor.hpp"
-#include "platform/serial_port.hpp"
+#include "platform/seam/port_fault.hpp"
+#include "platform/seam/serial_port.hpp"
+#include "platform/shared/port_patience.hpp"
 
 namespace kestra {
 

@@ -1,4 +1,4 @@
-#include "platform/socket.hpp"
+#include "platform/seam/socket.hpp"
 
 #include <netdb.h>
 #include <netinet/in.h>
@@ -13,8 +13,8 @@
 #include <cstring>
 #include <memory>
 
-#include "platform/error_rows.hpp"
 #include "platform/posix/file_descriptor.hpp"
+#include "platform/shared/error_rows.hpp"
 
 namespace kestra {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/operator.hpp"
 #include "platform/posix/file_descriptor.hpp"
+#include "platform/seam/operator.hpp"
 
 namespace kestra {
 

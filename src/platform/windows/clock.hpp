@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/clock.hpp"
+#include "platform/seam/clock.hpp"
 
 namespace kestra {
 

@@ -1,4 +1,4 @@
-#include "platform/host_memory.hpp"
+#include "platform/seam/host_memory.hpp"
 
 #include <windows.h>
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 #include "platform/windows/handle.hpp"
 
 namespace kestra {

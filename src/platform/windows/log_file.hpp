@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/log_file.hpp"
+#include "platform/seam/log_file.hpp"
 
 namespace kestra {
 

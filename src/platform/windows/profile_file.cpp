@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/profile_text.hpp"
+#include "platform/shared/profile_text.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/text.hpp"
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <utility>
 
-#include "platform/error_rows.hpp"
-#include "platform/port_choice.hpp"
+#include "platform/shared/error_rows.hpp"
+#include "platform/shared/port_choice.hpp"
 #include "platform/windows/line_settings.hpp"
 
 namespace kestra {

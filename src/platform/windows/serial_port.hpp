@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/port_fault.hpp"
-#include "platform/port_patience.hpp"
-#include "platform/serial_port.hpp"
+#include "platform/seam/port_fault.hpp"
+#include "platform/seam/serial_port.hpp"
+#include "platform/shared/port_patience.hpp"
 #include "platform/windows/handle.hpp"
 
 namespace kestra {

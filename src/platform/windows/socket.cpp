@@ -1,4 +1,4 @@
-#include "platform/socket.hpp"
+#include "platform/seam/socket.hpp"
 
 #include <winsock2.h>
 #include <ws2tcpip.h>
@@ -7,7 +7,7 @@
 #include <cstring>
 #include <memory>
 
-#include "platform/error_rows.hpp"
+#include "platform/shared/error_rows.hpp"
 
 namespace kestra {
 namespace {

@@ -1,5 +1,5 @@
-#include "platform/platform.hpp"
-#include "platform/port_choice.hpp"
+#include "platform/seam/platform.hpp"
+#include "platform/shared/port_choice.hpp"
 #include "platform/windows/clock.hpp"
 #include "platform/windows/components/start_up.hpp"
 #include "platform/windows/dialogs/window_operator.hpp"

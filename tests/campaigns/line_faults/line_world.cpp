@@ -4,8 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "base/failure.hpp"
 #include "fiscal/calendar.hpp"
-#include "frame/failure.hpp"
 #include "unit/settings.hpp"
 
 namespace kestra::line_faults {

@@ -17,7 +17,7 @@
 #include "fakes/journal.hpp"
 #include "fakes/trouble.hpp"
 #include "line/session.hpp"
-#include "platform/platform.hpp"
+#include "platform/seam/platform.hpp"
 
 namespace kestra::line_faults {
 

@@ -9,12 +9,12 @@
 #include "campaigns/torture/judge.hpp"
 #include "campaigns/torture/troubled_platform.hpp"
 #include "frame/instance.hpp"
-#include "frame/library.hpp"
 #include "golden/base_configuration.hpp"
 #include "golden/frame_check.hpp"
 #include "golden/onlooker.hpp"
 #include "golden/replies.hpp"
 #include "golden/session.hpp"
+#include "state/library.hpp"
 
 namespace kestra::torture {
 namespace {

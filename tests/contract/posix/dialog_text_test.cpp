@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "fields/ansi.hpp"
+#include "base/ansi.hpp"
 
 namespace kestra {
 namespace {

@@ -1,6 +1,6 @@
 // The host's memory at the edge of what there is.
 
-#include "platform/host_memory.hpp"
+#include "platform/seam/host_memory.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -14,7 +14,7 @@
 
 #include "dialogs/host_operator.hpp"
 #include "fakes/fake_platform.hpp"
-#include "frame/host_buffer.hpp"
+#include "operation/host_buffer.hpp"
 
 namespace kestra {
 namespace {

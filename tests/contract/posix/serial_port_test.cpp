@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <future>
 
+#include "base/ansi.hpp"
 #include "contract/posix/pty_line.hpp"
 #include "contract/posix/scratch.hpp"
 #include "contract/posix/ticking.hpp"
 #include "contract/shared/failure_number.hpp"
 #include "contract/shared/processor_time.hpp"
-#include "fields/ansi.hpp"
 #include "platform/posix/serial_port.hpp"
 
 namespace kestra {

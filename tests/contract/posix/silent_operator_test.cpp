@@ -5,9 +5,9 @@
 
 #include <array>
 
+#include "base/ansi.hpp"
 #include "contract/posix/pty_line.hpp"
 #include "contract/posix/scratch.hpp"
-#include "fields/ansi.hpp"
 #include "platform/posix/terminal_operator.hpp"
 
 namespace kestra {

@@ -16,7 +16,7 @@
 #include "contract/posix/pty_line.hpp"
 #include "platform/posix/file_descriptor.hpp"
 #include "platform/posix/native_file.hpp"
-#include "platform/socket.hpp"
+#include "platform/seam/socket.hpp"
 
 namespace kestra {
 namespace {

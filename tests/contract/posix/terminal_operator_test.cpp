@@ -11,9 +11,9 @@
 #include <atomic>
 #include <future>
 
+#include "base/ansi.hpp"
 #include "contract/posix/pty_line.hpp"
 #include "contract/posix/scratch.hpp"
-#include "fields/ansi.hpp"
 #include "platform/posix/native_file.hpp"
 
 namespace kestra {

@@ -1,8 +1,8 @@
-#include "platform/text_encoding.hpp"
+#include "platform/shared/text_encoding.hpp"
 
 #include <gtest/gtest.h>
 
-#include "fields/ansi.hpp"
+#include "base/ansi.hpp"
 #include "platform/posix/locale_text.hpp"
 
 namespace kestra {

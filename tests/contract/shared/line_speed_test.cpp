@@ -1,4 +1,4 @@
-#include "platform/line_speed.hpp"
+#include "platform/shared/line_speed.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "base/ansi.hpp"
 #include "contract/shared/failure_number.hpp"
-#include "fields/ansi.hpp"
-#include "platform/port_choice.hpp"
+#include "platform/shared/port_choice.hpp"
 
 namespace kestra {
 namespace {

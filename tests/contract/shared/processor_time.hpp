@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "platform/serial_port.hpp"
+#include "platform/seam/serial_port.hpp"
 
 namespace kestra {
 

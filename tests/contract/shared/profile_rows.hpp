@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/profile_file.hpp"
+#include "platform/seam/profile_file.hpp"
 
 namespace kestra {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/serial_port.hpp"
+#include "platform/seam/serial_port.hpp"
 
 namespace kestra {
 

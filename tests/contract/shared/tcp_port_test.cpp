@@ -1,13 +1,13 @@
-#include "platform/tcp_port.hpp"
+#include "platform/shared/tcp_port.hpp"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 
+#include "base/ansi.hpp"
 #include "contract/shared/failure_number.hpp"
 #include "contract/shared/processor_time.hpp"
 #include "contract/shared/tcp_line.hpp"
-#include "fields/ansi.hpp"
 
 namespace kestra {
 

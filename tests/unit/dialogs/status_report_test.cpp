@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "dialogs/memory_full.hpp"
+#include "platform/seam/dialog_words.hpp"
 #include "protocol/status.hpp"
 
 namespace kestra {

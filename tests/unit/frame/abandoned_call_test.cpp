@@ -10,9 +10,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/failure.hpp"
 #include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
-#include "frame/failure.hpp"
 #include "frame/instance.hpp"
 #include "kestra/kestra.h"
 #include "unit/lost_memory.hpp"

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "fakes/fake_platform.hpp"
-#include "frame/library.hpp"
+#include "state/library.hpp"
 #include "unit/rows.hpp"
 #include "unit/settings.hpp"
 #include "unit/world.hpp"

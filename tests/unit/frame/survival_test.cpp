@@ -10,8 +10,8 @@
 
 #include "fakes/fake_platform.hpp"
 #include "frame/instance.hpp"
-#include "frame/library.hpp"
 #include "kestra/kestra.h"
+#include "state/library.hpp"
 #include "unit/frame/passed.hpp"
 #include "unit/rows.hpp"
 #include "unit/settings.hpp"

@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
+#include "base/failure.hpp"
 #include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
-#include "frame/failure.hpp"
 #include "kestra/kestra.h"
 #include "unit/rows.hpp"
 #include "unit/world.hpp"

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "fakes/fake_platform.hpp"
-#include "frame/library.hpp"
 #include "protocol/answer.hpp"
+#include "state/library.hpp"
 #include "unit/failing.hpp"
 #include "unit/rows.hpp"
 #include "unit/world.hpp"

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/fake_platform.hpp"
-#include "frame/library.hpp"
+#include "state/library.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "base/ansi.hpp"
 #include "com_line.hpp"
 #include "contract/shared/failure_number.hpp"
 #include "contract/shared/processor_time.hpp"
-#include "fields/ansi.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/serial_port.hpp"
 #include "scratch.hpp"

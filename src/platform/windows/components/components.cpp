@@ -1,8 +1,8 @@
-#include "platform/components.hpp"
+#include "platform/seam/components.hpp"
 
 #include <windows.h>
 
-#include "platform/host_memory.hpp"
+#include "platform/seam/host_memory.hpp"
 #include "platform/windows/components/class_factory.hpp"
 #include "platform/windows/components/com_guard.hpp"
 #include "platform/windows/components/module.hpp"

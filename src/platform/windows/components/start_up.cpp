@@ -4,7 +4,7 @@
 
 #include <kestra_h.h>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 #include "platform/windows/components/com_ptr.hpp"
 #include "platform/windows/components/module.hpp"
 #include "platform/windows/components/registration_lock.hpp"

@@ -1,7 +1,7 @@
 #include "platform/windows/dialogs/memory_full_dialog.hpp"
 
-#include "dialogs/memory_full.hpp"
 #include "dialogs/status_report.hpp"
+#include "platform/seam/dialog_words.hpp"
 #include "platform/windows/dialogs/resource_ids.h"
 
 namespace kestra {

@@ -1,6 +1,6 @@
 #include "platform/windows/dialogs/modal_dialog.hpp"
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 #include "platform/windows/dialogs/host_program.hpp"
 #include "platform/windows/text.hpp"
 

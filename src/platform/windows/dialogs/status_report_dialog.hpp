@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/operator.hpp"
+#include "platform/seam/operator.hpp"
 #include "platform/windows/dialogs/hints.hpp"
 #include "platform/windows/dialogs/modal_dialog.hpp"
 

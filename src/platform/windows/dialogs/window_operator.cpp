@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/shown_text.hpp"
+#include "platform/shared/shown_text.hpp"
 #include "platform/windows/dialogs/desktop.hpp"
 #include "platform/windows/dialogs/host_program.hpp"
 #include "platform/windows/dialogs/memory_full_dialog.hpp"

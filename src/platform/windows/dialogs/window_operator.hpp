@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/operator.hpp"
+#include "platform/seam/operator.hpp"
 
 namespace kestra {
 

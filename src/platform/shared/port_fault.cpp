@@ -1,9 +1,9 @@
-#include "platform/port_fault.hpp"
+#include "platform/seam/port_fault.hpp"
 
 #include <array>
 #include <cstddef>
 
-#include "fields/ansi.hpp"
+#include "base/ansi.hpp"
 
 namespace kestra {
 namespace {

@@ -1,6 +1,6 @@
 // Texts cross the border between the host's buffers and the library.
 
-#include "frame/host_buffer.hpp"
+#include "operation/host_buffer.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "frame/command_log.hpp"
+#include "state/log.hpp"
 
 #include <exception>
 #include <string>
 
-#include "fields/ansi.hpp"
-#include "frame/library.hpp"
+#include "base/ansi.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 

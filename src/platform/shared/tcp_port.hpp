@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/port_patience.hpp"
-#include "platform/serial_port.hpp"
-#include "platform/socket.hpp"
-#include "platform/tcp_address.hpp"
+#include "platform/seam/serial_port.hpp"
+#include "platform/seam/socket.hpp"
+#include "platform/shared/port_patience.hpp"
+#include "platform/shared/tcp_address.hpp"
 
 namespace kestra {
 

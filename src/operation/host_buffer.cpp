@@ -1,9 +1,9 @@
-#include "frame/host_buffer.hpp"
+#include "operation/host_buffer.hpp"
 
 #include <algorithm>
 
 #include "fields/text_field.hpp"
-#include "platform/host_memory.hpp"
+#include "platform/seam/host_memory.hpp"
 
 namespace kestra {
 

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/port_fault.hpp"
-#include "platform/tcp_address.hpp"
+#include "platform/seam/port_fault.hpp"
+#include "platform/shared/tcp_address.hpp"
 
 namespace kestra {
 

@@ -1,6 +1,6 @@
 // A failure in the words of the log, whatever it was that failed.
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 #include <gtest/gtest.h>
 

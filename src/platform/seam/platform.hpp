@@ -2,11 +2,11 @@
 
 #include <memory>
 
-#include "platform/clock.hpp"
-#include "platform/log_file.hpp"
-#include "platform/operator.hpp"
-#include "platform/profile_file.hpp"
-#include "platform/serial_port.hpp"
+#include "platform/seam/clock.hpp"
+#include "platform/seam/log_file.hpp"
+#include "platform/seam/operator.hpp"
+#include "platform/seam/profile_file.hpp"
+#include "platform/seam/serial_port.hpp"
 
 namespace kestra {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "fields/ansi.hpp"
+#include "base/ansi.hpp"
 
 namespace kestra {
 

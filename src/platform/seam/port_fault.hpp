@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/failure.hpp"
+#include "base/failure.hpp"
 
 namespace kestra {
 

@@ -1,4 +1,4 @@
-#include "platform/tcp_port.hpp"
+#include "platform/shared/tcp_port.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 // Lines of fiscal.log.
 
-#include "frame/command_log.hpp"
+#include "state/log.hpp"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "fakes/fake_platform.hpp"
-#include "frame/library.hpp"
+#include "state/library.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {

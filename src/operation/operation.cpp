@@ -1,9 +1,9 @@
-#include "frame/operation.hpp"
+#include "operation/operation.hpp"
 
+#include "base/failure.hpp"
 #include "fields/text_field.hpp"
-#include "frame/command_log.hpp"
-#include "frame/failure.hpp"
 #include "protocol/exchange.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/serial_port.hpp"
+#include "platform/seam/serial_port.hpp"
 
 namespace kestra {
 

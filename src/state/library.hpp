@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frame/state.hpp"
-#include "platform/platform.hpp"
+#include "platform/seam/platform.hpp"
+#include "state/state.hpp"
 
 namespace kestra {
 

@@ -1,9 +1,9 @@
-#include "platform/profile_text.hpp"
+#include "platform/shared/profile_text.hpp"
 
 #include <optional>
 
-#include "platform/ascii_case.hpp"
-#include "platform/profile_file.hpp"
+#include "platform/seam/profile_file.hpp"
+#include "platform/shared/ascii_case.hpp"
 
 namespace kestra {
 namespace {

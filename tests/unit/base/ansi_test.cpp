@@ -1,6 +1,6 @@
 // The library's own texts are turned into windows-1252 by the compiler.
 
-#include "fields/ansi.hpp"
+#include "base/ansi.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "platform/port_choice.hpp"
+#include "platform/shared/port_choice.hpp"
 
-#include "platform/line_speed.hpp"
-#include "platform/port_fault.hpp"
-#include "platform/tcp_address.hpp"
-#include "platform/tcp_port.hpp"
+#include "platform/seam/port_fault.hpp"
+#include "platform/shared/line_speed.hpp"
+#include "platform/shared/tcp_address.hpp"
+#include "platform/shared/tcp_port.hpp"
 
 namespace kestra {
 namespace {

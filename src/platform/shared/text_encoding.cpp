@@ -1,4 +1,4 @@
-#include "platform/text_encoding.hpp"
+#include "platform/shared/text_encoding.hpp"
 
 #include <algorithm>
 #include <array>

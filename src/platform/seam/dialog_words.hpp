@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "fields/ansi.hpp"
+#include "base/ansi.hpp"
 
 namespace kestra {
 

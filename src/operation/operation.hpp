@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "fields/number_field.hpp"
-#include "frame/library.hpp"
 #include "protocol/command.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 

@@ -1,4 +1,4 @@
-#include "platform/tcp_address.hpp"
+#include "platform/shared/tcp_address.hpp"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/port_fault.hpp"
+#include "platform/seam/port_fault.hpp"
 
 namespace kestra {
 

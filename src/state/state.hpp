@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "fields/boolean.hpp"
-#include "platform/serial_port.hpp"
+#include "base/boolean.hpp"
+#include "platform/seam/serial_port.hpp"
 #include "protocol/status.hpp"
 
 namespace kestra {
