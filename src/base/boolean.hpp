@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace kestra {
@@ -11,5 +12,8 @@ constexpr Boolean kFalse = 0;
 constexpr Boolean ToBoolean(bool b) {
   return b ? kTrue : kFalse;
 }
+
+// The conditions of a status word, each in its slot.
+using Flags = std::array<Boolean, 16>;
 
 }  // namespace kestra

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "device/status_query.hpp"
 #include "fields/text_field.hpp"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"

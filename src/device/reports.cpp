@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "dialogs/conditions.hpp"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"
 #include "protocol/answer_check.hpp"

@@ -4,8 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "base/ansi.hpp"
+#include "base/boolean.hpp"
 
 namespace kestra {
 
@@ -270,5 +272,13 @@ inline constexpr std::array kConditions = {
               .other_message = {}},
 };
 static_assert(kConditions.size() == 23);
+
+bool IsLit(const Condition& condition, const Flags& printer, const Flags& fiscal);
+
+// True when a condition that fails a command is set.
+bool FailsCommand(const Flags& printer, const Flags& fiscal);
+
+// The messages that the status query shows for these flags, in their order.
+std::vector<std::string_view> StatusMessages(const Flags& printer, const Flags& fiscal);
 
 }  // namespace kestra

@@ -1,5 +1,7 @@
 #include "dialogs/status_report.hpp"
 
+#include "dialogs/conditions.hpp"
+
 namespace kestra {
 
 Report BuildReport(const State& state) {

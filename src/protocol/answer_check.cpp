@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "dialogs/conditions.hpp"
 #include "dialogs/status_report.hpp"
 #include "protocol/answer.hpp"
-#include "protocol/command.hpp"
-#include "protocol/exchange.hpp"
+#include "protocol/status.hpp"
 #include "state/library.hpp"
-#include "state/log.hpp"
 
 namespace kestra {
 namespace {
@@ -60,24 +59,6 @@ bool ListarRespuestas(Library& library) {
   if (state.BitImpresora[kOutOfPaper] != kFalse) ShowReport(library);
   if (!failure) return true;
   if (state.ErrorMostrar == 1) ShowReport(library);
-  return false;
-}
-
-bool ObtenerEstado(Library& library) {
-  auto& state = library.state;
-  EscribirLog(library, " - Comando : ObtenerEstado()");
-  state.ComandoActual = Command('*').Field("A").Bytes();
-  state.Respuestas = state.ComandoActual;
-  if (Enviar(library) != 0) return false;
-  SepararRespuesta(library);
-  DecodificarEstados(library);
-  // Kept as is: the query judges by the summary bits, a command by its own list of conditions.
-  if (state.BitImpresora[kSummary] == kFalse && state.BitFiscal[kSummary] == kFalse) return true;
-  if (state.ErrorMostrar == 1) {
-    for (const auto message : StatusMessages(state.BitImpresora, state.BitFiscal)) {
-      library.platform.GetOperator().Message(message, "", kBoxOk);
-    }
-  }
   return false;
 }
 

@@ -16,7 +16,4 @@ void DecodificarEstados(Library& library);
 // out of paper or refused the command. True: the answer carries no error.
 bool ListarRespuestas(Library& library);
 
-// Asks the printer for its status and tells the operator each condition. True: nothing is set.
-bool ObtenerEstado(Library& library);
-
 }  // namespace kestra

@@ -7,7 +7,6 @@
 
 #include "base/boolean.hpp"
 #include "platform/seam/serial_port.hpp"
-#include "protocol/status.hpp"
 
 namespace kestra {
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <string>
 
+#include "dialogs/conditions.hpp"
 #include "fakes/fake_platform.hpp"
 #include "fuzz/input.hpp"
 #include "fuzz/printer_script.hpp"

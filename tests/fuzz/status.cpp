@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/failure.hpp"
+#include "dialogs/conditions.hpp"
 #include "dialogs/status_report.hpp"
 #include "fuzz/input.hpp"
 

@@ -139,16 +139,49 @@ def simulator_looks_down():
     return breaches
 
 
-def fields_are_pure():
-    """Field routines know the standard library, each other and the failure that they throw."""
-    return foreign_includes(sources("src/fields"), ["fields/", "frame/failure.hpp"])
+# The driver's folders: each may include itself and what stands in its row.
+BELOW = {
+    "base": [],
+    "platform": ["base"],
+    "state": ["base", "platform"],
+    "dialogs": ["base", "platform", "state"],
+    "fields": ["base"],
+    "protocol": ["base", "platform", "state", "dialogs", "fields"],
+    "operation": ["base", "platform", "state", "dialogs", "fields", "protocol"],
+    "device": ["base", "platform", "state", "dialogs", "fields", "protocol", "operation"],
+    "documents": ["base", "platform", "state", "dialogs", "fields", "protocol", "operation"],
+    "frame": ["base", "platform", "state", "dialogs", "fields", "protocol", "operation", "device",
+              "documents"],
+    "platform/seam": ["base"],
+    "platform/shared": ["base", "platform/seam"],
+    "platform/posix": ["base", "platform/seam", "platform/shared"],
+    "platform/windows": ["base", "platform/seam", "platform/shared"],
+}
+PUBLIC = ["dialogs", "frame"]  # who knows what a host sees
+
+
+def driver_includes_downwards():
+    """A folder of the driver includes what stands below it, never above."""
+    breaches = []
+    known = {path.relative_to(root / "src").parts[0] for path in sources("src")}
+    breaches += [f"src/{folder}: has no row among the folders" for folder in sorted(known - set(BELOW))]
+    for folder, below in BELOW.items():
+        allowed = [f"{name}/" for name in [folder, *below]] + ["kestra/"] * (folder in PUBLIC)
+        paths = [path for path in sources(f"src/{folder}")]
+        if not paths:
+            breaches.append(f"src/{folder}: is empty")
+        for path in paths:
+            beside = {other.name for other in path.parent.iterdir()} | {"kestra_h.h"}
+            breaches += [at(path, number, f"includes {name}") for number, quoted, name in includes(path)
+                         if quoted and not name.startswith(tuple(allowed)) and name not in beside]
+    return breaches
 
 
 def packets_are_pure():
-    """The half of the protocol that is bytes in, value out."""
+    """What is bytes in, value out knows no record and no world."""
     pure = ("packet", "answer", "status", "conditions", "command", "control_bytes")
-    paths = [path for path in sources("src/protocol") if path.stem in pure]
-    return foreign_includes(paths, ["fields/", "protocol/", "frame/failure.hpp"])
+    paths = [path for path in sources("src/protocol", "src/dialogs") if path.stem in pure]
+    return foreign_includes(paths, ["base/", "fields/", "protocol/", "dialogs/conditions.hpp"])
 
 
 def standard_output_is_the_hosts():
@@ -245,7 +278,7 @@ def functions_are_short():
 
 
 RULES = [no_papers, no_machine_paths, platform_conditionals, platform_twins, simulator_stands_alone,
-         simulator_looks_down, fields_are_pure, packets_are_pure, standard_output_is_the_hosts,
+         simulator_looks_down, driver_includes_downwards, packets_are_pure, standard_output_is_the_hosts,
          files_are_small, exports_are_documented, functions_are_short]
 
 

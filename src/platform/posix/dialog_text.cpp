@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/ansi.hpp"
-#include "dialogs/status_report.hpp"
 #include "platform/seam/dialog_words.hpp"
 #include "platform/shared/ascii_case.hpp"
 

@@ -15,7 +15,6 @@
 #include "platform/posix/line_settings.hpp"
 #include "platform/posix/native_file.hpp"
 #include "platform/shared/error_rows.hpp"
-#include "platform/shared/port_choice.hpp"
 
 namespace kestra {
 namespace {

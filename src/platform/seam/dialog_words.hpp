@@ -6,6 +6,18 @@
 
 namespace kestra {
 
+// The words of the two dialogs, which every platform paints.
+
+// Captions of the status report dialog.
+constexpr std::string_view kReportTitle = "Error al ejecutar comando fiscal";
+constexpr std::string_view kReportPrinterGroup = "Estado Impresora";
+constexpr std::string_view kReportFiscalGroup = "Estado Fiscal";
+constexpr std::string_view kReportStatusGroup = "Estados";
+constexpr std::string_view kReportPrinter = "Impresora:";
+constexpr std::string_view kReportFiscal = "Fiscal:";
+constexpr std::string_view kCloseButton = "Cerrar";
+constexpr std::string_view kRetryButton = "Reintentar";
+
 // Texts of the warning that the fiscal memory is nearly full; its button is kCloseButton.
 constexpr std::string_view kMemoryFullTitle = "ATENCIÓN"_ansi;
 constexpr std::string_view kMemoryFullHeading = "ATENCIÓN!"_ansi;

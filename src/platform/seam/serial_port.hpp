@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -46,5 +48,11 @@ class SerialPort {
   // The bytes that Input would return, left where they are.
   [[nodiscard]] virtual std::string_view Waiting() const = 0;
 };
+
+// The platform's own: a closed port on a device of this machine, and its name of the serial port with
+// that number, from 1.
+std::unique_ptr<SerialPort> MakeDevicePort(const std::string& device,
+                                           std::optional<std::int32_t> speed);
+std::string DeviceOfNumber(std::int32_t number);
 
 }  // namespace kestra

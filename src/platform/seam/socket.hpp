@@ -9,9 +9,15 @@
 #include <vector>
 
 #include "platform/seam/port_fault.hpp"
-#include "platform/shared/tcp_address.hpp"
 
 namespace kestra {
+
+// Where a printer behind a network is.
+struct TcpAddress {
+  std::string host;
+  std::uint16_t port = 0;
+  bool literal = false;  // the host stood in brackets: an address, no name to look up
+};
 
 // The system's network, for as long as the object lives.
 class Network {

@@ -1,18 +1,11 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
-namespace kestra {
+#include "platform/seam/socket.hpp"
 
-// Where a printer behind a network is.
-struct TcpAddress {
-  std::string host;
-  std::uint16_t port = 0;
-  bool literal = false;  // the host stood in brackets: an address, no name to look up
-};
+namespace kestra {
 
 // Does a device's name tell of a network ("tcp:...") rather than of this machine's own devices?
 bool IsTcp(std::string_view device);

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "platform/shared/error_rows.hpp"
-#include "platform/shared/port_choice.hpp"
 #include "platform/windows/line_settings.hpp"
 
 namespace kestra {

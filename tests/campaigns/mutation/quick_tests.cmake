@@ -27,8 +27,11 @@ add_subdirectory(tests/fakes)
 add_subdirectory(tests/unit)
 add_subdirectory(tests/golden)
 
-target_precompile_headers(kestra_core PRIVATE <algorithm> <array> <charconv> <cmath> <cstdint> <cstdio>
-  <exception> <functional> <limits> <map> <memory> <optional> <string> <string_view> <utility> <vector>)
+get_property(layers GLOBAL PROPERTY KESTRA_LAYERS)
+foreach(layer ${layers})
+  target_precompile_headers(${layer} PRIVATE <algorithm> <array> <charconv> <cmath> <cstdint> <cstdio>
+    <exception> <functional> <limits> <map> <memory> <optional> <string> <string_view> <utility> <vector>)
+endforeach()
 foreach(program unit_tests golden_tests)
   target_precompile_headers(${program} PRIVATE <gtest/gtest.h> <algorithm> <array> <cmath> <functional>
     <map> <sstream> <string> <string_view> <vector>)

@@ -17,6 +17,7 @@
 #include "platform/posix/file_descriptor.hpp"
 #include "platform/posix/native_file.hpp"
 #include "platform/seam/socket.hpp"
+#include "platform/shared/tcp_address.hpp"
 
 namespace kestra {
 namespace {

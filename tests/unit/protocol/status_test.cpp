@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "dialogs/conditions.hpp"
 #include "unit/failing.hpp"
 #include "unit/rows.hpp"
 

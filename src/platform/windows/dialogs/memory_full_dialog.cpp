@@ -1,6 +1,5 @@
 #include "platform/windows/dialogs/memory_full_dialog.hpp"
 
-#include "dialogs/status_report.hpp"
 #include "platform/seam/dialog_words.hpp"
 #include "platform/windows/dialogs/resource_ids.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "dialogs/status_report.hpp"
+#include "platform/seam/dialog_words.hpp"
 #include "platform/windows/dialogs/resource_ids.h"
 #include "platform/windows/text.hpp"
 
