@@ -19,8 +19,13 @@
  *   empty field.
  * - A printer that says nothing is waited for 5.5 seconds at most for each frame; but a frame of the
  *   last five seconds before midnight is waited for until the printer answers.
- * - No call lets an exception out. A call made while another one is still running (from a callback
- *   or another thread) is refused with the failure result and touches nothing.
+ * - No call lets an exception out. A call made while another one is still running (from a callback,
+ *   another thread, or another stack of the same thread: a fiber, a context, a signal's) is refused
+ *   with the failure result and touches nothing.
+ * - A host that leaves a callback by a jump or an exception of its own leaves the call behind: the
+ *   next one on the same stack puts things in order and is served. Where that stack is one that the
+ *   system knows nothing of (a context, a signal's), or a fiber that never goes on, every later call
+ *   is refused. A host that swaps the contents of one stack must not do so in the middle of a call.
  */
 #ifndef KESTRA_KESTRA_H
 #define KESTRA_KESTRA_H
@@ -258,7 +263,7 @@ KESTRA_API int32_t KESTRA_CALL EP_AutodetectarModelo(char* resultado);
 
 /* ---- Kept for old hosts --------------------------------------------------------------------- */
 
-/* The last error code that an operation has set: 0. */
+/* The last error code that an operation has set: 0. May be called at any time, on any thread. */
 KESTRA_API int32_t KESTRA_CALL EP_Chequear_Error(void);
 
 /* These do nothing and return 0. */
@@ -282,8 +287,9 @@ KESTRA_API int32_t KESTRA_CALL EP_DatosCliente(int32_t a, int32_t b, int32_t c, 
 /*
  * The component registration. Where there is no component system (Linux) the first three do nothing
  * and answer 0x80004001 (not implemented; DllGetClassObject also sets *objeto to null), and
- * DllCanUnloadNow answers 0 when the library holds no port, else 1. On Windows the system's headers
- * declare some of them; there they are declared here for those alone who define KESTRA_COMPONENTES.
+ * DllCanUnloadNow answers 0 when the library holds no port and no call is under way, else 1; it may
+ * be called at any time, on any thread. On Windows the system's headers declare some of them; there
+ * they are declared here for those alone who define KESTRA_COMPONENTES.
  */
 KESTRA_API int32_t KESTRA_CALL DllRegisterServer(void);
 KESTRA_API int32_t KESTRA_CALL DllUnregisterServer(void);
@@ -330,8 +336,8 @@ typedef struct KestraOperador {
 
 /*
  * Lets the host answer instead of the library's own dialogs. The record is copied; members beyond
- * `tamano` count as null. NULL brings the default back. May be called at any time, also before
- * EP_Init.
+ * `tamano` count as null. NULL brings the default back. May be called at any time, on any thread, also
+ * before EP_Init; a callback that is under way ends as it began, the next dialog goes to the new one.
  */
 KESTRA_API void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador);
 

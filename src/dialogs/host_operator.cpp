@@ -52,13 +52,14 @@ void HostOperator::Set(const KestraOperador* record) {
     const std::size_t wanted = std::min(told, sizeof there);
     if (ReadHostMemory(&there, record, wanted) == wanted) copy = there;
   }
+  const Copying copying(busy_);
   record_ = copy;
 }
 
 std::int32_t HostOperator::Message(std::string_view text, std::string_view title,
                                    std::int32_t style) {
   const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
-  const KestraOperador host = record_;
+  const KestraOperador host = Record();
   if (host.mensaje == nullptr) return fallback_.Message(text, title, style);
   const std::int32_t answer =
       host.mensaje(host.contexto, ShownText(text).c_str(), ShownText(title).c_str(), style);
@@ -68,7 +69,7 @@ std::int32_t HostOperator::Message(std::string_view text, std::string_view title
 
 bool HostOperator::StatusReport(const Report& report) {
   const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
-  const KestraOperador host = record_;
+  const KestraOperador host = Record();
   if (host.informe_estados == nullptr) return fallback_.StatusReport(report);
   const Rows rows(report.rows);
   return host.informe_estados(host.contexto, ShownText(report.printer).c_str(),
@@ -77,7 +78,7 @@ bool HostOperator::StatusReport(const Report& report) {
 
 void HostOperator::MemoryFull() {
   const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
-  const KestraOperador host = record_;
+  const KestraOperador host = Record();
   if (host.memoria_llena == nullptr) {
     fallback_.MemoryFull();
   } else {

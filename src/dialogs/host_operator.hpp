@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "kestra/kestra.h"
 #include "platform/seam/operator.hpp"
 
@@ -11,7 +13,7 @@ class HostOperator : public Operator {
  public:
   explicit HostOperator(Operator& fallback) : fallback_(fallback) {}
 
-  // Copies the record as far as its `tamano` reaches; null takes all callbacks away.
+  // Copies the record as far as its `tamano` reaches; null takes all callbacks away. On any thread.
   void Set(const KestraOperador* record);
 
   std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override;
@@ -19,8 +21,30 @@ class HostOperator : public Operator {
   void MemoryFull() override;
 
  private:
+  // Held for the copying of a record and nothing else: whoever waits waits for a few instructions.
+  class Copying {
+   public:
+    explicit Copying(std::atomic_flag& busy) : busy_(busy) {
+      while (busy_.test_and_set(std::memory_order_acquire)) {
+      }
+    }
+    Copying(const Copying&) = delete;
+    Copying& operator=(const Copying&) = delete;
+    ~Copying() { busy_.clear(std::memory_order_release); }
+
+   private:
+    std::atomic_flag& busy_;
+  };
+
+  // The host's record as it is now: another thread may set the next one meanwhile.
+  KestraOperador Record() const {
+    const Copying copying(busy_);
+    return record_;
+  }
+
   Operator& fallback_;
   KestraOperador record_ = {};
+  mutable std::atomic_flag busy_;
 };
 
 }  // namespace kestra

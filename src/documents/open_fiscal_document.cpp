@@ -18,7 +18,7 @@ std::int32_t OpenTicket(Library& library, const FiscalKind& kind, std::string_vi
 }  // namespace
 
 std::int32_t AbrirComprobanteFiscal(Library& library, const OpeningArguments& arguments) {
-  library.state.UltimoError = 0;
+  LastError(library.state) = 0;
   auto opening = PrepareOpening(library, arguments);
   DefaultCopies(opening);
   // Kept as is: the second line of the name never reaches the printer.

@@ -229,7 +229,8 @@ int32_t KESTRA_CALL EP_AutodetectarModelo(char* resultado) {
 }
 
 int32_t KESTRA_CALL EP_Chequear_Error() {
-  return kestra::WithoutFailing(0, [] { return kestra::Instance().state.UltimoError; });
+  return kestra::WithoutFailing(0,
+                                [] { return kestra::LastError(kestra::Instance().state).load(); });
 }
 
 void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador) {

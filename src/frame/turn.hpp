@@ -4,14 +4,18 @@
 #include <cerrno>
 #include <cstdint>
 
+#include "platform/seam/stack.hpp"
+
 namespace kestra {
 
 // The one call that is under way. A call made meanwhile, from a dialog's callback or from another
 // thread, would send its command into the middle of the exchange: it is turned away.
 //
 // A host may also leave a callback with a jump or an exception of its own, past the call that the
-// callback came from: that call never ends. Stacks grow downward, so that a later call of the same
-// thread gives it away by lying no deeper than where the host was let in; it takes the turn over.
+// callback came from: that call never ends. Stacks grow downward, so that a later call on the same
+// stack gives it away by lying no deeper than where the host was let in; it takes the turn over. A
+// call on another stack of the same thread (a fiber's, a signal's) tells nothing of the kind: the
+// one in the middle may go on at any time.
 class Turn {
  public:
   Turn() : mine_(Take()) {}
@@ -25,6 +29,9 @@ class Turn {
 
   // True when it was taken over: what the other call held is still held.
   [[nodiscard]] bool Inherited() const { return inherited_; }
+
+  // True while any call is under way, left behind or not.
+  static bool UnderWay() { return owner_.load(std::memory_order_acquire) != kNobody; }
 
   // Lies in the stack of the call for as long as the host's code runs in the middle of it.
   class Visit {
@@ -48,11 +55,15 @@ class Turn {
   // Each thread has an errno of its own; not every compiler for Windows has names for threads.
   static std::uintptr_t CurrentThread() { return Address(&errno); }
 
+  [[nodiscard]] bool FindsAbandoned() const {
+    return Address(this) >= bottom_ && InOneStack(Address(this), bottom_);
+  }
+
   bool Take() {
     auto owner = kNobody;
     const bool free =
         owner_.compare_exchange_strong(owner, CurrentThread(), std::memory_order_acquire);
-    inherited_ = !free && owner == CurrentThread() && Address(this) >= bottom_;
+    inherited_ = !free && owner == CurrentThread() && FindsAbandoned();
     if (free || inherited_) bottom_ = Address(this);
     return free || inherited_;
   }

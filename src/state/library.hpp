@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "platform/seam/platform.hpp"
 #include "state/state.hpp"
 
@@ -12,6 +14,8 @@ struct Library {
 
   State state;
   Platform& platform;
+  // Whether the last call has left a Puerto, for those who ask without a turn.
+  std::atomic<bool> holds_port = false;
 };
 
 }  // namespace kestra

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -84,5 +85,10 @@ struct State {
   std::string RespuestaCompleta;
   std::array<std::string, 13> Respuesta;  // Respuesta[0] is Respuesta_1
 };
+
+// EP_Chequear_Error asks without a turn.
+inline std::atomic_ref<std::int32_t> LastError(State& state) {
+  return std::atomic_ref(state.UltimoError);
+}
 
 }  // namespace kestra

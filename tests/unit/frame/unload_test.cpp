@@ -41,5 +41,15 @@ TEST(Unload, WaitsForBothTheObjectsAndThePort) {
   EXPECT_EQ(DllCanUnloadNow(), kMayGo);
 }
 
+// The code that would be taken away is the code that asks.
+TEST(Unload, WaitsForACallThatIsUnderWay) {
+  auto& world = unit::ExportsOnFakes();
+  std::int32_t answer = -1;
+  world.GetOperator().Meanwhile([&] { answer = DllCanUnloadNow(); });
+  EXPECT_EQ(EP_CortaPapel(), 1) << "nothing was started";
+  EXPECT_EQ(answer, kStays);
+  EXPECT_EQ(DllCanUnloadNow(), kMayGo);
+}
+
 }  // namespace
 }  // namespace kestra
