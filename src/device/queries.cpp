@@ -1,17 +1,28 @@
-#include "device/numbering.hpp"
+#include "device/queries.hpp"
 
 #include <array>
 #include <span>
 #include <string>
 
+#include "dialogs/conditions.hpp"
 #include "fields/integer_text.hpp"
+#include "fields/text_field.hpp"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"
 #include "protocol/answer_check.hpp"
+#include "protocol/exchange.hpp"
 #include "state/log.hpp"
 
 namespace kestra {
 namespace {
+
+constexpr std::int32_t kValuesLength = 64;
+constexpr std::int32_t kModelLength = 14;
+constexpr std::size_t kModelFields = 11;
+
+Command ModelQuery() {
+  return Command('*').Field("P");
+}
 
 constexpr std::int32_t kResultLength = 80;
 
@@ -45,13 +56,55 @@ std::string Gather(const State& state, std::span<const Counter> counters) {
 
 }  // namespace
 
-std::int32_t Numeracion(Library& library, char* result) {
-  EscribirLog(library, " - Comando : EP_Numeracion");
-  if (Send(library, Command('*').Field("A")) != kSuccess) return kFailure;
+bool ObtenerEstado(Library& library) {
+  auto& state = library.state;
+  EscribirLog(library, " - Comando : ObtenerEstado()");
+  const auto command = Command('*').Field("A");
+  state.Respuestas = command.Bytes();
+  if (!Enviar(library, command.Bytes())) return false;
   SepararRespuesta(library);
-  const auto text = library.state.ModeloNombre == kModelWithoutSecond
-                        ? std::string(kModelZeros) + Gather(library.state, kModelCounters)
-                        : Gather(library.state, kCounters);
+  DecodificarEstados(library);
+  // Kept as is: the query judges by the summary bits, a command by its own list of conditions.
+  if (state.BitImpresora[kSummary] == kFalse && state.BitFiscal[kSummary] == kFalse) return true;
+  if (state.ErrorMostrar == 1) {
+    for (const auto message : StatusMessages(state.BitImpresora, state.BitFiscal)) {
+      library.platform.GetOperator().Message(message, "", kBoxOk);
+    }
+  }
+  return false;
+}
+
+std::int32_t ValoresModelo(Library& library, char* result) {
+  if (!ObtenerEstado(library)) return kFailure;
+  return Run(library, {.command = ModelQuery(), .after = [&] {
+                         SepararRespuesta(library);
+                         std::string values;
+                         for (std::size_t i = 0; i < kModelFields; ++i) {
+                           values += library.state.Respuesta[i];
+                         }
+                         DevolverCadena(result, FixedWidth(values, kValuesLength), kValuesLength);
+                       }});
+}
+
+std::int32_t AutodetectarModelo(Library& library, char* result) {
+  const auto& model = library.state.Respuesta[kModelFields - 1];
+  return Run(library, {.call = "AutodetectarModelo()",
+                       .log = " - Comando : EP_AutodetectarModelo()",
+                       .command = ModelQuery(),
+                       .after = [&] {
+                         DevolverCadena(result, FixedWidth(model, kModelLength), kModelLength);
+                       }});
+}
+
+std::int32_t Numeracion(Library& library, char* result) {
+  const auto verdict =
+      Run(library, {.log = " - Comando : EP_Numeracion", .command = Command('*').Field("A")});
+  if (verdict != kSuccess) return kFailure;
+  SepararRespuesta(library);
+  const auto& state = library.state;
+  const auto text = state.ModeloNombre == kModelWithoutSecond
+                        ? std::string(kModelZeros) + Gather(state, kModelCounters)
+                        : Gather(state, kCounters);
   DevolverCadena(result, text, kResultLength);
   return kSuccess;
 }

@@ -17,15 +17,19 @@ Command DailyReport(std::string_view letter) {
 }  // namespace
 
 std::int32_t ReporteX(Library& library) {
-  return Operate(library, "EP_ReporteX()", " - Comando : EP_ReporteX()", DailyReport("X"));
+  return Run(
+      library,
+      {.call = "EP_ReporteX()", .log = " - Comando : EP_ReporteX()", .command = DailyReport("X")});
 }
 
 std::int32_t ReporteZ(Library& library) {
-  const auto result =
-      Operate(library, "EP_ReporteZ()", " - Comando : EP_ReporteZ()", DailyReport("Z"));
+  const auto result = Run(
+      library,
+      {.call = "EP_ReporteZ()", .log = " - Comando : EP_ReporteZ()", .command = DailyReport("Z")});
   // Judged by the last answer, whether or not this report was sent.
-  if (library.state.BitFiscal[kMemoryNearlyFull] != kFalse)
+  if (library.state.BitFiscal[kMemoryNearlyFull] != kFalse) {
     library.platform.GetOperator().MemoryFull();
+  }
   return result;
 }
 
@@ -33,19 +37,19 @@ std::int32_t ReporteZporNumeros(Library& library, std::int32_t first, std::int32
                                 std::int32_t third) {
   const auto from = std::to_string(first);
   const auto to = std::to_string(last);
-  return Operate(library, Call("EP_ReporteZporNumeros", {from, to, std::to_string(third)}),
-                 // Kept as is: "Ep_", which readers of old logs look for.
-                 " - Comando : " + Call("Ep_ReporteZporNumeros", {from, to}),
-                 Command(';').Field(from).Field(to).Field("D"));
+  return Run(library, {.call = Call("EP_ReporteZporNumeros", {from, to, std::to_string(third)}),
+                       // Kept as is: "Ep_", which readers of old logs look for.
+                       .log = " - Comando : " + Call("Ep_ReporteZporNumeros", {from, to}),
+                       .command = Command(';').Field(from).Field(to).Field("D")});
 }
 
 std::int32_t ReporteZporFechas(Library& library, const char* from, const char* to,
                                std::int32_t third) {
   const auto first = LeerCadena(from, 6);
   const auto last = LeerCadena(to, 6);
-  Operate(library, Call("EP_ReporteZporFechas", {first, last, std::to_string(third)}),
-          " - Comando : " + Call("EP_ReporteZporFechas", {first}),
-          Command(':').Field(first).Field(last).Field("D"));
+  Run(library, {.call = Call("EP_ReporteZporFechas", {first, last, std::to_string(third)}),
+                .log = " - Comando : " + Call("EP_ReporteZporFechas", {first}),
+                .command = Command(':').Field(first).Field(last).Field("D")});
   // Kept as is: the result is the listing's verdict on the last answer, asked or not.
   return ListarRespuestas(library) ? kSuccess : kFailure;
 }

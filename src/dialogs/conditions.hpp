@@ -46,6 +46,7 @@ inline constexpr auto kInternal = "Información Interna."_ansi;
 inline constexpr auto kInternalTerminal = "Información interna."_ansi;
 inline constexpr auto kTechnician = "Consulte a su técnico fiscal."_ansi;
 inline constexpr auto kInternalError = "Error interno."_ansi;
+// Kept as is: "caracateres", which is what operators have always read.
 inline constexpr auto kRemoveCharacters =
     "Verificar que se encuentre activado \"Quitar caracateres no "
     "validos\" en la configuración"_ansi;

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 #include <string_view>
+
+#include "operation/operation.hpp"
 
 namespace kestra {
 
@@ -92,5 +95,12 @@ constexpr char ByteOfFamily(std::string_view family, CommandBytes bytes) {
   if (family == kFormFamily || family == kTicketInvoiceFamily) return bytes.invoice;
   return family == kTicketFamily ? bytes.ticket : '\0';
 }
+
+// The closing command, which fiscal and homologated documents share.
+Command ClosingCommand(std::string_view family, std::string_view kind_letter,
+                       std::string_view letter);
+
+// The totals' command with these fields; the previous one for a family that the printers do not have.
+Outgoing TotalsCommand(const State& state, std::initializer_list<std::string_view> fields);
 
 }  // namespace kestra

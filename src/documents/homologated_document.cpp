@@ -2,12 +2,9 @@
 
 #include <array>
 
-#include "documents/closing.hpp"
 #include "documents/document_kinds.hpp"
-#include "fields/text_field.hpp"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"
-#include "state/log.hpp"
 
 namespace kestra {
 namespace {
@@ -47,31 +44,34 @@ constexpr std::array kClosings = {
 std::int32_t AbrirComprobanteNoFiscalHomologado(Library& library,
                                                 const OpeningArguments& arguments) {
   auto opening = PrepareOpening(library, arguments);
-  const auto question = OpeningQuestion("EP_AbrirComprobanteNoFiscalHomologado", opening);
-  if (!Confirm(library, question)) return kFailure;
+  Operation operation{.call = OpeningQuestion("EP_AbrirComprobanteNoFiscalHomologado", opening)};
   DefaultCopies(opening);
   DefaultAddress(opening);
-  const auto* kind = FindRow(kOpenings, library.state.TipoComprobante, opening.kind);
-  if (kind == nullptr) return kFailure;
-  EscribirLog(library, kind->log);
-  return Send(library, OpeningCommand(library.state, opening,
-                                      {.kind_letter = kind->letter,
-                                       .copies_from_host = kind->copies_from_host,
-                                       .field_5 = kind->field_5,
-                                       .issuer_vat = library.state.TipoIVA,
-                                       .field_13 = "N"}));
+  const auto& state = library.state;
+  const auto* kind = FindRow(kOpenings, state.TipoComprobante, opening.kind);
+  if (kind == nullptr) return Run(library, operation);
+  operation.log = kind->log;
+  operation.command = OpeningCommand(state, opening,
+                                     {.kind_letter = kind->letter,
+                                      .copies_from_host = kind->copies_from_host,
+                                      .field_5 = kind->field_5,
+                                      .issuer_vat = state.TipoIVA,
+                                      .field_13 = "N"});
+  return Run(library, operation);
 }
 
 std::int32_t CerrarComprobanteNoFiscalHomologado(Library& library, const char* kind,
                                                  const char* mark) {
   const auto type = LeerCadena(kind, 2);
   const auto letter = LeerCadena(mark, 1);
-  const auto call = QuotedCall("EP_CerrrarComprobanteNoFiscalHomologado", {type, letter});
-  if (!Confirm(library, call)) return kFailure;
-  EscribirLog(library, " - Comando : EP_CerrarComprobanteNoFiscalHomologado");
   const auto* closing = FindRow(kClosings, library.state.TipoComprobante, type);
-  if (closing == nullptr) return kFailure;
-  return Send(library, ClosingCommand(closing->family, closing->letter, letter));
+  // Kept as is: "Cerrrar", which is what operators have always read.
+  Operation operation{.call = QuotedCall("EP_CerrrarComprobanteNoFiscalHomologado", {type, letter}),
+                      .log = " - Comando : EP_CerrarComprobanteNoFiscalHomologado"};
+  if (closing != nullptr) {
+    operation.command = ClosingCommand(closing->family, closing->letter, letter);
+  }
+  return Run(library, operation);
 }
 
 }  // namespace kestra

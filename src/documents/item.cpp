@@ -5,12 +5,11 @@
 #include <utility>
 
 #include "documents/document_kinds.hpp"
-#include "documents/fiscal_text.hpp"
-#include "documents/transport_sheet.hpp"
+#include "documents/fiscal_document.hpp"
 #include "fields/text_field.hpp"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"
-#include "state/log.hpp"
+#include "protocol/answer_check.hpp"
 
 namespace kestra {
 namespace {
@@ -110,15 +109,53 @@ void PrintExtras(Library& library, const Item& item) {
   }
 }
 
-std::int32_t SendItem(Library& library, const Item& item) {
-  const auto family = library.state.TipoComprobante;
-  const auto* fillers = FindFillers(family, item.qualifier);
-  if (fillers == nullptr) return kFailure;
-  if (family == kFormFamily && library.state.UtilizaTransporte == 1 && !RoomForItem(library)) {
-    return kFailure;
+std::int32_t VerificaEspacioItem(Library& library) {
+  const auto result = Run(library, {.log = " - Comando : EP_VerificaEspacioItem",
+                                    .command = Command('\\').Field("Q").Field("L")});
+  SepararRespuesta(library);
+  return result == kSuccess && library.state.Respuesta[0] == "S" ? 0 : 1;
+}
+
+// -1 when the printer did it, 0 when it did not.
+std::int32_t TransportStep(Library& library, std::string_view log, std::string_view step) {
+  const auto command = Command('\\').Field("D").Field("P").Field("T").Field(step);
+  return Run(library, {.log = std::string(log), .command = command}) == kSuccess ? -1 : 0;
+}
+
+std::int32_t CierraHojaTransporte(Library& library) {
+  return TransportStep(library, " - Comando : EP_CierraHojaTransporte", "T");
+}
+
+std::int32_t AbreHojaTransporte(Library& library) {
+  return TransportStep(library, " - Comando : EP_AbreHojaTransporte", "O");
+}
+
+// Makes room for one more item on the form: asks the printer, and closes the full sheet and opens the
+// next as a transport. False ends the item: it is not sent.
+// Kept as is: a transport step that the printer carried out ends the item; one that it refused lets
+// the item go on.
+bool RoomForItem(Library& library) {
+  if (VerificaEspacioItem(library) == 0) return true;
+  return CierraHojaTransporte(library) == 0 && AbreHojaTransporte(library) == 0;
+}
+
+// What an item needs before it goes. False ends it.
+bool MakeWay(Library& library, const Item& item) {
+  const auto& state = library.state;
+  const bool on_form = state.TipoComprobante == kFormFamily;
+  if (on_form && state.UtilizaTransporte == 1 && !RoomForItem(library)) return false;
+  if (state.TipoComprobante == kTicketFamily) PrintExtras(library, item);
+  return true;
+}
+
+std::int32_t Print(Library& library, std::string_view name, const Item& item) {
+  Operation operation{.call = Question(name, item), .log = " - Comando : " + std::string(name)};
+  const auto* fillers = FindFillers(library.state.TipoComprobante, item.qualifier);
+  if (fillers != nullptr) {
+    operation.before = [&] { return MakeWay(library, item); };
+    operation.command = ItemCommand(*fillers, item);
   }
-  if (family == kTicketFamily) PrintExtras(library, item);
-  return Send(library, ItemCommand(*fillers, item));
+  return Run(library, operation);
 }
 
 }  // namespace
@@ -131,17 +168,13 @@ std::int32_t ImprimirItem(Library& library, const ItemArguments& arguments) {
     item.quantity = NumberField(library, -arguments.quantity, QuantityDigits(library.state));
     item.qualifier = kReturn;
   }
-  if (!Confirm(library, Question("EP_ImprimirItem", item))) return kFailure;
-  EscribirLog(library, " - Comando : EP_ImprimirItem");
-  return SendItem(library, item);
+  return Print(library, "EP_ImprimirItem", item);
 }
 
 std::int32_t AnularItem(Library& library, const ItemArguments& arguments) {
   auto item = Prepare(library, arguments);
   item.qualifier = kVoid;
-  if (!Confirm(library, Question("EP_AnularItem", item))) return kFailure;
-  EscribirLog(library, " - Comando : EP_AnularItem");
-  return SendItem(library, item);
+  return Print(library, "EP_AnularItem", item);
 }
 
 }  // namespace kestra

@@ -6,21 +6,24 @@
 namespace kestra {
 
 std::int32_t AbrirComprobanteNoFiscal(Library& library) {
-  return Operate(library, "EP_AbrirComprobanteNoFiscal()",
-                 " - Comando : EP_AbrirComprobanteNoFiscal()", Command('H'));
+  return Run(library, {.call = "EP_AbrirComprobanteNoFiscal()",
+                       .log = " - Comando : EP_AbrirComprobanteNoFiscal()",
+                       .command = Command('H')});
 }
 
 std::int32_t ImprimirTextoNoFiscal(Library& library, const char* text) {
   const auto& state = library.state;
   const auto length = LengthForFamily(state, state.LonTextoNoFiscalT, state.LonTextoNoFiscalF);
   const auto field = Clean(state, TextField(library, LeerCadena(text, 120), length));
-  return Operate(library, Call("EP_ImprimirTextoNoFiscal", {field}),
-                 " - Comando : EP_ImprimirTextoNoFiscal()", Command('I').Field(field));
+  return Run(library, {.call = Call("EP_ImprimirTextoNoFiscal", {field}),
+                       .log = " - Comando : EP_ImprimirTextoNoFiscal()",
+                       .command = Command('I').Field(field)});
 }
 
 std::int32_t CerrarComprobanteNoFiscal(Library& library) {
-  return Operate(library, "EP_CerrarComprobanteNoFiscal()",
-                 " - Comando : EP_CerrarComprobanteNoFiscal()", Command('J').Field("T"));
+  return Run(library, {.call = "EP_CerrarComprobanteNoFiscal()",
+                       .log = " - Comando : EP_CerrarComprobanteNoFiscal()",
+                       .command = Command('J').Field("T")});
 }
 
 }  // namespace kestra

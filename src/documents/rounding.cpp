@@ -1,9 +1,8 @@
-#include "documents/rounding.hpp"
-
 #include <array>
 #include <string>
 
 #include "documents/document_kinds.hpp"
+#include "documents/totals.hpp"
 #include "fields/integer_text.hpp"
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
@@ -35,12 +34,14 @@ Command LowerTicket(std::string_view difference) {
   return Command('D').Field(kAdjustment).Field(difference).Field("D");
 }
 
+using Line = Command (*)(std::string_view difference);
+
 struct Adjuster {
   std::string_view family;
   char subtotal;
   bool split_again;  // the ticket's round splits the raw answer anew
-  Command (*raise)(std::string_view);
-  Command (*lower)(std::string_view);
+  Line raise;
+  Line lower;
 };
 constexpr std::array kAdjusters = {
     Adjuster{kTicketInvoiceFamily, kSubtotal.invoice, false, RaiseInvoice, LowerInvoice},
@@ -54,7 +55,7 @@ struct Reading {
 
 Reading ReadTotal(Library& library, const Adjuster& adjuster) {
   const auto command = Command(adjuster.subtotal).Field("N").Field({&kEmptyField, 1});
-  const bool answered = Send(library, command) == kSuccess;
+  const bool answered = Run(library, {.command = command}) == kSuccess;
   if (adjuster.split_again) SepararRespuesta(library);
   const auto& answer = library.state.Respuesta;
   const double total = ToRealNumber(answer[2]) / 100;
@@ -64,11 +65,16 @@ Reading ReadTotal(Library& library, const Adjuster& adjuster) {
   return {total, answered};
 }
 
+void Adjust(Library& library, Line line, double difference) {
+  Run(library, {.command = line(HundredthsDigits(difference))});
+}
+
+// Kept as is: it ends when the totals agree, and only then: hosts wait for a printer that does not answer.
 void Equalize(Library& library, const Adjuster& adjuster, double total) {
   while (true) {
     const auto [printed, answered] = ReadTotal(library, adjuster);
-    if (total > printed) Send(library, adjuster.raise(HundredthsDigits(total - printed)));
-    if (total < printed) Send(library, adjuster.lower(HundredthsDigits(printed - total)));
+    if (total > printed) Adjust(library, adjuster.raise, total - printed);
+    if (total < printed) Adjust(library, adjuster.lower, printed - total);
     if (total == printed) return;
     if (!answered) library.platform.GetClock().Sleep(kRestMs);
   }

@@ -1,12 +1,13 @@
-#include "documents/discount.hpp"
+#include "documents/totals.hpp"
 
 #include "documents/document_kinds.hpp"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"
-#include "state/log.hpp"
 
 namespace kestra {
 namespace {
+
+constexpr std::int32_t kPaymentLength = 20;
 
 // A discount and a surcharge are one command with another last letter.
 struct GeneralLine {
@@ -24,11 +25,9 @@ std::int32_t Print(Library& library, const GeneralLine& line, const char* descri
   const auto text = TextField(library, LeerCadena(description, 80),
                               LengthForFamily(state, state.LonTextoFiscalT, state.LonTextoFiscalF));
   const auto amount_field = NumberField(library, amount, {state.EntDesc, state.DecDesc});
-  if (!Confirm(library, Call(line.name, {text, amount_field}))) return kFailure;
-  EscribirLog(library, line.log);
-  const char byte = ByteOfFamily(state.TipoComprobante, kTotals);
-  if (byte == '\0') return SendPrevious(library);
-  return Send(library, Command(byte).Field(text).Field(amount_field).Field(line.qualifier));
+  return Run(library, {.call = Call(line.name, {text, amount_field}),
+                       .log = std::string(line.log),
+                       .command = TotalsCommand(state, {text, amount_field, line.qualifier})});
 }
 
 }  // namespace
@@ -39,6 +38,34 @@ std::int32_t DescuentoGeneral(Library& library, const char* description, double 
 
 std::int32_t RecargoGeneral(Library& library, const char* description, double amount) {
   return Print(library, kSurcharge, description, amount);
+}
+
+std::int32_t EspecificarPercepcionGlobal(Library& library, const char* description, double amount,
+                                         double vat, const char* qualifier) {
+  const auto& state = library.state;
+  const auto text = LeerCadena(description, 20);
+  const auto amount_field =
+      NumberField(library, amount, {state.EntPercepcion, state.DecPercepcion});
+  const auto rate = NumberField(library, vat, {state.EntIVA, state.DecIVA});
+  const auto letter = LeerCadena(qualifier, 1);
+  Operation operation{
+      .call = Call("EP_EspecificarPercepcionGlobal", {text, amount_field, rate, letter}),
+      .log = " - Comando : EP_EspecificarPercepcionGlobal",
+      .command = PreviousCommand{}};
+  if (letter == "I" || letter == "O") {
+    operation.command = Command('f').Field(text).Field(letter).Field(amount_field).Field(rate);
+  }
+  return Run(library, operation);
+}
+
+std::int32_t ImprimirPago(Library& library, const char* description, double amount) {
+  const auto& state = library.state;
+  const auto bytes = LeerCadena(description, 80);
+  const auto amount_field = NumberField(library, amount, {state.EntDesc, state.DecDesc});
+  const auto text = Clean(state, TextField(library, bytes, kPaymentLength));
+  return Run(library, {.call = Call("EP_ImprimirPago", {text, amount_field}),
+                       .log = " - Comando : ImprimirPago()",
+                       .command = TotalsCommand(state, {text, amount_field, "T"})});
 }
 
 }  // namespace kestra

@@ -10,7 +10,6 @@
 #include "base/failure.hpp"
 #include "fields/integer_text.hpp"
 #include "fields/text_field.hpp"
-#include "frame/fiscal_ini.hpp"
 #include "state/library.hpp"
 
 namespace kestra {

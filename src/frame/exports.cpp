@@ -2,22 +2,15 @@
 
 #include <cstdint>
 
-#include "device/clock.hpp"
-#include "device/drawer.hpp"
-#include "device/header.hpp"
-#include "device/model.hpp"
-#include "device/numbering.hpp"
-#include "device/paper.hpp"
+#include "device/clock_and_header.hpp"
+#include "device/paper_and_drawer.hpp"
+#include "device/queries.hpp"
 #include "device/reports.hpp"
-#include "documents/discount.hpp"
 #include "documents/fiscal_document.hpp"
-#include "documents/fiscal_text.hpp"
 #include "documents/homologated_document.hpp"
 #include "documents/item.hpp"
 #include "documents/non_fiscal_document.hpp"
-#include "documents/payment.hpp"
-#include "documents/perception.hpp"
-#include "documents/rounding.hpp"
+#include "documents/totals.hpp"
 #include "frame/export_guard.hpp"
 #include "frame/startup.hpp"
 #include "kestra/kestra.h"
@@ -207,6 +200,7 @@ int32_t KESTRA_CALL EP_CortaPapel() {
   return Export(__func__, kFailure, [](Library& library) { return kestra::CortaPapel(library); });
 }
 
+// Kept as is: the count of lines is cut to 16 bits; 65541 feeds five.
 int32_t KESTRA_CALL EP_AvanzaPapel(int32_t lineas) {
   return Export(__func__, kFailure, [=](Library& library) {
     return kestra::AvanzaPapel(library, static_cast<std::int16_t>(lineas));

@@ -2,11 +2,10 @@
 
 #include <limits>
 
+#include "base/failure.hpp"
 #include "fields/integer_text.hpp"
 #include "frame/configuration.hpp"
-#include "frame/fiscal_ini.hpp"
 #include "state/library.hpp"
-#include "state/log.hpp"
 
 namespace kestra {
 namespace {
@@ -54,7 +53,9 @@ void Quietly(Action action) noexcept {
   }
 }
 
-void Prepare(Library& library) {
+}  // namespace
+
+std::int32_t Init(Library& library) {
   library.platform.BeginStartUp();
   try {
     Lee_Ini(library);
@@ -66,18 +67,7 @@ void Prepare(Library& library) {
     throw;
   }
   library.platform.EndStartUp();
-}
-
-}  // namespace
-
-std::int32_t Init(Library& library) {
-  try {
-    Prepare(library);
-    return 1;
-  } catch (const Failure& failure) {
-    LogFailure(library, failure, "EP_Init");
-    return 0;
-  }
+  return 1;
 }
 
 void Kill(Library& library) {

@@ -1,5 +1,8 @@
 #include "operation/operation.hpp"
 
+#include <optional>
+#include <utility>
+
 #include "base/failure.hpp"
 #include "fields/text_field.hpp"
 #include "protocol/exchange.hpp"
@@ -29,17 +32,9 @@ std::string OrEmpty(Library& library, Conversion convert) {
   }
 }
 
-}  // namespace
-
-std::string Call(std::string_view name, std::initializer_list<std::string_view> arguments) {
-  return std::string(name).append("(").append(Join(arguments, ",")).append(")");
-}
-
-std::string QuotedCall(std::string_view name, std::initializer_list<std::string_view> arguments) {
-  return std::string(name).append("('").append(Join(arguments, "','")).append("')");
-}
-
+// Asks "Envia?" when MostrarComandos is 1. True: the command may go (EnviaComando).
 bool Confirm(Library& library, std::string_view call) {
+  if (call.empty()) return true;
   auto& may_send = library.state.EnviaComando;
   may_send = kTrue;
   if (library.state.MostrarComandos == 1) {
@@ -49,20 +44,34 @@ bool Confirm(Library& library, std::string_view call) {
   return may_send != kFalse;
 }
 
-std::int32_t Send(Library& library, const Command& command) {
-  library.state.ComandoActual = command.Bytes();
-  return SendPrevious(library);
+// The bytes to send; nothing when there is no command.
+struct ToBytes {
+  const State& state;
+
+  std::optional<std::string> operator()(NoCommand) const { return std::nullopt; }
+  std::optional<std::string> operator()(PreviousCommand) const { return state.ComandoActual; }
+  std::optional<std::string> operator()(const Command& command) const { return command.Bytes(); }
+};
+
+}  // namespace
+
+std::int32_t Run(Library& library, const Operation& operation) {
+  if (!Confirm(library, operation.call)) return kFailure;
+  if (!operation.log.empty()) EscribirLog(library, operation.log);
+  if (operation.before && !operation.before()) return kFailure;
+  const auto bytes = std::visit(ToBytes{library.state}, operation.command);
+  if (!bytes) return kFailure;
+  const bool accepted = Enviar(library, *bytes);
+  if (operation.after) operation.after();
+  return accepted ? kSuccess : kFailure;
 }
 
-std::int32_t SendPrevious(Library& library) {
-  return Enviar(library) == 0 ? kSuccess : kFailure;
+std::string Call(std::string_view name, std::initializer_list<std::string_view> arguments) {
+  return std::string(name).append("(").append(Join(arguments, ",")).append(")");
 }
 
-std::int32_t Operate(Library& library, std::string_view call, std::string_view log,
-                     const Command& command) {
-  if (!Confirm(library, call)) return kFailure;
-  if (!log.empty()) EscribirLog(library, log);
-  return Send(library, command);
+std::string QuotedCall(std::string_view name, std::initializer_list<std::string_view> arguments) {
+  return std::string(name).append("('").append(Join(arguments, "','")).append("')");
 }
 
 bool UsesTLengths(const State& state) {

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <variant>
 
 #include "fields/number_field.hpp"
 #include "protocol/command.hpp"
@@ -11,30 +13,36 @@
 
 namespace kestra {
 
-// What every operation is made of: ask, log, build, send.
+// What every operation is made of, and the one place that runs it.
 
 constexpr std::int32_t kSuccess = 0;
 constexpr std::int32_t kFailure = 1;
+
+// The arguments chose no command: nothing is sent, and the operation fails.
+struct NoCommand {};
+
+// Kept as is: where an operation builds no command of its own, hosts get the previous one again, as the
+// last exchange left it.
+struct PreviousCommand {};
+
+using Outgoing = std::variant<NoCommand, PreviousCommand, Command>;
+
+struct Operation {
+  std::string call = {};              // as the operator is asked about it; empty: nobody is asked
+  std::string log = {};               // its line in the log; empty: none
+  std::function<bool()> before = {};  // what must come before the command; false ends it there
+  Outgoing command = {};
+  std::function<void()> after = {};  // what the answer is for, whatever the verdict on the command
+};
+
+// Asks, logs, sends. kSuccess: the printer accepted the command.
+std::int32_t Run(Library& library, const Operation& operation);
 
 // "EP_X(a,b)", as the operator is asked about a call.
 std::string Call(std::string_view name, std::initializer_list<std::string_view> arguments);
 
 // "EP_X('a','b')"
 std::string QuotedCall(std::string_view name, std::initializer_list<std::string_view> arguments);
-
-// Asks "Envia?" when MostrarComandos is 1. True: the command may go (EnviaComando).
-bool Confirm(Library& library, std::string_view call);
-
-// Puts the command in ComandoActual and sends it.
-std::int32_t Send(Library& library, const Command& command);
-
-// Sends ComandoActual as the last exchange left it: hosts have always got the previous command
-// again where an operation builds none.
-std::int32_t SendPrevious(Library& library);
-
-// The whole of a plain operation. An empty `log` writes no log line.
-std::int32_t Operate(Library& library, std::string_view call, std::string_view log,
-                     const Command& command);
 
 // True for the families that take the T lengths ("TF", "TQ"); all others take the F ones.
 bool UsesTLengths(const State& state);

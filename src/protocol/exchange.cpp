@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/ansi.hpp"
 #include "protocol/answer_check.hpp"
@@ -34,7 +35,10 @@ enum class Arrival { kOwn, kForeign, kExpired };
 // One call of Enviar.
 class Exchange {
  public:
-  explicit Exchange(Library& library) : library_(library), command_(library.state.ComandoActual) {}
+  Exchange(Library& library, std::string command)
+      : library_(library), command_(std::move(command)) {
+    library_.state.ComandoActual = command_;
+  }
   Exchange(const Exchange&) = delete;
   Exchange& operator=(const Exchange&) = delete;
   ~Exchange() { Close(); }
@@ -52,7 +56,7 @@ class Exchange {
   void OpenPort();
   Step Attempt();
   void NumberPacket();
-  void SendPacket();
+  void Send();
   Arrival Wait();
   void AttendToBusy();
   bool TakeArrived();
@@ -105,7 +109,7 @@ Exchange::Step Exchange::Attempt() {
   if (library_.state.DelayComandos > 0)
     library_.platform.GetClock().Sleep(library_.state.DelayComandos);
   NumberPacket();
-  SendPacket();
+  Send();
   const auto arrival = Wait();
   EscribirLog(library_, " - Respuesta : " + library_.state.RespuestaActual);
   switch (arrival) {
@@ -130,7 +134,7 @@ void Exchange::NumberPacket() {
   header_ = std::string(1, static_cast<char>(sequence.current)).append(command_, 0, 1);
 }
 
-void Exchange::SendPacket() {
+void Exchange::Send() {
   line_ = "mandar";
   auto& state = library_.state;
   // The frame is taken before the question: an operator may keep the box open for long.
@@ -232,21 +236,23 @@ Exchange::Step Exchange::Judge() {
     text.append(1, kCr).append(" /OK: ").append(ok ? "True" : "False");
     library_.platform.GetOperator().Message(text, "", kBoxOk);
   }
+  // Kept as is: an accepted command goes out again when Reintentar is pressed on the report of missing
+  // paper.
   if (state.Reintentar != kFalse) return Step::kAgain;
   return ok ? Step::kAccepted : Step::kFailed;
 }
 
 }  // namespace
 
-std::int32_t Enviar(Library& library) {
-  Exchange exchange(library);
+bool Enviar(Library& library, const std::string& command) {
+  Exchange exchange(library, command);
   try {
-    return exchange.Run() ? 0 : 1;
+    return exchange.Run();
   } catch (const std::exception& error) {
     LogFailure(library, ToFailure(error), "Enviar", exchange.Line());
     exchange.Close();
     library.platform.GetOperator().Message("Error en el comando Enviar", "", kBoxOk);
-    return 1;
+    return false;
   }
 }
 

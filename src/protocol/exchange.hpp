@@ -1,14 +1,14 @@
 #pragma once
 
-#include <cstdint>
+#include <string>
 
 namespace kestra {
 
 struct Library;
 
-// Sends ComandoActual to the printer and waits for its answer, which goes to RespuestaActual and,
-// split and judged, to the fields that the operations read. 0: the printer accepted the command; 1:
-// it did not, or there was no exchange. ComandoActual is left framed.
-std::int32_t Enviar(Library& library);
+// Sends a command and waits for its answer, which goes to RespuestaActual and, split and judged, to the
+// fields that the operations read. True: the printer accepted the command; false: it did not, or there
+// was no exchange. ComandoActual is left framed.
+bool Enviar(Library& library, const std::string& command);
 
 }  // namespace kestra

@@ -8,7 +8,6 @@
 
 #include "fakes/fake_platform.hpp"
 #include "frame/configuration.hpp"
-#include "frame/fiscal_ini.hpp"
 #include "fuzz/input.hpp"
 #include "golden/state_fields.hpp"
 #include "platform/shared/profile_text.hpp"

@@ -37,12 +37,11 @@ class Exchange {
   }
 
   void Run() {
-    const auto result = Enviar(library_);
+    const bool accepted = Enviar(library_, command_);
     CheckFrames();
     Require(!library_.state.Puerto->PortOpen(), "the line is left closed");
     Require(world_.GetClock().Elapsed() <= LongestTime(), "it ends in time");
-    Require(result == 0 || result == 1, "it went or it did not");
-    if (result == 0) CheckAccepted();
+    if (accepted) CheckAccepted();
   }
 
  private:
@@ -54,7 +53,7 @@ class Exchange {
     state.LogComandos = input.Flag() ? 1 : 0;
     state.DelayComandos = input.Pick(kPauses);
     state.NroSecuencia = input.Byte();
-    command_ = state.ComandoActual = input.Text(12);
+    command_ = input.Text(12);
     const auto answers = input.Below(16);
     for (std::size_t i = 0; i < answers; ++i) {
       world_.GetOperator().Queue(input.Pick(kAnswers));

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "frame/fiscal_ini.hpp"
+#include "frame/configuration.hpp"
 #include "golden/base_configuration.hpp"
 #include "golden/visible.hpp"
 

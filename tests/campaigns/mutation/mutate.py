@@ -21,7 +21,7 @@ from tree import Broken, Tree, codes_in, contents_of
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parents[2]
 FOLDERS = ("src/protocol/", "src/fields/", "src/base/ansi.hpp", "src/base/boolean.hpp", "src/dialogs/conditions.",
-           "src/device/status_query.")
+           "src/device/queries.")
 
 
 def arguments():

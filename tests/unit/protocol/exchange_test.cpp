@@ -16,31 +16,42 @@ class Exchange : public testing::Test {
   Exchange() {
     library_.state.Puerto = world_.CreatePort(
         {.CommPort = 1, .Settings = "9600,N,8,1", .Handshaking = 0, .InputMode = 0, .device = {}});
-    library_.state.ComandoActual = "K";
   }
 
   FakePlatform world_;
   Library library_{world_};
 };
 
-TEST_F(Exchange, AnAcceptedCommandIsZero) {
+TEST_F(Exchange, AnAcceptedCommandIsTrue) {
   world_.Line().SetDefault(unit::Answering("0000", "0600"));
-  EXPECT_EQ(Enviar(library_), 0);
+  EXPECT_TRUE(Enviar(library_, "K"));
 }
 
-TEST_F(Exchange, ARefusedCommandIsOne) {
+TEST_F(Exchange, ARefusedCommandIsFalse) {
   world_.Line().SetDefault(unit::Answering("0000", "0610"));
-  EXPECT_EQ(Enviar(library_), 1);
+  EXPECT_FALSE(Enviar(library_, "K"));
 }
 
-TEST_F(Exchange, ALineThatDoesNotOpenIsOne) {
+TEST_F(Exchange, ALineThatDoesNotOpenIsFalse) {
   world_.Line().SetDevice(DeviceState::kMissing);
-  EXPECT_EQ(Enviar(library_), 1);
+  EXPECT_FALSE(Enviar(library_, "K"));
 }
 
-TEST_F(Exchange, WithoutALineItIsOne) {
+TEST_F(Exchange, WithoutALineItIsFalse) {
   library_.state.Puerto.reset();
-  EXPECT_EQ(Enviar(library_), 1);
+  EXPECT_FALSE(Enviar(library_, "K"));
+}
+
+TEST_F(Exchange, ACommandThatNeverLeftIsTheCurrentOneAllTheSame) {
+  library_.state.Puerto.reset();
+  Enviar(library_, "K");
+  EXPECT_EQ(library_.state.ComandoActual, "K");
+}
+
+TEST_F(Exchange, TheCurrentCommandIsLeftFramed) {
+  world_.Line().SetDefault(unit::Answering("0000", "0600"));
+  Enviar(library_, "K");
+  EXPECT_EQ(library_.state.ComandoActual.substr(2), "K\x03");
 }
 
 }  // namespace
