@@ -3,8 +3,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "contract/posix/scratch.hpp"
 #include "contract/shared/failure_number.hpp"
+#include "contract/shared/scratch.hpp"
 #include "platform/posix/log_file.hpp"
 #include "platform/posix/profile_file.hpp"
 

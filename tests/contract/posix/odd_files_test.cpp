@@ -16,8 +16,9 @@
 #include <thread>
 
 #include "contract/posix/pty_line.hpp"
-#include "contract/posix/scratch.hpp"
+#include "contract/posix/surroundings.hpp"
 #include "contract/shared/failure_number.hpp"
+#include "contract/shared/scratch.hpp"
 #include "platform/posix/log_file.hpp"
 #include "platform/posix/profile_file.hpp"
 
@@ -144,8 +145,8 @@ TEST_F(OddFiles, ADirectoryDeeperThanAnyPathServes) {
 TEST_F(OddFiles, TextsOfAnotherKindHoldNoSettings) {
   const std::string wide("\xFF\xFE[\0S\0]\0\n\0K\0=\0001\0\n\0", 18);
   const std::string noise(4096, '\0');
-  const std::map<std::string, std::string> settings = {
-      {wide, ""}, {noise, ""}, {noise + "\n" + kSettings, "12"}, {std::string(1, '['), ""}};
+  const std::map<std::string, std::string> settings = {{wide, ""},
+                                                       {noise + "\n" + kSettings, "12"}};
   for (const auto& [text, value] : settings) {
     WriteFile("Fiscal.ini", text);
     EXPECT_EQ(Setting(), value) << text;

@@ -3,15 +3,11 @@
 
 #include <filesystem>
 
-#include "contract/posix/scratch.hpp"
 #include "contract/shared/profile_rows.hpp"
+#include "contract/shared/scratch.hpp"
 #include "platform/posix/profile_file.hpp"
 
 namespace kestra {
-
-std::unique_ptr<ProfileFile> MakeProfile() {
-  return std::make_unique<PosixProfile>();
-}
 
 namespace {
 

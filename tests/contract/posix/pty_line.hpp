@@ -3,13 +3,13 @@
 #include <memory>
 #include <string>
 
-#include "contract/shared/serial_line.hpp"
+#include "contract/shared/device_line.hpp"
 #include "platform/posix/file_descriptor.hpp"
 
 namespace kestra {
 
 // A pseudo-terminal: the port opens its device, the test holds the other side.
-class PtyLine : public SerialLine {
+class PtyLine : public DeviceLine {
  public:
   PtyLine();
 
@@ -19,7 +19,7 @@ class PtyLine : public SerialLine {
   void Occupy(bool taken) override;
   void Unplug() override { far_.Close(); }
 
-  [[nodiscard]] const std::string& Device() const { return device_; }
+  [[nodiscard]] const std::string& Device() const override { return device_; }
   // The device, held open beside the port.
   [[nodiscard]] int Near() const { return near_.Get(); }
   [[nodiscard]] int Far() const { return far_.Get(); }

@@ -10,31 +10,14 @@
 
 #include "base/ansi.hpp"
 #include "contract/posix/pty_line.hpp"
-#include "contract/posix/scratch.hpp"
+#include "contract/posix/surroundings.hpp"
 #include "contract/posix/ticking.hpp"
 #include "contract/shared/failure_number.hpp"
-#include "contract/shared/processor_time.hpp"
+#include "contract/shared/scratch.hpp"
 #include "platform/posix/serial_port.hpp"
 
 namespace kestra {
 namespace {
-
-TEST(PosixPort, WaitingForASilentPrinterCostsNoProcessor) {
-  PtyLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
-  EXPECT_LT(Watch(*port).cost, 15.0);
-}
-
-TEST(PosixPort, WaitingWithThreeBytesThereCostsNoProcessorEither) {
-  PtyLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
-  port->DiscardInput();
-  line.Send("\x12\x12\x12");
-  EXPECT_LT(Watch(*port).cost, 15.0);
-  EXPECT_EQ(port->Waiting(), "\x12\x12\x12");
-}
 
 TEST(PosixPort, SignalsDoNotDisturbTheWait) {
   PtyLine line;
@@ -44,14 +27,6 @@ TEST(PosixPort, SignalsDoNotDisturbTheWait) {
   while (Ticking::Ticks() < 10) EXPECT_EQ(port->InBufferCount(), 0u);
   port->Output("ok");
   EXPECT_EQ(line.Receive(2), "ok");
-}
-
-TEST(PosixPort, ALineThatTakesNothingFailsInTheEnd) {
-  PtyLine line;
-  PosixPort port(line.Device(), 9600, {.look = 5, .stall = 50});
-  port.PortOpen(true);
-  const std::string much(1 << 20, 'x');
-  EXPECT_EQ(FailureNumber([&] { port.Output(much); }), 8020);
 }
 
 TEST(PosixPort, MoreThanTheSystemHoldsGoesOutWhileTheFarEndReads) {
@@ -87,18 +62,6 @@ TEST(PosixPort, TheLineIsRawAtTheSpeedOfTheSettings) {
   EXPECT_NE(now.c_cflag & CLOCAL, 0u);
 }
 
-TEST(PosixPort, WithoutASpeedTheDeviceKeepsItsOwn) {
-  PtyLine line;
-  PosixPort first(line.Device(), 57600);
-  first.PortOpen(true);
-  first.PortOpen(false);
-  PosixPort second(line.Device(), std::nullopt);
-  second.PortOpen(true);
-  termios now = {};
-  ::tcgetattr(line.Near(), &now);
-  EXPECT_EQ(::cfgetospeed(&now), speed_t{B57600});
-}
-
 TEST(PosixPort, ProgramsThatTheHostStartsDoNotInheritTheLine) {
   PtyLine line;
   const auto port = line.MakePort();
@@ -113,13 +76,6 @@ TEST(PosixPort, ProgramsThatTheHostStartsDoNotInheritTheLine) {
   EXPECT_EQ(seen, 2);  // the line's own and the port's
 }
 
-TEST(PosixPort, DestroyingAnOpenPortFreesTheDevice) {
-  PtyLine line;
-  line.MakePort()->PortOpen(true);
-  const auto next = line.MakePort();
-  EXPECT_EQ(FailureNumber([&] { next->PortOpen(true); }), 0);
-}
-
 TEST(PosixPort, ALinkToADeviceIsTheDevice) {
   PtyLine line;
   const ScratchDirectory scratch;
@@ -128,30 +84,6 @@ TEST(PosixPort, ALinkToADeviceIsTheDevice) {
   by_link.PortOpen(true);
   const auto by_name = line.MakePort();
   EXPECT_EQ(FailureNumber([&] { by_name->PortOpen(true); }), 8005);
-}
-
-TEST(PosixPort, WhatCannotBeOpenedIsNamedInWords) {
-  const ScratchDirectory scratch;
-  WriteFile("archivo", "no es un puerto");
-  struct Row {
-    std::string device;
-    std::string words;
-  };
-  const Row rows[] = {
-      {"/dev/no-hay-tal", "No existe el dispositivo /dev/no-hay-tal"},
-      {"archivo/dentro", "No existe el dispositivo archivo/dentro"},
-      {"archivo", "archivo no es un puerto serie"},
-      {"/dev/null", "/dev/null no es un puerto serie"},
-      {".", ". no es un puerto serie"},
-  };
-  for (const Row& row : rows) {
-    PosixPort port(row.device, 9600);
-    const auto open = [&] { port.PortOpen(true); };
-    EXPECT_EQ(FailureNumber(open), 8015) << row.device;
-    EXPECT_EQ(FailureWords(open), row.words);
-    EXPECT_FALSE(port.PortOpen());
-  }
-  EXPECT_EQ(ReadFile("archivo"), "no es un puerto");
 }
 
 TEST(PosixPort, AnotherUsersDeviceIsNotPermitted) {
@@ -163,23 +95,13 @@ TEST(PosixPort, AnotherUsersDeviceIsNotPermitted) {
   EXPECT_EQ(FailureWords([&] { port->PortOpen(true); }), "Sin permiso para abrir " + line.Device());
 }
 
-TEST(PosixPort, ABusyDeviceAndALostLineAreNamedInWords) {
+TEST(PosixPort, ALostLineIsNamedByTheWriteToo) {
   PtyLine line;
   const auto port = line.MakePort();
-  line.Occupy(true);
-  EXPECT_EQ(FailureWords([&] { port->PortOpen(true); }),
-            "El dispositivo " + line.Device() + std::string(" está en uso por otro programa"_ansi));
-  line.Occupy(false);
   port->PortOpen(true);
   line.Unplug();
   EXPECT_EQ(FailureWords([&] { port->Output("x"); }),
             std::string("Se perdió la conexión con "_ansi) + line.Device());
-}
-
-TEST(PosixPort, AClosedPortSaysSo) {
-  PosixPort port("/dev/ttyS0", 9600);
-  EXPECT_EQ(FailureNumber([&] { port.Output("x"); }), 8012);
-  EXPECT_EQ(FailureWords([&] { port.Input(); }), "El dispositivo /dev/ttyS0 no está abierto"_ansi);
 }
 
 TEST(PosixPort, EachErrorOfTheSystemHasItsMeaning) {

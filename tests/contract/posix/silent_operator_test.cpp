@@ -7,7 +7,7 @@
 
 #include "base/ansi.hpp"
 #include "contract/posix/pty_line.hpp"
-#include "contract/posix/scratch.hpp"
+#include "contract/posix/surroundings.hpp"
 #include "platform/posix/terminal_operator.hpp"
 
 namespace kestra {

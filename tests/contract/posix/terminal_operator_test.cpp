@@ -5,43 +5,21 @@
 #include <pty.h>
 #include <signal.h>
 #include <sys/wait.h>
-#include <termios.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <future>
 
 #include "base/ansi.hpp"
-#include "contract/posix/pty_line.hpp"
-#include "contract/posix/scratch.hpp"
-#include "platform/posix/native_file.hpp"
+#include "contract/posix/cooked_line.hpp"
+#include "contract/posix/surroundings.hpp"
 
 namespace kestra {
 namespace {
 
-// Reads from the terminal until a text has been shown.
-std::string ShownUntil(int terminal, const std::string& text) {
-  std::string shown;
-  while (shown.find(text) == std::string::npos) {
-    const std::string more = ReadSome(terminal, 1);
-    if (more.empty()) break;
-    shown += more;
-  }
-  return shown;
-}
-
 // A person at a terminal that shows what is typed and takes whole lines.
 class TerminalOperatorTest : public ::testing::Test {
  protected:
-  TerminalOperatorTest() {
-    termios cooked = {};
-    ::tcgetattr(line_.Near(), &cooked);
-    cooked.c_iflag |= ICRNL;
-    cooked.c_oflag |= OPOST | ONLCR;
-    cooked.c_lflag |= ICANON | ECHO | ISIG;
-    ::tcsetattr(line_.Near(), TCSANOW, &cooked);
-  }
-
   template <typename Action>
   auto Meanwhile(Action action) {
     return std::async(std::launch::async, action);
@@ -49,13 +27,12 @@ class TerminalOperatorTest : public ::testing::Test {
   std::future<std::int32_t> Ask(std::int32_t style) {
     return Meanwhile([this, style] { return operator_.Message("Seguir?", "Envia?", style); });
   }
-  std::string Shown(const std::string& until) { return ShownUntil(line_.Far(), until); }
-  void Type(std::string_view keys) { ASSERT_TRUE(WriteAll(line_.Far(), keys)); }
+  std::string Shown(const std::string& until) { return line_.ShownUntil(until); }
+  void Type(std::string_view keys) { ASSERT_TRUE(line_.Type(keys)); }
 
   Environment locale_{"LC_ALL", "C.UTF-8"};
-  PtyLine line_;
-  TerminalOperator operator_{
-      {.terminal = line_.Device(), .errors = -1, .attended = [](int) { return true; }}};
+  CookedLine line_;
+  TerminalOperator operator_{line_.Seat()};
 };
 
 TEST_F(TerminalOperatorTest, YesIsYes) {
@@ -64,13 +41,6 @@ TEST_F(TerminalOperatorTest, YesIsYes) {
   EXPECT_NE(shown.find("--- Envia? ---\r\nSeguir?\r\nS = Sí, N = No: "), std::string::npos);
   Type("s\n");
   EXPECT_EQ(answer.get(), kAnswerYes);
-}
-
-TEST_F(TerminalOperatorTest, NoIsNo) {
-  auto answer = Ask(kBoxYesNo);
-  Shown("N = No: ");
-  Type("N\n");
-  EXPECT_EQ(answer.get(), kAnswerNo);
 }
 
 TEST_F(TerminalOperatorTest, AnUnclearAnswerIsAskedForAgain) {

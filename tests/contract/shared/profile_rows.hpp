@@ -1,13 +1,6 @@
 #pragma once
 
-#include <memory>
-
-#include "platform/seam/profile_file.hpp"
-
 namespace kestra {
-
-// The system's twin.
-std::unique_ptr<ProfileFile> MakeProfile();
 
 struct ProfileRow {
   const char* why;

@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 
 #include "contract/shared/profile_rows.hpp"
+#include "contract/shared/scratch.hpp"
+#include "contract/shared/twins.hpp"
+#include "fakes/fake_profile.hpp"
 
 namespace kestra {
 namespace {
@@ -70,6 +74,115 @@ TEST_F(ProfileTest, ADirectoryOfThatNameIsEmpty) {
   std::filesystem::create_directory(name_);
   EXPECT_EQ(Value(), "");
 }
+
+TEST_F(ProfileTest, NoiseHoldsNoSettings) {
+  for (const auto& text : {std::string(4096, '\0'), std::string("\xFF\xFE"),
+                           std::string("\xFF\xFE["), std::string(3, '['), std::string("[")}) {
+    Write(text);
+    EXPECT_EQ(Value(), "");
+  }
+}
+
+// ---- The system's twin and the fake one, key by key ----
+
+// Settings of one section, written key by key.
+class ProfileBench {
+ public:
+  ProfileBench() = default;
+  ProfileBench(const ProfileBench&) = delete;
+  ProfileBench& operator=(const ProfileBench&) = delete;
+  virtual ~ProfileBench() = default;
+
+  virtual ProfileFile& Get() = 0;
+  virtual void Put(const std::string& key, const std::string& value) = 0;
+};
+
+class SystemProfile : public ProfileBench {
+ public:
+  ProfileFile& Get() override { return *profile_; }
+  void Put(const std::string& key, const std::string& value) override {
+    text_ += key + "=" + value + "\r\n";
+    WriteFile("Fiscal.ini", text_);
+  }
+
+ private:
+  ScratchDirectory scratch_;
+  std::string text_ = "[Epson_Fiscal]\r\n";
+  std::unique_ptr<ProfileFile> profile_ = MakeProfile();
+};
+
+class ProfileInMemory : public ProfileBench {
+ public:
+  ProfileFile& Get() override { return profile_; }
+  void Put(const std::string& key, const std::string& value) override { profile_.Set(key, value); }
+
+ private:
+  Trouble trouble_;
+  FakeProfile profile_{trouble_};
+};
+
+struct ProfileTwin {
+  const char* name;
+  std::unique_ptr<ProfileBench> (*make)();
+};
+
+template <typename Bench>
+std::unique_ptr<ProfileBench> Make() {
+  return std::make_unique<Bench>();
+}
+
+class ProfileContract : public ::testing::TestWithParam<ProfileTwin> {
+ protected:
+  std::string Read(const char* section, const char* key, const char* file = ".\\Fiscal.ini") {
+    return bench_->Get().Read(section, key, file);
+  }
+
+  std::unique_ptr<ProfileBench> bench_ = GetParam().make();
+};
+
+struct ValueRow {
+  std::string written;
+  std::string read;
+};
+
+const std::array<ValueRow, 12> kValues{{{"12", "12"},
+                                        {"", ""},
+                                        {" \t12 \t", "12"},
+                                        {"\"12\"", "12"},
+                                        {"'12'", "12"},
+                                        {"\"\"12\"\"", "\"12\""},
+                                        {"\"12'", "\"12'"},
+                                        {"\"", "\""},
+                                        {" \"  a b  \" ", "  a b  "},
+                                        {"12 ; caracteres", "12 ; caracteres"},
+                                        {"a=b", "a=b"},
+                                        {std::string(300, 'x'), std::string(254, 'x')}}};
+
+TEST_P(ProfileContract, AValueIsReadByTheSameRules) {
+  int number = 0;
+  for (const ValueRow& row : kValues) {
+    const std::string key = "Clave" + std::to_string(++number);
+    bench_->Put(key, row.written);
+    EXPECT_EQ(Read("Epson_Fiscal", key.c_str()), row.read) << row.written;
+  }
+}
+
+TEST_P(ProfileContract, NamesMayBeInAnotherCase) {
+  bench_->Put(" cpi ", "12");
+  EXPECT_EQ(Read("EPSON_fiscal", "CPI", ".\\FISCAL.INI"), "12");
+}
+
+TEST_P(ProfileContract, WhatIsNotThereIsEmpty) {
+  bench_->Put("CPI", "12");
+  EXPECT_EQ(Read("Otra", "CPI"), "");
+  EXPECT_EQ(Read("Epson_Fiscal", "CP"), "");
+  EXPECT_EQ(Read("Epson_Fiscal", "CPI", ".\\Otro.ini"), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Twins, ProfileContract,
+                         ::testing::Values(ProfileTwin{"System", Make<SystemProfile>},
+                                           ProfileTwin{"Fake", Make<ProfileInMemory>}),
+                         [](const auto& twin) { return std::string(twin.param.name); });
 
 }  // namespace
 }  // namespace kestra

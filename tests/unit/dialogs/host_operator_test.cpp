@@ -94,6 +94,13 @@ TEST_F(HostsOperator, WithoutOneTheDefaultAnswersEverything) {
   EXPECT_EQ(LeftToTheDefault(), kAll);
 }
 
+TEST_F(HostsOperator, WithoutOneTheDefaultsAnswersCount) {
+  fallback_.Queue(Answer::kYes);
+  fallback_.Queue(Answer::kRetry);
+  EXPECT_EQ(operator_.Message("text", "", kBoxYesNo), kAnswerYes);
+  EXPECT_TRUE(operator_.StatusReport({}));
+}
+
 TEST_F(HostsOperator, AWholeRecordAnswersEverything) {
   const auto record = Record();
   operator_.Set(&record);
@@ -228,6 +235,18 @@ constexpr std::array kAnswers{
 };
 INSTANTIATE_TEST_SUITE_P(Rows, HostsAnswer, testing::ValuesIn(kAnswers), unit::BySentence());
 
+TEST_F(HostsOperator, AQuestionIsYesForSixAloneAndAMessageIsAlwaysAccepted) {
+  const auto record = Record();
+  operator_.Set(&record);
+  for (const std::int32_t answer : {-1, 0, 1, 2, 5, 6, 7, 8}) {
+    host_.answer = answer;
+    for (const std::int32_t style : {kBoxYesNo, kBoxYesNoQuestion}) {
+      EXPECT_EQ(operator_.Message("a", "", style), answer == 6 ? kAnswerYes : kAnswerNo);
+    }
+    EXPECT_EQ(operator_.Message("a", "", kBoxOk), kAnswerOk);
+  }
+}
+
 TEST_F(HostsOperator, AZeroByteInsideATextComesAsABlank) {
   const auto record = Record();
   operator_.Set(&record);
@@ -259,7 +278,7 @@ TEST_F(HostsOperator, TheReportComesRowByRow) {
                            .lit = i % 5 == 0,
                            .text = std::string_view("abcdefghijklmnopqrstuvwxyz")
                                        .substr(0, 3 + static_cast<std::size_t>(i)),
-                           .hint = "hint"});
+                           .hint = std::string_view("a\0b", 3)});
   }
   operator_.StatusReport(report);
   ASSERT_EQ(host_.rows.size(), 23u);
@@ -270,7 +289,7 @@ TEST_F(HostsOperator, TheReportComesRowByRow) {
     EXPECT_EQ(row.clase, i % 3 == 0 ? 1 : 0);
     EXPECT_EQ(row.encendida, i % 5 == 0 ? 1 : 0);
     EXPECT_EQ(text, report.rows[static_cast<std::size_t>(i)].text);
-    EXPECT_EQ(hint, "hint");
+    EXPECT_EQ(hint, "a b");
   }
 }
 
@@ -281,6 +300,32 @@ TEST_F(HostsOperator, AnythingButZeroSendsTheCommandAgain) {
     host_.answer = answer;
     EXPECT_EQ(operator_.StatusReport({"0000", "0000", {}}), answer != 0) << answer;
   }
+  operator_.StatusReport({});
+  EXPECT_EQ(host_.printer + host_.fiscal, "");
+}
+
+// A callback gives the operator's place up while it runs.
+struct Leaving {
+  HostOperator* place;
+  int warnings = 0;
+};
+
+void KESTRA_CALL TakeTheRecordAway(void* context) {
+  auto& leaving = *static_cast<Leaving*>(context);
+  leaving.place->Set(nullptr);
+  ++leaving.warnings;
+}
+
+TEST_F(HostsOperator, ACallbackMayTakeTheRecordAway) {
+  Leaving leaving{&operator_};
+  auto record = Record();
+  record.contexto = &leaving;
+  record.memoria_llena = TakeTheRecordAway;
+  operator_.Set(&record);
+  operator_.MemoryFull();
+  operator_.MemoryFull();
+  EXPECT_EQ(leaving.warnings, 1);
+  EXPECT_EQ(LeftToTheDefault(), std::vector{Happening::kMemoryFull});
 }
 
 }  // namespace

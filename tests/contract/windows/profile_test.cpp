@@ -5,14 +5,10 @@
 #include <string_view>
 
 #include "contract/shared/profile_rows.hpp"
+#include "contract/shared/scratch.hpp"
 #include "platform/windows/profile_file.hpp"
-#include "scratch.hpp"
 
 namespace kestra {
-
-std::unique_ptr<ProfileFile> MakeProfile() {
-  return std::make_unique<WindowsProfile>();
-}
 
 namespace {
 
@@ -27,14 +23,14 @@ class WindowsProfileTest : public ::testing::Test {
 };
 
 TEST_F(WindowsProfileTest, ABareNameMeansTheCurrentDirectoryToo) {
-  WriteFileText("Fiscal.ini", "[S]\r\nK=12\r\n");
+  WriteFile("Fiscal.ini", "[S]\r\nK=12\r\n");
   EXPECT_EQ(Value("Fiscal.ini"), "12");
 }
 
 TEST_F(WindowsProfileTest, FollowsTheCurrentDirectory) {
-  WriteFileText("Fiscal.ini", "[S]\r\nK=12\r\n");
+  WriteFile("Fiscal.ini", "[S]\r\nK=12\r\n");
   ::CreateDirectoryA("otra", nullptr);
-  WriteFileText("otra\\Fiscal.ini", "[S]\r\nK=13\r\n");
+  WriteFile("otra\\Fiscal.ini", "[S]\r\nK=13\r\n");
   EXPECT_EQ(Value(), "12");
   ::SetCurrentDirectoryA("otra");
   EXPECT_EQ(Value(), "13");
@@ -43,12 +39,12 @@ TEST_F(WindowsProfileTest, FollowsTheCurrentDirectory) {
 TEST_F(WindowsProfileTest, IsFoundInADirectoryThatTheCodePageCannotWrite) {
   ::CreateDirectoryW(L"\u6F22\u5B57", nullptr);
   ASSERT_TRUE(::SetCurrentDirectoryW(L"\u6F22\u5B57"));
-  WriteFileText("Fiscal.ini", "[S]\r\nK=12\r\n");
+  WriteFile("Fiscal.ini", "[S]\r\nK=12\r\n");
   EXPECT_EQ(Value(), "12");
 }
 
 TEST_F(WindowsProfileTest, MayBeOpenInAnEditorMeanwhile) {
-  WriteFileText("Fiscal.ini", "[S]\r\nK=12\r\n");
+  WriteFile("Fiscal.ini", "[S]\r\nK=12\r\n");
   const HANDLE editor =
       ::CreateFileA("Fiscal.ini", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                     nullptr, OPEN_EXISTING, 0, nullptr);
@@ -58,10 +54,10 @@ TEST_F(WindowsProfileTest, MayBeOpenInAnEditorMeanwhile) {
 
 TEST_F(WindowsProfileTest, MayBeKeptInUnitsOf16Bits) {
   const std::wstring text = L"\uFEFF[S]\r\nK=t\u00E9cnico \u20AC\r\n";
-  WriteFileText("Fiscal.ini", {reinterpret_cast<const char*>(text.data()), text.size() * 2});
+  WriteFile("Fiscal.ini", {reinterpret_cast<const char*>(text.data()), text.size() * 2});
   EXPECT_EQ(Value(), "t\xE9\x63nico \x80");
   for (const char* broken : {"\xFF\xFE", "\xFF\xFE[", "\xFF"}) {
-    WriteFileText("Fiscal.ini", broken);
+    WriteFile("Fiscal.ini", broken);
     EXPECT_EQ(Value(), "");
   }
 }
@@ -69,7 +65,7 @@ TEST_F(WindowsProfileTest, MayBeKeptInUnitsOf16Bits) {
 // Settings that were written for the system's own reader keep their meaning.
 TEST_F(WindowsProfileTest, IsReadAsTheSystemsOwnReaderReadsIt) {
   for (const ProfileRow& row : kProfileRows) {
-    WriteFileText("Fiscal.ini", row.text);
+    WriteFile("Fiscal.ini", row.text);
     std::array<char, 256> value{};
     ::GetPrivateProfileStringA("Epson_Fiscal", "CPI", "", value.data(),
                                static_cast<DWORD>(value.size()), ".\\Fiscal.ini");

@@ -4,12 +4,12 @@
 #include <memory>
 #include <string>
 
-#include "contract/shared/serial_line.hpp"
+#include "contract/shared/device_line.hpp"
 
 namespace kestra {
 
 // A COM port whose far end a program of the other system holds: see far_end.py.
-class ComLine : public SerialLine {
+class ComLine : public DeviceLine {
  public:
   ComLine();
 
@@ -20,7 +20,7 @@ class ComLine : public SerialLine {
   void Unplug() override;
 
   // "COM20"
-  [[nodiscard]] const std::string& Device() const { return device_; }
+  [[nodiscard]] const std::string& Device() const override { return device_; }
 
  private:
   std::string device_;

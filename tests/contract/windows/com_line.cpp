@@ -1,6 +1,6 @@
-#include "com_line.hpp"
+#include "contract/windows/com_line.hpp"
 
-#include "far_end.hpp"
+#include "contract/windows/far_end.hpp"
 #include "platform/windows/serial_port.hpp"
 
 namespace kestra {

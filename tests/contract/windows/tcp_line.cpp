@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "far_end.hpp"
+#include "contract/windows/far_end.hpp"
 
 namespace kestra {
 

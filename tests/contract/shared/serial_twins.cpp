@@ -1,7 +1,6 @@
 #include <utility>
 
-#include "contract/posix/pty_line.hpp"
-#include "contract/shared/serial_line.hpp"
+#include "contract/shared/device_line.hpp"
 #include "contract/shared/tcp_line.hpp"
 #include "fakes/fake_clock.hpp"
 #include "fakes/fake_port.hpp"
@@ -38,17 +37,14 @@ class FakeTwin : public SerialLine {
   std::string written_;
 };
 
-template <typename Line>
-std::unique_ptr<SerialLine> Make() {
-  return std::make_unique<Line>();
-}
-
 }  // namespace
 
 std::vector<SerialTwin> SerialTwins() {
-  return {{.name = "Posix", .make = Make<PtyLine>},
-          {.name = "Tcp", .make = Make<TcpLine>, .in_use = 8015},
-          {.name = "Fake", .make = Make<FakeTwin>}};
+  return {{.name = "System", .make = [] { return std::unique_ptr<SerialLine>(MakeDeviceLine()); }},
+          {.name = "Tcp",
+           .make = [] { return std::unique_ptr<SerialLine>(new TcpLine()); },
+           .in_use = 8015},
+          {.name = "Fake", .make = [] { return std::unique_ptr<SerialLine>(new FakeTwin()); }}};
 }
 
 }  // namespace kestra

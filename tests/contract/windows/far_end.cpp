@@ -1,4 +1,4 @@
-#include "far_end.hpp"
+#include "contract/windows/far_end.hpp"
 
 #include <gtest/gtest.h>
 #include <winsock2.h>

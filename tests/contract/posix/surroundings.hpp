@@ -1,48 +1,13 @@
 #pragma once
 
-#include <stdlib.h>
 #include <time.h>
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <string>
 
 namespace kestra {
-
-// A directory for one test, which becomes the current one.
-class ScratchDirectory {
- public:
-  ScratchDirectory() : before_(std::filesystem::current_path()) {
-    std::string name = (std::filesystem::temp_directory_path() / "kestra.XXXXXX").string();
-    path_ = ::mkdtemp(name.data());
-    std::filesystem::current_path(path_);
-  }
-  ScratchDirectory(const ScratchDirectory&) = delete;
-  ScratchDirectory& operator=(const ScratchDirectory&) = delete;
-  ~ScratchDirectory() {
-    std::filesystem::current_path(before_);
-    std::filesystem::remove_all(path_);
-  }
-
-  [[nodiscard]] std::string Path() const { return path_.string(); }
-
- private:
-  std::filesystem::path before_;
-  std::filesystem::path path_;
-};
-
-inline void WriteFile(const std::string& name, const std::string& text) {
-  std::ofstream(name, std::ios::binary) << text;
-}
-
-inline std::string ReadFile(const std::string& name) {
-  std::ifstream file(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // An environment variable for one test; null takes it away.
 class Environment {

@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "contract/shared/failure_number.hpp"
+#include "contract/shared/scratch.hpp"
+#include "contract/shared/twins.hpp"
+#include "fakes/fake_log.hpp"
+
+namespace kestra {
+namespace {
+
+constexpr const char* kName = ".\\fiscal.log";
+
+// A log, and what is in it.
+class LogBench {
+ public:
+  LogBench() = default;
+  LogBench(const LogBench&) = delete;
+  LogBench& operator=(const LogBench&) = delete;
+  virtual ~LogBench() = default;
+
+  virtual LogFile& Get() = 0;
+  virtual std::string Text() = 0;
+  virtual void Block() = 0;  // nothing can be written any more
+};
+
+class SystemLog : public LogBench {
+ public:
+  LogFile& Get() override { return *log_; }
+  std::string Text() override { return ReadFile("fiscal.log"); }
+  void Block() override { std::filesystem::create_directory("fiscal.log"); }
+
+ private:
+  ScratchDirectory scratch_;
+  std::unique_ptr<LogFile> log_ = MakeLog();
+};
+
+class LogInMemory : public LogBench {
+ public:
+  LogFile& Get() override { return log_; }
+  std::string Text() override {
+    std::string text;
+    for (const Event& event : journal_.Events()) {
+      if (event.kind == Happening::kLog && event.detail == kName) text += event.text;
+    }
+    return text;
+  }
+  void Block() override { log_.SetReadOnly(true); }
+
+ private:
+  Journal journal_;
+  Trouble trouble_;
+  FakeLog log_{journal_, trouble_};
+};
+
+struct LogTwin {
+  const char* name;
+  std::unique_ptr<LogBench> (*make)();
+  std::int32_t blocked;
+};
+
+template <typename Bench>
+std::unique_ptr<LogBench> Make() {
+  return std::make_unique<Bench>();
+}
+
+class LogContract : public ::testing::TestWithParam<LogTwin> {
+ protected:
+  void Append(std::string_view bytes) { bench_->Get().Append(kName, bytes); }
+
+  std::unique_ptr<LogBench> bench_ = GetParam().make();
+};
+
+TEST_P(LogContract, IsCreatedWhenMissing) {
+  Append("uno\r\n");
+  EXPECT_EQ(bench_->Text(), "uno\r\n");
+}
+
+TEST_P(LogContract, GrowsAtItsEnd) {
+  Append("viejo\r\n");
+  Append("uno\r\n");
+  Append("dos\r\n");
+  EXPECT_EQ(bench_->Text(), "viejo\r\nuno\r\ndos\r\n");
+}
+
+TEST_P(LogContract, KeepsEveryByteAsItIs) {
+  const std::string bytes("\x02\x00\x1C\xF3\r\n", 6);
+  Append(bytes);
+  EXPECT_EQ(bench_->Text(), bytes);
+}
+
+TEST_P(LogContract, OneThatCannotBeWrittenIsAFailure) {
+  bench_->Block();
+  EXPECT_EQ(FailureNumber([&] { Append("x"); }), GetParam().blocked);
+}
+
+INSTANTIATE_TEST_SUITE_P(Twins, LogContract,
+                         ::testing::Values(LogTwin{"System", Make<SystemLog>, kLogIsADirectory},
+                                           LogTwin{"Fake", Make<LogInMemory>, 75}),
+                         [](const auto& twin) { return std::string(twin.param.name); });
+
+class LogFileTest : public ::testing::Test {
+ protected:
+  ScratchDirectory scratch_;
+  std::unique_ptr<LogFile> log_ = MakeLog();
+};
+
+TEST_F(LogFileTest, TakesALogOfAnEarlierDayUp) {
+  WriteFile("fiscal.log", "viejo\r\n");
+  log_->Append(kName, "uno\r\n");
+  EXPECT_EQ(ReadFile("fiscal.log"), "viejo\r\nuno\r\n");
+}
+
+TEST_F(LogFileTest, MayBeDeletedBetweenTwoLines) {
+  log_->Append(kName, "uno");
+  std::filesystem::remove("fiscal.log");
+  log_->Append(kName, "dos");
+  EXPECT_EQ(ReadFile("fiscal.log"), "dos");
+}
+
+TEST_F(LogFileTest, AMissingDirectoryIsAFailure) {
+  EXPECT_EQ(FailureNumber([&] { log_->Append(".\\no\\fiscal.log", "x"); }), 76);
+}
+
+}  // namespace
+}  // namespace kestra
