@@ -1,4 +1,4 @@
-#include "device/clock_and_header.hpp"
+#include "device/operations.hpp"
 
 #include <string>
 

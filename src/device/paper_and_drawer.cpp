@@ -1,4 +1,4 @@
-#include "device/paper_and_drawer.hpp"
+#include "device/operations.hpp"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "device/queries.hpp"
+#include "device/operations.hpp"
 
 #include <array>
 #include <span>

@@ -1,4 +1,4 @@
-#include "device/reports.hpp"
+#include "device/operations.hpp"
 
 #include <string>
 

@@ -9,7 +9,7 @@
 
 #include "platform/seam/floating_point.hpp"
 #include "platform/seam/host_memory.hpp"
-#include "platform/shared/shown_text.hpp"
+#include "platform/shared/text.hpp"
 
 namespace kestra {
 namespace {

@@ -1,4 +1,4 @@
-#include "documents/fiscal_document.hpp"
+#include "documents/operations.hpp"
 
 #include "documents/document_kinds.hpp"
 #include "fields/text_field.hpp"

@@ -1,4 +1,4 @@
-#include "documents/homologated_document.hpp"
+#include "documents/operations.hpp"
 
 #include <array>
 

@@ -1,11 +1,10 @@
-#include "documents/item.hpp"
+#include "documents/operations.hpp"
 
 #include <array>
 #include <string>
 #include <utility>
 
 #include "documents/document_kinds.hpp"
-#include "documents/fiscal_document.hpp"
 #include "fields/text_field.hpp"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"

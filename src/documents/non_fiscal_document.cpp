@@ -1,4 +1,4 @@
-#include "documents/non_fiscal_document.hpp"
+#include "documents/operations.hpp"
 
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"

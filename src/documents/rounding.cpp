@@ -2,7 +2,7 @@
 #include <string>
 
 #include "documents/document_kinds.hpp"
-#include "documents/totals.hpp"
+#include "documents/operations.hpp"
 #include "fields/integer_text.hpp"
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"

@@ -1,4 +1,4 @@
-#include "documents/totals.hpp"
+#include "documents/operations.hpp"
 
 #include "documents/document_kinds.hpp"
 #include "operation/host_buffer.hpp"

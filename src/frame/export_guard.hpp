@@ -37,13 +37,13 @@ std::int32_t Export(std::string_view name, std::int32_t failure, Operation opera
   if (!turn) return failure;
   const FloatingPoint ours;
   return WithoutFailing(failure, [&] {
-    auto& k = Instance();
-    const PortNotice notice{k};
-    if (turn.Inherited()) ReleaseAbandoned(k);
+    auto& library = Instance();
+    const PortNotice notice{library};
+    if (turn.Inherited()) ReleaseAbandoned(library);
     try {
-      return operation(k);
+      return operation(library);
     } catch (const std::exception& error) {
-      LogFailure(k, ToFailure(error), name);
+      LogFailure(library, ToFailure(error), name);
       return failure;
     }
   });

@@ -2,15 +2,8 @@
 
 #include <cstdint>
 
-#include "device/clock_and_header.hpp"
-#include "device/paper_and_drawer.hpp"
-#include "device/queries.hpp"
-#include "device/reports.hpp"
-#include "documents/fiscal_document.hpp"
-#include "documents/homologated_document.hpp"
-#include "documents/item.hpp"
-#include "documents/non_fiscal_document.hpp"
-#include "documents/totals.hpp"
+#include "device/operations.hpp"
+#include "documents/operations.hpp"
 #include "frame/export_guard.hpp"
 #include "frame/startup.hpp"
 #include "kestra/kestra.h"

@@ -1,7 +1,7 @@
 #include "fakes/fake_platform.hpp"
 
 #include "base/failure.hpp"
-#include "platform/shared/line_speed.hpp"
+#include "platform/shared/ports.hpp"
 
 namespace kestra {
 

@@ -4,7 +4,7 @@
 
 #include "base/ansi.hpp"
 #include "platform/seam/dialog_words.hpp"
-#include "platform/shared/ascii_case.hpp"
+#include "platform/shared/text.hpp"
 
 namespace kestra {
 namespace {

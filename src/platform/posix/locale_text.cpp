@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstdlib>
 
-#include "platform/shared/text_encoding.hpp"
+#include "platform/shared/text.hpp"
 
 namespace kestra {
 namespace {

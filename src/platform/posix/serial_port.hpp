@@ -1,5 +1,6 @@
 #pragma once
 
+#include <termios.h>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -9,7 +10,7 @@
 #include "platform/posix/file_descriptor.hpp"
 #include "platform/seam/port_fault.hpp"
 #include "platform/seam/serial_port.hpp"
-#include "platform/shared/port_patience.hpp"
+#include "platform/shared/ports.hpp"
 
 namespace kestra {
 
@@ -52,5 +53,11 @@ class PosixPort : public SerialPort {
 // What a failed opening of a device, or a failed transfer on an open one, means.
 PortFault OpeningFault(int error);
 PortFault TransferFault(int error);
+
+// Raw bytes both ways, 8 data bits, no parity, one stop bit, no handshake; the speed as given, else
+// as it is. What says nothing about that stays as the device has it.
+termios RawLine(const termios& now, std::optional<std::int32_t> speed);
+
+bool SameLine(const termios& a, const termios& b);
 
 }  // namespace kestra

@@ -14,7 +14,7 @@
 #include <memory>
 
 #include "platform/posix/file_descriptor.hpp"
-#include "platform/shared/error_rows.hpp"
+#include "platform/seam/port_fault.hpp"
 
 namespace kestra {
 namespace {

@@ -1,9 +1,8 @@
 #include "platform/posix/clock.hpp"
-#include "platform/posix/log_file.hpp"
-#include "platform/posix/profile_file.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/posix/terminal_operator.hpp"
 #include "platform/seam/platform.hpp"
-#include "platform/shared/port_choice.hpp"
+#include "platform/shared/ports.hpp"
 
 namespace kestra {
 namespace {

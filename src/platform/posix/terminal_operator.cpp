@@ -1,16 +1,18 @@
 #include "platform/posix/terminal_operator.hpp"
 
 #include <fcntl.h>
+#include <limits.h>
+#include <poll.h>
 #include <termios.h>
-
 #include <utility>
 
 #include "platform/posix/dialog_text.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/held_signals.hpp"
 #include "platform/posix/locale_text.hpp"
-#include "platform/posix/native_file.hpp"
-#include "platform/posix/standard_error.hpp"
 
 namespace kestra {
+
 namespace {
 
 // A typed line; nothing at the end of input or when a signal comes instead.
@@ -89,6 +91,15 @@ void TerminalOperator::MemoryFull() {
     return;
   }
   Note(MemoryFullNote());
+}
+
+void WriteNote(int fd, std::string line) {
+  // As much as a pipe that is ready takes whole.
+  if (line.size() > PIPE_BUF) line.replace(PIPE_BUF - 1, std::string::npos, "\n");
+  pollfd ready = {.fd = fd, .events = POLLOUT, .revents = 0};
+  if (::poll(&ready, 1, 0) != 1 || (ready.revents & POLLOUT) == 0) return;
+  const HeldSignals held;
+  WriteAll(fd, line);
 }
 
 }  // namespace kestra

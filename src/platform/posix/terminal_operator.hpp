@@ -1,7 +1,6 @@
 #pragma once
 
 #include <unistd.h>
-
 #include <optional>
 #include <string>
 #include <string_view>
@@ -40,5 +39,9 @@ class TerminalOperator : public Operator {
   OperatorSeat seat_;
   std::string codeset_;
 };
+
+// Writes a line to the host's standard error if that takes it at once. Nothing that is wrong with
+// it, a full pipe or one whose reader is gone, stops or ends the host.
+void WriteNote(int fd, std::string line);
 
 }  // namespace kestra

@@ -38,4 +38,19 @@ Failure PortFailure(PortFault fault, std::string_view device);
 // The same with the system's own error number at its end.
 Failure PortFailure(PortFault fault, std::string_view device, int system_error);
 
+// What an error number of the system means for a port.
+template <typename Number>
+struct ErrorRow {
+  Number error;
+  PortFault fault;
+};
+
+template <typename Rows, typename Number>
+PortFault FaultIn(const Rows& rows, Number error, PortFault otherwise) {
+  for (const auto& row : rows) {
+    if (row.error == error) return row.fault;
+  }
+  return otherwise;
+}
+
 }  // namespace kestra

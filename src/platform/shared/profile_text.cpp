@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "platform/seam/profile_file.hpp"
-#include "platform/shared/ascii_case.hpp"
+#include "platform/shared/text.hpp"
 
 namespace kestra {
 namespace {

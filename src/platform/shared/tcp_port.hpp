@@ -2,16 +2,22 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/seam/serial_port.hpp"
 #include "platform/seam/socket.hpp"
-#include "platform/shared/port_patience.hpp"
-#include "platform/shared/tcp_address.hpp"
+#include "platform/shared/ports.hpp"
 
 namespace kestra {
+
+// Does a device's name tell of a network ("tcp:...") rather than of this machine's own devices?
+bool IsTcp(std::string_view device);
+
+// "tcp:HOST:PORT" or "tcp:[ADDRESS]:PORT", the port from 1 to 65535; nothing when it is neither.
+std::optional<TcpAddress> TcpAddressOf(std::string_view device);
 
 // A serial line behind a network: a device server in raw mode, a virtual printer. Opening connects,
 // closing hangs up.

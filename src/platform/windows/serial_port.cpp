@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "platform/shared/error_rows.hpp"
+#include "platform/seam/port_fault.hpp"
 #include "platform/windows/line_settings.hpp"
 
 namespace kestra {

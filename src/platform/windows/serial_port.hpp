@@ -8,7 +8,7 @@
 
 #include "platform/seam/port_fault.hpp"
 #include "platform/seam/serial_port.hpp"
-#include "platform/shared/port_patience.hpp"
+#include "platform/shared/ports.hpp"
 #include "platform/windows/handle.hpp"
 
 namespace kestra {

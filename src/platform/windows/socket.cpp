@@ -7,7 +7,7 @@
 #include <cstring>
 #include <memory>
 
-#include "platform/shared/error_rows.hpp"
+#include "platform/seam/port_fault.hpp"
 
 namespace kestra {
 namespace {

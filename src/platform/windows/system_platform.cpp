@@ -1,10 +1,9 @@
 #include "platform/seam/platform.hpp"
-#include "platform/shared/port_choice.hpp"
+#include "platform/shared/ports.hpp"
 #include "platform/windows/clock.hpp"
 #include "platform/windows/components/start_up.hpp"
 #include "platform/windows/dialogs/window_operator.hpp"
-#include "platform/windows/log_file.hpp"
-#include "platform/windows/profile_file.hpp"
+#include "platform/windows/files.hpp"
 
 namespace kestra {
 namespace {

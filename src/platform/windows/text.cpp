@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/shared/text_encoding.hpp"
+#include "platform/shared/text.hpp"
 
 namespace kestra {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "contract/posix/pty_line.hpp"
-#include "platform/posix/native_file.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/posix/terminal_operator.hpp"
 
 namespace kestra {

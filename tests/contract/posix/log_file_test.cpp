@@ -6,7 +6,7 @@
 #include "contract/posix/surroundings.hpp"
 #include "contract/shared/failure_number.hpp"
 #include "contract/shared/scratch.hpp"
-#include "platform/posix/log_file.hpp"
+#include "platform/posix/files.hpp"
 
 namespace kestra {
 namespace {

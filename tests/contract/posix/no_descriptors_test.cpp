@@ -5,8 +5,7 @@
 
 #include "contract/shared/failure_number.hpp"
 #include "contract/shared/scratch.hpp"
-#include "platform/posix/log_file.hpp"
-#include "platform/posix/profile_file.hpp"
+#include "platform/posix/files.hpp"
 
 namespace kestra {
 namespace {

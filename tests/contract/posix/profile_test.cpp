@@ -5,7 +5,7 @@
 
 #include "contract/shared/profile_rows.hpp"
 #include "contract/shared/scratch.hpp"
-#include "platform/posix/profile_file.hpp"
+#include "platform/posix/files.hpp"
 
 namespace kestra {
 

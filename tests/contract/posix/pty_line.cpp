@@ -11,7 +11,7 @@
 #include <array>
 #include <chrono>
 
-#include "platform/posix/native_file.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/posix/serial_port.hpp"
 
 namespace kestra {

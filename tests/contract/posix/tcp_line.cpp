@@ -15,9 +15,9 @@
 
 #include "contract/posix/pty_line.hpp"
 #include "platform/posix/file_descriptor.hpp"
-#include "platform/posix/native_file.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/seam/socket.hpp"
-#include "platform/shared/tcp_address.hpp"
+#include "platform/shared/tcp_port.hpp"
 
 namespace kestra {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/shared/text_encoding.hpp"
+#include "platform/shared/text.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,7 @@
 
 #include "contract/posix/surroundings.hpp"
 #include "platform/posix/clock.hpp"
-#include "platform/posix/log_file.hpp"
-#include "platform/posix/profile_file.hpp"
+#include "platform/posix/files.hpp"
 
 namespace kestra {
 namespace {

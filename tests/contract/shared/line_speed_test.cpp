@@ -1,4 +1,4 @@
-#include "platform/shared/line_speed.hpp"
+#include "platform/shared/ports.hpp"
 
 #include <gtest/gtest.h>
 

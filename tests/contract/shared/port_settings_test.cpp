@@ -2,7 +2,7 @@
 
 #include "base/ansi.hpp"
 #include "contract/shared/failure_number.hpp"
-#include "platform/shared/port_choice.hpp"
+#include "platform/shared/ports.hpp"
 
 namespace kestra {
 namespace {

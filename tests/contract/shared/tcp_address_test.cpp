@@ -1,4 +1,4 @@
-#include "platform/shared/tcp_address.hpp"
+#include "platform/shared/tcp_port.hpp"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "contract/shared/serial_line.hpp"
-#include "platform/shared/port_patience.hpp"
+#include "platform/shared/ports.hpp"
 
 namespace kestra {
 

@@ -3,8 +3,8 @@
 
 #include "contract/shared/failure_number.hpp"
 #include "contract/shared/scratch.hpp"
+#include "platform/windows/files.hpp"
 #include "platform/windows/handle.hpp"
-#include "platform/windows/log_file.hpp"
 
 namespace kestra {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "contract/shared/profile_rows.hpp"
 #include "contract/shared/scratch.hpp"
-#include "platform/windows/profile_file.hpp"
+#include "platform/windows/files.hpp"
 
 namespace kestra {
 

@@ -2,8 +2,7 @@
 
 #include "contract/windows/user_form.hpp"
 #include "platform/windows/clock.hpp"
-#include "platform/windows/log_file.hpp"
-#include "platform/windows/profile_file.hpp"
+#include "platform/windows/files.hpp"
 
 namespace kestra {
 namespace {

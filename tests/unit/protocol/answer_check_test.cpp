@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "device/queries.hpp"
+#include "device/operations.hpp"
 #include "fakes/fake_platform.hpp"
 #include "protocol/answer.hpp"
 #include "state/library.hpp"

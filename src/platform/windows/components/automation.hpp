@@ -6,8 +6,7 @@
 
 #include <atomic>
 
-#include "platform/windows/components/com_guard.hpp"
-#include "platform/windows/components/com_ptr.hpp"
+#include "platform/windows/components/com.hpp"
 
 namespace kestra {
 

@@ -1,6 +1,6 @@
 #include "platform/windows/components/class_factory.hpp"
 
-#include "platform/windows/components/com_guard.hpp"
+#include "platform/windows/components/com.hpp"
 
 namespace kestra {
 

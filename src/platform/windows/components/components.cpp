@@ -4,7 +4,7 @@
 
 #include "platform/seam/host_memory.hpp"
 #include "platform/windows/components/class_factory.hpp"
-#include "platform/windows/components/com_guard.hpp"
+#include "platform/windows/components/com.hpp"
 #include "platform/windows/components/module.hpp"
 #include "platform/windows/components/public_classes.hpp"
 #include "platform/windows/components/registration.hpp"

@@ -2,10 +2,15 @@
 
 #include <initguid.h>
 #include <kestra_h.h>
+#include <objbase.h>
 
 #include "platform/windows/components/automation.hpp"
+#include "platform/windows/components/module.hpp"
+#include "platform/windows/components/registration.hpp"
+#include "platform/windows/components/registry.hpp"
 
 namespace kestra {
+
 namespace {
 
 class InitObject final : public AutomationObject<IInitClass> {
@@ -44,6 +49,17 @@ const std::array<PublicClass, 2>& PublicClasses() {
 
 const GUID& TypeLibraryId() {
   return LIBID_Kestra;
+}
+
+HRESULT CreateUsersInitObject(void** object) {
+  if (!NamesFile(UserHive(), ModulePath())) return REGDB_E_CLASSNOTREG;
+  const auto text = ReadText(UserHive(), L"Kestra.InitClass\\CLSID", {});
+  CLSID id{};
+  if (FAILED(CLSIDFromString(text.c_str(), &id))) return CO_E_CLASSSTRING;
+  for (const auto& row : PublicClasses()) {
+    if (IsEqualGUID(*row.id, id)) return row.create(__uuidof(IInitClass), object);
+  }
+  return REGDB_E_CLASSNOTREG;
 }
 
 }  // namespace kestra

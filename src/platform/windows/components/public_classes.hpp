@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-
 #include <array>
 
 namespace kestra {
@@ -20,5 +19,9 @@ const std::array<PublicClass, 2>& PublicClasses();
 
 // The library that describes the classes.
 const GUID& TypeLibraryId();
+
+// An InitClass by the registration in the user's own hive, read from there: for systems that do not lead
+// programs to it. It must name this file. `object` is written on success alone.
+HRESULT CreateUsersInitObject(void** object);
 
 }  // namespace kestra

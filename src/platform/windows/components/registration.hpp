@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-
 #include <string>
 
 #include "platform/windows/components/foreign_names.hpp"
@@ -50,6 +49,20 @@ class LastingRegistrations {
 
   Kept machine_;
   Kept user_;
+};
+
+// Keeps two programs that start at the same moment from registering over each other. Best effort: a
+// program that cannot have the lock goes on without it.
+class RegistrationLock {
+ public:
+  RegistrationLock();
+  RegistrationLock(const RegistrationLock&) = delete;
+  RegistrationLock& operator=(const RegistrationLock&) = delete;
+  ~RegistrationLock();
+
+ private:
+  HANDLE mutex_;
+  bool held_ = false;
 };
 
 }  // namespace kestra

@@ -5,10 +5,10 @@
 #include <kestra_h.h>
 
 #include "base/failure.hpp"
-#include "platform/windows/components/com_ptr.hpp"
+#include "platform/windows/components/com.hpp"
 #include "platform/windows/components/module.hpp"
-#include "platform/windows/components/registration_lock.hpp"
-#include "platform/windows/components/users_class.hpp"
+#include "platform/windows/components/public_classes.hpp"
+#include "platform/windows/components/registration.hpp"
 
 namespace kestra {
 namespace {

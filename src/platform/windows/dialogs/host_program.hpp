@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-
 #include <string>
 
 namespace kestra {
@@ -12,5 +11,9 @@ std::wstring HostName();
 
 // The module that this code and its resources are in.
 HINSTANCE OwnInstance();
+
+// Is there somebody who could see a window of this process? A service's windows are on a desktop that
+// no screen shows, and would wait there for ever.
+bool DesktopIsSeen();
 
 }  // namespace kestra

@@ -2,11 +2,9 @@
 
 #include <windows.h>
 
-#include "platform/shared/shown_text.hpp"
-#include "platform/windows/dialogs/desktop.hpp"
+#include "platform/shared/text.hpp"
 #include "platform/windows/dialogs/host_program.hpp"
-#include "platform/windows/dialogs/memory_full_dialog.hpp"
-#include "platform/windows/dialogs/status_report_dialog.hpp"
+#include "platform/windows/dialogs/library_dialogs.hpp"
 #include "platform/windows/text.hpp"
 
 namespace kestra {

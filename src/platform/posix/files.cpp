@@ -1,19 +1,46 @@
-#include "platform/posix/profile_file.hpp"
+#include "platform/posix/files.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
-#include "platform/posix/native_file.hpp"
-#include "platform/shared/ascii_case.hpp"
+#include "base/failure.hpp"
+#include "platform/posix/held_signals.hpp"
 #include "platform/shared/profile_text.hpp"
+#include "platform/shared/text.hpp"
 
 namespace kestra {
+
+std::string NativePath(std::string_view file) {
+  std::string path(file);
+  std::replace(path.begin(), path.end(), '\\', '/');
+  return path;
+}
+
+FileDescriptor OpenFile(const std::string& path, int flags) {
+  constexpr mode_t kReadableByAll = 0666;  // less what the process masks
+  for (;;) {
+    const int fd = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, kReadableByAll);
+    if (fd >= 0 || errno != EINTR) return OffStandardStreams(FileDescriptor(fd));
+  }
+}
+
+bool WriteAll(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+    if (written < 0 && errno != EINTR) return false;
+    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
 namespace {
 
 constexpr off_t kLargestProfile = off_t{1} << 20;
@@ -63,6 +90,41 @@ std::string Contents(const FileDescriptor& fd) {
 std::string PosixProfile::Read(std::string_view section, std::string_view key,
                                std::string_view file) {
   return FindInProfile(Contents(OpenProfile(NativePath(file))), section, key);
+}
+
+namespace {
+
+struct Row {
+  int error;
+  std::int32_t number;
+  const char* description;
+};
+
+constexpr std::array kRows = {
+    Row{ENOENT, 76, "Path not found"},    Row{ENOTDIR, 76, "Path not found"},
+    Row{EACCES, 70, "Permission denied"}, Row{EPERM, 70, "Permission denied"},
+    Row{EROFS, 70, "Permission denied"},  Row{ENOSPC, 61, "Disk full"},
+    Row{EDQUOT, 61, "Disk full"},         Row{EMFILE, 67, "Too many files"},
+    Row{ENFILE, 67, "Too many files"},
+};
+
+void Require(bool done) {
+  if (done) return;
+  const int error = errno;
+  for (const Row& row : kRows) {
+    if (row.error == error) throw Failure(row.number, row.description);
+  }
+  throw Failure(75, "Path/File access error");
+}
+
+}  // namespace
+
+void PosixLog::Append(std::string_view file, std::string_view bytes) {
+  // Not blocking: a pipe that nobody reads must not stop the till.
+  const FileDescriptor log = OpenFile(NativePath(file), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK);
+  Require(static_cast<bool>(log));
+  const HeldSignals held;
+  Require(WriteAll(log.Get(), bytes));
 }
 
 }  // namespace kestra

@@ -1,10 +1,11 @@
-#include "platform/shared/text_encoding.hpp"
+#include "platform/shared/text.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 
 namespace kestra {
+
 namespace {
 
 // What the bytes 0x80 to 0x9F stand for; all others stand for the character of their own number.

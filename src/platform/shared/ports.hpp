@@ -4,10 +4,18 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string_view>
 
+#include "platform/seam/serial_port.hpp"
+
 namespace kestra {
+
+// A closed port as the settings tell: the device that they name, on this machine or behind a network,
+// else the serial port of their number. Throws Failure for a number or a speed that is none, and for a
+// network address that cannot be one.
+std::unique_ptr<SerialPort> MakePort(const PortSettings& settings);
 
 // The speeds, in bits per second, that a serial line knows.
 inline constexpr std::array<std::int32_t, 30> kLineSpeeds = {
@@ -27,5 +35,13 @@ inline std::optional<std::int32_t> LineSpeedOf(std::string_view settings) {
   if (!std::binary_search(kLineSpeeds.begin(), kLineSpeeds.end(), speed)) return std::nullopt;
   return speed;
 }
+
+// How long, in milliseconds, a port waits before it comes back to its caller.
+struct PortPatience {
+  std::int32_t look = 20;       // for a byte that has not come yet
+  std::int32_t stall = 5000;    // for a line that takes no byte of ours
+  std::int32_t connect = 5000;  // for a far end across a network, all of its addresses together
+  std::int32_t farewell = 50;   // for it to hang up too
+};
 
 }  // namespace kestra

@@ -1,4 +1,4 @@
-#include "platform/windows/dialogs/status_report_dialog.hpp"
+#include "platform/windows/dialogs/library_dialogs.hpp"
 
 #include <algorithm>
 
@@ -7,6 +7,7 @@
 #include "platform/windows/text.hpp"
 
 namespace kestra {
+
 namespace {
 
 constexpr COLORREF kRed = RGB(255, 0, 0);
@@ -77,6 +78,35 @@ std::optional<COLORREF> StatusReportDialog::LabelColour(int label) const {
   if (row == report_.rows.end()) return std::nullopt;
   if (!row->lit) return ::GetSysColor(COLOR_GRAYTEXT);
   return row->error ? kRed : kBlack;
+}
+
+namespace {
+
+// The dialog's own font, half as large again and bold.
+Font HeadingFont(HWND dialog) {
+  LOGFONTW font{};
+  const auto own = reinterpret_cast<HFONT>(::SendMessageW(dialog, WM_GETFONT, 0, 0));
+  ::GetObjectW(own, sizeof font, &font);
+  font.lfHeight = font.lfHeight * 3 / 2;
+  font.lfWidth = 0;
+  font.lfWeight = FW_BOLD;
+  return Font(::CreateFontIndirectW(&font));
+}
+
+}  // namespace
+
+MemoryFullDialog::MemoryFullDialog()
+    : ModalDialog(frm_Memoriallena, ICON_WARNING),
+      picture_(LoadIconResource(ICON_WARNING, IconSize::kLarge)) {}
+
+void MemoryFullDialog::Load() {
+  SetCaption(kMemoryFullTitle);
+  SetPicture(MEMORY_ICON, picture_);
+  heading_ = HeadingFont(Window());
+  ::SendMessageW(Control(Label1), WM_SETFONT, reinterpret_cast<WPARAM>(heading_.Get()), 0);
+  SetText(Label1, kMemoryFullHeading);
+  SetText(Label2, kMemoryFullText);
+  SetText(btn_Aceptar, kCloseButton);
 }
 
 }  // namespace kestra

@@ -1,11 +1,10 @@
-#include "platform/shared/port_choice.hpp"
+#include "platform/shared/ports.hpp"
 
 #include "platform/seam/port_fault.hpp"
-#include "platform/shared/line_speed.hpp"
-#include "platform/shared/tcp_address.hpp"
 #include "platform/shared/tcp_port.hpp"
 
 namespace kestra {
+
 namespace {
 
 std::unique_ptr<SerialPort> MakeTcpPort(const std::string& device) {

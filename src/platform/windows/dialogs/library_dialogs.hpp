@@ -26,4 +26,17 @@ class StatusReportDialog : public ModalDialog {
   std::array<std::array<Icon, 2>, 2> pictures_;
 };
 
+// The warning that the fiscal memory is nearly full.
+class MemoryFullDialog : public ModalDialog {
+ public:
+  MemoryFullDialog();
+
+ protected:
+  void Load() override;
+
+ private:
+  Icon picture_;
+  Font heading_;
+};
+
 }  // namespace kestra
