@@ -57,10 +57,10 @@ std::string Gather(const State& state, std::span<const Counter> counters) {
 }  // namespace
 
 bool ObtenerEstado(Library& library) {
-  auto& state = library.state;
+  const auto& state = library.state;
   EscribirLog(library, " - Comando : ObtenerEstado()");
   const auto command = Command('*').Field("A");
-  state.Respuestas = command.Bytes();
+  AnnounceQuery(library, command);
   if (!Enviar(library, command.Bytes())) return false;
   SepararRespuesta(library);
   DecodificarEstados(library);

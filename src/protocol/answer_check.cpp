@@ -26,6 +26,10 @@ void ShowReport(Library& library) {
 
 }  // namespace
 
+void AnnounceQuery(Library& library, const Command& query) {
+  library.state.Respuestas = query.Bytes();
+}
+
 void SepararRespuesta(Library& library) {
   auto& state = library.state;
   state.Respuestas = state.RespuestaActual;

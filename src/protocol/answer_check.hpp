@@ -1,8 +1,13 @@
 #pragma once
 
+#include "protocol/command.hpp"
+
 namespace kestra {
 
 struct Library;
+
+// Puts a query in the work string, where it stays when there is no exchange.
+void AnnounceQuery(Library& library, const Command& query);
 
 // Splits RespuestaActual into EstadoImpresora, EstadoFiscal and the data fields.
 void SepararRespuesta(Library& library);

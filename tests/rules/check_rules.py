@@ -184,6 +184,18 @@ def packets_are_pure():
     return foreign_includes(paths, ["base/", "fields/", "protocol/", "dialogs/conditions.hpp"])
 
 
+def registers_have_one_owner():
+    """What an exchange leaves in the state record is written by the protocol alone."""
+    registers = (r"\b(ComandoActual|Respuestas?|Respuesta(Actual|Completa)|NroSecuencia(Anterior)?|Reintentar|"
+                 r"Estado(Impresora|Fiscal)|Bit(Impresora|Fiscal))")
+    written = re.compile(registers + r"(\[\w+\])?(\s*=[^=]|\.(clear|append|erase|fill)\b)")
+    owner, record = root / "src/protocol", root / "src/state/state.hpp"
+    paths = [path for path in sources("src") if owner not in path.parents and path != record]
+    if not matches(sources("src/protocol"), written):
+        return ["nothing is written by the protocol: the rule is blind"]
+    return matches(paths, written)
+
+
 def standard_output_is_the_hosts():
     """The library writes nothing to the host's standard output."""
     return matches(sources("src"), re.compile(
@@ -281,9 +293,6 @@ def functions_are_short():
 
 # ---- Names ----
 
-CODE_TEXT = re.compile(
-    r"""//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|(?<![0-9A-Za-z_])'(?:\\.|[^'\\\n])+'|^[ ]*\#[^\n]*""",
-    re.DOTALL | re.MULTILINE)
 SPANISH_ENDING = re.compile(r"(cion|ciones|miento|mientos|idad|idades|encia|encias|ancia|ancias)$")
 
 
@@ -309,8 +318,7 @@ def inventions_are_english():
         return [f"only {len(fixed)} fixed names and {len(words)} words found: the rule is blind"]
     breaches = []
     for path in sources("src"):
-        code = CODE_TEXT.sub(lambda text: re.sub(r"[^\n]", " ", text.group()),
-                             path.read_text(encoding="utf-8"))
+        code = without_text(path.read_text(encoding="utf-8"))
         # Who hands over what a host gives, or gives a host what it is told, names it as the header does.
         faces_hosts = re.search(r"KESTRA_CALL|Kestra(Fila|Operador)", code)
         for number, line in enumerate(code.splitlines(), 1):
@@ -322,8 +330,9 @@ def inventions_are_english():
 
 
 RULES = [no_papers, no_machine_paths, platform_conditionals, platform_twins, simulator_stands_alone,
-         simulator_looks_down, driver_includes_downwards, packets_are_pure, standard_output_is_the_hosts,
-         files_are_small, exports_are_documented, functions_are_short, inventions_are_english]
+         simulator_looks_down, driver_includes_downwards, packets_are_pure, registers_have_one_owner,
+         standard_output_is_the_hosts, files_are_small, exports_are_documented, functions_are_short,
+         inventions_are_english]
 
 
 def main():
