@@ -1,9 +1,10 @@
+// The status, the clock, the headers, the paper and the drawer.
 #include <algorithm>
+#include <array>
 
-#include "commands/commands.hpp"
+#include "commands/families.hpp"
 #include "fiscal/calendar.hpp"
 #include "machine/status.hpp"
-#include "paper/layout.hpp"
 #include "text/text.hpp"
 
 namespace impresora {
@@ -81,8 +82,7 @@ struct StatusQuery {
   std::vector<std::string> (*answer)(const Machine&);
 };
 
-constexpr std::array<StatusQuery, 5> kStatusQueries{{
-    {'N', Summary},
+constexpr std::array<StatusQuery, 4> kStatusQueries{{
     {'A', Counters},
     {'P', Model},
     {'C', Owner},
@@ -102,32 +102,11 @@ std::string* FindLine(Machine& m, std::int64_t number) {
   return index < kHeaderLines ? &m.header.at(index) : &m.trailer.at(index - kHeaderLines);
 }
 
-}  // namespace
-
-Outcome OpenNonFiscal(Machine& m, const Fields& /*f*/) {
-  m.non_fiscal_open = true;
-  PrintNonFiscalHead(m);
-  return {};
-}
-
-Outcome NonFiscalText(Machine& m, const Fields& f) {
-  m.paper.HostText(f.Text(0));
-  return {};
-}
-
-Outcome CloseNonFiscal(Machine& m, const Fields& /*f*/) {
-  PrintNonFiscalFoot(m);
-  m.non_fiscal_open = false;
-  ++m.day.non_fiscal;
-  m.Finish({.receipt_class = ReceiptClass::kNonFiscal, .kind = "DOCUMENTO NO FISCAL"});
-  return {};
-}
-
 Outcome QueryStatus(Machine& m, const Fields& f) {
   for (const StatusQuery& query : kStatusQueries) {
-    if (query.letter == f.Letter(0)) return {.error = 0, .fields = query.answer(m)};
+    if (query.letter == f.Letter("consulta")) return Answered(query.answer(m));
   }
-  return {.error = 0, .fields = Summary(m)};
+  return Answered(Summary(m));
 }
 
 Outcome CutPaper(Machine& m, const Fields& /*f*/) {
@@ -136,12 +115,12 @@ Outcome CutPaper(Machine& m, const Fields& /*f*/) {
 }
 
 Outcome FeedPaper(Machine& m, const Fields& f) {
-  m.paper.Feed(static_cast<int>(f.Number(0)));
+  m.paper.Feed(static_cast<int>(f.Number("líneas")));
   return {};
 }
 
 Outcome SetClock(Machine& m, const Fields& f) {
-  const std::int64_t wanted = f.Number(0) + f.Number(1);
+  const std::int64_t wanted = f.Number("fecha") + f.Number("hora");
   if (wanted < EarliestClock(m)) return Refused(kWrongState);
   m.clock_offset += wanted - m.now;
   m.now = wanted;
@@ -149,25 +128,122 @@ Outcome SetClock(Machine& m, const Fields& f) {
 }
 
 Outcome ReadClock(Machine& m, const Fields& /*f*/) {
-  return {.error = 0, .fields = {DateDigits(m.now), TimeDigits(m.now)}};
+  return Answered({DateDigits(m.now), TimeDigits(m.now)});
 }
 
 Outcome SetHeader(Machine& m, const Fields& f) {
-  std::string* const line = FindLine(m, f.Number(0));
+  std::string* const line = FindLine(m, f.Number("línea"));
   if (line == nullptr) return Refused(kInvalidField);
-  *line = TrimRight(f.Text(1));
+  *line = TrimRight(f.Text("texto"));
   return {};
 }
 
 Outcome ReadHeader(Machine& m, const Fields& f) {
-  const std::string* const line = FindLine(m, f.Number(0));
+  const std::string* const line = FindLine(m, f.Number("línea"));
   if (line == nullptr) return Refused(kInvalidField);
-  return {.error = 0, .fields = {std::to_string(f.Number(0)), *line}};
+  return Answered({std::to_string(f.Number("línea")), *line});
 }
 
 Outcome OpenDrawer(Machine& m, const Fields& /*f*/) {
   ++m.drawer_openings;
   return {};
+}
+
+constexpr int kAllLines = kHeaderLines + kTrailerLines;
+
+constexpr CommandRow DrawerRow(std::uint8_t byte, std::string_view name) {
+  return {.byte = byte,
+          .name = name,
+          .families = kAnyFamily,
+          .stages = kAtAnyTime,
+          .printing = Printing::kNever,
+          .run = OpenDrawer};
+}
+
+constexpr std::array kRows{
+    CommandRow{
+        .byte = '*',
+        .name = "Consulta de estado",
+        .word = "consulta",
+        .fields = {Choice("consulta", "ACDNP")},
+        .families = kAnyFamily,
+        .stages = kAtAnyTime,
+        .printing = Printing::kQuestion,
+        .answers =
+            {{.field = "consulta",
+              .letter = 'A',
+              .names = {"último cierre", "último tique", "última factura A", "última factura B",
+                        "última factura C", "cancelados", "no fiscales", "última nota de crédito A",
+                        "última nota de crédito B", "última nota de débito A",
+                        "última nota de débito B"}},
+             {.field = "consulta",
+              .letter = 'P',
+              .names = {"familia", "dígitos de cantidad", "dígitos de precio", "dígitos de IVA",
+                        "dígitos de internos", "dígitos de importe", "dígitos de percepción",
+                        "columnas", "líneas de encabezado", "punto de venta", "modelo"}},
+             {.field = "consulta",
+              .letter = 'C',
+              .names = {"CUIT", "punto de venta", "condición ante el IVA", "titular"}},
+             {.field = "consulta",
+              .letter = 'D',
+              .names = {"comprobantes", "ventas", "IVA", "notas de crédito", "cierres restantes"}},
+             {.names = {"fecha", "hora", "último cierre", "cierres restantes"}}},
+        .run = QueryStatus},
+    CommandRow{.byte = 'K',
+               .name = "Cortar papel",
+               .families = kAnyFamily,
+               .stages = kWhenIdle | kInNonFiscal,
+               .printing = Printing::kAlways,
+               .run = CutPaper},
+    CommandRow{.byte = 'R',
+               .name = "Avanzar papel",
+               .fields = {Number("líneas", 99)},
+               .required = 1,
+               .families = kAnyFamily,
+               .stages = kAtAnyTime,
+               .printing = Printing::kAlways,
+               .run = FeedPaper},
+    CommandRow{.byte = 'X',
+               .name = "Fijar fecha y hora",
+               .fields = {Field("fecha", FieldKind::kDate), Field("hora", FieldKind::kTime)},
+               .required = 2,
+               .families = kAnyFamily,
+               .stages = kWhenIdle,
+               .printing = Printing::kNever,
+               .answers = {{.names = {"fecha", "hora"}}},
+               .run = SetClock},
+    CommandRow{.byte = 'Y',
+               .name = "Leer fecha y hora",
+               .families = kAnyFamily,
+               .stages = kAtAnyTime,
+               .printing = Printing::kQuestion,
+               .answers = {{.names = {"fecha", "hora"}}},
+               .run = ReadClock},
+    CommandRow{.byte = ']',
+               .name = "Fijar encabezado",
+               .fields = {Number("línea", kAllLines), Text("texto", &TextLengths::header)},
+               .required = 2,
+               .families = kAnyFamily,
+               .stages = kWhenIdle,
+               .printing = Printing::kNever,
+               .run = SetHeader},
+    CommandRow{.byte = '^',
+               .name = "Leer encabezado",
+               .fields = {Number("línea", kAllLines)},
+               .required = 1,
+               .families = kAnyFamily,
+               .stages = kAtAnyTime,
+               .printing = Printing::kQuestion,
+               .answers = {{.names = {"línea", "texto"}}},
+               .run = ReadHeader},
+    DrawerRow('{', "Abrir cajón"),
+    DrawerRow('|', "Abrir cajón 2"),
+};
+
+}  // namespace
+
+std::span<const CommandRow> DeviceCommands() {
+  return kRows;
 }
 
 }  // namespace impresora

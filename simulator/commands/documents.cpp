@@ -1,7 +1,9 @@
+// Fiscal documents: opened, with texts, on one sheet or several, closed.
 #include <algorithm>
+#include <array>
 #include <utility>
 
-#include "commands/commands.hpp"
+#include "commands/families.hpp"
 #include "fiscal/cuit.hpp"
 #include "machine/status.hpp"
 #include "paper/layout.hpp"
@@ -9,26 +11,6 @@
 
 namespace impresora {
 namespace {
-
-enum OpenField : std::size_t {
-  kKind = 0,
-  kLetter = 2,
-  kCopies = 3,
-  kCustomerIva = 7,
-  kName,
-  kNameMore,
-  kIdKind,
-  kIdNumber,
-  kFirstAddress = 13,
-  kLastAddress = 17,  // the last two name the delivery notes the invoice stands for
-};
-
-// Where the fields that both item commands share stand.
-enum ItemField : std::size_t { kDescription, kQuantity, kPrice, kRate, kQualifier };
-constexpr std::size_t kTicketInternal = 7;
-constexpr std::size_t kInvoiceFirstExtra = 7;
-constexpr std::size_t kInvoiceLastExtra = 9;
-constexpr std::size_t kInvoiceInternal = 11;
 
 Outcome Open(Machine& m, const DocumentKind& kind, char letter, Customer customer, int copies) {
   if (m.MemoryFull() || m.MemoryDamaged() || m.ClosingDue()) return Refused(kWrongState);
@@ -47,68 +29,16 @@ Outcome Open(Machine& m, const DocumentKind& kind, char letter, Customer custome
 
 Customer ReadCustomer(const Fields& f) {
   Customer customer;
-  customer.iva = f.Letter(kCustomerIva);
-  customer.name = f.Text(kName);
-  customer.name_more = f.Text(kNameMore);
-  customer.id_kind = f.Text(kIdKind);
-  customer.id_number = f.Text(kIdNumber);
-  for (std::size_t line = kFirstAddress; line <= kLastAddress; ++line) {
+  customer.iva = f.Letter("IVA del cliente");
+  customer.name = f.Text("nombre");
+  customer.name_more = f.Text("nombre 2");
+  customer.id_kind = f.Text("tipo de documento");
+  customer.id_number = f.Text("documento");
+  // The last two name the delivery notes that the invoice stands for.
+  for (const auto* line : {"domicilio", "domicilio 2", "domicilio 3", "remito 1", "remito 2"}) {
     customer.address.emplace_back(f.Text(line));
   }
   return customer;
-}
-
-std::uint16_t ErrorOf(Entry entry) {
-  switch (entry) {
-    case Entry::kRejected:
-      return kInvalidField;
-    case Entry::kTooLarge:
-      return kOverflow;
-    case Entry::kDone:
-      break;
-  }
-  return 0;
-}
-
-struct Qualifier {
-  char letter;
-  std::string_view note;
-  int sign;
-  Entry (*enter)(Document&, Item&);
-};
-
-constexpr std::array<Qualifier, 3> kQualifiers{{
-    {'M', "", 1, [](Document& d, Item& item) { return d.Sell(item); }},
-    {'R', "DEVOLUCIÓN", -1, [](Document& d, Item& item) { return d.TakeBack(item); }},
-    {'m', "ANULACIÓN", -1, [](Document& d, Item& item) { return d.TakeBack(item); }},
-}};
-
-const Qualifier& FindQualifier(char letter) {
-  for (const Qualifier& row : kQualifiers) {
-    if (row.letter == letter) return row;
-  }
-  return kQualifiers.front();
-}
-
-// Internal taxes come per unit, as the price does.
-Outcome EnterItem(Machine& m, const Fields& f, std::size_t internal_field) {
-  const std::int64_t quantity = f.Number(kQuantity);
-  if (quantity == 0 || f.Empty(kDescription)) return Refused(kInvalidField);
-  const auto amount = LineAmount(quantity, f.Number(kPrice));
-  const auto internal = LineAmount(quantity, f.Number(internal_field));
-  if (!amount || !internal) return Refused(kOverflow);
-  Item item{.description = std::string(TrimRight(f.Text(kDescription))),
-            .quantity = quantity,
-            .price = f.Number(kPrice),
-            .rate = f.Number(kRate),
-            .amount = *amount,
-            .internal = *internal,
-            .internal_each = f.Number(internal_field)};
-  const Qualifier& qualifier = FindQualifier(f.Letter(kQualifier));
-  const Entry entry = qualifier.enter(*m.document, item);
-  if (entry != Entry::kDone) return Refused(ErrorOf(entry));
-  PrintItem(m, item, qualifier.note, qualifier.sign);
-  return {};
 }
 
 // What the customer has not paid counts as cash, and what was paid in excess goes back.
@@ -138,19 +68,7 @@ Outcome Close(Machine& m, std::string_view text) {
   m.day.Close(document.Kind(), totals);
   m.document.reset();
   m.Finish(std::move(receipt));
-  return {.error = 0, .fields = {Padded(number, 8)}};
-}
-
-}  // namespace
-
-Receipt ReceiptOf(const Document& document) {
-  Receipt receipt;
-  receipt.kind = document.Kind().title;
-  receipt.code = document.Kind().code;
-  receipt.letter = document.letter;
-  receipt.number = document.number;
-  receipt.customer_id = document.customer.id_number;
-  return receipt;
+  return Answered({Padded(number, 8)});
 }
 
 Outcome OpenTicket(Machine& m, const Fields& /*f*/) {
@@ -158,60 +76,129 @@ Outcome OpenTicket(Machine& m, const Fields& /*f*/) {
 }
 
 Outcome OpenInvoice(Machine& m, const Fields& f) {
-  const DocumentKind* kind = FindKind(f.Letter(kKind), m.settings.family);
-  const char letter = f.Letter(kLetter);
+  const DocumentKind* kind = FindKind(f.Letter("tipo"), m.settings.family);
+  const char letter = f.Letter("letra");
   if (kind == nullptr || kind->letters.find(letter) == std::string_view::npos) {
     return Refused(kInvalidField);
   }
   Customer customer = ReadCustomer(f);
   if (m.settings.strict_cuit && !HasGoodCuit(customer)) return Refused(kInvalidField);
-  const int copies = static_cast<int>(f.Number(kCopies));
+  const int copies = static_cast<int>(f.Number("copias"));
   return Open(m, *kind, letter, std::move(customer), copies);
 }
 
-Outcome TicketItem(Machine& m, const Fields& f) {
-  return EnterItem(m, f, kTicketInternal);
-}
-
-Outcome InvoiceItem(Machine& m, const Fields& f) {
-  Outcome outcome = EnterItem(m, f, kInvoiceInternal);
-  if (outcome.error != 0) return outcome;
-  for (std::size_t extra = kInvoiceFirstExtra; extra <= kInvoiceLastExtra; ++extra) {
-    if (!Trim(f.Text(extra)).empty()) m.paper.HostText(f.Text(extra));
-  }
-  return outcome;
-}
-
 Outcome FiscalText(Machine& m, const Fields& f) {
-  m.paper.HostText(f.Text(0));
+  m.paper.HostText(f.Text("texto"));
   return {};
 }
 
 Outcome CloseTicket(Machine& m, const Fields& f) {
-  return Close(m, f.Text(1));
+  return Close(m, f.Text("texto"));
 }
 
 Outcome CloseInvoice(Machine& m, const Fields& f) {
   const Document& document = *m.document;
-  const bool same = f.Letter(0) == document.Kind().code && f.Letter(1) == document.letter;
-  return same ? Close(m, f.Text(2)) : Refused(kInvalidField);
+  const bool same =
+      f.Letter("tipo") == document.Kind().code && f.Letter("letra") == document.letter;
+  return same ? Close(m, f.Text("texto")) : Refused(kInvalidField);
 }
 
 // "Q" asks whether the form has room for another line; "D" ends a sheet or begins the next one.
 Outcome TransportSheet(Machine& m, const Fields& f) {
   Document& document = *m.document;
-  if (f.Letter(0) == 'Q') {
+  if (f.Letter("operación") == 'Q') {
     const bool room =
         !document.between_sheets && document.lines_on_sheet < m.settings.lines_per_form;
-    return {.error = 0, .fields = {room ? "S" : "N"}};
+    return Answered({room ? "S" : "N"});
   }
-  if (f.Letter(3) == '\0') return Refused(kInvalidField);
-  const bool opening = f.Letter(3) == 'O';
+  if (f.Empty("acción")) return Refused(kInvalidField);
+  const bool opening = f.Letter("acción") == 'O';
   if (opening != document.between_sheets) return Refused(kWrongState);
   document.between_sheets = !opening;
   document.lines_on_sheet = 0;
   PrintTransport(m, !opening);
   return {};
+}
+
+constexpr std::string_view kCapitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+constexpr int kNoAddressText = 13;  // "SIN DOMICILIO"
+
+constexpr std::array kRows{
+    CommandRow{.byte = '@',
+               .name = "Abrir tique",
+               .word = "apertura",
+               .fields = {Choice("impresión", "CG")},
+               .families = kTicketFamilies,
+               .stages = kWhenIdle,
+               .printing = Printing::kAlways,
+               .run = OpenTicket},
+    CommandRow{
+        .byte = '`',
+        .name = "Abrir factura",
+        .word = "apertura",
+        .fields = {Choice("tipo", "FTDMNEC"), Choice("papel", kCapitals),
+                   Choice("letra", kCapitals), Number("copias", 99),
+                   Choice("formulario", kCapitals), Number("caracteres por pulgada", 20),
+                   Text("IVA del emisor", 1), Choice("IVA del cliente", kCapitals),
+                   Text("nombre", &TextLengths::customer), Text("nombre 2", &TextLengths::customer),
+                   Text("tipo de documento", 6), Text("documento", 11), Text("bien de uso", 1),
+                   Text("domicilio", &TextLengths::customer, kNoAddressText),
+                   Text("domicilio 2", &TextLengths::customer),
+                   Text("domicilio 3", &TextLengths::customer),
+                   Text("remito 1", &TextLengths::customer),
+                   Text("remito 2", &TextLengths::customer), Choice("almacenamiento", kCapitals)},
+        .required = 19,
+        .families = kInvoiceFamilies,
+        .stages = kWhenIdle,
+        .printing = Printing::kAlways,
+        .run = OpenInvoice},
+    CommandRow{.byte = 'A',
+               .name = "Texto fiscal",
+               .word = "texto",
+               .fields = {Text("texto", &TextLengths::description, kLooseText)},
+               .required = 1,
+               .families = kAnyFamily,
+               .stages = When({Stage::kTicketItems, Stage::kInvoiceItems}),
+               .printing = Printing::kAlways,
+               .run = FiscalText},
+    CommandRow{.byte = '\\',
+               .name = "Hoja de transporte",
+               .fields = {Choice("operación", "QD"), Choice("objeto", "LP"), Choice("hoja", "T"),
+                          Choice("acción", "TO")},
+               .required = 2,
+               .families = kOnForms,
+               .stages = When({Stage::kInvoiceItems}) | kBetweenSheets,
+               .printing = Printing::kUnlessAsking,
+               .answers = {{.field = "operación", .letter = 'Q', .names = {"hay lugar"}}},
+               .run = TransportSheet},
+    CommandRow{
+        .byte = 'E',
+        .name = "Cerrar tique",
+        .word = "cierre",
+        .fields = {Choice("tipo", "T"), Text("texto", &TextLengths::description, kLooseText)},
+        .required = 1,
+        .families = kTicketFamilies,
+        .stages = kInTicket,
+        .printing = Printing::kAlways,
+        .answers = {{.names = {"número"}}},
+        .run = CloseTicket},
+    CommandRow{.byte = 'e',
+               .name = "Cerrar factura",
+               .word = "cierre",
+               .fields = {Choice("tipo", "FTDMNEC"), Choice("letra", kCapitals),
+                          Text("texto", &TextLengths::description, kLooseText)},
+               .required = 2,
+               .families = kInvoiceFamilies,
+               .stages = kInInvoice,
+               .printing = Printing::kAlways,
+               .answers = {{.names = {"número"}}},
+               .run = CloseInvoice},
+};
+
+}  // namespace
+
+std::span<const CommandRow> DocumentCommands() {
+  return kRows;
 }
 
 }  // namespace impresora

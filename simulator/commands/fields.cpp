@@ -1,6 +1,7 @@
 #include "commands/fields.hpp"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "fiscal/calendar.hpp"
@@ -49,16 +50,29 @@ std::optional<std::int64_t> ReadNumber(std::string_view text, int limit) {
 
 }  // namespace
 
-std::string_view Fields::Text(std::size_t index) const {
-  return index < values_.size() ? std::string_view(values_[index].text) : std::string_view();
+std::size_t IndexOf(std::span<const FieldRow> rows, std::string_view name) {
+  const auto is_it = [name](const FieldRow& row) { return row.name == name; };
+  return static_cast<std::size_t>(std::find_if(rows.begin(), rows.end(), is_it) - rows.begin());
 }
 
-std::int64_t Fields::Number(std::size_t index) const {
-  return index < values_.size() ? values_[index].number : 0;
+const Fields::Value* Fields::Find(std::string_view name) const {
+  const std::size_t index = IndexOf(rows_, name);
+  if (index == rows_.size()) throw std::logic_error("no field " + std::string(name));
+  return index < values_.size() ? &values_[index] : nullptr;
 }
 
-char Fields::Letter(std::size_t index) const {
-  const std::string_view text = Text(index);
+std::string_view Fields::Text(std::string_view name) const {
+  const Value* const value = Find(name);
+  return value != nullptr ? std::string_view(value->text) : std::string_view();
+}
+
+std::int64_t Fields::Number(std::string_view name) const {
+  const Value* const value = Find(name);
+  return value != nullptr ? value->number : 0;
+}
+
+char Fields::Letter(std::string_view name) const {
+  const std::string_view text = Text(name);
   return text.empty() ? '\0' : text.front();
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,15 +36,21 @@ struct FieldRow {
   int TextLengths::*length = nullptr;
 };
 
-// A command's fields once checked: texts as bytes, numbers as the units of amounts.hpp, dates and
-// times as seconds. A field that the host left out reads as empty or zero.
+// Where the field of that name stands among the rows, or their count.
+std::size_t IndexOf(std::span<const FieldRow> rows, std::string_view name);
+
+// A command's fields once checked, by the names of their rows: texts as bytes, numbers as the units of
+// amounts.hpp, dates and times as seconds. A field that the host left out reads as empty or zero.
 class Fields {
  public:
-  std::string_view Text(std::size_t index) const;
-  std::int64_t Number(std::size_t index) const;
-  char Letter(std::size_t index) const;
-  bool Empty(std::size_t index) const { return Text(index).empty(); }
+  explicit Fields(std::span<const FieldRow> rows) : rows_(rows) {}
 
+  std::string_view Text(std::string_view name) const;
+  std::int64_t Number(std::string_view name) const;
+  char Letter(std::string_view name) const;
+  bool Empty(std::string_view name) const { return Text(name).empty(); }
+
+  // The next one.
   void Append(std::string text, std::int64_t number);
 
  private:
@@ -51,6 +58,9 @@ class Fields {
     std::string text;
     std::int64_t number;
   };
+  const Value* Find(std::string_view name) const;
+
+  std::span<const FieldRow> rows_;
   std::vector<Value> values_;
 };
 

@@ -20,7 +20,7 @@ std::optional<Fields> ReadFields(const Packet& packet, const CommandRow& row,
   if (!packet.well_formed || count < row.required || count > row.fields.size()) {
     return std::nullopt;
   }
-  Fields fields;
+  Fields fields(row.fields);
   for (std::size_t i = 0; i < count; ++i) {
     const std::string_view text = WithoutEmptyMark(packet.fields[i]);
     const auto number = ReadField(text, row.fields[i], settings);
@@ -49,8 +49,7 @@ Attempt Try(Machine& m, const Packet& packet) {
   if ((row->stages & static_cast<unsigned>(m.GetStage())) == 0) return {Refused(kWrongState)};
   const auto fields = ReadFields(packet, *row, m.settings);
   if (!fields) return {Refused(kInvalidField)};
-  if (NeedsPaper(*row, fields->Letter(0)) && Stuck(m.faults))
-    return {.outcome = {}, .mechanism_failed = true};
+  if (NeedsPaper(*row, packet) && Stuck(m.faults)) return {.outcome = {}, .mechanism_failed = true};
   return {row->run(m, *fields)};
 }
 

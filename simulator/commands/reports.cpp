@@ -1,4 +1,7 @@
-#include "commands/commands.hpp"
+// Reports and the closings of the day.
+#include <array>
+
+#include "commands/families.hpp"
 #include "fiscal/calendar.hpp"
 #include "machine/status.hpp"
 #include "paper/layout.hpp"
@@ -27,7 +30,7 @@ Outcome ListClosings(Machine& m, char detail, Wanted wanted) {
   }
   PrintClosingList(m, chosen, detail != 'T');
   m.Finish({.receipt_class = ReceiptClass::kReport, .kind = "CIERRES Z DE LA MEMORIA FISCAL"});
-  return {.error = 0, .fields = {Padded(static_cast<std::int64_t>(chosen.size()), 5)}};
+  return Answered({Padded(static_cast<std::int64_t>(chosen.size()), 5)});
 }
 
 Receipt ReportReceipt(char type, std::uint32_t number, const Day& day) {
@@ -40,17 +43,15 @@ Receipt ReportReceipt(char type, std::uint32_t number, const Day& day) {
   return receipt;
 }
 
-}  // namespace
-
 Outcome DailyReport(Machine& m, const Fields& f) {
-  const char type = f.Letter(0);
+  const char type = f.Letter("tipo");
   if (type == 'Z' && (m.MemoryFull() || m.MemoryDamaged())) return Refused(kWrongState);
   const auto number = static_cast<std::uint32_t>(m.closings.size() + 1);
-  if (type == 'Z' || f.Letter(1) != 'N') {
+  if (type == 'Z' || f.Letter("salida") != 'N') {
     PrintDailyReport(m, type, number);
     m.Finish(ReportReceipt(type, number, m.day));
   }
-  Outcome outcome{.error = 0, .fields = ReportFields(m.day, number)};
+  Outcome outcome = Answered(ReportFields(m.day, number));
   if (type == 'Z') {
     m.closings.push_back({number, m.now, m.day});
     m.day = {};
@@ -60,21 +61,64 @@ Outcome DailyReport(Machine& m, const Fields& f) {
 }
 
 Outcome ClosingsByNumber(Machine& m, const Fields& f) {
-  const std::int64_t first = f.Number(0);
-  const std::int64_t last = f.Number(1);
+  const std::int64_t first = f.Number("desde");
+  const std::int64_t last = f.Number("hasta");
   if (first > last) return Refused(kInvalidField);
-  return ListClosings(m, f.Letter(2), [first, last](const DailyClosing& closing) {
+  return ListClosings(m, f.Letter("detalle"), [first, last](const DailyClosing& closing) {
     return closing.number >= first && closing.number <= last;
   });
 }
 
 Outcome ClosingsByDate(Machine& m, const Fields& f) {
-  const std::int64_t first = f.Number(0);
-  const std::int64_t end = f.Number(1) + kSecondsPerDay;
+  const std::int64_t first = f.Number("desde");
+  const std::int64_t end = f.Number("hasta") + kSecondsPerDay;
   if (first >= end) return Refused(kInvalidField);
-  return ListClosings(m, f.Letter(2), [first, end](const DailyClosing& closing) {
+  return ListClosings(m, f.Letter("detalle"), [first, end](const DailyClosing& closing) {
     return closing.moment >= first && closing.moment < end;
   });
+}
+
+constexpr int kLargestClosing = 99'999;
+
+constexpr std::array kRows{
+    CommandRow{.byte = '9',
+               .name = "Cierre de jornada",
+               .word = "jornada",
+               .fields = {Choice("tipo", "XZ"), Choice("salida", "PN")},
+               .required = 1,
+               .families = kAnyFamily,
+               .stages = kWhenIdle,
+               .printing = Printing::kAlways,
+               .answers = {{.names = {"número de Z", "cancelados", "no fiscales", "comprobantes",
+                                      "ventas", "IVA", "percepciones", "notas de crédito",
+                                      "total de créditos", "IVA de créditos"}}},
+               .run = DailyReport},
+    CommandRow{.byte = ':',
+               .name = "Cierres por fecha",
+               .fields = {Field("desde", FieldKind::kDate), Field("hasta", FieldKind::kDate),
+                          Choice("detalle", "DT")},
+               .required = 2,
+               .families = kAnyFamily,
+               .stages = kWhenIdle,
+               .printing = Printing::kAlways,
+               .answers = {{.names = {"cierres listados"}}},
+               .run = ClosingsByDate},
+    CommandRow{.byte = ';',
+               .name = "Cierres por número",
+               .fields = {Number("desde", kLargestClosing), Number("hasta", kLargestClosing),
+                          Choice("detalle", "DT")},
+               .required = 2,
+               .families = kAnyFamily,
+               .stages = kWhenIdle,
+               .printing = Printing::kAlways,
+               .answers = {{.names = {"cierres listados"}}},
+               .run = ClosingsByNumber},
+};
+
+}  // namespace
+
+std::span<const CommandRow> ReportCommands() {
+  return kRows;
 }
 
 }  // namespace impresora

@@ -41,4 +41,14 @@ std::uint32_t Numbering::Last(Series series, char letter) const {
   return found == last_.end() ? 0 : found->second;
 }
 
+Receipt ReceiptOf(const Document& document) {
+  Receipt receipt;
+  receipt.kind = document.Kind().title;
+  receipt.code = document.Kind().code;
+  receipt.letter = document.letter;
+  receipt.number = document.number;
+  receipt.customer_id = document.customer.id_number;
+  return receipt;
+}
+
 }  // namespace impresora

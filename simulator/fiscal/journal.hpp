@@ -61,6 +61,9 @@ struct Receipt {
   std::string customer_id{};  // the customer's document number, "" for tickets
 };
 
+// What an open document will be known by; money and end are the caller's.
+Receipt ReceiptOf(const Document& document);
+
 // Last number issued in each series and letter.
 class Numbering {
  public:

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <span>
 
-#include "commands/answer_names.hpp"
 #include "commands/commands.hpp"
 #include "fiscal/amounts.hpp"
 #include "fiscal/calendar.hpp"
@@ -110,7 +109,8 @@ std::string CommandName(std::uint8_t command) {
 
 std::vector<NamedValue> NamedFields(const Packet& packet) {
   const CommandRow* row = FindCommand(packet.command);
-  const std::span<const FieldRow> rows = row != nullptr ? row->fields : std::span<const FieldRow>();
+  std::span<const FieldRow> rows;
+  if (row != nullptr) rows = row->fields;
   return Named(packet.fields, "campo", rows.size(), [&](std::size_t i) { return rows[i].name; });
 }
 
