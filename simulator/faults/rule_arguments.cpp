@@ -124,6 +124,19 @@ char RuleReader::Byte() {
   return bytes->front();
 }
 
+// One, or by its word those of every family: "ítem", "cierre".
+void RuleReader::ReadCommands() {
+  const std::size_t before = selector_.commands.size();
+  for (const CommandRow& row : Commands()) {
+    if (!row.word.empty() && At(Fold(row.word))) selector_.commands.push_back(row.byte);
+  }
+  if (selector_.commands.size() > before) {
+    ++at_;
+  } else {
+    selector_.commands.push_back(Command());
+  }
+}
+
 std::uint8_t RuleReader::Command() {
   using Kind = RuleWord::Kind;
   const RuleWord& here = Here();

@@ -189,7 +189,7 @@ bool RuleReader::ReadOrdinal() {
 void RuleReader::ReadSuffix() {
   if (Take("de")) {
     do {
-      selector_.commands.push_back(Command());
+      ReadCommands();
     } while (Take("o"));
   } else if (Take("en")) {
     ReadStage();

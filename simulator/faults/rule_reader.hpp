@@ -59,6 +59,7 @@ class RuleReader {
   void ReadOccasion();
   bool ReadOrdinal();
   void ReadSuffix();
+  void ReadCommands();
   void ReadChance();
   void ReadStage();
   Action ReadAction();

@@ -216,6 +216,28 @@ TEST(FaultReading, SurvivesAnyText) {
   EXPECT_GT(accepted, 50U);
 }
 
+TEST(FaultReading, AWordNamesTheCommandsOfEveryFamily) {
+  struct Row {
+    std::string_view word;
+    std::uint8_t ticket, invoice;
+  };
+  const auto arrives = [](FaultPlan& plan, std::uint8_t command) {
+    Packet packet;
+    packet.command = command;
+    Printer printer{Settings{}};
+    return plan.Arriving(packet, printer).heard;
+  };
+  for (const Row& row : {Row{"ítem", 'B', 'b'}, Row{"item", 'B', 'b'}, Row{"cierre", 'E', 'e'},
+                         Row{"pago o subtotal", 'D', 'c'}, Row{"apertura", '@', '`'},
+                         Row{"Percepción o jornada", '9', 'f'}}) {
+    FaultPlan plan;
+    ASSERT_TRUE(plan.Add("comando de " + std::string(row.word) + ": perder").empty()) << row.word;
+    EXPECT_FALSE(arrives(plan, row.ticket)) << row.word;
+    EXPECT_FALSE(arrives(plan, row.invoice)) << row.word;
+    EXPECT_TRUE(arrives(plan, '{')) << row.word;
+  }
+}
+
 TEST(FaultReading, SurvivesAnyBytes) {
   std::mt19937_64 chance(11);
   for (unsigned run = 0; run < 2'000; ++run) {

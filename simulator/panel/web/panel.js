@@ -4,15 +4,15 @@ const KEPT_LINES = 1500;
 const AT_HAND = ["sin_papel", "tapa_abierta", "fuera_de_linea", "bateria_baja"];
 const EXAMPLES = [
   "siempre: demorar 300 ms",
-  "en la 2da respuesta de B: perder byte 5",
+  "en la 2da respuesta de ítem: perder byte 5",
   "cada 3 respuestas: suma mala",
-  "respuesta 1 de E: callar",
+  "respuesta 1 de cierre: callar",
   "siempre con probabilidad 20%: ruido 8 bytes",
   "siempre: partir en 4 partes con 50 ms",
   "comando 3: nak",
-  "respuesta 1 de C: ocupar 4 s",
+  "respuesta 1 de subtotal: ocupar 4 s",
   "desde el renglón 40: sin_papel",
-  "respuesta 2 de B: apagar 2 s",
+  "respuesta 2 de ítem: apagar 2 s",
 ];
 
 const at = (id) => document.getElementById(id);
