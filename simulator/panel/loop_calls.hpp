@@ -25,20 +25,23 @@ class LoopGone : public std::runtime_error {
 // Questions from other threads to the one that the printer lives on.
 class LoopCalls {
  public:
-  explicit LoopCalls(Post post) : post_(std::move(post)) {}
+  explicit LoopCalls(Post post, std::chrono::milliseconds longest_wait = std::chrono::seconds(5))
+      : post_(std::move(post)), longest_wait_(longest_wait) {}
 
-  // What the function returned over there; throws what it threw, or LoopGone.
+  // What the function returned over there; throws what it threw, or LoopGone. Whoever was told
+  // LoopGone can rely on it: the function was not run and never will be.
   template <typename Result>
   Result Ask(std::function<Result()> question) {
     struct Call {
       std::optional<Result> result;
       std::exception_ptr failure;
       bool done = false;
+      bool given_up = false;
     };
     auto call = std::make_shared<Call>();
     post_([state = state_, call, question = std::move(question)] {
       const std::lock_guard lock(state->mutex);
-      if (state->closed) return;
+      if (state->closed || call->given_up) return;
       try {
         call->result.emplace(question());
       } catch (...) {
@@ -48,8 +51,9 @@ class LoopCalls {
       state->changed.notify_all();
     });
     std::unique_lock lock(state_->mutex);
-    state_->changed.wait_for(lock, kLongestWait, [&] { return call->done || state_->closed; });
-    if (!call->done) throw LoopGone("la impresora no responde");
+    state_->changed.wait_for(lock, longest_wait_, [&] { return call->done || state_->closed; });
+    call->given_up = !call->done;
+    if (call->given_up) throw LoopGone("la impresora no responde");
     if (call->failure) std::rethrow_exception(call->failure);
     return std::move(*call->result);
   }
@@ -62,8 +66,6 @@ class LoopCalls {
   }
 
  private:
-  static constexpr auto kLongestWait = std::chrono::seconds(5);
-
   // Outlives this object in functions that the loop never came to run.
   struct State {
     std::mutex mutex;
@@ -72,6 +74,7 @@ class LoopCalls {
   };
 
   Post post_;
+  std::chrono::milliseconds longest_wait_;
   std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 
