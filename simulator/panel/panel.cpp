@@ -1,6 +1,5 @@
 #include "panel/panel.hpp"
 
-#include <charconv>
 #include <utility>
 
 #include "panel/api.hpp"
@@ -21,8 +20,8 @@ class Panel::Parts {
     };
     server_.Get(".*", handle).Post(".*", handle).Delete(".*", handle);
     server_.Bind(settings.host, settings.port);
-    host.session.Attach(history_);
     server_.Start();
+    host.session.Attach(history_);
   }
 
   // First nobody waits any longer, then nobody is served.
@@ -60,23 +59,6 @@ std::string Panel::Warning() const {
   if (parts_->Address().IsLoopback()) return {};
   return "el panel queda a la vista de la red: cualquiera que llegue a " + Url() +
          " puede manejar la impresora";
-}
-
-bool ReadPanelAddress(const std::string& text, PanelSettings& settings) {
-  const std::size_t colon = text.rfind(':');
-  const bool has_host = colon != std::string::npos && colon > 0;
-  std::string host = has_host ? text.substr(0, colon) : settings.host;
-  const bool bracketed = host.size() > 2 && host.front() == '[' && host.back() == ']';
-  if (bracketed) host = host.substr(1, host.size() - 2);
-  if (!bracketed && host.find(':') != std::string::npos) return false;
-  if (host.find_first_of(" \t/[]@") != std::string::npos) return false;
-  const char* const first = text.data() + (colon == std::string::npos ? 0 : colon + 1);
-  const char* const end = text.data() + text.size();
-  int port = 0;
-  const auto read = std::from_chars(first, end, port);
-  if (read.ec != std::errc() || read.ptr != end || port < 0 || port > 65'535) return false;
-  settings = {host, port};
-  return true;
 }
 
 }  // namespace impresora

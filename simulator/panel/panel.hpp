@@ -42,7 +42,4 @@ class Panel {
   std::unique_ptr<Parts> parts_;
 };
 
-// HOST:PORT, [IPV6]:PORT, :PORT or PORT; false when it is none of them.
-bool ReadPanelAddress(const std::string& text, PanelSettings& settings);
-
 }  // namespace impresora

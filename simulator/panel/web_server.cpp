@@ -3,7 +3,9 @@
 #include <sys/socket.h>
 
 #include <array>
+#include <atomic>
 #include <chrono>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -82,8 +84,16 @@ void WebServer::Bind(const std::string& host, int port) {
 }
 
 void WebServer::Start() {
-  thread_ = std::thread([this] { listen_after_bind(); });
-  while (!is_running()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  if (!own_) throw std::runtime_error("el panel no tiene dirección");
+  auto ended = std::make_shared<std::atomic<bool>>(false);
+  thread_ = std::thread([this, ended] {
+    listen_after_bind();
+    *ended = true;
+  });
+  while (!is_running() && !*ended) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  if (!*ended) return;
+  thread_.join();
+  throw std::runtime_error("el panel no puede atender pedidos");
 }
 
 void WebServer::Stop() {

@@ -20,7 +20,7 @@ class WebServer : public httplib::Server {
   // Takes the address; throws std::runtime_error when it cannot be had. Port 0 is any.
   void Bind(const std::string& host, int port);
 
-  // Begins to serve, on threads of its own.
+  // Begins to serve, on threads of its own; throws std::runtime_error when it cannot.
   void Start();
   void Stop();
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "loop.hpp"
+#include "panel/web_server.hpp"
 
 namespace impresora {
 namespace {
@@ -46,6 +47,26 @@ class PanelServer : public prueba::Desk {
     return answer.substr(0, answer.find("\r\n"));
   }
 };
+
+TEST(WebServer, SaysSoWhenItHasNoAddress) {
+  WebServer without_address;
+  EXPECT_THROW(without_address.Start(), std::runtime_error);
+}
+
+TEST(WebServer, ListeningThatFailsAtOnceIsNotWaitedForForEver) {
+  for (int times = 0; times < 20; ++times) {
+    WebServer server;
+    int door = -1;
+    server.set_socket_options([&door](socket_t fd) { door = fd; });
+    server.Bind("127.0.0.1", 0);
+    shutdown(door, SHUT_RDWR);
+    try {
+      server.Start();
+    } catch (const std::runtime_error& error) {
+      EXPECT_STREQ(error.what(), "el panel no puede atender pedidos");
+    }
+  }
+}
 
 TEST_F(PanelServer, EveryAnswerForbidsWhatThePageDoesNotNeed) {
   for (const char* const path : {"/", "/api/estado", "/nada"}) {
