@@ -76,6 +76,7 @@ std::optional<Micros> Player::NextDue() const {
 void Player::NewHost() {
   bursts_.clear();
   decoder_ = {};
+  last_body_.clear();  // whoever comes now has not asked for anything yet
 }
 
 void Player::Handle(const Event& event, Micros now) {

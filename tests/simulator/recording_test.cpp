@@ -98,6 +98,20 @@ TEST(Player, AnswersUnderTheNumberOfTheHost) {
   EXPECT_EQ(replay.Send(60, {"@", "C"}), Frame(60, Body({"@", "0080", "1600"})));
 }
 
+TEST(Player, WhatTheHostBeforeWasAnsweredIsNoAnswerForANewHost) {
+  Taped original;
+  original.booth.Send(40, {"Y"});
+  original.booth.Send(41, {"{"});
+  original.booth.Send(40, {"Y"});
+  Replay replay(original.tape.Read());
+  replay.Send(40, {"Y"});
+  replay.player.NewHost();
+  replay.Send(40, {"Y"});
+  EXPECT_EQ(replay.told,
+            (std::vector<std::string>{"se esperaba 2 ({ Abrir cajón) y llegó Y Leer fecha y "
+                                      "hora: se responde como el 3"}));
+}
+
 TEST(Player, NamesTheFieldsThatDiffer) {
   Taped original;
   original.booth.Ticket(40);
