@@ -104,6 +104,26 @@ bool SetControls(Options& options, std::string_view value) {
                      [&options](std::string_view item) { return SetOneControl(options, item); });
 }
 
+std::string ListDigitNames() {
+  std::string names;
+  for (const DigitName& row : kDigitNames)
+    names += (names.empty() ? "" : ", ") + std::string(row.name);
+  return "CAMPO=E.D, de 1 a 9 enteros y de 0 a 4 decimales; campos: " + names;
+}
+
+// One name for a switch, its range for a number.
+std::string ListControls() {
+  std::string text = "CLAVE=VALOR; claves:";
+  for (const Control& control : Controls()) {
+    text.append("\n  ").append(control.key).append("=");
+    if (control.kind == ControlKind::kSwitch) text += "si|no";
+    if (control.kind == ControlKind::kMoment) text += "AAAA-MM-DD HH:MM:SS";
+    if (control.kind != ControlKind::kNumber) continue;
+    text += "N, de " + std::to_string(control.least) + " a " + std::to_string(control.most);
+  }
+  return text;
+}
+
 bool SetTcp(std::optional<TcpAddress>& place, std::string_view value) {
   TcpAddress address;
   if (!ReadTcpAddress(value, address)) return false;
@@ -129,9 +149,10 @@ constexpr std::array kFlags{
     Flag{"--tuberia", "NOMBRE", "atender en una tubería de Windows (\\\\.\\pipe\\NOMBRE)",
          [](Options& o, Text v) { return o.pipe = v, !v.empty(); }},
     Flag{"--baudios", "N", "velocidad de la línea (por omisión, sin límite)",
-         [](Options& o, Text v) { return ReadInt(v, 50, 4'000'000, o.baud); }},
+         [](Options& o, Text v) { return ReadInt(v, 50, 4'000'000, o.baud); }, 1,
+         "un número de 50 a 4000000"},
     Flag{"--demora", "MS|X=MS,...", "milisegundos de trabajo por comando, o solo del comando X",
-         SetThinkingTimes},
+         SetThinkingTimes, 1, "milisegundos de 0 a 3600000 o X=milisegundos"},
     Flag{"--memoria", "ARCHIVO", "memoria fiscal en ese archivo; sin ella, se pierde al terminar",
          [](Options& o, Text v) { return o.memory = v, !v.empty(); }},
     Flag{"--papel", "ARCHIVO|CARPETA/",
@@ -154,23 +175,32 @@ constexpr std::array kFlags{
     Flag{"--fallas", "ARCHIVO", "fallas que provocar, una regla por línea",
          [](Options& o, Text v) { return o.fault_file = v, !v.empty(); }},
     Flag{"--semilla", "N", "semilla de las fallas al azar (por omisión 1)",
-         [](Options& o, Text v) { return ReadNumber<std::uint64_t>(v, 0, UINT64_MAX, o.seed); }},
+         [](Options& o, Text v) { return ReadNumber<std::uint64_t>(v, 0, UINT64_MAX, o.seed); }, 1,
+         "un número de 0 a 18446744073709551615"},
     Flag{"--panel", "HOST:PUERTO", "panel en el navegador; sin host, solo esta máquina",
          [](Options& o, Text v) { return SetTcp(o.panel, v); }},
     Flag{"--cierres-restantes", "N", "cierres Z que quedan en la memoria fiscal",
-         [](Options& o, Text v) { return ReadInt(v, 0, 99'999, o.settings.closings_left); }},
+         [](Options& o, Text v) { return ReadInt(v, 0, 99'999, o.settings.closings_left); }, 1,
+         "un número de 0 a 99999"},
     Flag{"--documentos", "N", "terminar después de N documentos cerrados",
-         [](Options& o, Text v) { return ReadInt(v, 1, 1'000'000'000, o.documents); }},
-    Flag{"--digitos", "CAMPO=E.D,...",
+         [](Options& o, Text v) { return ReadInt(v, 1, 1'000'000'000, o.documents); }, 1,
+         "un número de 1 a 1000000000"},
+    Flag{"--digitos",
+         "CAMPO=E.D,...",
          "dígitos enteros y decimales de cantidad, precio, iva, internos, importe,\n"
          "percepcion",
-         SetDigits},
+         SetDigits,
+         1,
+         {},
+         ListDigitNames},
     Flag{"--modelo", "NOMBRE", "modelo que informa la impresora",
          [](Options& o, Text v) { return o.settings.model = v, !v.empty(); }},
     Flag{"--punto-venta", "N", "número de punto de venta (por omisión 1)",
-         [](Options& o, Text v) { return ReadInt(v, 1, 9999, o.settings.point_of_sale); }},
+         [](Options& o, Text v) { return ReadInt(v, 1, 9999, o.settings.point_of_sale); }, 1,
+         "un número de 1 a 9999"},
     Flag{"--lineas-hoja", "N", "renglones de ítems por formulario (por omisión 24)",
-         [](Options& o, Text v) { return ReadInt(v, 1, 999, o.settings.lines_per_form); }},
+         [](Options& o, Text v) { return ReadInt(v, 1, 999, o.settings.lines_per_form); }, 1,
+         "un número de 1 a 999"},
     Flag{"--cuit-estricto", "", "rechazar los CUIT con el dígito verificador mal",
          [](Options& o, Text) { return o.settings.strict_cuit = true; }},
     Flag{"--sin-papel", "", "arrancar sin papel",
@@ -179,8 +209,15 @@ constexpr std::array kFlags{
          [](Options& o, Text) { return SetOneControl(o, "fuera_de_linea=1"); }},
     Flag{"--bateria-baja", "", "arrancar con la batería baja",
          [](Options& o, Text) { return SetOneControl(o, "bateria_baja=1"); }},
-    Flag{"--estado", "CLAVE=VALOR,...", "arrancar con esos controles así", SetControls},
-    Flag{"--ayuda", "", "esta ayuda", [](Options& o, Text) { return o.help = true; }},
+    Flag{"--estado",
+         "CLAVE=VALOR,...",
+         "arrancar con esos controles así",
+         SetControls,
+         1,
+         {},
+         ListControls},
+    Flag{"--ayuda", "", "esta ayuda; también --help y -h",
+         [](Options& o, Text) { return o.help = true; }},
     Flag{"--version", "", "la versión del programa",
          [](Options& o, Text) { return o.version = true; }},
 };

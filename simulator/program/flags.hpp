@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "program/options.hpp"
@@ -14,6 +15,8 @@ struct Flag {
   std::string_view help;
   bool (*set)(Options&, std::string_view);
   int values = 1;
+  std::string_view right = {};        // what it may be, where `value` does not say it
+  std::string (*listed)() = nullptr;  // the same where it stands in a table
 };
 
 std::span<const Flag> Flags();

@@ -1,5 +1,7 @@
 #include "program/options.hpp"
 
+#include <algorithm>
+#include <array>
 #include <ostream>
 
 #include "program/flags.hpp"
@@ -14,7 +16,11 @@ struct Given {
   std::string_view value;
 };
 
+// What people type who do not know this program yet.
+constexpr std::array<std::string_view, 2> kHelpWords{"--help", "-h"};
+
 const Flag* FindFlag(std::string_view name) {
+  if (std::find(kHelpWords.begin(), kHelpWords.end(), name) != kHelpWords.end()) name = "--ayuda";
   for (const Flag& flag : Flags()) {
     if (flag.name == name) return &flag;
   }
@@ -45,6 +51,13 @@ std::string TakeFlag(const Arguments& arguments, std::size_t& next, std::vector<
     given.push_back({flag, arguments[next++]});
   }
   return {};
+}
+
+std::string WrongValue(const Given& given) {
+  const Flag& flag = *given.flag;
+  const std::string right = flag.listed != nullptr ? flag.listed() : std::string(flag.right);
+  return "valor no válido para " + std::string(flag.name) + ": " + Quoted(given.value) +
+         "; se espera " + (right.empty() ? std::string(flag.value) : right);
 }
 
 // The file first, wherever it stands: what the other flags say goes before it.
@@ -96,8 +109,7 @@ std::string ParseOptions(const Arguments& arguments, Options& options) {
   wrong = ApplyIni(given, options);
   if (!wrong.empty()) return wrong;
   for (const Given& one : given) {
-    if (one.flag->set(options, one.value)) continue;
-    return "valor no válido para " + std::string(one.flag->name) + ": " + Quoted(one.value);
+    if (!one.flag->set(options, one.value)) return WrongValue(one);
   }
   return Contradictions(options);
 }

@@ -123,6 +123,13 @@ TEST(OptionsValues, WhatCannotBe) {
       {{"--reproducir", "a", "--memoria", "b"}, "no va con --memoria"},
       {{"--estado", "nada=1"}, "valor no válido para --estado"},
       {{"--ini", "/nowhere/at/all"}, "no se puede leer /nowhere/at/all"},
+      {{"--familia", "XX"}, "«XX»; se espera TQ|TF|FC"},
+      {{"--baudios", "9"}, "se espera un número de 50 a 4000000"},
+      {{"--tcp", "caja"}, "se espera HOST:PUERTO"},
+      {{"--demora", "B="}, "se espera milisegundos de 0 a 3600000 o X=milisegundos"},
+      {{"--digitos", "nada=3.2"}, "campos: cantidad, precio, iva, internos, importe, percepcion"},
+      {{"--estado", "sin_papel=quizas"}, "\n  sin_papel=si|no\n"},
+      {{"--estado", "papel=mil"}, "\n  papel=N, de -1 a 1000000\n"},
   };
   for (const Case& c : cases) {
     Options options;
@@ -137,6 +144,14 @@ TEST(OptionsValues, TwoRecordingsToCompare) {
     Options options;
     EXPECT_EQ(ParseOptions(arguments, options), "");
     EXPECT_EQ(options.compare, (std::vector<std::string>{"a", "b"}));
+  }
+}
+
+TEST(OptionsValues, HelpHasTheNamesThatPeopleTry) {
+  for (const char* const word : {"--ayuda", "--help", "-h"}) {
+    Options options;
+    EXPECT_EQ(ParseOptions({word}, options), "") << word;
+    EXPECT_TRUE(options.help) << word;
   }
 }
 

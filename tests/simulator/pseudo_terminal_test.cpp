@@ -10,6 +10,7 @@
 
 #include "cables.hpp"
 #include "program/posix/descriptor.hpp"
+#include "program/posix/port_link.hpp"
 
 namespace impresora {
 namespace {
@@ -61,6 +62,14 @@ TEST_F(PseudoTerminalTest, AnUnpluggedHostFindsItsPortDeadAndTheNextFindsANewOne
   const Descriptor next = Open();
   ASSERT_EQ(write(next.Get(), "c", 1), 1);
   EXPECT_TRUE(far_.UntilArrived("c"));
+}
+
+TEST_F(PseudoTerminalTest, ALinkThatAKilledPrinterLeftIsTakenWithoutAWordWhenItLeadsHere) {
+  PseudoTerminal terminal(loop_, "");
+  fs::create_symlink(terminal.Port(), link());
+  ::testing::internal::CaptureStderr();
+  const PortLink again(link(), terminal.Port());
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(PseudoTerminalTest, TheLinkStaysAcrossUnpluggingAndGoesWithTheTerminal) {

@@ -22,14 +22,15 @@ PortLink::PortLink(std::string path, std::string target)
   if (fs::exists(there) && !fs::is_symlink(there)) {
     throw CannotOpen(path_, std::make_error_code(std::errc::file_exists));
   }
-  if (fs::exists(path_)) {
+  std::error_code error;
+  const fs::path former = fs::read_symlink(path_, error);
+  if (former != target_ && fs::exists(path_)) {
     // Somebody's terminal may have got the number of a printer that was killed: no more than a warning.
     std::fprintf(stderr, "impresora-virtual: %s llevaba a %s, que existe; desde ahora lleva a %s\n",
-                 path_.c_str(), fs::read_symlink(path_).c_str(), target_.c_str());
+                 path_.c_str(), former.c_str(), target_.c_str());
   }
   // Made beside its place and moved over it, so that a host never finds the path missing.
   const std::string fresh = path_ + ".nuevo-" + std::to_string(getpid());
-  std::error_code error;
   fs::create_symlink(target_, fresh, error);
   if (error) throw CannotOpen(path_, error);
   fs::rename(fresh, path_, error);
