@@ -287,8 +287,8 @@ KESTRA_API int32_t KESTRA_CALL EP_DatosCliente(int32_t a, int32_t b, int32_t c, 
 /*
  * The component registration. Where there is no component system (Linux) the first three do nothing
  * and answer 0x80004001 (not implemented; DllGetClassObject also sets *objeto to null), and
- * DllCanUnloadNow answers 0 when the library holds no port and no call is under way, else 1; it may
- * be called at any time, on any thread. On Windows the system's headers declare some of them; there
+ * DllCanUnloadNow answers 0 when the library holds no port, else 1; it may be called at any time, on
+ * any thread. On Windows the system's headers declare some of them; there
  * they are declared here for those alone who define KESTRA_COMPONENTES.
  */
 KESTRA_API int32_t KESTRA_CALL DllRegisterServer(void);

@@ -18,9 +18,7 @@ int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz, v
 
 int32_t KESTRA_CALL DllCanUnloadNow() {
   return kestra::WithoutFailing(1, [] {
-    // The code of a call that is under way must not go either.
-    const bool in_use = kestra::Turn::UnderWay() || kestra::ComponentsInUse() ||
-                        kestra::Instance().holds_port.load();
+    const bool in_use = kestra::ComponentsInUse() || kestra::Instance().holds_port.load();
     return in_use ? 1 : 0;
   });
 }

@@ -24,12 +24,6 @@ std::int32_t WithoutFailing(std::int32_t failure, Body body) noexcept {
   }
 }
 
-// At the end of a call, however it ends: whether it leaves a Puerto.
-struct PortNotice {
-  Library& library;
-  ~PortNotice() { library.holds_port = library.state.Puerto != nullptr; }
-};
-
 // Runs the body of an operation. Whatever goes wrong in it ends here: in the log and as `failure`.
 template <typename Operation>
 std::int32_t Export(std::string_view name, std::int32_t failure, Operation operation) noexcept {
@@ -38,7 +32,6 @@ std::int32_t Export(std::string_view name, std::int32_t failure, Operation opera
   const FloatingPoint ours;
   return WithoutFailing(failure, [&] {
     auto& library = Instance();
-    const PortNotice notice{library};
     if (turn.Inherited()) ReleaseAbandoned(library);
     try {
       return operation(library);

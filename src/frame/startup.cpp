@@ -32,7 +32,14 @@ std::int16_t PortNumber(std::int32_t port) {
   return static_cast<std::int16_t>(port);
 }
 
+// Tells those who ask without a turn what has become of the port, whether it could be made or not.
+struct PortNotice {
+  Library& library;
+  ~PortNotice() { library.holds_port = library.state.Puerto != nullptr; }
+};
+
 void SetUpPort(Library& library) {
+  const PortNotice notice{library};
   library.state.Puerto.reset();
   PortSettings settings;
   settings.device = LeerValorIni(library, "ImpresoraDispositivo");
@@ -72,6 +79,7 @@ std::int32_t Init(Library& library) {
 
 void Kill(Library& library) {
   library.state.Puerto.reset();
+  library.holds_port = false;  // the platform may ask while it lets go
   library.platform.ShutDown();
 }
 

@@ -30,9 +30,6 @@ class Turn {
   // True when it was taken over: what the other call held is still held.
   [[nodiscard]] bool Inherited() const { return inherited_; }
 
-  // True while any call is under way, left behind or not.
-  static bool UnderWay() { return owner_.load(std::memory_order_acquire) != kNobody; }
-
   // Lies in the stack of the call for as long as the host's code runs in the middle of it.
   class Visit {
    public:

@@ -14,7 +14,7 @@ struct Library {
 
   State state;
   Platform& platform;
-  // Whether the last call has left a Puerto, for those who ask without a turn.
+  // Whether there is a Puerto, for those who ask without a turn.
   std::atomic<bool> holds_port = false;
 };
 

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <utility>
+
 #include "fakes/components.hpp"
+#include "fakes/fake_platform.hpp"
 #include "frame/instance.hpp"
 #include "unit/world.hpp"
 
@@ -19,6 +23,16 @@ class ObjectsOfTheHost {
   ObjectsOfTheHost(const ObjectsOfTheHost&) = delete;
   ObjectsOfTheHost& operator=(const ObjectsOfTheHost&) = delete;
   ~ObjectsOfTheHost() { fake_components_in_use = false; }
+};
+
+// Asks where a platform's component system does.
+class AskingPlatform : public FakePlatform {
+ public:
+  void EndStartUp() override { at_start = DllCanUnloadNow(); }
+  void ShutDown() override { at_end = DllCanUnloadNow(); }
+
+  std::int32_t at_start = -1;
+  std::int32_t at_end = -1;
 };
 
 TEST(Unload, WaitsForTheHostsObjectsEvenWithoutAPort) {
@@ -41,14 +55,16 @@ TEST(Unload, WaitsForBothTheObjectsAndThePort) {
   EXPECT_EQ(DllCanUnloadNow(), kMayGo);
 }
 
-// The code that would be taken away is the code that asks.
-TEST(Unload, WaitsForACallThatIsUnderWay) {
-  auto& world = unit::ExportsOnFakes();
-  std::int32_t answer = -1;
-  world.GetOperator().Meanwhile([&] { answer = DllCanUnloadNow(); });
-  EXPECT_EQ(EP_CortaPapel(), 1) << "nothing was started";
-  EXPECT_EQ(answer, kStays);
-  EXPECT_EQ(DllCanUnloadNow(), kMayGo);
+// The component system asks while the platform lets go: what it holds of the library is given back then.
+TEST(Unload, MayGoWhileThePlatformLetsGo) {
+  auto world = std::make_unique<AskingPlatform>();
+  auto& kept = *world;
+  unit::FillProfile(kept);
+  ReplaceInstance(std::move(world));
+  ASSERT_EQ(EP_Init(), 1);
+  EXPECT_EQ(kept.at_start, kStays);
+  EP_Kill();
+  EXPECT_EQ(kept.at_end, kMayGo);
 }
 
 }  // namespace
