@@ -2,7 +2,6 @@
 import os
 import pathlib
 import tempfile
-import time
 import unittest
 
 from case import Case
@@ -58,7 +57,7 @@ class FaultsAreNoticed(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.path = pathlib.Path(folder.name) / "spoilt.golden"
-        self.world = World(os.environ["KESTRA_LIVE_HOST"], os.environ.get("KESTRA_WINE", ""), patience=5.0)
+        self.world = World(os.environ["KESTRA_LIVE_HOST"], os.environ.get("KESTRA_WINE", ""))
 
     def faults(self, text):
         self.path.write_text(text, encoding="utf-8")
@@ -75,10 +74,9 @@ class FaultsAreNoticed(unittest.TestCase):
                 self.assertTrue(any(fault in text for text in found), found)
 
     def test_a_host_that_hangs_is_ended_and_reported(self):
-        start = time.monotonic()
+        self.world.patience["call EP_AjusteRedondeo 5"] = 3.0
         found = self.faults(ENDLESS)
         self.assertEqual(found, ["Hung: the host does not come back from: call EP_AjusteRedondeo 5"])
-        self.assertLess(time.monotonic() - start, 30)
 
     def test_a_host_that_cannot_start_is_reported(self):
         self.world.wine = ""

@@ -1,6 +1,6 @@
-// A host that does what it reads: lines of a case on its standard input, what came of each on its
-// standard output, ended by a line with a full stop. Its argument is the setting
-// of the line's device. Besides the inputs of a case it knows
+// A host that does what it is told: it hears the lines of a case from the test that started it, and says what
+// came of each, ended by a line with a full stop. Its argument is the setting of the line's device. Besides
+// the inputs of a case it knows
 //
 //   wire HEX    shows bytes that were found on the line
 //   log HEX     shows a line that was found in the log
@@ -9,6 +9,7 @@
 #include <charconv>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -20,6 +21,10 @@
 #include "golden/words.hpp"
 #include "live/listed_operator.hpp"
 #include "live/settings_file.hpp"
+
+extern "C" {
+#include "programs/talk.h"
+}
 
 namespace kestra::live {
 namespace {
@@ -57,8 +62,39 @@ Answer ToAnswer(std::string_view word) {
   throw std::invalid_argument("unknown word " + std::string(word));
 }
 
+// The call to the test.
+class Talk {
+ public:
+  // The next line; none when the test has hung up.
+  std::optional<std::string> Hear() {
+    std::size_t end = heard_.find('\n');
+    while (end == std::string::npos) {
+      std::array<char, 4096> piece{};
+      const int count = talk_hear(piece.data(), static_cast<int>(piece.size()));
+      if (count == 0) return std::nullopt;
+      heard_.append(piece.data(), static_cast<std::size_t>(count));
+      end = heard_.find('\n');
+    }
+    std::string line = heard_.substr(0, end);
+    heard_.erase(0, end + 1);
+    return line;
+  }
+
+  void Say(std::string_view text) { said_ += text; }
+  void FullStop() {
+    said_ += ".\n";
+    talk_say(said_.data(), static_cast<int>(said_.size()));
+    said_.clear();
+  }
+
+ private:
+  std::string heard_, said_;
+};
+
 class Host {
  public:
+  explicit Host(Talk& talk) : talk_(talk) {}
+
   void Run(std::string_view line);
   SettingsFile& Settings() { return settings_; }
 
@@ -78,8 +114,9 @@ class Host {
   void ShowLog(std::string_view rest) { Show({Happening::kLog, FromHex(rest), kLogFile}); }
   void Leftover(std::string_view);
 
-  void Show(const Event& event) const { std::cout << Describe(event, detail_); }
+  void Show(const Event& event) const { talk_.Say(Describe(event, detail_)); }
 
+  Talk& talk_;
   SettingsFile settings_;
   ListedOperator operator_;
   golden::Detail detail_;
@@ -123,28 +160,28 @@ void Host::Call(std::string_view rest) {
   const golden::CallOutcome outcome = golden::CallExport(name, Words(rest));
   for (const Event& event : operator_.Seen().Take()) Show(event);
   for (const std::string& buffer : outcome.buffers) {
-    std::cout << OutputLine("buffer \"" + golden::Visible(buffer) + "\"");
+    talk_.Say(OutputLine("buffer \"" + golden::Visible(buffer) + "\""));
   }
-  std::cout << OutputLine(name == "EP_Kill" ? "done" : "= " + std::to_string(outcome.result));
+  talk_.Say(OutputLine(name == "EP_Kill" ? "done" : "= " + std::to_string(outcome.result)));
 }
 
 void Host::Leftover(std::string_view) {
   if (operator_.Person().Queued() > 0) {
-    std::cout << OutputLine("the operator still had answers to give");
+    talk_.Say(OutputLine("the operator still had answers to give"));
   }
 }
 
-void ReadAndDo(int argc, char** argv) {
-  Host host;
+void HearAndDo(int argc, char** argv) {
+  Talk talk;
+  Host host(talk);
   if (argc > 1) host.Settings().Lend(argv[1]);
-  for (std::string line; std::getline(std::cin, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
+  while (const auto line = talk.Hear()) {
     try {
-      host.Run(line);
+      host.Run(*line);
     } catch (const std::exception& fault) {
-      std::cout << OutputLine("bad input: " + std::string(fault.what()));
+      talk.Say(OutputLine("bad input: " + std::string(fault.what())));
     }
-    std::cout << "." << std::endl;
+    talk.FullStop();
   }
 }
 
@@ -153,7 +190,8 @@ void ReadAndDo(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    kestra::live::ReadAndDo(argc, argv);
+    if (talk_begin() == 0) throw std::runtime_error("nobody to talk to: KESTRA_TALK names no port");
+    kestra::live::HearAndDo(argc, argv);
     return 0;
   } catch (const std::exception& fault) {
     std::cerr << fault.what() << std::endl;

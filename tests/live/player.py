@@ -1,21 +1,18 @@
 """Plays a case: a host of its own on one end of a line, a printer on the other."""
-import contextlib
 import os
 import pathlib
 import re
 import select
-import signal
+import socket
 import subprocess
 import tempfile
 import time
 
+import programs
 from case import by_kind
 from printer import FINE, Printer
 
-PATIENCE = 20.0  # seconds beyond what a call takes by itself; only a failing case waits that long
 FIRST_PORT, LAST_PORT = 20, 256  # Wine itself deals out the low ones
-
-COMPLAINTS = "complaints.txt"  # what the host writes to its standard error
 
 # The log's date and time: as the system's user has them, there; in one form here and in the cases.
 STAMP = rb"\[\d{1,2}/\d{1,2}/\d{4}-\d{1,2}:\d\d:\d\d(?: [AP]M)?\]"
@@ -33,8 +30,9 @@ class Ended(Exception):
 class World:
     """What the cases of one run have in common: the host's program, and how it is started."""
 
-    def __init__(self, program, wine="", patience=PATIENCE):
-        self.program, self.wine, self.patience = program, wine, patience
+    def __init__(self, program, wine=""):
+        self.program, self.wine = program, wine
+        self.patience = {}  # {line: seconds} for those that are known to hang
         self.environment = {**os.environ, "LC_ALL": "C.UTF-8" if wine else "C"}
 
     def new_line(self, folder):
@@ -54,10 +52,10 @@ class World:
         raise OSError("no COM port is free")
 
     def start(self, folder, settings):
-        command = ([self.wine] if self.wine else []) + [self.program, *settings]
-        with open(folder / COMPLAINTS, "wb") as complaints:
-            return subprocess.Popen(command, cwd=folder, env=self.environment, stdin=subprocess.PIPE,
-                                    stdout=subprocess.PIPE, stderr=complaints, start_new_session=True)
+        command = [self.program, *settings]
+        if self.wine:
+            return programs.Program(command, folder, self.environment, talk=True)
+        return programs.Native(command, folder, self.environment)
 
 
 class Player:
@@ -66,14 +64,15 @@ class Player:
         self.log, self.log_read = folder / "fiscal.log", 0
         self.heard = b""
         self.host = world.start(folder, settings)
+        if self.host.call is None:
+            raise Ended(self.last_words())
 
     # -- The host --
 
     def tell(self, line, seconds=0.0):
         """What comes of a line; the printer does its share meanwhile."""
-        self.host.stdin.write(line.encode() + b"\n")
-        self.host.stdin.flush()
-        deadline = time.monotonic() + seconds + self.world.patience
+        self.host.call.sendall(line.encode() + b"\n")
+        deadline = time.monotonic() + seconds + self.world.patience.get(line, programs.PATIENCE)
         while not re.search(rb"(^|\n)\.\r?\n$", self.heard):
             self.attend(deadline)
             if time.monotonic() > deadline:
@@ -83,12 +82,12 @@ class Player:
 
     def attend(self, until):
         """Waits for the host, the line or the time of the printer's next bytes, and serves them."""
-        printer, ears = self.printer, self.host.stdout
+        printer, ears = self.printer, self.host.call
         ends = [end for end in (ears, printer.far) if end is not None]
         due = until if printer.next_due is None else min(until, printer.next_due)
         ready, _, _ = select.select(ends, [], [], max(0.0, due - time.monotonic()))
         if ears in ready:
-            piece = os.read(ears.fileno(), 65536)
+            piece = ears.recv(65536)
             if not piece:
                 raise Ended(self.last_words())
             self.heard += piece
@@ -96,26 +95,19 @@ class Player:
         printer.send_due()
 
     def last_words(self):
-        code = self.host.wait(self.world.patience)
-        words = (self.folder / COMPLAINTS).read_text("utf-8", "replace")
-        return f"the host has ended by itself with {code}: {words}"
+        code = self.host.wait(programs.PATIENCE)
+        words = self.host.errors().decode("utf-8", "replace")
+        return f"the host has ended by itself with {code}: {words}{self.host.wines_words()}"
 
     def stop(self):
-        """Ends the host: by itself when it can."""
-        self.host.stdin.close()
-        try:
-            return self.host.wait(self.world.patience)
-        except subprocess.TimeoutExpired:
-            self.kill()
-            return None
+        """Ends the host: by itself."""
+        self.host.call.shutdown(socket.SHUT_WR)
+        return self.host.wait(programs.PATIENCE)
 
     def kill(self):
-        if self.host.poll() is None:
-            os.killpg(self.host.pid, signal.SIGKILL)
-            self.host.wait()
-        with contextlib.suppress(BrokenPipeError):
-            self.host.stdin.close()
-        self.host.stdout.close()
+        self.host.kill()
+        self.host.wait()
+        self.host.call.close()
 
     # -- What it left behind --
 
@@ -218,7 +210,7 @@ def play(case, world):
         printer = Printer(link, folder)
         try:
             return play_on(case, world, folder, setting, printer)
-        except (Ended, Hung, OSError, ValueError) as trouble:
+        except (Ended, Hung, OSError, ValueError, programs.Trouble, subprocess.TimeoutExpired) as trouble:
             return [f"{type(trouble).__name__}: {trouble}"]
         finally:
             printer.remove()

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs a Windows program of tests, and holds the far ends of the lines that they try.
 
-    far_end.py WINE PROGRAM [ARGUMENT...]
+    far_end.py WINE STARTER PROGRAM [ARGUMENT...]
 
 The program finds in KESTRA_FAR_END "COMn:P": the serial line's port, and where on this machine it asks for
 what the far end shall do. A request is a letter, a count of 4 bytes (least significant first) and for S and T
@@ -22,13 +22,15 @@ import pathlib
 import select
 import socket
 import struct
-import subprocess
 import sys
 import tempfile
 import termios
 import threading
 import time
 import tty
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "programs"))
+import run_program  # noqa: E402
 
 FIRST_PORT, LAST_PORT = 20, 256  # Wine itself deals out the low ones
 PATIENCE = 2.0  # seconds; only a failing test waits that long
@@ -237,7 +239,7 @@ def main():
         threading.Thread(target=serve_all, args=(listener, line), daemon=True).start()
         os.environ["KESTRA_FAR_END"] = f"COM{number}:{listener.getsockname()[1]}"
         try:
-            return subprocess.call(sys.argv[1:])
+            return run_program.main(sys.argv[1:])
         finally:
             line.remove()
 

@@ -3,12 +3,12 @@
 import os
 import shutil
 import signal
-import subprocess
 import time
 import unittest
 
+import programs
 from shop import ENV
-from till import Till
+from till import Till, text
 
 HOST = os.path.join(ENV["KESTRA_BIN"], "armour_host.exe")
 
@@ -20,10 +20,9 @@ class Host(Till):
     def play(self, story):
         for file in (HOST, ENV["KESTRA_LIBRARY"]):
             shutil.copy(file, self.folder)
-        ended = subprocess.run([ENV["KESTRA_WINE"], "armour_host.exe", story], cwd=self.folder,
-                               encoding="cp1252", stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                               stderr=subprocess.STDOUT, timeout=60)
-        self.assertEqual((ended.returncode, ended.stdout), (0, ""))
+        ended = programs.run([self.path("armour_host.exe"), story], folder=self.folder)
+        said = text(ended.output() + ended.errors())
+        self.assertEqual((ended.returncode, said), (0, ""), ended.wines_words())
 
 
 class AHost(Host):

@@ -1,23 +1,23 @@
 #!/usr/bin/env python3
 """The library as a provider of classes: registering, creating, start-up, and nothing left behind.
 
-    components_test.py DLL_DIRECTORY WINE_COMMAND [HOST_DIRECTORY]
+    components_test.py DLL_DIRECTORY [HOST_DIRECTORY]
 
 DLL_DIRECTORY holds Kestra.dll; HOST_DIRECTORY (the same one when not given) components_host.exe and
-registry_dump.exe of the same width. WINE_COMMAND runs programs of that width. The Wine prefix is the
-environment's. Every case compares the names of the registry's classes before and after, the whole run all of
+registry_dump.exe of the same width. The Wine prefix is the environment's. Every case compares the names of the registry's classes before and after, the whole run all of
 their keys and values.
 """
 import pathlib
 import re
 import shutil
-import subprocess
 import sys
 import tempfile
 import unittest
 
+import programs
+from programs import windows_path
+
 HERE = pathlib.Path(__file__).resolve().parent
-SECONDS = 60
 
 # Complete settings: a missing key would show its box and wait for an operator.
 SAMPLE_INI = (HERE.parents[2] / "tools" / "Fiscal.ini").read_bytes().decode("cp1252")
@@ -76,14 +76,13 @@ HIVES = ["HKLM", "HKCU"]
 class Wine:
     """Programs of one width, and the library under test."""
 
-    def __init__(self, dll_directory, command, host_directory):
+    def __init__(self, dll_directory, host_directory):
         self.library = pathlib.Path(dll_directory).resolve() / "Kestra.dll"
         self.hosts = pathlib.Path(host_directory).resolve()
-        self.command = command
 
-    def run(self, *arguments, directory=None):
-        return subprocess.run([self.command, *map(str, arguments)], cwd=directory, timeout=SECONDS,
-                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+    @staticmethod
+    def run(*arguments, directory=None):
+        return programs.run(arguments, folder=directory)
 
     def tell(self, story, directory, library=None):
         return self.run(self.hosts / "components_host.exe", story,
@@ -91,12 +90,12 @@ class Wine:
 
     def stories(self):
         listed = self.run(self.hosts / "components_host.exe", "list")
-        return listed.stdout.decode().split()
+        return listed.output().decode().split()
 
     def registry(self, *arguments):
         """All keys and values; with "names" the keys alone, down to where classes are named: much quicker."""
         dump = self.run(self.hosts / "registry_dump.exe", *arguments)
-        lines = dump.stdout.decode().splitlines()
+        lines = dump.output().decode().splitlines()
         assert dump.returncode == 0 and len(lines) > 100, "the registry cannot be read"
         return lines
 
@@ -105,10 +104,6 @@ class Wine:
 
     def script(self, name):
         return self.run("cscript", "//nologo", windows_path(HERE / name))
-
-
-def windows_path(path):
-    return "Z:" + str(path).replace("/", "\\")
 
 
 wine = None
@@ -142,7 +137,7 @@ class Components(unittest.TestCase):
 
     def tell(self, story):
         told = wine.tell(story, self.directory)
-        self.assertEqual(told.returncode, 0, told.stdout.decode(errors="replace"))
+        self.assertEqual(told.returncode, 0, told.output().decode(errors="replace"))
 
     def test_every_story_is_told(self):
         self.assertEqual(wine.stories(), STORIES)
@@ -158,14 +153,14 @@ class Components(unittest.TestCase):
                 self.unchanged_since(self.before)
 
     def test_scripts_create_both_classes_while_registered(self):
-        self.assertNotIn(b"creadas", wine.script("both_classes.vbs").stdout)
+        self.assertNotIn(b"creadas", wine.script("both_classes.vbs").output())
         self.assertEqual(wine.regsvr32(windows_path(wine.library)), 0)
         try:
-            said = wine.script("both_classes.vbs").stdout
+            said = wine.script("both_classes.vbs").output()
         finally:
             self.assertEqual(wine.regsvr32("/u", windows_path(wine.library)), 0)
         self.assertIn(b"creadas: IInitClass IExampleClass", said)
-        self.assertNotIn(b"creadas", wine.script("both_classes.vbs").stdout)
+        self.assertNotIn(b"creadas", wine.script("both_classes.vbs").output())
         self.unchanged_since(self.before)
 
     def test_unregistering_twice_is_fine(self):
@@ -217,7 +212,7 @@ class Components(unittest.TestCase):
     def reg(self, *arguments):
         ran = wine.run("reg", *arguments)
         self.assertEqual(ran.returncode, 0, arguments)
-        return ran.stdout
+        return ran.output()
 
     def foreign_name(self, hive, name):
         """A name that leads to somebody else's class; with more below and beside it than ours have."""
@@ -290,24 +285,19 @@ class Components(unittest.TestCase):
         self.unchanged_since(self.before)
 
     def test_programs_that_start_at_the_same_time(self):
-        arguments = [wine.command, wine.hosts / "components_host.exe", "started_twice_ended_twice",
-                     windows_path(wine.library)]
-        running = [subprocess.Popen(list(map(str, arguments)), cwd=self.directory,
-                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-                   for _ in range(6)]
+        story = [wine.hosts / "components_host.exe", "started_twice_ended_twice", windows_path(wine.library)]
+        running = [programs.Program(story, self.directory) for _ in range(6)]
         for program in running:
-            said, _ = program.communicate(timeout=SECONDS)
-            self.assertEqual(program.returncode, 0, said.decode(errors="replace"))
+            self.assertEqual(program.wait(), 0, program.output().decode(errors="replace"))
         self.unchanged_since(self.before)
 
 
 def main():
     global wine
-    if len(sys.argv) not in (3, 4):
+    if len(sys.argv) not in (2, 3):
         print(__doc__)
         return 2
-    dll_directory, command = sys.argv[1:3]
-    wine = Wine(dll_directory, command, sys.argv[3] if len(sys.argv) == 4 else dll_directory)
+    wine = Wine(sys.argv[1], sys.argv[-1])
     program = unittest.main(argv=sys.argv[:1], exit=False, verbosity=2)
     return 0 if program.result.wasSuccessful() else 1
 

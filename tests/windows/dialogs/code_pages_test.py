@@ -6,11 +6,11 @@ import tempfile
 import unittest
 
 import dialogs_test
+import programs
 from shop import ENV
 from till import Till
 
 SYSTEMS = {"ja_JP": 932, "ru_RU": 1251}  # one whose characters take two bytes, one without our accents
-LATER = 120  # seconds for a program of many tests
 
 
 class OtherSystems(Till):
@@ -19,12 +19,11 @@ class OtherSystems(Till):
     def setUp(self):
         super().setUp()
         dialogs_test.PROGRAM = os.path.join(ENV["KESTRA_BIN"], "show_dialog.exe")
-        dialogs_test.WINE = ENV["KESTRA_WINE"]
         folder = tempfile.TemporaryDirectory(prefix="kestra-")
         self.addCleanup(folder.cleanup)
         for locale in SYSTEMS:
             subprocess.run(["localedef", "-i", locale, "-f", "UTF-8",
-                            os.path.join(folder.name, locale + ".UTF-8")], timeout=LATER, check=True)
+                            os.path.join(folder.name, locale + ".UTF-8")], check=True)
         self.change("LOCPATH", folder.name)
 
     def change(self, name, value):
@@ -64,11 +63,10 @@ class OtherSystems(Till):
     def test_settings_are_read_byte_for_byte(self):
         program = os.path.join(ENV["KESTRA_BIN"], "kestra_contract_tests.exe")
         for _ in self.each():
-            ended = subprocess.run([ENV["KESTRA_WINE"], program, "--gtest_filter=ProfileTest.*"],
-                                   cwd=self.folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                   stderr=subprocess.STDOUT, timeout=LATER, check=False)
-            self.assertEqual(ended.returncode, 0, ended.stdout.decode("cp1252", "replace"))
-            self.assertIn(b"ProfileTest.EveryByteOfAValueStaysAsItIs", ended.stdout)
+            ended = programs.run([program, "--gtest_filter=ProfileTest.*"], folder=self.folder)
+            said = ended.output()
+            self.assertEqual(ended.returncode, 0, said.decode("cp1252", "replace"))
+            self.assertIn(b"ProfileTest.EveryByteOfAValueStaysAsItIs", said)
 
     def test_a_name_with_accents_comes_from_the_settings_into_the_log(self):
         self.write_settings(ImpresoraDispositivo="COMÁSÍÑ")

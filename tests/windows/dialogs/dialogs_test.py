@@ -1,19 +1,20 @@
 #!/usr/bin/env python3
 """The windows that the operator sees: what is on them, whether it fits, and how they are answered.
 
-    dialogs_test.py PROGRAM_DIRECTORY WINE_COMMAND
+    dialogs_test.py PROGRAM_DIRECTORY
 
-PROGRAM_DIRECTORY holds show_dialog.exe; WINE_COMMAND runs programs of its width. The Wine prefix and the
-display are the environment's; a window manager is up and xdotool is installed.
+PROGRAM_DIRECTORY holds show_dialog.exe. The Wine prefix and the display are the environment's; a window
+manager is up and xdotool is installed.
 """
 import pathlib
 import re
 import subprocess
 import sys
-import time
 import unittest
 
-SECONDS = 60
+import programs
+from shop import until
+
 CLOSE, RETRY, YES, NO, OK = "2", "4", "6", "7", "1"
 RED, BLACK = "0000ff", "000000"  # blue, green, red
 FINE, DENSE = 96, 144  # dots per inch
@@ -114,29 +115,26 @@ class Dialog:
     """show_dialog at work: the first window that it shows is there when the object is."""
 
     def __init__(self, *arguments):
-        self.process = subprocess.Popen([WINE, PROGRAM, *arguments], stdin=subprocess.DEVNULL,
-                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        lines = []
-        for line in self.process.stdout:
-            lines.append(line.decode("utf-8"))
-            if lines[-1].strip() == "ready":
-                break
-        else:
-            raise AssertionError(f"{arguments}: ended with {self.process.wait(SECONDS)} after {lines}")
-        self.shown = Shown(lines)
+        self.program = programs.Program([PROGRAM, *arguments])
+        if not self.program.hear_output(rb"\nready\r\n"):
+            raise AssertionError(f"{arguments}: ended with {self.program.wait()} after "
+                                 f"{self.program.output()} {self.program.wines_words()}")
+        self.shown = Shown(self.lines()[0])
+
+    def lines(self):
+        """Those up to the window's first answer, and those after it."""
+        return [each.splitlines() for each in self.program.output().decode("utf-8").split("\nready\r\n")]
 
     def press(self, *keys):
-        for key in keys:
-            subprocess.run(["xdotool", "key", key], check=True, timeout=SECONDS)
-            time.sleep(0.1)
+        """Once it has the keyboard."""
+        until(lambda: xdotool("getwindowfocus", "getwindowname") == self.shown.caption, "the focus")
+        xdotool("key", *keys)
 
     def end(self):
         """The lines printed after the answer, by their first word."""
-        try:
-            rest = self.process.communicate(timeout=SECONDS)[0].decode("utf-8").splitlines()
-        finally:
-            self.process.kill()
-        assert self.process.returncode == 0, rest
+        code = self.program.wait()
+        rest = self.lines()[-1]
+        assert code == 0, (code, rest, self.program.wines_words())
         return {line.split("\t")[0]: line.split("\t")[-1] for line in rest}
 
 
@@ -148,14 +146,17 @@ def show(*arguments):
 def typed(keys, *arguments):
     """The dialog answered at the keyboard, once it has the focus."""
     dialog = Dialog("with", "wait", *arguments)
-    time.sleep(0.5)
     dialog.press(*keys)
     return dialog.end()
 
 
 def wine(*arguments):
-    return subprocess.run([WINE, *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                          stderr=subprocess.DEVNULL, timeout=SECONDS, check=False).returncode
+    return programs.run(arguments).returncode
+
+
+def xdotool(*arguments):
+    ended = subprocess.run(["xdotool", *arguments], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+    return ended.stdout.decode("utf-8").rstrip("\n")
 
 
 class Density:
@@ -359,10 +360,9 @@ class AService(unittest.TestCase):
     """Nobody can press what no screen shows: the answer that does no harm, at once."""
 
     def answer(self, *dialog):
-        ended = subprocess.run([WINE, PROGRAM, "service", "none", *dialog], stdin=subprocess.DEVNULL,
-                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=SECONDS,
-                               check=True)
-        return ended.stdout.decode("utf-8").split("answer\t")[1].strip()
+        ended = programs.run([PROGRAM, "service", "none", *dialog])
+        self.assertEqual(ended.returncode, 0, ended.wines_words())
+        return ended.output().decode("utf-8").split("answer\t")[1].strip()
 
     def test_says_no_to_questions(self):
         self.assertEqual(self.answer("message", "36", "Envia?", "EP_CortaPapel()"), NO)
@@ -377,8 +377,7 @@ class AService(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 3:
+    if len(sys.argv) != 2:
         sys.exit(__doc__)
     PROGRAM = str(pathlib.Path(sys.argv[1]).resolve() / "show_dialog.exe")
-    WINE = sys.argv[2]
     unittest.main(argv=sys.argv[:1], verbosity=2)

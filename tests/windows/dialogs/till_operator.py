@@ -4,17 +4,17 @@ import os
 import subprocess
 import time
 
+import programs
 from shop import ENV, until
 from till import Till
 
-SECONDS = 60  # for one program of ours
 PICTURES = os.path.join(ENV["KESTRA_BUILD"], "tests/windows/dialogs/pictures")
 CLOSE, RETRY, YES, NO, OK = 2, 4, 6, 7, 1
 
 
 def xdotool(*arguments):
     ended = subprocess.run(["xdotool", *map(str, arguments)], stdout=subprocess.PIPE,
-                           stderr=subprocess.DEVNULL, timeout=SECONDS, check=False)
+                           stderr=subprocess.DEVNULL, check=False)
     return ended.stdout.decode().split()
 
 
@@ -50,7 +50,6 @@ class AttendedTill(Till):
 
     def end(self):
         self.till.kill()
-        self.till.communicate()
 
     def see(self, caption, *texts):
         until(lambda: shown(caption) or self.till.poll() is not None, f"the window {caption}")
@@ -63,19 +62,19 @@ class AttendedTill(Till):
 
     def read(self, caption):
         program = os.path.join(ENV["KESTRA_BIN"], "read_window.exe")
-        told = subprocess.run([ENV["KESTRA_WINE"], program, caption], stdin=subprocess.DEVNULL,
-                              stdout=subprocess.PIPE, timeout=SECONDS, check=True)
+        told = programs.run([program, caption])
+        self.assertEqual(told.returncode, 0, told.wines_words())
         # Frames have control bytes that would pass for line ends.
-        return [line for line in told.stdout.decode("utf-8").split("\r\n") if line]
+        return [line for line in told.output().decode("utf-8").split("\r\n") if line]
 
     def take_picture(self, name):
         os.makedirs(PICTURES, exist_ok=True)
         subprocess.run(["import", "-window", "root", os.path.join(PICTURES, name + ".png")],
-                       timeout=SECONDS, check=True)
+                       check=True)
 
     def finish(self):
         """What the program wrote, and what it ended with."""
-        out, _ = self.till.communicate(timeout=SECONDS)
+        out, _ = self.till.communicate()
         return out, self.till.returncode
 
     def exchanges(self):

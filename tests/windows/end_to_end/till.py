@@ -2,8 +2,9 @@
 
 import os
 import shutil
-import subprocess
+import socket
 
+import programs
 from shop import ENV, Shop
 
 FIRST_PORT, LAST_PORT = 20, 256  # Wine itself deals out the low ones
@@ -20,6 +21,23 @@ def plug(number, device):
 
 def port_link(number):
     return os.path.join(ENV["WINEPREFIX"], "dosdevices", f"com{number}")
+
+
+def text(data):
+    return data.decode("cp1252").replace("\r\n", "\n")
+
+
+class TillProgram(programs.Program):
+    def communicate(self, said=""):
+        """What it wrote to its standard output and error when it has ended; said to those that listen."""
+        if self.call:
+            self.call.sendall(said.encode())
+            self.call.shutdown(socket.SHUT_WR)
+        self.wait()
+        return text(self.output()), text(self.errors())
+
+    def first_line(self):
+        return text(self.hear_output(rb".*\n").group())
 
 
 class Till(Shop):
@@ -40,10 +58,9 @@ class Till(Shop):
         """Starts a program that lies in the shop's folder with nothing of ours but the library."""
         for file in (program, ENV["KESTRA_LIBRARY"]):
             shutil.copy(file, self.folder)
-        return subprocess.Popen([ENV["KESTRA_WINE"], os.path.basename(program)], cwd=self.folder,
-                                encoding="cp1252", stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                stderr=subprocess.PIPE)
+        listens = program == ENV["KESTRA_CLOCK"]
+        return TillProgram([self.path(os.path.basename(program))], self.folder, talk=listens)
 
     def run_program(self, program):
         """What it wrote to its standard output and error when it has ended."""
-        return self.start(program).communicate(timeout=60)
+        return self.start(program).communicate()

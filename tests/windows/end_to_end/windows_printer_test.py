@@ -1,10 +1,10 @@
 """A machine with Windows alone: the till and the virtual printer, both Windows programs, over the network."""
 
-import subprocess
 import unittest
 
+import programs
 import tcp_test
-from shop import ENV, WAIT, read
+from shop import ENV, read
 from till import Till
 
 
@@ -15,18 +15,15 @@ class AWindowsPrinter(tcp_test.NetworkShop, Till):
         return {"ImpresoraDispositivo": self.device}
 
     def start_printer(self):
-        command = [ENV["KESTRA_WINE64"], ENV["KESTRA_WINDOWS_PRINTER"], "--familia", self.family,
-                   "--tcp", "127.0.0.1:0", "--papel", "papel.txt", "--traza", "traza.txt"]
-        printer = subprocess.Popen(command + self.printer_flags, cwd=self.folder, text=True,
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
-        self.addCleanup(printer.stdout.close)
-        self.addCleanup(printer.wait)
+        command = [ENV["KESTRA_WINDOWS_PRINTER"], "--familia", self.family, "--tcp", "127.0.0.1:0",
+                   "--papel", "papel.txt", "--traza", "traza.txt"]
+        printer = programs.Program(command + self.printer_flags, self.folder)
         self.addCleanup(printer.kill)
-        self.device = printer.stdout.readline().removeprefix("Puerto: ").strip()
+        self.device = printer.hear_output(rb"Puerto: (.*?)\r?\n").group(1).decode()
         return printer
 
     def stop_printer(self, *_):
-        return self.printer.wait(WAIT)
+        return self.printer.wait()
 
     def test_prints_the_ticket_of_the_demo_shop(self):
         out, err = self.run_program(ENV["KESTRA_TICKET"])
@@ -40,11 +37,9 @@ class AWindowsPrinterWithoutWhatItCannotDo(unittest.TestCase):
     def test_says_so(self):
         for option in (["--memoria", "m.db"], ["--panel", "127.0.0.1:0"], ["--enlace", "x"]):
             with self.subTest(option=option):
-                ended = subprocess.run([ENV["KESTRA_WINE64"], ENV["KESTRA_WINDOWS_PRINTER"], *option],
-                                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                       stderr=subprocess.PIPE, timeout=60, check=False)
+                ended = programs.run([ENV["KESTRA_WINDOWS_PRINTER"], *option])
                 self.assertEqual(ended.returncode, 1)
-                self.assertIn(option[0].encode(), ended.stderr)
+                self.assertIn(option[0].encode(), ended.errors())
 
 
 if __name__ == "__main__":

@@ -7,13 +7,13 @@ write there can replace the program itself: nothing in a library can help agains
 import os
 import pathlib
 import shutil
-import subprocess
 import sys
 import unittest
 
+import programs
 import tcp_test
 from shop import ENV
-from till import Till
+from till import Till, text
 
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent))
@@ -57,11 +57,9 @@ class PlantedLibraries(tcp_test.NetworkShop, Till):
             shutil.copy(ENV["KESTRA_PLANTED"], os.path.join(folder, name))
 
     def run_host(self, *words):
-        environment = dict(os.environ, KESTRA_MARKS="Z:" + self.marks.replace("/", "\\"))
-        ended = subprocess.run([ENV["KESTRA_WINE"], self.host, *words], cwd=self.folder,
-                               env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                               encoding="cp1252", timeout=100, check=False)
-        return ended.stdout
+        ended = programs.run([self.host, *words], folder=self.folder,
+                             variables={"KESTRA_MARKS": programs.windows_path(self.marks)})
+        return text(ended.output())
 
     def marked(self):
         return pathlib.Path(self.marks).read_text("cp1252") if os.path.exists(self.marks) else ""
