@@ -4,8 +4,7 @@
     components_test.py DLL_DIRECTORY [HOST_DIRECTORY]
 
 DLL_DIRECTORY holds Kestra.dll; HOST_DIRECTORY (the same one when not given) components_host.exe and
-registry_dump.exe of the same width. The Wine prefix is the environment's. Every case compares the names of the registry's classes before and after, the whole run all of
-their keys and values.
+registry_dump.exe of the same width. The Wine prefix is the environment's. Every case compares the registry's classes before and after, all of their keys and values.
 """
 import pathlib
 import re
@@ -70,7 +69,7 @@ TOLD_ELSEWHERE = ["another_copy_serves"]
 # A class of another product, or of a copy of the library from before these classes.
 FOREIGN_CLASS = "{11111111-2222-3333-4444-555555555555}"
 NAMES = ["Kestra.InitClass", "Kestra.InitClass.1", "Kestra.ExampleClass", "Kestra.ExampleClass.1"]
-HIVES = ["HKLM", "HKCU"]
+HIVES = {"HKLM": "HKEY_LOCAL_MACHINE", "HKCU": "HKEY_CURRENT_USER"}
 
 
 class Wine:
@@ -92,11 +91,14 @@ class Wine:
         listed = self.run(self.hosts / "components_host.exe", "list")
         return listed.output().decode().split()
 
-    def registry(self, *arguments):
-        """All keys and values; with "names" the keys alone, down to where classes are named: much quicker."""
-        dump = self.run(self.hosts / "registry_dump.exe", *arguments)
-        lines = dump.output().decode().splitlines()
-        assert dump.returncode == 0 and len(lines) > 100, "the registry cannot be read"
+    def registry(self):
+        """Every key of the classes, and every value as "key @ value"."""
+        with tempfile.TemporaryDirectory(prefix="kestra-registry-") as folder:
+            dump = self.run(self.hosts / "registry_dump.exe", windows_path(folder))
+            assert dump.returncode == 0, dump.output()
+            lines = [line for hive in ("machine", "user")
+                     for line in entries(hive, pathlib.Path(folder, hive + ".reg").read_text("utf-8", "replace"))]
+        assert len(lines) > 100, "the registry cannot be read"
         return lines
 
     def regsvr32(self, *arguments):
@@ -104,6 +106,17 @@ class Wine:
 
     def script(self, name):
         return self.run("cscript", "//nologo", windows_path(HERE / name))
+
+
+def entries(hive, text):
+    """Of a saved part of the registry: keys, and lines of values with the key that they are in; no times."""
+    key = hive
+    for line in text.splitlines():
+        if line.startswith("["):
+            key = hive + " " + line.rpartition(" ")[0]
+            yield key
+        elif line and not line.startswith(("#", ";;")):
+            yield f"{key} @ {line}"
 
 
 wine = None
@@ -129,10 +142,10 @@ class Components(unittest.TestCase):
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="kestra-components-"))
         self.addCleanup(shutil.rmtree, self.directory, ignore_errors=True)
         (self.directory / "Fiscal.ini").write_bytes(GOOD_INI.encode("cp1252"))
-        self.before = wine.registry("names")
+        self.before = wine.registry()
 
     def unchanged_since(self, before):
-        after = wine.registry("names")
+        after = wine.registry()
         self.assertEqual(sorted(set(before) ^ set(after)), [])
 
     def tell(self, story):
@@ -172,7 +185,7 @@ class Components(unittest.TestCase):
         """Start-up and shut-down over a lasting registration of the file `registered`."""
         self.assertEqual(wine.regsvr32(windows_path(registered)), 0)
         try:
-            lasting = wine.registry("names")
+            lasting = wine.registry()
             self.assertNotEqual(lasting, self.before)
             for story in ("host_without_components", "started_twice_ended_twice"):
                 self.tell(story)
@@ -193,7 +206,7 @@ class Components(unittest.TestCase):
         other = self.directory / "Otra.dll"
         shutil.copy(wine.library, other)
         self.assertEqual(wine.regsvr32(windows_path(other)), 0)
-        lasting = wine.registry("names")
+        lasting = wine.registry()
         self.assertEqual(wine.regsvr32("/u", windows_path(wine.library)), 0)
         self.unchanged_since(lasting)
         self.assertEqual(wine.regsvr32("/u", windows_path(other)), 0)
@@ -209,31 +222,38 @@ class Components(unittest.TestCase):
             self.assertEqual(wine.regsvr32("/u", windows_path(other)), 0)
         self.unchanged_since(self.before)
 
-    def reg(self, *arguments):
-        ran = wine.run("reg", *arguments)
-        self.assertEqual(ran.returncode, 0, arguments)
-        return ran.output()
+    def change_registry(self, keys):
+        """Makes what lies in the keys, {key: {name of a value: as a registry file writes it} or None to remove it}."""
+        lines = ["Windows Registry Editor Version 5.00", ""]
+        for key, values in keys.items():
+            path = re.sub("^HK(LM|CU)", lambda short: HIVES[short.group()], key)
+            lines.append(f"[{'-' if values is None else ''}{path}]")
+            lines += [f"{name}={value}" for name, value in (values or {}).items()] + [""]
+        file = self.directory / "change.reg"
+        file.write_text("\r\n".join(lines), encoding="utf-16")
+        self.assertEqual(wine.run("reg", "import", windows_path(file)).returncode, 0, lines)
 
-    def foreign_name(self, hive, name):
-        """A name that leads to somebody else's class; with more below and beside it than ours have."""
-        key = rf"{hive}\Software\Classes\{name}"
-        self.addCleanup(wine.run, "reg", "delete", key, "/f")  # when the test fails
-        self.reg("add", key, "/ve", "/d", "Otro producto", "/f")
-        self.reg("add", key, "/v", "EditFlags", "/t", "REG_DWORD", "/d", "65536", "/f")
-        self.reg("add", key + r"\CLSID", "/ve", "/d", FOREIGN_CLASS, "/f")
-        self.reg("add", key + r"\CLSID", "/v", "Nota", "/d", "suya", "/f")
-        if name == "Kestra.InitClass":
-            self.reg("add", key + r"\CurVer", "/ve", "/d", "Kestra.InitClass.7", "/f")
-            self.reg("add", key + r"\DefaultIcon", "/ve", "/d", "otro.exe,1", "/f")
-        return key
+    def remove_keys(self, keys):
+        self.change_registry({key: None for key in keys})
 
-    def untouched(self, keys, action):
-        def values():
-            return [sorted(self.reg("query", key, "/s").splitlines()) for key in keys]
-        names, before = wine.registry("names"), values()
+    def foreign_names(self, hive, names):
+        """Names that lead to somebody else's class; with more below and beside them than ours have."""
+        keys = [rf"{hive}\Software\Classes\{name}" for name in names]
+        self.addCleanup(self.remove_keys, keys)  # when the test fails
+        made = {}
+        for key in keys:
+            made[key] = {"@": '"Otro producto"', '"EditFlags"': "dword:00010000"}
+            made[key + r"\CLSID"] = {"@": f'"{FOREIGN_CLASS}"', '"Nota"': '"suya"'}
+            if key.endswith("Kestra.InitClass"):
+                made[key + r"\CurVer"] = {"@": '"Kestra.InitClass.7"'}
+                made[key + r"\DefaultIcon"] = {"@": '"otro.exe,1"'}
+        self.change_registry(made)
+        return keys
+
+    def untouched(self, action):
+        before = wine.registry()
         action()
-        self.assertEqual(values(), before)
-        self.unchanged_since(names)
+        self.unchanged_since(before)
 
     def unregister(self):
         self.assertEqual(wine.regsvr32("/u", windows_path(wine.library)), 0)
@@ -244,7 +264,7 @@ class Components(unittest.TestCase):
 
     def test_names_of_other_products_survive(self):
         for hive in HIVES:
-            keys = [self.foreign_name(hive, name) for name in NAMES]
+            keys = self.foreign_names(hive, NAMES)
             for what, action in [
                     ("a start", lambda: self.tell("host_without_components")),
                     ("two starts", lambda: self.tell("started_twice_ended_twice")),
@@ -252,30 +272,26 @@ class Components(unittest.TestCase):
                     ("a start that fails", self.fail_to_start)]:
                 (self.directory / "Fiscal.ini").write_bytes(GOOD_INI.encode("cp1252"))
                 with self.subTest(what, hive=hive):
-                    self.untouched(keys, action)
+                    self.untouched(action)
             self.remove_keys(keys)
-
-    def remove_keys(self, keys):
-        for key in keys:
-            self.reg("delete", key, "/f")
 
     def test_one_name_of_another_product_survives(self):
         for name in NAMES:
-            key = self.foreign_name("HKLM", name)
+            keys = self.foreign_names("HKLM", [name])
             with self.subTest(name):
-                self.untouched([key], lambda: self.tell("host_without_components"))
-                self.untouched([key], self.unregister)
-            self.remove_keys([key])
+                self.untouched(lambda: self.tell("host_without_components"))
+                self.untouched(self.unregister)
+            self.remove_keys(keys)
 
     def test_names_that_others_took_from_a_lasting_registration_stay_theirs(self):
         other = self.directory / "Otra.dll"
         shutil.copy(wine.library, other)
         for registered in (other, wine.library):
             self.assertEqual(wine.regsvr32(windows_path(registered)), 0)
-            key = self.foreign_name("HKLM", "Kestra.InitClass")
+            keys = self.foreign_names("HKLM", ["Kestra.InitClass"])
             with self.subTest(registered.name):
-                self.untouched([key], lambda: self.tell("host_without_components"))
-            self.remove_keys([key])
+                self.untouched(lambda: self.tell("host_without_components"))
+            self.remove_keys(keys)
             self.assertEqual(wine.regsvr32("/u", windows_path(registered)), 0)
         self.unchanged_since(self.before)
 
