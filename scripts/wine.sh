@@ -11,12 +11,17 @@ wine_processes=()
 # wine_start DIRECTORY: makes the prefix in it the first time (some 15 s), brings it up, and exports what
 # programs need to run there.
 wine_start() {
-  local fresh=no
+  local fresh=no steady=(setarch "$(uname -m)" --addr-no-randomize)
+  # Newer systems put the heap of a 64-bit program anywhere, once in 6000 times where Wine must have a page.
+  "${steady[@]}" true 2>/dev/null || steady=(env)
   wine_directory=$1
-  export WINEPREFIX=$wine_directory/prefix WINEDEBUG=-all LC_ALL=C.UTF-8
+  export WINEPREFIX=$wine_directory/prefix LC_ALL=C.UTF-8
+  # Its complaints, each with the number of the process. Whoever wants to know more sets it before.
+  export WINEDEBUG=${WINEDEBUG:-fixme-all,+pid}
   # No downloads, no entries in the desktop's menus, and no window that waits when a program crashes.
   export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe,winedbg.exe=d"
   mkdir -p "$WINEPREFIX"
+  : >"$wine_directory/once_more.txt"
   wine_start_display || return 1
   # In the foreground of this script: as a daemon it may take the first line that it opens for its terminal,
   # and end with it.
@@ -27,7 +32,7 @@ wine_start() {
   [ "$fresh" = no ] || echo "Making a Windows to run programs in (some 15 seconds)..."
   # The first program brings up the rest. Not wineboot: it would start the services a second time, and two
   # of each make some programs wait ten seconds for an answer.
-  if ! "$wine32" cmd /c exit >"$wine_directory/start.log" 2>&1; then
+  if ! "${steady[@]}" "$wine32" cmd /c exit >"$wine_directory/start.log" 2>&1; then
     cat "$wine_directory/start.log" >&2
     echo "Wine could not make its prefix in $WINEPREFIX." >&2
     return 1
@@ -47,6 +52,10 @@ wine_stop() {
     wait "$process" 2>/dev/null || true
   done
   wine_processes=()
+  [ ! -s "$wine_directory/once_more.txt" ] || {
+    echo "Done once more, because of Wine or of a busy machine: $(wc -l <"$wine_directory/once_more.txt") times"
+    cat "$wine_directory/once_more.txt"
+  }
 }
 
 # wine_com NUMBER DEVICE: makes the device COM<NUMBER>, at once. Take 20 and above: Wine itself deals out the

@@ -4,8 +4,10 @@ What a test hears from a program, and tells it, goes through files and sockets. 
 program are kept apart from the program's, and are shown when something about it went wrong.
 """
 import atexit
+import functools
 import os
 import pathlib
+import platform
 import re
 import select
 import shutil
@@ -20,12 +22,42 @@ LOOK = 0.005  # seconds between looks at a file that a program writes
 OTHERS_WORDS = 20  # lines of Wine's words to show at most
 
 
+STEADY = ["setarch", platform.machine(), "--addr-no-randomize"]
+# What Wine says of a program that it could not even begin.
+NOT_BEGUN = "failed to map the shared user data"
+
+
 class Trouble(Exception):
     """A program did not do what is asked of any program."""
 
 
 def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
+
+
+def note(what):
+    """What was done once more is told at the end of all tests: see wine_stop in scripts/wine.sh."""
+    with open(os.path.join(os.environ["WINEPREFIX"], "..", "once_more.txt"), "a", encoding="utf-8") as file:
+        file.write(what.replace("\n", " ") + "\n")
+
+
+def persist(begin):
+    """Begins once more what Wine ended before it had begun, where the system can be as it wants (STEADY fails)."""
+    while True:
+        try:
+            return begin()
+        except Trouble as trouble:
+            if NOT_BEGUN not in str(trouble):
+                raise
+            note(str(trouble))
+
+
+@functools.cache
+def steadily():
+    """Words before a command that keep the system from putting programs' heaps anywhere. Newer ones put the
+    heap of one 64-bit program in 6000 where Wine must have a page of its own; it ends with 1 then."""
+    can = subprocess.run([*STEADY, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0
+    return STEADY if can else []
 
 
 def hear_call(listener, ended):
@@ -45,7 +77,8 @@ class Starter:
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kestra-starter-"))
         self.words = self.folder / "wine.txt"
         with socket.create_server(("127.0.0.1", 0)) as listener, open(self.words, "ab") as words:
-            command = [os.environ["KESTRA_WINE"], os.environ["KESTRA_STARTER"], str(listener.getsockname()[1])]
+            command = [*steadily(), os.environ["KESTRA_WINE"], os.environ["KESTRA_STARTER"],
+                       str(listener.getsockname()[1])]
             self.process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL,
                                             stdout=words, stderr=words, start_new_session=True)
             ended = os.pidfd_open(self.process.pid)
@@ -77,7 +110,7 @@ def starter_for(environment):
     key = tuple(sorted(environment.items()))
     with one_at_a_time:
         if key not in starters:
-            starters[key] = Starter(environment)
+            starters[key] = persist(lambda: Starter(environment))
             atexit.register(starters[key].stop)
         return starters[key]
 
@@ -99,12 +132,12 @@ class Program:
         with socket.create_server(("127.0.0.1", 0)) as listener:
             if talk:
                 variables["KESTRA_TALK"] = str(listener.getsockname()[1])
-            self.order = socket.create_connection(("127.0.0.1", self.starter.port))
-            self.number = self.start(folder or self.own, variables)
+            self.number = persist(lambda: self.start(folder or self.own, variables))
             if talk:
                 self.call = hear_call(listener, self.order)
 
     def start(self, folder, variables):
+        self.order = socket.create_connection(("127.0.0.1", self.starter.port))
         lines = ["folder " + windows_path(os.path.abspath(folder)), "output " + windows_path(self.own / "output"),
                  "errors " + windows_path(self.own / "errors"),
                  *(f"set {name}={value}" for name, value in variables.items()),

@@ -11,7 +11,7 @@ import unittest
 
 ENV = os.environ
 SHARED = os.path.dirname(os.path.abspath(__file__))
-WAIT = 20.0  # seconds until a test gives up on something that should happen at once
+WAIT = 600.0  # seconds until a test gives up on something that should happen at once
 
 
 def until(condition, what):
