@@ -25,6 +25,7 @@ OTHERS_WORDS = 20  # lines of Wine's words to show at most
 STEADY = ["setarch", platform.machine(), "--addr-no-randomize"]
 # What Wine says of a program that it could not even begin.
 NOT_BEGUN = "failed to map the shared user data"
+MOST_TIMES = 4
 
 
 class Trouble(Exception):
@@ -42,14 +43,15 @@ def note(what):
 
 
 def persist(begin):
-    """Begins once more what Wine ended before it had begun, where the system can be as it wants (STEADY fails)."""
-    while True:
+    """Begins once more what Wine ended before it had begun. That happens only where STEADY is not allowed."""
+    for _ in range(MOST_TIMES - 1):
         try:
             return begin()
         except Trouble as trouble:
             if NOT_BEGUN not in str(trouble):
                 raise
             note(str(trouble))
+    return begin()
 
 
 @functools.cache
@@ -138,7 +140,8 @@ class Program:
 
     def start(self, folder, variables):
         self.order = socket.create_connection(("127.0.0.1", self.starter.port))
-        lines = ["folder " + windows_path(os.path.abspath(folder)), "output " + windows_path(self.own / "output"),
+        lines = ["folder " + windows_path(os.path.abspath(folder)),
+                 "output " + windows_path(self.own / "output"),
                  "errors " + windows_path(self.own / "errors"),
                  *(f"set {name}={value}" for name, value in variables.items()),
                  "command " + subprocess.list2cmdline(self.command)]

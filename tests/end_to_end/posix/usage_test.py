@@ -7,7 +7,7 @@ import unittest
 
 ENV = os.environ
 SOURCE = ENV["KESTRA_SOURCE"]
-SCRIPTS = ["bench", "demo", "line_faults", "mutate", "soak", "torture"]
+SCRIPTS = ["bench", "demo", "line_faults", "mutate", "soak", "steady", "torture"]
 
 
 class Script(unittest.TestCase):

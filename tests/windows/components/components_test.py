@@ -4,7 +4,8 @@
     components_test.py DLL_DIRECTORY [HOST_DIRECTORY]
 
 DLL_DIRECTORY holds Kestra.dll; HOST_DIRECTORY (the same one when not given) components_host.exe and
-registry_dump.exe of the same width. The Wine prefix is the environment's. Every case compares the registry's classes before and after, all of their keys and values.
+registry_dump.exe of the same width. The Wine prefix is the environment's. Every case compares the registry's
+classes before and after, all of their keys and values.
 """
 import pathlib
 import re
@@ -97,7 +98,7 @@ class Wine:
             dump = self.run(self.hosts / "registry_dump.exe", windows_path(folder))
             assert dump.returncode == 0, dump.output()
             lines = [line for hive in ("machine", "user")
-                     for line in entries(hive, pathlib.Path(folder, hive + ".reg").read_text("utf-8", "replace"))]
+                     for line in entries(hive, pathlib.Path(folder, hive + ".reg"))]
         assert len(lines) > 100, "the registry cannot be read"
         return lines
 
@@ -108,10 +109,10 @@ class Wine:
         return self.run("cscript", "//nologo", windows_path(HERE / name))
 
 
-def entries(hive, text):
+def entries(hive, file):
     """Of a saved part of the registry: keys, and lines of values with the key that they are in; no times."""
     key = hive
-    for line in text.splitlines():
+    for line in file.read_text("utf-8", "replace").splitlines():
         if line.startswith("["):
             key = hive + " " + line.rpartition(" ")[0]
             yield key
@@ -223,7 +224,7 @@ class Components(unittest.TestCase):
         self.unchanged_since(self.before)
 
     def change_registry(self, keys):
-        """Makes what lies in the keys, {key: {name of a value: as a registry file writes it} or None to remove it}."""
+        """{key: {name of a value: as a registry file writes it}}; None in place of values removes the key."""
         lines = ["Windows Registry Editor Version 5.00", ""]
         for key, values in keys.items():
             path = re.sub("^HK(LM|CU)", lambda short: HIVES[short.group()], key)

@@ -155,7 +155,8 @@ def wine(*arguments):
 
 
 def xdotool(*arguments):
-    ended = subprocess.run(["xdotool", *arguments], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+    ended = subprocess.run(["xdotool", *arguments], stdout=subprocess.PIPE,
+                           stderr=subprocess.DEVNULL, check=False)
     return ended.stdout.decode("utf-8").rstrip("\n")
 
 

@@ -42,7 +42,7 @@ class TillProgram(programs.Program):
 
 class Till(Shop):
     def soon(self, seconds, story):
-        """The story returns how long it took. A busy machine may eat the time of a good one: twice at most."""
+        """The story returns how long it took. A busy machine may eat a good one's time: twice at most."""
         for _ in range(3):
             took = story()
             if took < seconds:
