@@ -50,15 +50,15 @@ struct Order {
   std::vector<std::wstring> environment;
 };
 
-void Take(Order& order, std::string_view line) {
+void Take(Order& order, const std::string& line) {
   const auto blank = line.find(' ');
-  const std::string_view word = line.substr(0, blank);
+  const std::string word = line.substr(0, blank);
   std::wstring value = Wide(line.substr(blank + 1));
   if (word == "set") return order.environment.push_back(std::move(value));
-  const std::map<std::string_view, std::wstring Order::*> places = {{"folder", &Order::folder},
-                                                                    {"output", &Order::output},
-                                                                    {"errors", &Order::errors},
-                                                                    {"command", &Order::command}};
+  const std::map<std::string, std::wstring Order::*> places = {{"folder", &Order::folder},
+                                                               {"output", &Order::output},
+                                                               {"errors", &Order::errors},
+                                                               {"command", &Order::command}};
   order.*places.at(word) = std::move(value);
 }
 

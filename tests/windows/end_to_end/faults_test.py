@@ -76,7 +76,7 @@ class AnAbsentPrinter(ClockReader):
     def test_comes_back_without_a_new_start_of_the_host(self):
         self.stop_printer()
         host = self.start(CLOCK)
-        self.assertTrue(host.first_line().startswith("(1, "))
+        self.assertRegex(host.first_line(), r"^\(1, ")
         self.start_printer()
         out, _ = host.communicate("\n")
         self.assertTrue(out.splitlines()[1].startswith("(0, "), out)
