@@ -1,4 +1,5 @@
 // What stands behind the names of actions.
+#include <algorithm>
 #include <array>
 #include <optional>
 

@@ -5,6 +5,7 @@
 #include FT_OUTLINE_H
 #include <png.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>

@@ -3,6 +3,7 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "protocol/control_bytes.hpp"
 

@@ -1,5 +1,7 @@
 #include "fiscal/amounts.hpp"
 
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "text/text.hpp"

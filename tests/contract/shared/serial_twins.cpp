@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "contract/shared/device_line.hpp"
