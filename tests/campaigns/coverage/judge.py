@@ -1,18 +1,16 @@
 #!/usr/bin/env python3
 """Says which lines and branches of the driver the tests reach, and whether that is all of them.
 
-    judge.py [--mcdc] ROOT EXPORT EXCLUSIONS FOLDER...
+    judge.py [--mcdc] ROOT EXPORT FOLDER...
 
-EXPORT is what `llvm-cov export` wrote about the sources under ROOT. EXCLUSIONS lists what no test can reach,
-each with its reason (exclusions.py). With --mcdc the conditions of decisions are judged instead of lines and
-branches. Ends with 1 when something that can be reached is not, when an exclusion no longer holds, and when
-EXPORT lacks a source of a FOLDER or has no counters.
+EXPORT is what `llvm-cov export` wrote about the sources under ROOT. With --mcdc the conditions of decisions are
+judged instead of lines and branches. Ends with 1 when something is not reached, and when EXPORT lacks a source of
+a FOLDER or has no counters.
 """
 import json
 import pathlib
 import sys
 
-import exclusions
 import measure
 
 NAMES = {"line": "lines", "branch": "branches", "condition": "conditions"}
@@ -23,43 +21,29 @@ class Verdict:
 
     def __init__(self):
         self.reached = {}
-        self.reachable = {}
-        self.excluded = {}
+        self.counted = {}
 
-    def count(self, kind, reached, excluded):
-        if excluded:
-            self.excluded[kind] = self.excluded.get(kind, 0) + 1
-            return
-        self.reachable[kind] = self.reachable.get(kind, 0) + 1
+    def count(self, kind, reached):
+        self.counted[kind] = self.counted.get(kind, 0) + 1
         self.reached[kind] = self.reached.get(kind, 0) + reached
 
     def figure(self, kind):
-        reached, reachable = self.reached.get(kind, 0), self.reachable.get(kind, 0)
+        reached, counted = self.reached.get(kind, 0), self.counted.get(kind, 0)
         # Cut, not rounded: 100 means all of them.
-        percent = 100.0 if reached == reachable else int(1000 * reached / reachable) / 10
-        return f"{reached:5} / {reachable:5} {percent:6.1f} %"
+        percent = 100.0 if reached == counted else int(1000 * reached / counted) / 10
+        return f"{reached:5} / {counted:5} {percent:6.1f} %"
 
 
 def folder_of(path, folders):
     return next((folder for folder in folders if path.startswith(folder + "/")), None)
 
 
-def judge(points, rows, folders):
+def judge(points, folders):
     """One Verdict per folder, and what is wrong, as texts."""
     verdicts = {folder: Verdict() for folder in folders}
-    wrong = []
     for point in points:
-        matching = [row for row in rows if row.covers(point)]
-        for row in matching:
-            row.met += 1
-            if point.reached:
-                wrong.append(f"{point.place()}: excluded, but reached: {point.text}")
-        verdicts[folder_of(point.path, folders)].count(point.kind, point.reached, bool(matching))
-        if not matching and not point.reached:
-            wrong.append(f"{point.place()}: {point.complaint()}")
-    wrong += [f"{row.path}: excluded, but nothing there reads so: {row.what} {row.text}"
-              for row in rows if row.met == 0]
-    return verdicts, wrong
+        verdicts[folder_of(point.path, folders)].count(point.kind, point.reached)
+    return verdicts, [f"{point.place()}: {point.complaint()}" for point in points if not point.reached]
 
 
 def unmeasured(root, folders, measured):
@@ -73,24 +57,19 @@ def unmeasured(root, folders, measured):
 
 def uncounted(everything, kinds):
     """An export without counters of a kind (another compiler's, another flag's) is no success."""
-    return [f"no {NAMES[kind]} were counted" for kind in kinds if not everything.reachable.get(kind)]
+    return [f"no {NAMES[kind]} were counted" for kind in kinds if not everything.counted.get(kind)]
 
 
 def print_table(verdicts, kinds):
-    print(f"{'folder':16}" + "".join(f"{NAMES[kind]:>24}" for kind in kinds) + "    excluded")
+    print(f"{'folder':16}" + "".join(f"{NAMES[kind]:>24}" for kind in kinds))
     for folder, verdict in verdicts.items():
-        excluded = ", ".join(f"{verdict.excluded[kind]} {NAMES[kind]}"
-                             for kind in kinds if kind in verdict.excluded)
-        print(f"{folder:16}" + "".join(f"{verdict.figure(kind):>24}" for kind in kinds)
-              + f"    {excluded or '-'}")
+        print(f"{folder:16}" + "".join(f"{verdict.figure(kind):>24}" for kind in kinds))
 
 
 def total(verdicts):
     everything = Verdict()
     for verdict in verdicts.values():
-        for mine, its in ((everything.reached, verdict.reached),
-                          (everything.reachable, verdict.reachable),
-                          (everything.excluded, verdict.excluded)):
+        for mine, its in ((everything.reached, verdict.reached), (everything.counted, verdict.counted)):
             for kind, number in its.items():
                 mine[kind] = mine.get(kind, 0) + number
     return everything
@@ -99,21 +78,17 @@ def total(verdicts):
 def main():
     arguments = [argument for argument in sys.argv[1:] if argument != "--mcdc"]
     kinds = ["condition"] if "--mcdc" in sys.argv else ["line", "branch"]
-    root, export, listed, *folders = arguments
+    root, export, *folders = arguments
     root = pathlib.Path(root).resolve()
-    rows = [row for row in exclusions.read(pathlib.Path(listed).read_text(encoding="utf-8"))
-            if row.kind in kinds and folder_of(row.path, folders)]
     report = json.loads(pathlib.Path(export).read_text(encoding="utf-8"))
     points = [point for point in measure.points(report, root, kinds)
               if folder_of(point.path, folders)]
-    verdicts, wrong = judge(points, rows, folders)
+    verdicts, wrong = judge(points, folders)
     wrong += unmeasured(root, folders, measure.files(report, root)) + uncounted(total(verdicts), kinds)
     print_table({**verdicts, "all": total(verdicts)}, kinds)
-    for row in rows:
-        print(f"\nExcluded in {row.path}: {row.what} {row.text}\n  {row.why}")
     for text in wrong:
         print(f"\n{text}", end="")
-    print(f"\n{len(wrong)} to mend" if wrong else "\nAll that can be reached is reached.")
+    print(f"\n{len(wrong)} to mend" if wrong else "\nAll of it is reached.")
     return 1 if wrong else 0
 
 

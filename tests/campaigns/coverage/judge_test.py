@@ -9,7 +9,6 @@ import tempfile
 import unittest
 from unittest import mock
 
-import exclusions
 import judge
 
 SOURCE = """\
@@ -27,11 +26,6 @@ BRANCHES = [[2, 7, 2, 12, 1, 2, 0, 0, 4], [2, 16, 2, 25, 1, 1, 0, 0, 4]]
 DECISIONS = [[2, 7, 2, 25, 0, 5, [True, True]]]
 
 
-def never(path="src/fields/sign.cpp", **what):
-    lines = [f"file: {path}"] + [f"{key}: {text}" for key, text in what.items()]
-    return "\n".join(lines + ["why: nobody knows"]) + "\n"
-
-
 class Story(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -43,12 +37,11 @@ class Story(unittest.TestCase):
         self.entry = copy.deepcopy({"filename": str(self.source), "segments": SEGMENTS,
                                     "branches": BRANCHES, "mcdc_records": DECISIONS})
 
-    def judged(self, excluded="", *flags):
-        export, listed = self.root / "export.json", self.root / "exclusions.txt"
+    def judged(self, *flags):
+        export = self.root / "export.json"
         export.write_text(json.dumps({"data": [{"files": [self.entry]}]}))
-        listed.write_text(excluded, encoding="utf-8")
         said = io.StringIO()
-        arguments = ["judge.py", *flags, str(self.root), str(export), str(listed), "src/fields"]
+        arguments = ["judge.py", *flags, str(self.root), str(export), "src/fields"]
         with mock.patch.object(sys, "argv", arguments), contextlib.redirect_stdout(said):
             return judge.main(), said.getvalue()
 
@@ -82,18 +75,10 @@ class Lines(Story):
             segment[2] = 0
         self.assert_accepted()
 
-    def test_an_excluded_line_counts_nowhere(self):
-        self.miss_the_end()
-        said = self.assert_accepted(never(line="return n;") + "\n" + never(line="}")
-                                    + "\n" + never(line="// ñandú"))
-        self.assertIn("    2 /     2  100.0 %", said)
-        self.assertIn("3 lines", said)
-        self.assertIn("nobody knows", said)
-
     def test_nearly_all_is_not_100(self):
         verdict = judge.Verdict()
         for reached in [True] * 9999 + [False]:
-            verdict.count("line", reached, False)
+            verdict.count("line", reached)
         self.assertIn("99.9 %", verdict.figure("line"))
 
 
@@ -124,40 +109,10 @@ class Branches(Story):
         self.entry["branches"][0] = [2, 7, 2, 11, 0, 0, 0, 0, 4]
         self.assert_accepted()
 
-    def test_an_exclusion_is_for_one_outcome(self):
+    def test_both_outcomes_are_told(self):
         self.entry["branches"][1][4:6] = [0, 0]
-        self.assert_refused("never true: n != kMin", never(false="n != kMin"))
-
-
-class Exclusions(Story):
-    def test_one_that_is_reached_after_all_is_refused(self):
-        self.assert_refused("excluded, but reached: n != kMin", never(false="n != kMin"))
-
-    def test_one_whose_text_is_gone_is_refused(self):
-        self.assert_refused("nothing there reads so: false n != kMax", never(false="n != kMax"))
-
-    def test_one_of_another_file_does_not_help(self):
-        self.entry["branches"][1][5] = 0
-        self.assert_refused("never false: n != kMin", never("src/fields/other.cpp", false="n != kMin"))
-
-    def test_the_line_tells_equal_texts_apart(self):
-        self.entry["branches"][1][5] = 0
-        first_line = "if (n < 0 && n != kMin) return -1;"
-        self.assert_accepted(never(false="n  !=  kMin", at=first_line))
-        self.assert_refused("never false", never(false="n != kMin", at="return n;"))
-
-    def test_a_reason_is_needed(self):
-        for text in ("file: a.cpp\nline: x\n", "file: a.cpp\nline: x\nwhy:\n", "line: x\nwhy: so\n",
-                     "file: a.cpp\nwhy: so\n", "anything\n"):
-            with self.assertRaises(ValueError):
-                exclusions.read(text)
-
-    def test_entries_are_read_one_by_one(self):
-        rows = exclusions.read("# a remark\n\nfile: a.cpp\ntrue: x == 1\nfalse: y\nwhy: long\n  story\n\n"
-                               "file: b.cpp\nline: z\nwhy: short\n")
-        self.assertEqual([(row.path, row.what, row.text, row.why) for row in rows],
-                         [("a.cpp", "true", "x == 1", "long story"), ("a.cpp", "false", "y", "long story"),
-                          ("b.cpp", "line", "z", "short")])
+        self.assert_refused("never true: n != kMin")
+        self.assert_refused("never false: n != kMin")
 
 
 class Sources(Story):
@@ -167,7 +122,7 @@ class Sources(Story):
 
     def test_one_without_counters_is_no_success(self):
         self.entry.pop("mcdc_records")
-        self.assert_refused("no conditions were counted", "", "--mcdc")
+        self.assert_refused("no conditions were counted", "--mcdc")
         self.entry["branches"].clear()
         self.assert_refused("no branches were counted")
 
@@ -179,22 +134,17 @@ class Sources(Story):
 
 class Conditions(Story):
     def test_all_decide(self):
-        self.assertIn("    2 /     2  100.0 %", self.assert_accepted("", "--mcdc"))
+        self.assertIn("    2 /     2  100.0 %", self.assert_accepted("--mcdc"))
 
     def test_one_that_never_decides_alone_is_told(self):
         self.entry["mcdc_records"][0][-1][1] = False
-        self.assert_refused("src/fields/sign.cpp:2: never decides alone: 2 of n < 0 && n != kMin",
-                            "", "--mcdc")
-
-    def test_it_may_be_excluded(self):
-        self.entry["mcdc_records"][0][-1][1] = False
-        self.assert_accepted(never(condition="2 of n < 0 && n != kMin"), "--mcdc")
+        self.assert_refused("src/fields/sign.cpp:2: never decides alone: 2 of n < 0 && n != kMin", "--mcdc")
 
     def test_lines_are_another_judgement(self):
         for segment in self.entry["segments"]:
             segment[2] = 0
-        self.assert_accepted("", "--mcdc")
-        self.assert_refused("not reached", never(condition="2 of n < 0 && n != kMin"))
+        self.assert_accepted("--mcdc")
+        self.assert_refused("not reached")
 
 
 if __name__ == "__main__":

@@ -9,13 +9,12 @@ import pathlib
 class Point:
     """A line, one outcome of a branch, or a condition of a decision."""
 
-    def __init__(self, path, kind, what, number, text, first_line, reached):
+    def __init__(self, path, kind, what, number, text, reached):
         self.path = path
         self.kind = kind
         self.what = what
         self.number = number
         self.text = text
-        self.first_line = first_line
         self.reached = reached
 
     def place(self):
@@ -63,8 +62,7 @@ def line_counts(segments):
 
 def line_points(path, lines, entry):
     for number, count in line_counts(entry["segments"]).items():
-        text = squeezed(lines[number - 1])
-        yield Point(path, "line", "line", number, text, text, count > 0)
+        yield Point(path, "line", "line", number, squeezed(lines[number - 1]), count > 0)
 
 
 # ---- Branches ----
@@ -81,11 +79,11 @@ def summed(branches):
 
 def branch_points(path, lines, entry):
     for span, times in sorted(summed(entry["branches"]).items()):
-        text, first_line = source_text(lines, span), squeezed(lines[span[0] - 1])
+        text = source_text(lines, span)
         if text in ("true", "false"):
             continue  # decides nothing
         for what, count in zip(("true", "false"), times):
-            yield Point(path, "branch", what, span[0], text, first_line, count > 0)
+            yield Point(path, "branch", what, span[0], text, count > 0)
 
 
 # ---- Conditions ----
@@ -96,9 +94,9 @@ def condition_points(path, lines, entry):
         known = shown.setdefault((first, column, last, end), [False] * len(conditions))
         known[:] = [a or bool(b) for a, b in zip(known, conditions)]
     for span, conditions in sorted(shown.items()):
-        text, first_line = source_text(lines, span), squeezed(lines[span[0] - 1])
+        text = source_text(lines, span)
         for number, decides in enumerate(conditions, 1):
-            yield Point(path, "condition", "condition", span[0], f"{number} of {text}", first_line, decides)
+            yield Point(path, "condition", "condition", span[0], f"{number} of {text}", decides)
 
 
 # ---- All of them ----
