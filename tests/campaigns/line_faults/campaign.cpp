@@ -29,7 +29,8 @@ void TouchByte(Trial& trial, Direction direction, std::size_t byte,
 
 void TouchEveryByte(Trial& trial, const CampaignSettings& settings, CampaignReport& report) {
   for (const auto direction : kDirections) {
-    for (std::size_t byte = 0; byte < trial.Bytes(direction); byte += settings.every) {
+    for (std::size_t byte = settings.first % settings.every; byte < trial.Bytes(direction);
+         byte += settings.every) {
       TouchByte(trial, direction, byte, settings, report);
     }
   }

@@ -39,7 +39,8 @@ struct OperationTimes {
 
 struct CampaignSettings {
   std::vector<FaultForm> forms{kFaultForms.begin(), kFaultForms.end()};
-  std::size_t every = 1;   // only every so-manieth byte is touched
+  std::size_t every = 1;   // only every so-manieth byte is touched,
+  std::size_t first = 0;   // from this one on
   std::size_t pairs = 0;   // runs of two faults each, over all documents
   std::uint64_t seed = 1;  // of the pairs
   OperatorHabit habit = OperatorHabit::kNever;

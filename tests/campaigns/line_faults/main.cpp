@@ -13,11 +13,15 @@
 //   --semilla S   of the pairs
 //   --todo        every other byte in its place and every byte before it, not only those that tell
 //   --insiste     the operator tries again, once
+// The number in KESTRA_SHARE says at which of the first N bytes --cada begins, and is the seed if none is given:
+// each commit may try others.
 namespace kestra::line_faults {
 namespace {
 
 CampaignSettings ReadOptions(int argc, char** argv) {
   CampaignSettings settings;
+  if (const char* share = std::getenv("KESTRA_SHARE")) settings.first = std::stoul(share);
+  if (settings.first > 0) settings.seed = settings.first;
   for (int i = 1; i < argc; ++i) {
     const std::string_view name = argv[i];
     if (name == "--insiste") {
@@ -40,6 +44,8 @@ CampaignSettings ReadOptions(int argc, char** argv) {
       throw std::invalid_argument(std::string(name));
     }
   }
+  std::cout << "every " << settings.every << ", from " << settings.first % settings.every
+            << ", seed " << settings.seed << "\n";
   return settings;
 }
 

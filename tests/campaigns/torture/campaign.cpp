@@ -23,7 +23,7 @@ class Campaign {
  private:
   void StrikeAll(const Case& played, const Quiet& quiet, std::size_t target, int calls);
   Outcome Try(const Case& played, const Quiet& quiet, const Strike& strike);
-  bool IsTurnOf() { return ++strikes_ % options_.every == 0; }
+  bool IsTurnOf() { return strikes_++ % options_.every == options_.first % options_.every; }
 
   const Options& options_;
   Tally& tally_;

@@ -3,7 +3,8 @@
 //   torture_tests [--every N] [--share I/N] [--case TEXT]
 //
 // --every N makes every Nth strike only; --share I/N takes the cases whose place leaves I when divided
-// by N; --case TEXT takes those with TEXT in their names. Ends with 1 when something was not as it should
+// by N; --case TEXT takes those with TEXT in their names. The number in KESTRA_SHARE says with which of the
+// first N strikes --every begins, so that each commit may make others. Ends with 1 when something was not as it should
 // be.
 #include <cstdlib>
 #include <iostream>
@@ -43,10 +44,12 @@ void ReadOption(std::string_view name, const std::string& value, Options& option
 
 Options ReadOptions(int argc, char** argv) {
   Options options;
+  if (const char* share = std::getenv("KESTRA_SHARE")) options.first = std::stoul(share);
   for (int i = 1; i < argc; i += 2) {
     if (i + 1 == argc) throw std::invalid_argument(argv[i]);
     ReadOption(argv[i], argv[i + 1], options);
   }
+  std::cout << "every " << options.every << ", from " << options.first % options.every << "\n";
   return options;
 }
 
