@@ -11,6 +11,22 @@ if(KESTRA_SANITIZE)
   target_compile_options(kestra_flags INTERFACE -fsanitize=address,undefined
                                                 -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kestra_flags INTERFACE -fsanitize=address,undefined)
+  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    # A host in C brings the run time for the library in C++ that it loads.
+    target_link_options(kestra_flags INTERFACE -fsanitize-link-c++-runtime)
+    target_link_libraries(kestra_flags INTERFACE stdc++)
+    set(runtimes libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so)
+  else()
+    set(runtimes libasan.so libubsan.so)
+  endif()
+  # A program that is not instrumented, as Python, must have the run time before it loads the library.
+  set(KESTRA_PRELOAD "")
+  foreach(runtime ${runtimes})
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
+      OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+    list(APPEND KESTRA_PRELOAD ${path})
+  endforeach()
+  list(JOIN KESTRA_PRELOAD ":" KESTRA_PRELOAD)
 endif()
 
 # Clang's counters, in every target: an inline function of a header is one function of the program, and the

@@ -24,7 +24,7 @@ class AnInstalledLibrary(unittest.TestCase):
 
     def compile_and_run(self, folder, host, lib_dir):
         shutil.copy(os.path.join(ENV["KESTRA_SOURCE"], "tools", host), folder)
-        sanitize = ["-fsanitize=address,undefined"] if "KESTRA_PRELOAD" in ENV else []
+        sanitize = ENV["KESTRA_SANITIZER_FLAGS"].split() if "KESTRA_PRELOAD" in ENV else []
         subprocess.run([ENV["CC"], "-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror",
                         "-I" + folder + "/include", host, "-o", "host",
                         "-L" + lib_dir, "-lkestra", "-Wl,-rpath," + lib_dir] + sanitize,

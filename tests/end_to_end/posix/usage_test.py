@@ -7,7 +7,8 @@ import unittest
 
 ENV = os.environ
 SOURCE = ENV["KESTRA_SOURCE"]
-SCRIPTS = ["bench", "demo", "line_faults", "mutate", "soak", "steady", "torture"]
+SCRIPTS = ["bench", "coverage", "demo", "fuzz", "line_faults", "mutate", "soak", "steady", "test", "tidy",
+           "torture"]
 
 
 class Script(unittest.TestCase):
