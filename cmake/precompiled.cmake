@@ -79,6 +79,11 @@ function(kestra_precompile)
     kestra_headers_for(${target} headers)
     if(headers)
       target_precompile_headers(${target} REUSE_FROM ${headers})
+      # GCC 12 takes for ours what it supposes inside the standard headers, as soon as they are compiled before.
+      if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        target_compile_options(${target} PRIVATE
+          "$<$<COMPILE_LANGUAGE:CXX>:-Wno-stringop-overread;-Wno-stringop-overflow>")
+      endif()
       if(headers STREQUAL "kestra_test_headers")
         target_compile_options(${target} PRIVATE -O0)
       endif()
