@@ -25,10 +25,17 @@ class Configuring(unittest.TestCase):
         said = self.configure()
         summary = said[said.index("-- Kestra "):]
         self.assertRegex(summary, r"^-- Kestra \d+\.\d+\.\d+ for \w+ \w+, \w+ [\d.]+, Release\n")
-        for line in ["virtual printer: yes", "tests: no - KESTRA_BUILD_TESTS is OFF",
+        for line in ["virtual printer: yes", "fiscal memory (SQLite): yes",
+                     "tests: no - KESTRA_BUILD_TESTS is OFF",
                      "benchmarks: no - KESTRA_BUILD_BENCH is OFF"]:
             self.assertIn(f"--   {line}\n", summary)
         self.assertNotIn("measuring", summary)
+
+    def test_says_what_the_printer_lacks_and_what_to_install(self):
+        said = self.configure("-DCMAKE_DISABLE_FIND_PACKAGE_SQLite3=ON", "-DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON")
+        self.assertIn("--   fiscal memory (SQLite): no - libsqlite3-dev is missing\n", said)
+        self.assertRegex(said, r"--   pictures of the paper .*: no - .*libpng-dev.* missing\n")
+        self.assertIn("--   panel (cpp-httplib): yes\n", said)
 
     def test_the_library_alone_needs_no_library(self):
         said = self.configure(BARE, "-DKESTRA_BUILD_SIMULATOR=OFF", "-DKESTRA_SANITIZE=ON")

@@ -41,6 +41,13 @@ class Script(unittest.TestCase):
                 self.assertEqual((ended.returncode, ended.stdout), (2, ""))
                 self.assertEqual(ended.stderr, self.ended(script, "--help").stdout)
 
+    def test_so_does_the_virtual_printer(self):
+        for question in ["--help", "-h", "--ayuda"]:
+            ended = subprocess.run([ENV["KESTRA_PRINTER"], question], text=True, capture_output=True, timeout=20,
+                                   check=False)
+            self.assertEqual((ended.returncode, ended.stderr), (0, ""), question)
+            self.assertIn("Uso: impresora-virtual", ended.stdout)
+
 
 if __name__ == "__main__":
     unittest.main()
