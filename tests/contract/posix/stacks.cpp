@@ -8,7 +8,7 @@ namespace kestra {
 
 // Both stacks in one piece of memory, the second above the first.
 struct StackSwitch::Made {
-  static constexpr std::size_t kSize = 256 * 1024;
+  static constexpr std::size_t kSize = 0x40000;
 
   std::vector<char> memory = std::vector<char>(2 * kSize);
   std::array<ucontext_t, 3> contexts{};

@@ -25,6 +25,10 @@ class Script(unittest.TestCase):
             if not os.path.lexists(link):
                 os.symlink(os.path.join("/usr/bin", command), link)
 
+    def test_every_script_is_tried_here(self):
+        there = [name for name in os.listdir(os.path.join(SOURCE, "scripts")) if not name.endswith(".sh")]
+        self.assertEqual(sorted(there), SCRIPTS)
+
     def test_tells_its_usage(self):
         for script in SCRIPTS:
             for question in ["--help", "-h", "--ayuda"]:
