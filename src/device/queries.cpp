@@ -5,7 +5,7 @@
 #include <string>
 
 #include "dialogs/conditions.hpp"
-#include "fields/integer_text.hpp"
+#include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"

@@ -7,8 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/seam/floating_point.hpp"
-#include "platform/seam/host_memory.hpp"
+#include "platform/seam/host.hpp"
 #include "platform/shared/text.hpp"
 
 namespace kestra {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/seam/operator.hpp"
-#include "state/state.hpp"
+#include "state/library.hpp"
 
 namespace kestra {
 

@@ -3,7 +3,6 @@
 
 #include "documents/document_kinds.hpp"
 #include "documents/operations.hpp"
-#include "fields/integer_text.hpp"
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
 #include "operation/operation.hpp"

@@ -8,7 +8,7 @@
 
 #include "base/ansi.hpp"
 #include "base/failure.hpp"
-#include "fields/integer_text.hpp"
+#include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
 #include "state/library.hpp"
 

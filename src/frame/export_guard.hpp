@@ -8,7 +8,7 @@
 #include "frame/instance.hpp"
 #include "frame/startup.hpp"
 #include "frame/turn.hpp"
-#include "platform/seam/floating_point.hpp"
+#include "platform/seam/host.hpp"
 #include "state/library.hpp"
 #include "state/log.hpp"
 

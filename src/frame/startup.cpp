@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "base/failure.hpp"
-#include "fields/integer_text.hpp"
+#include "fields/number_field.hpp"
 #include "frame/configuration.hpp"
 #include "state/library.hpp"
 

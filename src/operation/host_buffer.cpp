@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "fields/text_field.hpp"
-#include "platform/seam/host_memory.hpp"
+#include "platform/seam/host.hpp"
 
 namespace kestra {
 

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/boolean.hpp"
+
 namespace kestra {
 
 // An answer carries two status words and up to thirteen data fields.
@@ -19,5 +21,14 @@ Fields CutFields(std::string& answers);
 
 // The operator's listing: every field under its label.
 std::string ListingText(const Fields& fields);
+
+// The four flags of a hexadecimal digit in either case, lowest weight first. Throws Failure for
+// anything else, the empty text too.
+std::array<Boolean, 4> ValorDigitoHex(std::string_view digit);
+
+// Sets the flags of a status word of four hexadecimal digits, from its last digit to its first; a
+// digit that is none throws Failure and leaves the flags behind it as they were.
+void DecodePrinter(std::string_view word, Flags& flags);
+void DecodeFiscal(std::string_view word, Flags& flags);
 
 }  // namespace kestra

@@ -6,7 +6,6 @@
 #include "dialogs/conditions.hpp"
 #include "dialogs/status_report.hpp"
 #include "protocol/answer.hpp"
-#include "protocol/status.hpp"
 #include "state/library.hpp"
 
 namespace kestra {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "protocol/control_bytes.hpp"
+#include "protocol/packet.hpp"
 
 namespace kestra {
 

@@ -9,7 +9,6 @@
 
 #include "base/ansi.hpp"
 #include "protocol/answer_check.hpp"
-#include "protocol/control_bytes.hpp"
 #include "protocol/packet.hpp"
 #include "state/library.hpp"
 #include "state/log.hpp"

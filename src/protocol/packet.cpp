@@ -1,7 +1,5 @@
 #include "protocol/packet.hpp"
 
-#include "protocol/control_bytes.hpp"
-
 namespace kestra {
 namespace {
 

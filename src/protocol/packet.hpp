@@ -1,10 +1,20 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace kestra {
+
+constexpr char kStx = '\x02';
+constexpr char kEtx = '\x03';
+constexpr char kAck = '\x06';
+constexpr char kCr = '\x0D';
+constexpr char kDc2 = '\x12';  // the printer works and asks for patience
+constexpr char kFs = '\x1C';   // stands before each field
+
+constexpr std::size_t kChecksumDigits = 4;
 
 // The sequence numbers that the printer takes.
 constexpr std::int16_t kFirstSequence = 32;

@@ -4,7 +4,7 @@
 
 #include "fakes/journal.hpp"
 #include "fakes/trouble.hpp"
-#include "platform/seam/log_file.hpp"
+#include "platform/seam/files.hpp"
 
 namespace kestra {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "fakes/trouble.hpp"
-#include "platform/seam/profile_file.hpp"
+#include "platform/seam/files.hpp"
 
 namespace kestra {
 

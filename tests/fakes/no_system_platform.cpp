@@ -6,7 +6,7 @@
 
 #include "fakes/components.hpp"
 #include "platform/seam/components.hpp"
-#include "platform/seam/host_memory.hpp"
+#include "platform/seam/host.hpp"
 #include "platform/seam/platform.hpp"
 
 namespace kestra {

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "base/failure.hpp"
-#include "fields/integer_text.hpp"
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
 #include "fuzz/input.hpp"

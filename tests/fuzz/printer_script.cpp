@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "protocol/control_bytes.hpp"
+#include "protocol/packet.hpp"
 
 namespace kestra::fuzzing {
 namespace {

@@ -6,9 +6,9 @@
 #include "fakes/fake_platform.hpp"
 #include "fuzz/input.hpp"
 #include "fuzz/printer_script.hpp"
-#include "protocol/control_bytes.hpp"
+#include "protocol/answer.hpp"
 #include "protocol/exchange.hpp"
-#include "protocol/status.hpp"
+#include "protocol/packet.hpp"
 #include "state/library.hpp"
 
 namespace kestra::fuzzing {

@@ -1,5 +1,5 @@
 // The status words, their flags, and what the operator is told about them.
-#include "protocol/status.hpp"
+#include "protocol/answer.hpp"
 
 #include <string>
 

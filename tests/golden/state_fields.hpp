@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "state/state.hpp"
+#include "state/library.hpp"
 
 namespace kestra::golden {
 

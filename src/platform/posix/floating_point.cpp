@@ -1,4 +1,4 @@
-#include "platform/seam/floating_point.hpp"
+#include "platform/seam/host.hpp"
 
 namespace kestra {
 

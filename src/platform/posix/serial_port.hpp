@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/posix/file_descriptor.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/seam/port_fault.hpp"
 #include "platform/seam/serial_port.hpp"
 #include "platform/shared/ports.hpp"

@@ -13,7 +13,7 @@
 #include <cstring>
 #include <memory>
 
-#include "platform/posix/file_descriptor.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/seam/port_fault.hpp"
 
 namespace kestra {

@@ -8,7 +8,6 @@
 
 #include "platform/posix/dialog_text.hpp"
 #include "platform/posix/files.hpp"
-#include "platform/posix/held_signals.hpp"
 #include "platform/posix/locale_text.hpp"
 
 namespace kestra {

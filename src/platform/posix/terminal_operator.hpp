@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/posix/file_descriptor.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/seam/operator.hpp"
 
 namespace kestra {

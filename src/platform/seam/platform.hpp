@@ -3,9 +3,8 @@
 #include <memory>
 
 #include "platform/seam/clock.hpp"
-#include "platform/seam/log_file.hpp"
+#include "platform/seam/files.hpp"
 #include "platform/seam/operator.hpp"
-#include "platform/seam/profile_file.hpp"
 #include "platform/seam/serial_port.hpp"
 
 namespace kestra {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/seam/profile_file.hpp"
+#include "platform/seam/files.hpp"
 #include "platform/shared/text.hpp"
 
 namespace kestra {

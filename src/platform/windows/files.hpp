@@ -3,8 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/seam/log_file.hpp"
-#include "platform/seam/profile_file.hpp"
+#include "platform/seam/files.hpp"
 
 namespace kestra {
 

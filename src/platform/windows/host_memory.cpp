@@ -1,4 +1,4 @@
-#include "platform/seam/host_memory.hpp"
+#include "platform/seam/host.hpp"
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 // The host's memory at the edge of what there is.
 
-#include "platform/seam/host_memory.hpp"
+#include "platform/seam/host.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/mman.h>

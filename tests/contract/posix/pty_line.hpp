@@ -4,7 +4,7 @@
 #include <string>
 
 #include "contract/shared/device_line.hpp"
-#include "platform/posix/file_descriptor.hpp"
+#include "platform/posix/files.hpp"
 
 namespace kestra {
 

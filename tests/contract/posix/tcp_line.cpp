@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "contract/posix/pty_line.hpp"
-#include "platform/posix/file_descriptor.hpp"
 #include "platform/posix/files.hpp"
 #include "platform/seam/socket.hpp"
 #include "platform/shared/tcp_port.hpp"

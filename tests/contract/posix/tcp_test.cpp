@@ -10,7 +10,7 @@
 #include "contract/posix/ticking.hpp"
 #include "contract/shared/failure_number.hpp"
 #include "contract/shared/tcp_line.hpp"
-#include "platform/posix/file_descriptor.hpp"
+#include "platform/posix/files.hpp"
 
 namespace kestra {
 namespace {

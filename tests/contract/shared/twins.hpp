@@ -4,8 +4,7 @@
 #include <memory>
 
 #include "platform/seam/clock.hpp"
-#include "platform/seam/log_file.hpp"
-#include "platform/seam/profile_file.hpp"
+#include "platform/seam/files.hpp"
 
 // The system's own twins: each system has its twins.cpp.
 namespace kestra {

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "platform/seam/dialog_words.hpp"
-#include "protocol/status.hpp"
+#include "protocol/answer.hpp"
 
 namespace kestra {
 namespace {

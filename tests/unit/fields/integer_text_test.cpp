@@ -1,6 +1,6 @@
 // Numbers as people write them in a settings file and printers in an answer.
 
-#include "fields/integer_text.hpp"
+#include "fields/number_field.hpp"
 
 #include <gtest/gtest.h>
 

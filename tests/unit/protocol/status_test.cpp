@@ -1,6 +1,6 @@
 // Status words become flags, flags a verdict and messages.
 
-#include "protocol/status.hpp"
+#include "protocol/answer.hpp"
 
 #include <gtest/gtest.h>
 

@@ -21,7 +21,7 @@
 #include "platform/windows/dialogs/resource_ids.h"
 #include "platform/windows/dialogs/window_operator.hpp"
 #include "platform/windows/text.hpp"
-#include "protocol/status.hpp"
+#include "protocol/answer.hpp"
 
 using namespace kestra;
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/seam/host_memory.hpp"
+#include "platform/seam/host.hpp"
 #include "platform/windows/components/class_factory.hpp"
 #include "platform/windows/components/com.hpp"
 #include "platform/windows/components/module.hpp"

@@ -1,12 +1,27 @@
 #pragma once
 
+#include <windows.h>
 #include <array>
 
 #include "platform/seam/operator.hpp"
-#include "platform/windows/dialogs/hints.hpp"
 #include "platform/windows/dialogs/modal_dialog.hpp"
 
 namespace kestra {
+
+// Hints that appear where the pointer rests on a dialog. Their window belongs to the dialog, and goes
+// with it.
+class Hints {
+ public:
+  explicit Hints(HWND dialog);
+
+  // The text is copied.
+  void Add(const RECT& area, const wchar_t* text);
+
+ private:
+  HWND dialog_;
+  HWND window_;
+  UINT count_ = 0;
+};
 
 // Every condition of the printer as a row, lit or greyed. Answers IDRETRY or IDCANCEL.
 class StatusReportDialog : public ModalDialog {
