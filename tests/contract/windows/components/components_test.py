@@ -20,7 +20,7 @@ from programs import windows_path
 HERE = pathlib.Path(__file__).resolve().parent
 
 # Complete settings: a missing key would show its box and wait for an operator.
-SAMPLE_INI = (HERE.parents[2] / "tools" / "Fiscal.ini").read_bytes().decode("cp1252")
+SAMPLE_INI = (HERE.parents[3] / "tools" / "Fiscal.ini").read_bytes().decode("cp1252")
 
 
 def ini_with_port(number):

@@ -16,11 +16,11 @@
 #include <vector>
 
 #include "golden/exports.hpp"
+#include "golden/live/listed_operator.hpp"
+#include "golden/live/settings_file.hpp"
 #include "golden/transcript.hpp"
 #include "golden/visible.hpp"
 #include "golden/words.hpp"
-#include "live/listed_operator.hpp"
-#include "live/settings_file.hpp"
 
 extern "C" {
 #include "programs/talk.h"

@@ -8,7 +8,7 @@ import programs
 from shop import ENV, until
 from till import Till
 
-PICTURES = os.path.join(ENV["KESTRA_BUILD"], "tests/windows/dialogs/pictures")
+PICTURES = os.path.join(ENV["KESTRA_BUILD"], "tests/contract/windows/dialogs/pictures")
 CLOSE, RETRY, YES, NO, OK = 2, 4, 6, 7, 1
 
 

@@ -1,4 +1,4 @@
-#include "live/settings_file.hpp"
+#include "golden/live/settings_file.hpp"
 
 #include <algorithm>
 #include <cstdio>

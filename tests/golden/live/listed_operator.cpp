@@ -1,4 +1,4 @@
-#include "live/listed_operator.hpp"
+#include "golden/live/listed_operator.hpp"
 
 #include "kestra/kestra.h"
 

@@ -16,7 +16,7 @@ from shop import ENV
 from till import Till, text
 
 HERE = pathlib.Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent))
+sys.path.insert(0, str(HERE.parents[1] / "host" / "windows"))
 import pe_file  # noqa: E402
 
 # What is usually planted: libraries that the system's own ask for later, by a bare name.

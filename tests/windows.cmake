@@ -7,10 +7,10 @@ set(KESTRA_WINDOWS_PRINTER
     "The virtual printer as a Windows program")
 
 # A host that has all of the system's headers first.
-add_library(host_with_windows OBJECT host/with_windows.c)
+add_library(host_with_windows OBJECT host/windows/with_windows.c)
 target_link_libraries(host_with_windows PRIVATE kestra kestra_flags)
 
-add_executable(clock host/clock.c)
+add_executable(clock host/windows/clock.c)
 target_link_libraries(clock PRIVATE kestra kestra_flags kestra_talk)
 target_link_options(clock PRIVATE -static)
 
@@ -26,7 +26,7 @@ set(environment
   "KESTRA_WINDOWS_PRINTER=${KESTRA_WINDOWS_PRINTER}"
   "KESTRA_WINE=${KESTRA_WINE}"
   "KESTRA_STARTER=${KESTRA_STARTER}"
-  "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/programs:${PROJECT_SOURCE_DIR}/tests/end_to_end/shared:${PROJECT_SOURCE_DIR}/tests/end_to_end/posix:${CMAKE_CURRENT_SOURCE_DIR}/end_to_end"
+  "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/programs:${PROJECT_SOURCE_DIR}/tests/end_to_end/shared:${PROJECT_SOURCE_DIR}/tests/end_to_end/posix:${CMAKE_CURRENT_SOURCE_DIR}/end_to_end/windows"
   "PYTHONDONTWRITEBYTECODE=1")
 
 # kestra_story(NAME FOLDER COMMAND...): a story in Python, told in its folder.
@@ -37,26 +37,26 @@ function(kestra_story name folder)
 endfunction()
 
 foreach(story paper_test faults_test network_test windows_printer_test)
-  kestra_story(end_to_end.${story} end_to_end -m unittest -v ${story})
+  kestra_story(end_to_end.${story} end_to_end/windows -m unittest -v ${story})
 endforeach()
 
 # The classes: these look at the whole registry, so that nothing else may run beside them.
-add_subdirectory(components)
-kestra_story(components components components_test.py ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+add_subdirectory(contract/windows/components)
+kestra_story(components contract/windows/components components_test.py ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
 set_tests_properties(components PROPERTIES RUN_SERIAL ON)
 
 # The windows that the operator sees: these have the one display for themselves.
-add_subdirectory(dialogs)
-kestra_story(dialogs dialogs dialogs_test.py ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-kestra_story(dialogs.library dialogs -m unittest -v dialogs_of_the_library_test)
-kestra_story(dialogs.code_pages dialogs -m unittest -v code_pages_test)
+add_subdirectory(contract/windows/dialogs)
+kestra_story(dialogs contract/windows/dialogs dialogs_test.py ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+kestra_story(dialogs.library contract/windows/dialogs -m unittest -v dialogs_of_the_library_test)
+kestra_story(dialogs.code_pages contract/windows/dialogs -m unittest -v code_pages_test)
 set_tests_properties(dialogs dialogs.library dialogs.code_pages PROPERTIES RUN_SERIAL ON)
 
 # What the file itself shows: names, imports, size.
-kestra_story(library.imports . imports_test.py $<TARGET_FILE:kestra>)
+kestra_story(library.imports host/windows imports_test.py $<TARGET_FILE:kestra>)
 
 # What hosts rely on, whatever their habits.
-add_subdirectory(armour)
+add_subdirectory(hostile/windows)
 
 # What others may have planted about it.
-add_subdirectory(security)
+add_subdirectory(security/windows)
