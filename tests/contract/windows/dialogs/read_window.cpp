@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr UINT kPatience = 5000;
+constexpr UINT kPatience = 600000;
 
 std::string Utf8(const std::wstring& wide) {
   const int units = static_cast<int>(wide.size());

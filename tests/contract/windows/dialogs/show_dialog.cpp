@@ -35,7 +35,7 @@ extern "C" void* beep_import __asm__("__imp__MessageBeep@4");
 namespace {
 
 constexpr int kFailed = 3;
-constexpr DWORD kPatience = 20000;
+constexpr DWORD kPatience = 600000;  // only what hangs takes so long
 constexpr UINT_PTR kTimer = 1;
 constexpr UINT kTimerPeriod = 50;
 
@@ -103,7 +103,16 @@ void Answer(HWND dialog, const std::string& answer) {
   PostMessageW(GetDlgItem(dialog, std::atoi(answer.c_str())), BM_CLICK, 0, 0);
 }
 
+// While the window manager takes it into its frame, its place is told relative to that.
+void WaitForItsPlace(HWND dialog) {
+  RECT place{.left = -1, .top = -1, .right = 0, .bottom = 0};
+  for (const DWORD start = GetTickCount(); GetTickCount() - start < kPatience; Sleep(10)) {
+    if (GetWindowRect(dialog, &place) && place.left >= 0 && place.top >= 0) return;
+  }
+}
+
 void Tell(HWND dialog) {
+  WaitForItsPlace(dialog);
   UpdateWindow(dialog);
   DescribeWindow(dialog);
   std::printf("beeps\t%ld\n", beeps);
