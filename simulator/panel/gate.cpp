@@ -46,9 +46,9 @@ std::optional<Refusal> JudgeSender(const Head& head, const OwnAddress& own) {
 }
 
 bool IsJson(std::string_view type) {
-  constexpr std::string_view kJson = "application/json";
-  if (!type.starts_with(kJson)) return false;
-  type.remove_prefix(kJson.size());
+  constexpr std::string_view kType = "application/json";
+  if (!type.starts_with(kType)) return false;
+  type.remove_prefix(kType.size());
   return type.empty() || type.front() == ';' || type.front() == ' ';
 }
 
