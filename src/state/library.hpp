@@ -9,6 +9,7 @@
 #include "base/boolean.hpp"
 #include "platform/seam/platform.hpp"
 #include "platform/seam/serial_port.hpp"
+#include "state/certainty.hpp"
 
 namespace kestra {
 
@@ -98,6 +99,7 @@ struct Library {
   explicit Library(Platform& world) : platform(world) {}
 
   State state;
+  Certainty certainty;
   Platform& platform;
   // Whether there is a Puerto, for those who ask without a turn.
   std::atomic<bool> holds_port = false;

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kestra {
+
+// What became of a call, or of one frame of it: the numbers of Kestra_Desenlace.
+enum class Outcome : std::int32_t {
+  kNothingAsked = 0,  // of the printer
+  kDone = 1,
+  kRefused = 2,  // by the printer
+  kNotSent = 3,
+  kUnknown = 4,
+  kInPart = 5,   // some of its frames
+  kNotDone = 6,  // it may have been sent; the books say that it was not carried out
+};
+
+// The keys of Fiscal.ini beside the 52 that every installation has. Without them nothing changes.
+struct SafeSettings {
+  std::int32_t ModoSeguro = 0;
+  std::int32_t ReconoceRepetidas =
+      0;                              // the printer answers a repeated frame without doing it again
+  std::int32_t PacienciaSegura = 20;  // seconds
+  std::int32_t ControlarTotal = 0;
+  std::string Diario;  // the journal's file; empty: none
+  std::int32_t DiarioDias = 30;
+  std::int32_t DiarioObligatorio = 1;  // without a journal nothing is opened
+  std::int32_t LogMaximo = 0;          // bytes; 0: no limit
+  std::int32_t EsperaPuerto = 0;       // seconds that a port in use is waited for
+};
+
+// The last call, as its host may ask about it.
+struct CallReport {
+  std::string call;  // with its arguments, as the operator would be asked about it
+  Outcome outcome = Outcome::kNothingAsked;
+  std::int32_t cause = 0;     // a number of the table of causes
+  std::int32_t attempts = 0;  // frames sent
+  std::array<std::string, 15>
+      answer;  // the two status words and the data fields of its last answer
+};
+
+// An amount in hundredths, known to within `slack` of them.
+struct Amount {
+  std::int64_t cents = 0;
+  std::int64_t slack = 0;
+};
+
+constexpr std::size_t kCounters = 11;  // of the printer's numbering
+
+// What the printer has accepted, as far as the driver knows: the baseline for reading the printer's books.
+// What nobody has told it is not there.
+struct Ledger {
+  std::optional<bool> open;  // a document; as the last answer said
+  char kind = '\0';  // the open document's letter of its kind, 0 for a ticket or when not known
+  char letter = '\0';
+  std::optional<std::int64_t> lines;
+  std::optional<std::int64_t> paid;  // hundredths
+  std::optional<std::int64_t> perceptions;
+  std::optional<Amount> total;
+  std::array<std::optional<std::int64_t>, kCounters>
+      counters;                  // in the order of the printer's answer
+  bool something_today = false;  // has been done since the last daily closing
+};
+
+// A command that may have been carried out, and that no later call may pass before the books have told.
+struct Pending {
+  std::string call;
+  std::string command;
+  std::vector<std::string> accepted;  // commands of the same call that came before it and were done
+  Ledger before;
+};
+
+// All that the driver keeps to know what became of its commands.
+struct Certainty {
+  SafeSettings settings;
+  CallReport report;
+  Ledger ledger;
+  std::optional<Pending> pending;
+};
+
+}  // namespace kestra
