@@ -98,7 +98,8 @@ void Line::HandlePacket(const Event& event, Micros at) {
 
 // A question is answered anew however often it comes.
 bool Line::IsSecondTry(const Packet& packet, Micros at) const {
-  return packet.body == done_.body && at - free_at_ <= kSecondTry && !OnlyAsks(packet);
+  return printer_.GetMachine().settings.knows_repeats && packet.body == done_.body &&
+         at - free_at_ <= kSecondTry && !OnlyAsks(packet);
 }
 
 // Whether the faults let the command through.

@@ -39,9 +39,10 @@ struct Settings {
   std::string owner_cuit = "30-00000000-7";
   char owner_iva = 'I';
   int point_of_sale = 1;
-  int closings_left = 1825;  // daily closings that still fit in the fiscal memory
-  int lines_per_form = 24;   // item lines that fit on one form
-  bool strict_cuit = false;  // refuse a customer's CUIT whose check digit is wrong
+  int closings_left = 1825;   // daily closings that still fit in the fiscal memory
+  int lines_per_form = 24;    // item lines that fit on one form
+  bool strict_cuit = false;   // refuse a customer's CUIT whose check digit is wrong
+  bool knows_repeats = true;  // a frame that comes again is not carried out again
 
   // How long the printer works on each command before it answers, by command byte.
   std::array<std::uint32_t, 256> work_milliseconds{};

@@ -203,6 +203,8 @@ constexpr std::array kFlags{
          "un número de 1 a 999"},
     Flag{"--cuit-estricto", "", "rechazar los CUIT con el dígito verificador mal",
          [](Options& o, Text) { return o.settings.strict_cuit = true; }},
+    Flag{"--sin-repetidas", "", "no reconocer tramas repetidas: cada una es un comando nuevo",
+         [](Options& o, Text) { return o.settings.knows_repeats = false, true; }},
     Flag{"--sin-papel", "", "arrancar sin papel",
          [](Options& o, Text) { return SetOneControl(o, "sin_papel=1"); }},
     Flag{"--fuera-de-linea", "", "arrancar fuera de línea",

@@ -63,6 +63,18 @@ TEST(Line, TheSameFrameAgainRepeatsTheAnswerOnly) {
   EXPECT_EQ(desk.printer.DrawerOpenings(), 2U);
 }
 
+TEST(Line, APrinterThatKnowsNoRepeatsCarriesEachFrameOut) {
+  Settings settings;
+  settings.knows_repeats = false;
+  Desk desk({.keep_exchanges = true}, settings);
+  const std::string answer = desk.Exchange(Frame(40, "{"));
+  EXPECT_EQ(desk.Exchange(Frame(40, "{")), answer);
+  EXPECT_EQ(desk.printer.DrawerOpenings(), 2U);
+  for (const Exchange& exchange : desk.line.TakeExchanges()) {
+    EXPECT_EQ(exchange.kind, ExchangeKind::kExecuted);
+  }
+}
+
 TEST(Line, AFrameIsASecondTryOnlyWhileTheHostMayStillWaitForItsAnswer) {
   struct TryCase {
     const char* story;

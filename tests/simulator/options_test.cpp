@@ -107,6 +107,14 @@ TEST(OptionsValues, ThinkingTimesForAllOrForOneCommand) {
   EXPECT_EQ(options.settings.work_milliseconds['*'], 0U);
 }
 
+TEST(OptionsValues, RepeatedFramesAreKnownUnlessToldOtherwise) {
+  Options options;
+  ASSERT_EQ(ParseOptions({}, options), "");
+  EXPECT_TRUE(options.settings.knows_repeats);
+  ASSERT_EQ(ParseOptions({"--sin-repetidas"}, options), "");
+  EXPECT_FALSE(options.settings.knows_repeats);
+}
+
 struct Case {
   std::vector<std::string_view> arguments;
   std::string_view says;
