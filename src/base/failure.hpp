@@ -11,16 +11,19 @@ namespace kestra {
 // A run-time failure: the one exception that travels inside the library.
 class Failure : public std::exception {
  public:
-  Failure(std::int32_t number, std::string description)
-      : number_(number), description_(std::move(description)) {}
+  Failure(std::int32_t number, std::string description, std::int32_t reason = 0)
+      : number_(number), reason_(reason), description_(std::move(description)) {}
 
   [[nodiscard]] std::int32_t Number() const noexcept { return number_; }
+  // Tells failures of one number apart, where somebody asks; 0 when there is nothing more to tell.
+  [[nodiscard]] std::int32_t Reason() const noexcept { return reason_; }
   // Windows-1252, as it goes to the log.
   [[nodiscard]] const std::string& Description() const noexcept { return description_; }
   [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
 
  private:
   std::int32_t number_;
+  std::int32_t reason_;
   std::string description_;
 };
 

@@ -31,7 +31,7 @@ struct Counter {
   std::size_t answer;  // 1 for Respuesta_1
   std::size_t digits;
 };
-constexpr std::array kCounters = {
+constexpr std::array kResultCounters = {
     Counter{1, 5}, Counter{2, 8}, Counter{3, 8}, Counter{4, 8},  Counter{5, 8},  Counter{6, 5},
     Counter{7, 5}, Counter{8, 8}, Counter{9, 8}, Counter{10, 8}, Counter{11, 8},
 };
@@ -104,7 +104,7 @@ std::int32_t Numeracion(Library& library, char* result) {
   const auto& state = library.state;
   const auto text = state.ModeloNombre == kModelWithoutSecond
                         ? std::string(kModelZeros) + Gather(state, kModelCounters)
-                        : Gather(state, kCounters);
+                        : Gather(state, kResultCounters);
   DevolverCadena(result, text, kResultLength);
   return kSuccess;
 }

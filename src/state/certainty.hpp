@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "state/causes.hpp"
+
 namespace kestra {
 
 // What became of a call, or of one frame of it: the numbers of Kestra_Desenlace.
@@ -33,14 +35,29 @@ struct SafeSettings {
   std::int32_t EsperaPuerto = 0;       // seconds that a port in use is waited for
 };
 
-// The last call, as its host may ask about it.
+constexpr std::size_t kOutcomes = 7;
+
+// Which outcomes the frames of a call have had, and the first cause of each.
+struct Tally {
+  std::array<bool, kOutcomes> met{};
+  std::array<Cause, kOutcomes> causes{};
+};
+
+constexpr std::size_t kReportedFields = 15;
+
+// The last call, as its host may ask about it. What it says is noted by way of state/report.hpp.
 struct CallReport {
   std::string call;  // with its arguments, as the operator would be asked about it
   Outcome outcome = Outcome::kNothingAsked;
-  std::int32_t cause = 0;     // a number of the table of causes
+  Cause cause = Cause::kNone;
   std::int32_t attempts = 0;  // frames sent
-  std::array<std::string, 15>
-      answer;  // the two status words and the data fields of its last answer
+  // The two status words and the data fields of its last answer.
+  std::array<std::string, kReportedFields> answer;
+
+  bool named = false;  // `call` has its arguments
+  Tally commands;
+  Tally questions;
+  Cause aside = Cause::kNone;  // met without changing the outcome
 };
 
 // An amount in hundredths, known to within `slack` of them.

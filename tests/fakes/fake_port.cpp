@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/failure.hpp"
+#include "platform/seam/port_fault.hpp"
 
 namespace kestra {
 namespace {
@@ -36,9 +37,10 @@ void FakeLine::Arrive(const std::vector<Burst>& bursts) {
 void FakeLine::Open() {
   trouble_.Reach(Point::kOpen);
   if (device_ == DeviceState::kMissing || unplugged_) {
-    throw Failure(8015, "No existe el dispositivo de prueba");
+    throw Failure(8015, "No existe el dispositivo de prueba", PortReason(PortFault::kMissing));
   }
-  if (device_ == DeviceState::kBusy) throw Failure(8005, "Otro programa usa el dispositivo");
+  if (device_ == DeviceState::kBusy)
+    throw Failure(8005, "Otro programa usa el dispositivo", PortReason(PortFault::kBusy));
   journal_.Add({.kind = Happening::kOpen, .text = {}, .detail = {}});
   Deliver();
   received_.clear();
@@ -102,7 +104,8 @@ bool FakeLine::Deliver() {
 }
 
 void FakeLine::RequirePlug() const {
-  if (unplugged_) throw Failure(8020, "Se desconect\xf3 el dispositivo");
+  if (unplugged_)
+    throw Failure(8020, "Se desconect\xf3 el dispositivo", PortReason(PortFault::kLost));
 }
 
 void FakePort::PortOpen(bool open) {

@@ -31,6 +31,11 @@ enum class PortFault : std::uint8_t {
   kTurnedAway,
 };
 
+// The reason that its failure carries.
+constexpr std::int32_t PortReason(PortFault fault) {
+  return static_cast<std::int32_t>(fault) + 1;
+}
+
 // The failure with the number that the classic communications control gives it, in words that name
 // the device.
 Failure PortFailure(PortFault fault, std::string_view device);

@@ -51,13 +51,14 @@ static_assert(RowsAreInOrder(), "one row per fault, in the order of the faults")
 
 Failure PortFailure(PortFault fault, std::string_view device) {
   const Row& row = kRows[static_cast<std::size_t>(fault)];
-  return {row.number, std::string(row.before).append(device).append(row.after)};
+  return {row.number, std::string(row.before).append(device).append(row.after), PortReason(fault)};
 }
 
 Failure PortFailure(PortFault fault, std::string_view device, int system_error) {
   const Failure plain = PortFailure(fault, device);
   return {plain.Number(),
-          plain.Description() + " (error " + std::to_string(system_error) + " del sistema)"};
+          plain.Description() + " (error " + std::to_string(system_error) + " del sistema)",
+          plain.Reason()};
 }
 
 }  // namespace kestra

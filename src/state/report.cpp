@@ -1,0 +1,129 @@
+#include "state/report.hpp"
+
+#include <algorithm>
+#include <exception>
+
+#include "state/library.hpp"
+
+namespace kestra {
+namespace {
+
+std::size_t PlaceOf(Outcome outcome) {
+  return static_cast<std::size_t>(outcome);
+}
+
+bool Met(const Tally& tally, Outcome outcome) {
+  return tally.met[PlaceOf(outcome)];
+}
+
+// Of frames that end differently the most doubtful one speaks for all; the printer's word comes before
+// ours, and what was done beside them makes it a part.
+Outcome Together(const Tally& tally, bool parts) {
+  if (Met(tally, Outcome::kUnknown)) return Outcome::kUnknown;
+  for (const auto failed :
+       {Outcome::kInPart, Outcome::kRefused, Outcome::kNotDone, Outcome::kNotSent}) {
+    if (!Met(tally, failed)) continue;
+    return parts && Met(tally, Outcome::kDone) ? Outcome::kInPart : failed;
+  }
+  return Met(tally, Outcome::kDone) ? Outcome::kDone : Outcome::kNothingAsked;
+}
+
+Cause CauseFor(const Tally& tally, Outcome outcome) {
+  if (outcome != Outcome::kInPart) return tally.causes[PlaceOf(outcome)];
+  for (const auto failed :
+       {Outcome::kInPart, Outcome::kRefused, Outcome::kNotDone, Outcome::kNotSent}) {
+    if (Met(tally, failed)) return tally.causes[PlaceOf(failed)];
+  }
+  return Cause::kNone;
+}
+
+void Add(Tally& tally, const Verdict& verdict) {
+  const auto place = PlaceOf(verdict.outcome);
+  tally.met[place] = true;
+  if (tally.causes[place] == Cause::kNone) tally.causes[place] = verdict.cause;
+}
+
+// Questions count when nothing else was asked: an answer that is missing prints nothing, and one that came
+// is no part of a sale.
+void Conclude(CallReport& report) {
+  const auto commands = Together(report.commands, true);
+  const auto questions = Together(report.questions, false);
+  const bool asked_only = commands == Outcome::kNothingAsked;
+  report.outcome = asked_only ? questions : commands;
+  report.cause = asked_only ? Cause::kNone : CauseFor(report.commands, commands);
+  if (report.cause == Cause::kNone) report.cause = CauseFor(report.questions, questions);
+  if (report.cause == Cause::kNone) report.cause = report.aside;
+}
+
+// A report that lacks a text for want of memory is better than a call that fails for it.
+template <typename Action>
+void WithoutFailing(Action action) noexcept {
+  try {
+    action();
+  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+  }
+}
+
+}  // namespace
+
+Verdict AfterRepetition(const Verdict& before, const Verdict& now) {
+  switch (before.outcome) {
+    case Outcome::kDone:
+      return {Outcome::kDone, now.outcome == Outcome::kDone || now.outcome == Outcome::kUnknown
+                                  ? Cause::kRepeated
+                                  : before.cause};
+    case Outcome::kUnknown:
+      return now.outcome == Outcome::kDone ? Verdict{Outcome::kDone, Cause::kRepeated} : before;
+    default:
+      return now;
+  }
+}
+
+void BeginCall(Library& library, std::string_view name) noexcept {
+  auto& report = library.certainty.report;
+  report = {};
+  WithoutFailing([&] { report.call = name; });
+}
+
+void NameCall(Library& library, std::string_view call) noexcept {
+  auto& report = library.certainty.report;
+  if (report.named || call.empty()) return;
+  report.named = true;
+  WithoutFailing([&] { report.call = call; });
+}
+
+void NoteSending(Library& library) noexcept {
+  ++library.certainty.report.attempts;
+}
+
+void NoteAnswer(Library& library, std::span<const std::string> fields) noexcept {
+  auto& answer = library.certainty.report.answer;
+  WithoutFailing([&] {
+    answer.fill({});
+    std::copy_n(fields.begin(), std::min(fields.size(), answer.size()), answer.begin());
+  });
+}
+
+void NoteVerdict(Library& library, const Verdict& verdict, Errand errand) noexcept {
+  auto& report = library.certainty.report;
+  Add(errand == Errand::kQuestion ? report.questions : report.commands, verdict);
+  Conclude(report);
+}
+
+void NoteFailure(Library& library, const Failure& failure) noexcept {
+  auto& report = library.certainty.report;
+  const bool sent = Together(report.commands, true) != Outcome::kNothingAsked;
+  if (sent) {
+    NoteCause(library, CauseOf(failure));
+  } else {
+    NoteVerdict(library, {Outcome::kNotSent, CauseOf(failure)});
+  }
+}
+
+void NoteCause(Library& library, Cause cause) noexcept {
+  auto& report = library.certainty.report;
+  if (report.aside == Cause::kNone) report.aside = cause;
+  Conclude(report);
+}
+
+}  // namespace kestra
