@@ -91,12 +91,24 @@ struct Pending {
   Ledger before;
 };
 
+// How the journal stands. Written by state/journal.cpp alone.
+struct JournalState {
+  Cause trouble = Cause::kNone;  // why the one that is asked for is not kept
+  std::int64_t newest = 0;       // intent's number
+  std::int64_t unsettled = 0;    // intent without a result; 0: none
+  bool closes_day = false;       // that intent does
+  std::size_t length = 0;        // of the file's records that count
+  bool torn = false;             // more may stand behind them
+  std::string owed;              // records that could not be written when it was their time
+};
+
 // All that the driver keeps to know what became of its commands.
 struct Certainty {
   SafeSettings settings;
   CallReport report;
   Ledger ledger;
   std::optional<Pending> pending;
+  JournalState journal;
 };
 
 }  // namespace kestra
