@@ -78,6 +78,9 @@ struct Ledger {
   std::optional<std::int64_t> paid;  // hundredths
   std::optional<std::int64_t> perceptions;
   std::optional<Amount> total;
+  // Of what was sold at prices without IVA: what a correction there comes to with it.
+  std::optional<std::int64_t> net;
+  std::optional<std::int64_t> iva;
   std::array<std::optional<std::int64_t>, kCounters>
       counters;                  // in the order of the printer's answer
   bool something_today = false;  // has been done since the last daily closing
@@ -107,8 +110,12 @@ struct Certainty {
   SafeSettings settings;
   CallReport report;
   Ledger ledger;
+  // Set before a frame is written: a call that is left in its middle leaves it behind.
   std::optional<Pending> pending;
   JournalState journal;
+  std::vector<std::string> accepted;  // commands of the call under way that are done
+  // Commands of the same call, made before, that are done: they are not sent again.
+  std::vector<std::string> done_before;
 };
 
 }  // namespace kestra

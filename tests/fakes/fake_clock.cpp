@@ -41,6 +41,12 @@ std::string FakeClock::TimeText() {
          TwoDigits(seconds % 60);
 }
 
+double FakeClock::Elapsed() {
+  trouble_.Reach(Point::kElapsed);
+  Look();
+  return static_cast<double>(elapsed_) / static_cast<double>(kMicrosPerSecond);
+}
+
 void FakeClock::Sleep(std::int32_t milliseconds) {
   trouble_.Reach(Point::kSleep);
   journal_.Add({.kind = Happening::kSleep, .text = {}, .detail = {}, .number = milliseconds});

@@ -26,6 +26,7 @@ class FakeClock : public Clock {
   double TimeOfDay() override;
   std::string ShortDate() override;  // 21/11/2026
   std::string TimeText() override;   // 10:30:00
+  double Elapsed() override;
   void Sleep(std::int32_t milliseconds) override;
 
   void SetTimeOfDay(double seconds);
@@ -38,7 +39,7 @@ class FakeClock : public Clock {
   void StartOver() { started_ = elapsed_; }
 
   // Microseconds that have passed since the clock was made, whatever the hands were set to.
-  [[nodiscard]] std::int64_t Elapsed() const { return elapsed_; }
+  [[nodiscard]] std::int64_t ElapsedMicros() const { return elapsed_; }
 
  private:
   [[nodiscard]] std::int64_t WallMicros() const { return elapsed_ + offset_; }

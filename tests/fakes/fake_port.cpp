@@ -28,7 +28,7 @@ void FakeLine::Forget() {
 
 void FakeLine::Arrive(const std::vector<Burst>& bursts) {
   for (const Burst& burst : bursts) {
-    due_.push_back({clock_.Elapsed() + burst.delay, burst.bytes, burst.unplug});
+    due_.push_back({clock_.ElapsedMicros() + burst.delay, burst.bytes, burst.unplug});
   }
   std::stable_sort(due_.begin(), due_.end(),
                    [](const Due& a, const Due& b) { return a.when < b.when; });
@@ -70,7 +70,7 @@ void FakeLine::Write(std::string_view bytes) {
 std::size_t FakeLine::Count() {
   trouble_.Reach(Point::kCount);
   if (!Deliver()) {
-    const std::int64_t next = due_.empty() ? kPollStep : due_.front().when - clock_.Elapsed();
+    const std::int64_t next = due_.empty() ? kPollStep : due_.front().when - clock_.ElapsedMicros();
     clock_.Advance(std::min(next, kPollStep));
     Deliver();
   }
@@ -94,7 +94,7 @@ std::string FakeLine::Take() {
 // Takes over what has come by now; true when that was anything.
 bool FakeLine::Deliver() {
   bool anything = false;
-  while (!due_.empty() && due_.front().when <= clock_.Elapsed()) {
+  while (!due_.empty() && due_.front().when <= clock_.ElapsedMicros()) {
     unplugged_ = unplugged_ || due_.front().unplug;
     received_ += due_.front().bytes;
     due_.pop_front();

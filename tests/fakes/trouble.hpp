@@ -19,6 +19,7 @@ enum class Point {
   kTimeOfDay,
   kDate,
   kTimeText,
+  kElapsed,
   kSleep,
   kMessage,
   kReport,
@@ -33,14 +34,23 @@ struct PointName {
 };
 
 inline constexpr std::array kPointNames{
-    PointName{Point::kCreatePort, "create"}, PointName{Point::kOpen, "open"},
-    PointName{Point::kClose, "close"},       PointName{Point::kWrite, "write"},
-    PointName{Point::kCount, "count"},       PointName{Point::kDiscard, "discard"},
-    PointName{Point::kRead, "read"},         PointName{Point::kTimeOfDay, "time"},
-    PointName{Point::kDate, "date"},         PointName{Point::kTimeText, "timetext"},
-    PointName{Point::kSleep, "sleep"},       PointName{Point::kMessage, "box"},
-    PointName{Point::kReport, "report"},     PointName{Point::kMemoryFull, "memoryfull"},
-    PointName{Point::kLog, "log"},           PointName{Point::kProfile, "profile"},
+    PointName{Point::kCreatePort, "create"},
+    PointName{Point::kOpen, "open"},
+    PointName{Point::kClose, "close"},
+    PointName{Point::kWrite, "write"},
+    PointName{Point::kCount, "count"},
+    PointName{Point::kDiscard, "discard"},
+    PointName{Point::kRead, "read"},
+    PointName{Point::kTimeOfDay, "time"},
+    PointName{Point::kDate, "date"},
+    PointName{Point::kTimeText, "timetext"},
+    PointName{Point::kElapsed, "elapsed"},
+    PointName{Point::kSleep, "sleep"},
+    PointName{Point::kMessage, "box"},
+    PointName{Point::kReport, "report"},
+    PointName{Point::kMemoryFull, "memoryfull"},
+    PointName{Point::kLog, "log"},
+    PointName{Point::kProfile, "profile"},
 };
 
 // What comes out of a call that fails.

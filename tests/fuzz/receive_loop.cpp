@@ -40,7 +40,7 @@ class Exchange {
     const bool accepted = Enviar(library_, command_);
     CheckFrames();
     Require(!library_.state.Puerto->PortOpen(), "the line is left closed");
-    Require(world_.GetClock().Elapsed() <= LongestTime(), "it ends in time");
+    Require(world_.GetClock().ElapsedMicros() <= LongestTime(), "it ends in time");
     if (accepted) CheckAccepted();
   }
 

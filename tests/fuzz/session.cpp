@@ -120,7 +120,7 @@ class Session {
   // The day ends when the clock has had enough; for that there are two good reasons: sums that never
   // agree, and a pause before each command that somebody set so.
   void CheckTime(bool rounding) {
-    over_ = shop_->GetClock().Elapsed() >= kLongest;
+    over_ = shop_->GetClock().ElapsedMicros() >= kLongest;
     const bool long_pause = Instance().state.DelayComandos > kLongPause;
     Require(!over_ || rounding || long_pause || frames_ > kMostFrames, "no call goes on for ever");
   }

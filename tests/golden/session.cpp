@@ -246,11 +246,11 @@ void Session::Meanwhile(std::string_view rest) {
 }
 
 void Session::Call(std::string_view rest) {
-  const std::int64_t before = world_->GetClock().Elapsed();
+  const std::int64_t before = world_->GetClock().ElapsedMicros();
   const std::string_view name = TakeWord(rest);
   const CallOutcome outcome = CallExport(name, Words(rest), onlooker_);
   PrintEvents();
-  const std::int64_t passed = world_->GetClock().Elapsed() - before;
+  const std::int64_t passed = world_->GetClock().ElapsedMicros() - before;
   if (passed > kWorthTelling) {
     const std::int64_t tenths = (passed + kMicrosPerSecond / 20) / (kMicrosPerSecond / 10);
     Print("time +" + std::to_string(tenths / 10) + "." + std::to_string(tenths % 10));

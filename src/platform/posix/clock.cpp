@@ -47,6 +47,11 @@ std::string PosixClock::TimeText() {
   return Now("%X", "%H:%M:%S");
 }
 
+double PosixClock::Elapsed() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration<double>(now).count();
+}
+
 std::string PosixClock::Now(const char* local_form, const char* plain_form) const {
   const tm local = LocalTime(::time(nullptr));
   std::array<char, 256> text{};

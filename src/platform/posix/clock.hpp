@@ -16,6 +16,7 @@ class PosixClock : public Clock {
   double TimeOfDay() override;
   std::string ShortDate() override;
   std::string TimeText() override;
+  double Elapsed() override;
   void Sleep(std::int32_t milliseconds) override;
 
  private:

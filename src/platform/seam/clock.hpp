@@ -22,6 +22,10 @@ class Clock {
   // The time in the system's time form.
   virtual std::string TimeText() = 0;
 
+  // Seconds from some fixed point, with fraction. Nobody sets it: midnight and a corrected wall clock
+  // leave it alone.
+  virtual double Elapsed() = 0;
+
   virtual void Sleep(std::int32_t milliseconds) = 0;
 };
 

@@ -43,6 +43,14 @@ std::string WindowsClock::TimeText() {
   return Formatted(::GetTimeFormatW, 0);
 }
 
+double WindowsClock::Elapsed() {
+  LARGE_INTEGER count = {};
+  LARGE_INTEGER per_second = {};
+  ::QueryPerformanceCounter(&count);
+  ::QueryPerformanceFrequency(&per_second);
+  return static_cast<double>(count.QuadPart) / static_cast<double>(per_second.QuadPart);
+}
+
 void WindowsClock::Sleep(std::int32_t milliseconds) {
   if (milliseconds > 0) ::Sleep(static_cast<DWORD>(milliseconds));
 }

@@ -12,6 +12,7 @@ class WindowsClock : public Clock {
   double TimeOfDay() override;
   std::string ShortDate() override;
   std::string TimeText() override;
+  double Elapsed() override;
   void Sleep(std::int32_t milliseconds) override;
 };
 

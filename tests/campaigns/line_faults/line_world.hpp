@@ -34,7 +34,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   ProfileFile& GetProfile() override { return profile_; }
   LogFile& GetLog() override { return log_; }
 
-  [[nodiscard]] Micros Now() const { return Micros(clock_.Elapsed()); }
+  [[nodiscard]] Micros Now() const { return Micros(clock_.ElapsedMicros()); }
 
   // Waits until nothing is on its way any more.
   void Settle();

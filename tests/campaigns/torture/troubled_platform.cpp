@@ -92,14 +92,14 @@ void Watch::Reach(Point point) {
 
 void Watch::BeginCall(std::int64_t heals_after) {
   heals_after_ = heals_after;
-  began_ = world_.GetClock().Elapsed();
+  began_ = world_.GetClock().ElapsedMicros();
   failures_ = 0;
   busy_bytes_ = 0;
   near_midnight_ = false;
 }
 
 std::int64_t Watch::Passed() const {
-  return world_.GetClock().Elapsed() - began_;
+  return world_.GetClock().ElapsedMicros() - began_;
 }
 
 void Watch::SawTimeOfDay(double seconds) {
@@ -128,6 +128,12 @@ std::string TroubledClock::TimeText() {
   const Spared spared;
   watch_.Reach(Point::kTimeText);
   return watch_.World().GetClock().TimeText();
+}
+
+double TroubledClock::Elapsed() {
+  const Spared spared;
+  watch_.Reach(Point::kElapsed);
+  return watch_.World().GetClock().Elapsed();
 }
 
 void TroubledClock::Sleep(std::int32_t milliseconds) {

@@ -56,6 +56,7 @@ class TroubledClock : public Clock {
   double TimeOfDay() override;
   std::string ShortDate() override;
   std::string TimeText() override;
+  double Elapsed() override;
   void Sleep(std::int32_t milliseconds) override;
 
  private:

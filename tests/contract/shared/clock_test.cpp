@@ -68,6 +68,15 @@ TEST_P(ClockContract, TheTimesTextIsTheTimeOfDay) {
   EXPECT_EQ((part(0) * 60 + part(3)) * 60 + part(6), second);
 }
 
+TEST_P(ClockContract, TheTimeThatHasElapsedIsThatOfTheSleeps) {
+  const double before = clock_.Elapsed();
+  clock_.Sleep(60);
+  const double after = clock_.Elapsed();
+  EXPECT_GE(after - before, 0.045);
+  EXPECT_LT(after - before, 30.0);
+  EXPECT_GE(clock_.Elapsed(), after);
+}
+
 TEST_P(ClockContract, ASleepLastsItsTime) {
   EXPECT_GE(Slept(60), 0.045);  // some systems' ticks are that coarse
 }

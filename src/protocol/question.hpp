@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "protocol/answer.hpp"
+#include "state/causes.hpp"
+
+namespace kestra {
+
+struct Library;
+class SafeLine;
+
+// What came of a question.
+struct Reply {
+  bool answered = false;
+  Fields fields;               // the status words and the data fields
+  Cause cause = Cause::kNone;  // why it was not answered
+};
+
+// Asks the printer something that prints nothing, in either mode: a legal answer of its own counts and
+// nothing else. No box is shown, and of the state record it touches the sequence numbers alone; what the
+// answer says of an open document goes to the ledger. Asked again until it is answered or so many seconds
+// have passed.
+Reply Ask(Library& library, const std::string& command, double patience = 0);
+
+// Once, on a line that somebody has open.
+Reply AskOn(SafeLine& line, Library& library, const std::string& command);
+
+}  // namespace kestra
