@@ -45,6 +45,7 @@ std::int32_t AbrirComprobanteFiscal(Library& library, const OpeningArguments& ar
   operation.command = OpeningOf(*kind, library.state, opening);
   if (kind->family == kTicketFamily) {
     operation.before = [&] { return IsForFinalConsumer(library, opening.letter); };
+    operation.otherwise = Cause::kConsumerOnly;
   }
   return Run(library, operation);
 }

@@ -152,6 +152,7 @@ std::int32_t Print(Library& library, std::string_view name, const Item& item) {
   const auto* fillers = FindFillers(library.state.TipoComprobante, item.qualifier);
   if (fillers != nullptr) {
     operation.before = [&] { return MakeWay(library, item); };
+    operation.otherwise = Cause::kSheetTurned;
     operation.command = ItemCommand(*fillers, item);
   }
   return Run(library, operation);

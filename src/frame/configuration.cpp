@@ -11,6 +11,7 @@
 #include "fields/number_field.hpp"
 #include "fields/text_field.hpp"
 #include "state/library.hpp"
+#include "state/report.hpp"
 
 namespace kestra {
 namespace {
@@ -137,6 +138,7 @@ void Lee_Ini(Library& library) {
       std::visit(Store{library.state, key, text}, key.conversion);
     }
   } catch (const Failure& failure) {
+    NoteCause(library, Cause::kBadSetting);
     library.platform.GetOperator().Message(
         FailureText(failure)
             .append(" en Leer_Ini - Módulo DLLSupport - Lee_Ini - Linea: "_ansi)

@@ -11,6 +11,7 @@
 #include "platform/seam/host.hpp"
 #include "state/library.hpp"
 #include "state/log.hpp"
+#include "state/report.hpp"
 
 namespace kestra {
 
@@ -33,9 +34,11 @@ std::int32_t Export(std::string_view name, std::int32_t failure, Operation opera
   return WithoutFailing(failure, [&] {
     auto& library = Instance();
     if (turn.Inherited()) ReleaseAbandoned(library);
+    BeginCall(library, name);
     try {
       return operation(library);
     } catch (const std::exception& error) {
+      NoteFailure(library, ToFailure(error));
       LogFailure(library, ToFailure(error), name);
       return failure;
     }

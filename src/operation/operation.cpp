@@ -1,5 +1,6 @@
 #include "operation/operation.hpp"
 
+#include <exception>
 #include <optional>
 #include <utility>
 
@@ -7,6 +8,7 @@
 #include "fields/text_field.hpp"
 #include "protocol/exchange.hpp"
 #include "state/log.hpp"
+#include "state/report.hpp"
 
 namespace kestra {
 namespace {
@@ -53,13 +55,31 @@ struct ToBytes {
   std::optional<std::string> operator()(const Command& command) const { return command.Bytes(); }
 };
 
+std::optional<std::string> NotSent(Library& library, Cause cause) {
+  NoteVerdict(library, {Outcome::kNotSent, cause});
+  return std::nullopt;
+}
+
+// All that comes before the sending: the bytes to send, or nothing when it ends there.
+std::optional<std::string> Prepare(Library& library, const Operation& operation) {
+  if (!Confirm(library, operation.call)) return NotSent(library, Cause::kDeclined);
+  if (!operation.log.empty()) EscribirLog(library, operation.log);
+  if (operation.before && !operation.before()) return NotSent(library, operation.otherwise);
+  auto bytes = std::visit(ToBytes{library.state}, operation.command);
+  return bytes ? std::move(bytes) : NotSent(library, Cause::kNoCommand);
+}
+
 }  // namespace
 
 std::int32_t Run(Library& library, const Operation& operation) {
-  if (!Confirm(library, operation.call)) return kFailure;
-  if (!operation.log.empty()) EscribirLog(library, operation.log);
-  if (operation.before && !operation.before()) return kFailure;
-  const auto bytes = std::visit(ToBytes{library.state}, operation.command);
+  NameCall(library, operation.call);
+  std::optional<std::string> bytes;
+  try {
+    bytes = Prepare(library, operation);
+  } catch (const std::exception& error) {
+    NotSent(library, CauseOf(ToFailure(error)));
+    throw;
+  }
   if (!bytes) return kFailure;
   const bool accepted = Enviar(library, *bytes);
   if (operation.after) operation.after();

@@ -9,6 +9,7 @@
 
 #include "fields/number_field.hpp"
 #include "protocol/command.hpp"
+#include "state/causes.hpp"
 #include "state/library.hpp"
 
 namespace kestra {
@@ -31,6 +32,7 @@ struct Operation {
   std::string call = {};              // as the operator is asked about it; empty: nobody is asked
   std::string log = {};               // its line in the log; empty: none
   std::function<bool()> before = {};  // what must come before the command; false ends it there
+  Cause otherwise = Cause::kNone;     // why it ended there
   Outgoing command = {};
   std::function<void()> after = {};  // what the answer is for, whatever the verdict on the command
 };

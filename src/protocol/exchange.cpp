@@ -9,6 +9,7 @@
 
 #include "base/ansi.hpp"
 #include "protocol/answer_check.hpp"
+#include "protocol/frame_report.hpp"
 #include "protocol/packet.hpp"
 #include "state/library.hpp"
 #include "state/log.hpp"
@@ -35,7 +36,7 @@ enum class Arrival { kOwn, kForeign, kExpired };
 class Exchange {
  public:
   Exchange(Library& library, std::string command)
-      : library_(library), command_(std::move(command)) {
+      : library_(library), command_(std::move(command)), report_(library, command_) {
     library_.state.ComandoActual = command_;
   }
   Exchange(const Exchange&) = delete;
@@ -45,6 +46,8 @@ class Exchange {
   bool Run();
   void Close() noexcept;
 
+  // What becomes known of the command.
+  FrameReport& Report() { return report_; }
   // What was being done, for the log of a failure.
   [[nodiscard]] std::string_view Line() const { return line_; }
 
@@ -72,6 +75,7 @@ class Exchange {
   std::size_t seen_ = 0;  // waiting bytes already looked at for "busy"
   int foreign_ = 1;       // answers of other frames met by this frame, from 1
   std::string_view line_;
+  FrameReport report_;
 };
 
 SerialPort& Exchange::Puerto() {
@@ -105,11 +109,13 @@ void Exchange::Close() noexcept {
 
 Exchange::Step Exchange::Attempt() {
   line_ = "demorar";
+  report_.Begin();
   if (library_.state.DelayComandos > 0)
     library_.platform.GetClock().Sleep(library_.state.DelayComandos);
   NumberPacket();
   Send();
   const auto arrival = Wait();
+  report_.Judge(header_, Puerto().Waiting());
   EscribirLog(library_, " - Respuesta : " + library_.state.RespuestaActual);
   switch (arrival) {
     case Arrival::kForeign:
@@ -146,6 +152,7 @@ void Exchange::Send() {
   // answer must not be lost to it.
   state.Respuestas = packet;  // what is summed
   Puerto().DiscardInput();
+  report_.Sending();
   Puerto().Output(packet + ChecksumOf(state.Respuestas));
   foreign_ = 1;
   seen_ = 0;
@@ -184,7 +191,9 @@ bool Exchange::TakeArrived() {
   const auto needed =
       end == std::string::npos ? kChecksumDigits : kChecksumDigits - (received.size() - end - 1);
   if (waiting < needed) return false;
-  received += Puerto().Input();
+  const auto arrived = Puerto().Input();
+  report_.Heard(arrived);
+  received += arrived;
   seen_ = 0;
   return true;
 }
@@ -246,8 +255,11 @@ Exchange::Step Exchange::Judge() {
 bool Enviar(Library& library, const std::string& command) {
   Exchange exchange(library, command);
   try {
-    return exchange.Run();
+    const bool accepted = exchange.Run();
+    exchange.Report().End();
+    return accepted;
   } catch (const std::exception& error) {
+    exchange.Report().Fail(ToFailure(error));
     LogFailure(library, ToFailure(error), "Enviar", exchange.Line());
     exchange.Close();
     library.platform.GetOperator().Message("Error en el comando Enviar", "", kBoxOk);

@@ -25,6 +25,7 @@ enum class Cause : std::int32_t {
   kBadSetting = 107,    // in Fiscal.ini
   kInternal = 108,
   kNoMemory = 109,
+  kAbandoned = 110,  // by the host, from within a callback
 
   // The port: 201 and the number of its PortFault.
   kPortNumber = 201,
@@ -139,6 +140,8 @@ inline constexpr std::array kCauses = {
     CauseRow{Cause::kInternal, "El controlador falló."_ansi, causes::kTillTrouble},
     CauseRow{Cause::kNoMemory, "A la máquina le falta memoria."_ansi,
              "Cierre otros programas."_ansi},
+    CauseRow{Cause::kAbandoned, "El programa de ventas dejó la llamada por la mitad."_ansi,
+             causes::kTillTrouble},
 
     CauseRow{Cause::kPortNumber, "El número de puerto no es válido (1 a 256)."_ansi,
              causes::kCheckPort},

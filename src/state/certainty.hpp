@@ -35,6 +35,15 @@ struct SafeSettings {
   std::int32_t EsperaPuerto = 0;       // seconds that a port in use is waited for
 };
 
+// What became of one frame, all its sendings together.
+struct Verdict {
+  Outcome outcome = Outcome::kNothingAsked;
+  Cause cause = Cause::kNone;
+};
+
+// Does a frame have the printer do something, or only tell something?
+enum class Errand { kCommand, kQuestion };
+
 constexpr std::size_t kOutcomes = 7;
 
 // Which outcomes the frames of a call have had, and the first cause of each.
@@ -55,8 +64,11 @@ struct CallReport {
   std::array<std::string, kReportedFields> answer;
 
   bool named = false;  // `call` has its arguments
-  Tally commands;
+  Tally commands;      // of the frames that are over
   Tally questions;
+  // The frame under way, as if it ended now.
+  std::optional<Verdict> so_far;
+  Errand errand = Errand::kCommand;
   Cause aside = Cause::kNone;  // met without changing the outcome
 };
 

@@ -5,6 +5,7 @@
 
 #include "base/ansi.hpp"
 #include "state/library.hpp"
+#include "state/report.hpp"
 
 namespace kestra {
 
@@ -15,7 +16,8 @@ void EscribirLog(Library& library, std::string_view text, std::string_view file)
     auto line = "[" + clock.ShortDate() + "-" + clock.TimeText() + "]";
     line.append(text).append("\r\n");
     library.platform.GetLog().Append(file, line);
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+  } catch (const std::exception&) {
+    NoteCause(library, Cause::kLogUnwritable);
   }
 }
 

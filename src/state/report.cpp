@@ -46,12 +46,15 @@ void Add(Tally& tally, const Verdict& verdict) {
 // Questions count when nothing else was asked: an answer that is missing prints nothing, and one that came
 // is no part of a sale.
 void Conclude(CallReport& report) {
-  const auto commands = Together(report.commands, true);
-  const auto questions = Together(report.questions, false);
-  const bool asked_only = commands == Outcome::kNothingAsked;
-  report.outcome = asked_only ? questions : commands;
-  report.cause = asked_only ? Cause::kNone : CauseFor(report.commands, commands);
-  if (report.cause == Cause::kNone) report.cause = CauseFor(report.questions, questions);
+  auto commands = report.commands;
+  auto questions = report.questions;
+  if (report.so_far) Add(report.errand == Errand::kQuestion ? questions : commands, *report.so_far);
+  const auto outcome = Together(commands, true);
+  const auto told = Together(questions, false);
+  const bool asked_only = outcome == Outcome::kNothingAsked;
+  report.outcome = asked_only ? told : outcome;
+  report.cause = asked_only ? Cause::kNone : CauseFor(commands, outcome);
+  if (report.cause == Cause::kNone) report.cause = CauseFor(questions, told);
   if (report.cause == Cause::kNone) report.cause = report.aside;
 }
 
@@ -75,13 +78,16 @@ Verdict AfterRepetition(const Verdict& before, const Verdict& now) {
     case Outcome::kUnknown:
       return now.outcome == Outcome::kDone ? Verdict{Outcome::kDone, Cause::kRepeated} : before;
     default:
-      return now;
+      return now.outcome == Outcome::kNotSent && before.outcome != Outcome::kNothingAsked ? before
+                                                                                          : now;
   }
 }
 
 void BeginCall(Library& library, std::string_view name) noexcept {
   auto& report = library.certainty.report;
   report = {};
+  library.certainty.accepted.clear();
+  library.certainty.done_before.clear();
   WithoutFailing([&] { report.call = name; });
 }
 
@@ -104,8 +110,16 @@ void NoteAnswer(Library& library, std::span<const std::string> fields) noexcept 
   });
 }
 
+void NoteSoFar(Library& library, const Verdict& verdict, Errand errand) noexcept {
+  auto& report = library.certainty.report;
+  report.so_far = verdict;
+  report.errand = errand;
+  Conclude(report);
+}
+
 void NoteVerdict(Library& library, const Verdict& verdict, Errand errand) noexcept {
   auto& report = library.certainty.report;
+  report.so_far.reset();
   Add(errand == Errand::kQuestion ? report.questions : report.commands, verdict);
   Conclude(report);
 }

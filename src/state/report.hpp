@@ -11,15 +11,6 @@ namespace kestra {
 
 struct Library;
 
-// Does a frame ask the printer to do something, or only to tell something?
-enum class Errand { kCommand, kQuestion };
-
-// What became of one frame, all its sendings together.
-struct Verdict {
-  Outcome outcome = Outcome::kNothingAsked;
-  Cause cause = Cause::kNone;
-};
-
 // The verdict on a frame that is sent once more, from that on its sendings so far (kNothingAsked when
 // there is none) and that on the newest one.
 Verdict AfterRepetition(const Verdict& before, const Verdict& now);
@@ -36,7 +27,10 @@ void NoteSending(Library& library) noexcept;
 // The fields of an answer that counts: both status words and the data fields.
 void NoteAnswer(Library& library, std::span<const std::string> fields) noexcept;
 
-// Adds a frame's verdict to the call's outcome and cause.
+// What becomes of the frame under way when the call ends here: a host may leave it in a callback.
+void NoteSoFar(Library& library, const Verdict& verdict, Errand errand = Errand::kCommand) noexcept;
+
+// The frame is over: adds its verdict to the call's outcome and cause.
 void NoteVerdict(Library& library, const Verdict& verdict,
                  Errand errand = Errand::kCommand) noexcept;
 

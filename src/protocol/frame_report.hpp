@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "state/report.hpp"
+
+namespace kestra {
+
+struct Library;
+
+// Watches an exchange and tells the call's report what becomes of its command. It looks on and has no say in
+// what is done next.
+class FrameReport {
+ public:
+  FrameReport(Library& library, std::string_view command);
+
+  // A sending begins; its frame is about to be written; bytes have come.
+  void Begin();
+  void Sending();
+  void Heard(std::string_view bytes) { heard_ += bytes; }
+
+  // The wait is over. What the line brought says what became of this sending; `header` begins the answer to
+  // it, and `waiting` has come but was not taken.
+  void Judge(std::string_view header, std::string_view waiting);
+
+  // The exchange is over, by itself or by a failure.
+  void End() { NoteVerdict(library_, verdict_, errand_); }
+  void Fail(const Failure& failure);
+
+ private:
+  void Conclude(Verdict verdict);
+
+  Library& library_;
+  Errand errand_;
+  Verdict verdict_;         // on all sendings so far
+  bool concluded_ = false;  // the newest one is part of it
+  bool sent_ = false;       // its frame is on the line, or a part of it
+  std::string heard_;       // since then
+};
+
+}  // namespace kestra

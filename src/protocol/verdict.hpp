@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string_view>
+
+#include "protocol/books.hpp"
+#include "protocol/strict_answer.hpp"
+#include "state/report.hpp"
+
+namespace kestra {
+
+// Whether a command has the printer do something or only tell something.
+Errand ErrandOf(std::string_view command);
+
+// What the two status words of an answer say of its command.
+Verdict JudgeWords(const Words& words);
+
+// What can be known of a frame from what the line brought after it, `leftover` of which became neither an
+// answer nor a word of the printer.
+Verdict JudgeHeard(const Heard& heard, bool leftover);
+
+}  // namespace kestra
