@@ -71,7 +71,8 @@ bool ObtenerEstado(Library& library) {
       library.platform.GetOperator().Message(message, "", kBoxOk);
     }
   }
-  return false;
+  // In the safe mode a condition that was told keeps nobody from an answer that is there.
+  return library.certainty.settings.ModoSeguro == 1;
 }
 
 std::int32_t ValoresModelo(Library& library, char* result) {

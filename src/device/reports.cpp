@@ -47,9 +47,11 @@ std::int32_t ReporteZporFechas(Library& library, const char* from, const char* t
                                std::int32_t third) {
   const auto first = LeerCadena(from, 6);
   const auto last = LeerCadena(to, 6);
-  Run(library, {.call = Call("EP_ReporteZporFechas", {first, last, std::to_string(third)}),
-                .log = " - Comando : " + Call("EP_ReporteZporFechas", {first}),
-                .command = Command(':').Field(first).Field(last).Field("D")});
+  const auto verdict =
+      Run(library, {.call = Call("EP_ReporteZporFechas", {first, last, std::to_string(third)}),
+                    .log = " - Comando : " + Call("EP_ReporteZporFechas", {first}),
+                    .command = Command(':').Field(first).Field(last).Field("D")});
+  if (library.certainty.settings.ModoSeguro == 1) return verdict;
   // Kept as is: the result is the listing's verdict on the last answer, asked or not.
   return ListarRespuestas(library) ? kSuccess : kFailure;
 }

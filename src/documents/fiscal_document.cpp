@@ -70,6 +70,8 @@ std::int32_t CerrarComprobanteFiscal(Library& library, const char* kind, const c
                       .log = " - Comando : EP_CerrarComprobanteFiscal"};
   if (row != nullptr) operation.command = ClosingCommand(row->family, row->at_closing, letter_read);
   const auto result = Run(library, operation);
+  // In the safe mode no number is told but the document's own.
+  if (library.certainty.settings.ModoSeguro == 1 && result != kSuccess) return result;
   // Kept as is: the host's buffer is written whatever happened, with the field that the last answer
   // left.
   DevolverCadena(number, FixedWidth(library.state.Respuesta[0], kNumberLength), kNumberLength);

@@ -101,11 +101,16 @@ Command ItemCommand(const Fillers& fillers, const Item& item) {
   return command;
 }
 
-// A ticket has no place for extra lines: they go before the item as texts of their own.
-void PrintExtras(Library& library, const Item& item) {
+// A ticket has no place for extra lines: they go before the item as texts of their own. What becomes of
+// them matters in the safe mode alone: false ends the item there.
+bool PrintExtras(Library& library, const Item& item) {
+  const bool safe = library.certainty.settings.ModoSeguro == 1;
   for (const auto& extra : item.extras) {
-    if (extra != kEmpty) ImprimirTextoFiscalInterna(library, extra);
+    if (extra == kEmpty) continue;
+    const auto result = ImprimirTextoFiscalInterna(library, extra);
+    if (safe && result != kSuccess) return false;
   }
+  return true;
 }
 
 std::int32_t VerificaEspacioItem(Library& library) {
@@ -143,8 +148,7 @@ bool MakeWay(Library& library, const Item& item) {
   const auto& state = library.state;
   const bool on_form = state.TipoComprobante == kFormFamily;
   if (on_form && state.UtilizaTransporte == 1 && !RoomForItem(library)) return false;
-  if (state.TipoComprobante == kTicketFamily) PrintExtras(library, item);
-  return true;
+  return state.TipoComprobante != kTicketFamily || PrintExtras(library, item);
 }
 
 std::int32_t Print(Library& library, std::string_view name, const Item& item) {

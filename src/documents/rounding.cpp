@@ -1,4 +1,5 @@
 #include <array>
+#include <cmath>
 #include <string>
 
 #include "documents/document_kinds.hpp"
@@ -8,6 +9,7 @@
 #include "operation/operation.hpp"
 #include "protocol/answer_check.hpp"
 #include "state/log.hpp"
+#include "state/report.hpp"
 
 namespace kestra {
 namespace {
@@ -57,6 +59,7 @@ Reading ReadTotal(Library& library, const Adjuster& adjuster) {
   const bool answered = Run(library, {.command = command}) == kSuccess;
   if (adjuster.split_again) SepararRespuesta(library);
   const auto& answer = library.state.Respuesta;
+  if (!answered && library.certainty.settings.ModoSeguro == 1) return {0, false};
   const double total = ToRealNumber(answer[2]) / 100;
   // Two more fields must be numbers, although nothing is done with them.
   ToRealNumber(answer[3]);
@@ -64,8 +67,21 @@ Reading ReadTotal(Library& library, const Adjuster& adjuster) {
   return {total, answered};
 }
 
-void Adjust(Library& library, Line line, double difference) {
-  Run(library, {.command = line(HundredthsDigits(difference))});
+bool Adjust(Library& library, Line line, double difference) {
+  return Run(library, {.command = line(HundredthsDigits(difference))}) == kSuccess;
+}
+
+// In the safe mode a line that was accepted is not asked about for ever.
+constexpr int kSafeRounds = 3;
+
+void EqualizeSafely(Library& library, const Adjuster& adjuster, double total) {
+  for (int round = 0; round < kSafeRounds; ++round) {
+    const auto [printed, answered] = ReadTotal(library, adjuster);
+    if (!answered || total == printed) return;
+    const auto line = total > printed ? adjuster.raise : adjuster.lower;
+    if (!Adjust(library, line, std::abs(total - printed))) return;
+  }
+  NoteVerdict(library, {Outcome::kNotDone, Cause::kBooksDisagree});
 }
 
 // Kept as is: it ends when the totals agree, and only then: hosts wait for a printer that does not answer.
@@ -85,8 +101,9 @@ void AjusteRedondeo(Library& library, double total) {
   if (library.state.AjusteRedondeo != 1) return;
   const double rounded = RoundToHundredths(total);
   EscribirLog(library, " - Comando : AjusteRedondeo");
+  const auto equalize = library.certainty.settings.ModoSeguro == 1 ? EqualizeSafely : Equalize;
   for (const auto& adjuster : kAdjusters) {
-    if (library.state.TipoComprobante == adjuster.family) Equalize(library, adjuster, rounded);
+    if (library.state.TipoComprobante == adjuster.family) equalize(library, adjuster, rounded);
   }
 }
 

@@ -1,9 +1,11 @@
 #include "frame/configuration.hpp"
 
 #include <array>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 #include "base/ansi.hpp"
@@ -101,6 +103,50 @@ consteval bool NoneRepeated() {
 }
 static_assert(NoneRepeated());
 
+// The keys that an installation may have beside those. What is no number, or out of its range, is as if it
+// were not there.
+struct SafeKey {
+  std::string_view name;
+  std::variant<std::int32_t SafeSettings::*, std::string SafeSettings::*> field;
+  std::int32_t least = 0;
+  std::int32_t most = 1;
+};
+
+constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
+constexpr std::array kSafeKeys = {
+    SafeKey{"ModoSeguro", &SafeSettings::ModoSeguro},
+    SafeKey{"ReconoceRepetidas", &SafeSettings::ReconoceRepetidas},
+    SafeKey{"PacienciaSegura", &SafeSettings::PacienciaSegura, 1, 3600},
+    SafeKey{"ControlarTotal", &SafeSettings::ControlarTotal},
+    SafeKey{"Diario", &SafeSettings::Diario},
+    SafeKey{"DiarioDias", &SafeSettings::DiarioDias, 0, kAnyNumber},
+    SafeKey{"DiarioObligatorio", &SafeSettings::DiarioObligatorio},
+    SafeKey{"LogMaximo", &SafeSettings::LogMaximo, 0, kAnyNumber},
+    SafeKey{"EsperaPuerto", &SafeSettings::EsperaPuerto, 0, 3600},
+};
+
+std::optional<std::int32_t> NumberWithin(std::string_view text, const SafeKey& key) {
+  if (!IsNumber(text)) return std::nullopt;
+  try {
+    const auto number = ToNumber(text);
+    if (number >= key.least && number <= key.most) return number;
+  } catch (
+      const Failure&) {  // NOLINT(bugprone-empty-catch): too large for a number is out of range
+  }
+  return std::nullopt;
+}
+
+struct StoreSafely {
+  SafeSettings& settings;
+  const SafeKey& key;
+  const std::string& text;
+
+  void operator()(std::int32_t SafeSettings::*field) const {
+    if (const auto number = NumberWithin(text, key)) settings.*field = *number;
+  }
+  void operator()(std::string SafeSettings::*field) const { settings.*field = TrimBlanks(text); }
+};
+
 // Stores one key's text in its field, each conversion in its own way.
 struct Store {
   State& state;
@@ -127,6 +173,15 @@ struct Store {
 
 std::string LeerValorIni(Library& library, std::string_view key) {
   return library.platform.GetProfile().Read(kSection, key, kConfigurationFile);
+}
+
+void ReadSafeSettings(Library& library) {
+  SafeSettings settings;
+  for (const auto& key : kSafeKeys) {
+    const auto text = LeerValorIni(library, key.name);
+    std::visit(StoreSafely{settings, key, text}, key.field);
+  }
+  library.certainty.settings = std::move(settings);
 }
 
 void Lee_Ini(Library& library) {

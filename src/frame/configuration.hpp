@@ -17,4 +17,7 @@ std::string LeerValorIni(Library& library, std::string_view key);
 // is shown to the operator and ends the reading; the fields behind it keep their values.
 void Lee_Ini(Library& library);
 
+// The keys beside those; without them nothing changes.
+void ReadSafeSettings(Library& library);
+
 }  // namespace kestra

@@ -66,6 +66,7 @@ std::int32_t Init(Library& library) {
   library.platform.BeginStartUp();
   try {
     Lee_Ini(library);
+    ReadSafeSettings(library);
     ApplyModel(library.state);
     SetUpPort(library);
   } catch (...) {

@@ -12,6 +12,14 @@ namespace kestra {
 constexpr std::size_t kAnswerFields = 15;
 using Fields = std::array<std::string, kAnswerFields>;
 
+// What stands for an answer where none came.
+constexpr std::string_view kCommunicationError =
+    "\x02"
+    "0\x1C"
+    "0\x1C"
+    "0\x1C"
+    "ERROR DE COMUNICACION\x03";
+
 // Cuts the next field off the front of `answers`: what stands between a separator and the next
 // one (or the end byte). Empty, with nothing cut, when there is no end.
 std::string SiguienteCampo(std::string& answers);

@@ -50,14 +50,37 @@ void DecodificarEstados(Library& library) {
   DecodeFiscal(library.state.EstadoFiscal, library.state.BitFiscal);
 }
 
-bool ListarRespuestas(Library& library) {
-  auto& state = library.state;
+namespace {
+
+void TakeAnswer(Library& library) {
+  const auto& state = library.state;
   SepararRespuesta(library);
   DecodificarEstados(library);
-  const bool failure = FailsCommand(state.BitImpresora, state.BitFiscal);
   if (state.MostrarRespuestas == 1) {
     library.platform.GetOperator().Message(ListingText(AllFields(state)), "", kBoxOk);
   }
+}
+
+}  // namespace
+
+void ShowAnswer(Library& library, const std::string& answer) {
+  library.state.RespuestaActual = answer;
+  TakeAnswer(library);
+}
+
+void ReportConditions(Library& library) {
+  const auto& state = library.state;
+  const bool failure = FailsCommand(state.BitImpresora, state.BitFiscal);
+  const bool wanted = failure && state.ErrorMostrar == 1;
+  if (!wanted && state.BitImpresora[kOutOfPaper] == kFalse) return;
+  library.certainty.report.reported = true;
+  ShowReport(library);
+}
+
+bool ListarRespuestas(Library& library) {
+  const auto& state = library.state;
+  TakeAnswer(library);
+  const bool failure = FailsCommand(state.BitImpresora, state.BitFiscal);
   // Kept as is: out of paper asks for the operator even when the command went through.
   if (state.BitImpresora[kOutOfPaper] != kFalse) ShowReport(library);
   if (!failure) return true;

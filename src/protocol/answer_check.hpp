@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "protocol/command.hpp"
 
 namespace kestra {
@@ -16,6 +18,13 @@ void LimpiarBits(Library& library);
 
 // Decodes both status words into the flags. Throws Failure for a word that is not hexadecimal.
 void DecodificarEstados(Library& library);
+
+// Makes an answer the last one: splits and decodes it, and lists it where MostrarRespuestas is 1.
+void ShowAnswer(Library& library, const std::string& answer);
+
+// Shows the status report, once, for a printer that is out of paper or has a condition that the base
+// verdict calls a failure.
+void ReportConditions(Library& library);
 
 // Splits, decodes, lists and judges the last answer; shows the status report when the printer is
 // out of paper or refused the command. True: the answer carries no error.

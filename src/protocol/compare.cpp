@@ -124,7 +124,7 @@ std::optional<std::int64_t> SecondsOf(std::string_view date, std::string_view ti
 Finding ClockSet(const Case& c) {
   const auto wanted = SecondsOf(CommandField(c.command, 1), CommandField(c.command, 2));
   const auto shown = SecondsOf(c.books.date, c.books.time);
-  if (!wanted || !shown) return Finding::kAbsent;
+  if (!wanted || !shown || c.books.passed < 0) return Finding::kAbsent;
   const auto late = static_cast<double>(*shown - *wanted);
   const bool equal = late >= -kClockSlack && late <= c.books.passed + kClockSlack;
   return equal ? Finding::kDone : Finding::kNotDone;

@@ -8,9 +8,12 @@
 #include <utility>
 
 #include "base/ansi.hpp"
+#include "protocol/answer.hpp"
 #include "protocol/answer_check.hpp"
 #include "protocol/frame_report.hpp"
 #include "protocol/packet.hpp"
+#include "protocol/safe_exchange.hpp"
+#include "protocol/safe_line.hpp"
 #include "state/library.hpp"
 #include "state/log.hpp"
 
@@ -21,13 +24,6 @@ namespace {
 constexpr int kTooManyForeign = 10;
 // The printer's patience with silence, in seconds.
 constexpr double kPatience = 5.0;
-
-constexpr std::string_view kCommunicationError =
-    "\x02"
-    "0\x1C"
-    "0\x1C"
-    "0\x1C"
-    "ERROR DE COMUNICACION\x03";
 
 // What became of one frame.
 enum class Arrival { kOwn, kForeign, kExpired };
@@ -94,8 +90,7 @@ bool Exchange::Run() {
 
 void Exchange::OpenPort() {
   line_ = "abrir";
-  if (Puerto().PortOpen()) Puerto().PortOpen(false);
-  Puerto().PortOpen(true);
+  kestra::OpenPort(library_);
 }
 
 void Exchange::Close() noexcept {
@@ -253,6 +248,7 @@ Exchange::Step Exchange::Judge() {
 }  // namespace
 
 bool Enviar(Library& library, const std::string& command) {
+  if (library.certainty.settings.ModoSeguro == 1) return EnviarSeguro(library, command);
   Exchange exchange(library, command);
   try {
     const bool accepted = exchange.Run();

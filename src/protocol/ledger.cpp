@@ -197,6 +197,9 @@ void EnterSubtotal(Ledger& ledger, const Subtotal& subtotal) {
   ledger.perceptions = subtotal.perceptions;
   ledger.net = subtotal.net;
   ledger.iva = subtotal.iva;
+  // A total that is not what was sent stays as it was reckoned, for who compares them before the closing.
+  const auto& total = ledger.total;
+  if (total && std::llabs(total->cents - subtotal.total) > total->slack) return;
   ledger.total = Amount{subtotal.total, 0};
 }
 

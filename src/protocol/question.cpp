@@ -11,16 +11,19 @@ namespace {
 
 constexpr std::int32_t kBetweenQuestionsMs = 200;
 
+}  // namespace
+
 void Learn(Library& library, const std::string& command, const Fields& fields) {
   auto& ledger = library.certainty.ledger;
   EnterWords(ledger, WordsOf(fields));
-  if (command != CountersQuestion()) return;
-  if (const auto counters = ReadCounters(fields, library.state.ModeloNombre)) {
-    EnterCounters(ledger, *counters);
+  if (command == CountersQuestion()) {
+    if (const auto counters = ReadCounters(fields, library.state.ModeloNombre)) {
+      EnterCounters(ledger, *counters);
+    }
+  } else if (command == SubtotalQuestion(command)) {
+    if (const auto subtotal = ReadSubtotal(fields)) EnterSubtotal(ledger, *subtotal);
   }
 }
-
-}  // namespace
 
 Reply AskOn(SafeLine& line, Library& library, const std::string& command) {
   auto& clock = library.platform.GetClock();

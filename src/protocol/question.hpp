@@ -23,6 +23,9 @@ struct Reply {
 // have passed.
 Reply Ask(Library& library, const std::string& command, double patience = 0);
 
+// What a legal answer tells the ledger of the printer's books.
+void Learn(Library& library, const std::string& command, const Fields& fields);
+
 // Once, on a line that somebody has open.
 Reply AskOn(SafeLine& line, Library& library, const std::string& command);
 

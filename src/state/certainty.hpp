@@ -70,6 +70,7 @@ struct CallReport {
   std::optional<Verdict> so_far;
   Errand errand = Errand::kCommand;
   Cause aside = Cause::kNone;  // met without changing the outcome
+  bool reported = false;       // the operator has seen the status report
 };
 
 // An amount in hundredths, known to within `slack` of them.

@@ -67,7 +67,7 @@ CampaignReport RunCampaign(const CampaignSettings& settings) {
   CampaignReport report;
   std::vector<Trial> trials;
   for (const CanonicalDocument& document : CanonicalDocuments()) {
-    trials.emplace_back(document, settings.habit, report);
+    trials.emplace_back(document, settings, report);
     trials.back().MeasureOperations();
     report.by_document.emplace_back(document.name, Tally{});
     TouchEveryByte(trials.back(), settings, report);

@@ -44,6 +44,7 @@ struct CampaignSettings {
   std::size_t pairs = 0;   // runs of two faults each, over all documents
   std::uint64_t seed = 1;  // of the pairs
   OperatorHabit habit = OperatorHabit::kNever;
+  Mode mode = Mode::kBase;
 };
 
 struct CampaignReport {

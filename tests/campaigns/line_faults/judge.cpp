@@ -14,6 +14,11 @@ constexpr Micros kLongestWork = std::chrono::milliseconds(1200);
 // Of the longest frame and its answer at 9600 baud.
 constexpr Micros kLongestWire = std::chrono::milliseconds(500);
 
+constexpr Micros kLongestExchange = kLongestWait + kLongestWork + kLongestWire;
+
+// As PacienciaSegura has it where it is not set.
+constexpr Micros kSafePatience = std::chrono::seconds(20);
+
 constexpr char kFiscalText = 'A';
 
 bool MoreThanOnce(const Deeds& done, const Deeds& asked) {
@@ -57,9 +62,13 @@ Verdict Judge(const RunReport& run, const RunReport& good) {
 }
 
 Micros LongestCall(std::size_t frames, const Strain& strain) {
+  // Each fault costs the safe mode its patience at most, and what was under way.
+  const auto faults = static_cast<std::int64_t>(strain.faults);
+  if (strain.mode != Mode::kBase) {
+    return kSafePatience * faults + kLongestExchange * static_cast<std::int64_t>(frames + 1);
+  }
   const std::size_t attempts = 1 + strain.faults + (strain.habit == OperatorHabit::kOnce ? 1 : 0);
-  return (kLongestWait + kLongestWork + kLongestWire) *
-         static_cast<std::int64_t>(frames * attempts);
+  return kLongestExchange * static_cast<std::int64_t>(frames * attempts);
 }
 
 }  // namespace kestra::line_faults

@@ -35,6 +35,7 @@ Verdict Judge(const RunReport& run, const RunReport& good);
 struct Strain {
   std::size_t faults = 0;
   OperatorHabit habit = OperatorHabit::kNever;
+  Mode mode = Mode::kBase;
 };
 
 // The longest that a call of so many frames may take.

@@ -69,16 +69,27 @@ impresora::Settings PrinterOf(const CanonicalDocument& document) {
   return settings;
 }
 
+// The printer's calendar stands still: what the host reads differs for the line's faults alone. In the safe
+// mode it stands at another hour than the one that a document sets, which could not be told from it.
+std::int64_t HourOf(Mode mode) {
+  return *impresora::ParseDate("261121") +
+         *impresora::ParseTime(mode == Mode::kBase ? "103000" : "093000");
+}
+
 }  // namespace
 
-LineWorld::LineWorld(const CanonicalDocument& document, std::span<const ByteFault> faults)
-    : session_(PrinterOf(document), *this, {.baud = kBaud}),
+LineWorld::LineWorld(const CanonicalDocument& document, std::span<const ByteFault> faults,
+                     Mode mode)
+    : local_seconds_(HourOf(mode)),
+      session_(PrinterOf(document), *this, {.baud = kBaud}),
       to_printer_(Direction::kToPrinter, faults),
       to_host_(Direction::kToHost, faults) {
   clock_.SetDate(21, 11, 2026);
   clock_.SetTimeOfDay(10.5 * 3600);
   for (const auto& setting : unit::kSettings) profile_.Set(setting.key, setting.value);
   for (const Override& row : kDigits) profile_.Set(row.key, row.value);
+  if (mode != Mode::kBase) profile_.Set("ModoSeguro", "1");
+  if (mode == Mode::kSafeWithRepeats) profile_.Set("ReconoceRepetidas", "1");
   for (const Override& row : document.configuration) profile_.Set(row.key, row.value);
   session_.Attach(*this);
 }
@@ -91,11 +102,8 @@ std::unique_ptr<SerialPort> LineWorld::CreatePort(const PortSettings& /*settings
   return std::make_unique<WorldPort>(*this);
 }
 
-// The printer's calendar stands still: what the host reads differs for the line's faults alone.
 std::int64_t LineWorld::LocalSeconds() {
-  static const std::int64_t opening =
-      *impresora::ParseDate("261121") + *impresora::ParseTime("103000");
-  return opening;
+  return local_seconds_;
 }
 
 void LineWorld::Write(std::string_view bytes) {

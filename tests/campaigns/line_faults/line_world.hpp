@@ -21,11 +21,15 @@
 
 namespace kestra::line_faults {
 
+// How the driver is set up: with ModoSeguro, and with ReconoceRepetidas too.
+enum class Mode { kBase, kSafe, kSafeWithRepeats };
+
 // The virtual printer at the end of a line that fails as told, on a clock that moves when somebody
 // waits for the line.
 class LineWorld : public Platform, private impresora::WallClock, private impresora::Observer {
  public:
-  LineWorld(const CanonicalDocument& document, std::span<const ByteFault> faults);
+  LineWorld(const CanonicalDocument& document, std::span<const ByteFault> faults,
+            Mode mode = Mode::kBase);
   ~LineWorld() override;
 
   std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override;
@@ -67,6 +71,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   FakeOperator operator_{journal_, trouble_};
   FakeProfile profile_{trouble_};
   FakeLog log_{journal_, trouble_};
+  std::int64_t local_seconds_;
   impresora::Session session_;
   FaultyWire to_printer_;
   FaultyWire to_host_;

@@ -13,6 +13,8 @@
 //   --semilla S   of the pairs
 //   --todo        every other byte in its place and every byte before it, not only those that tell
 //   --insiste     the operator tries again, once
+//   --seguro      the driver with ModoSeguro
+//   --repetidas   the same with ReconoceRepetidas
 // The number in KESTRA_SHARE says at which of the first N bytes --cada begins, and is the seed if none is given:
 // each commit may try others.
 namespace kestra::line_faults {
@@ -26,6 +28,14 @@ CampaignSettings ReadOptions(int argc, char** argv) {
     const std::string_view name = argv[i];
     if (name == "--insiste") {
       settings.habit = OperatorHabit::kOnce;
+      continue;
+    }
+    if (name == "--seguro") {
+      settings.mode = Mode::kSafe;
+      continue;
+    }
+    if (name == "--repetidas") {
+      settings.mode = Mode::kSafeWithRepeats;
       continue;
     }
     if (name == "--todo") {

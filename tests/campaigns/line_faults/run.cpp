@@ -3,7 +3,6 @@
 #include <memory>
 #include <utility>
 
-#include "campaigns/line_faults/line_world.hpp"
 #include "commands/commands.hpp"
 #include "frame/instance.hpp"
 #include "golden/exports.hpp"
@@ -74,8 +73,8 @@ void LookAtAnswers(const LineWorld& world, RunReport& report) {
 }  // namespace
 
 RunReport Play(const CanonicalDocument& document, std::span<const ByteFault> faults,
-               OperatorHabit habit) {
-  auto owned = std::make_unique<LineWorld>(document, faults);
+               OperatorHabit habit, Mode mode) {
+  auto owned = std::make_unique<LineWorld>(document, faults, mode);
   LineWorld& world = *owned;
   if (habit == OperatorHabit::kOnce) world.GetOperator().Queue(Answer::kYes);
   ReplaceInstance(std::move(owned));

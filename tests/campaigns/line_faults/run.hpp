@@ -10,6 +10,7 @@
 #include "campaigns/line_faults/byte_fault.hpp"
 #include "campaigns/line_faults/canonical_documents.hpp"
 #include "campaigns/line_faults/faulty_wire.hpp"
+#include "campaigns/line_faults/line_world.hpp"
 
 namespace kestra::line_faults {
 
@@ -41,6 +42,6 @@ struct RunReport {
 };
 
 RunReport Play(const CanonicalDocument& document, std::span<const ByteFault> faults,
-               OperatorHabit habit);
+               OperatorHabit habit, Mode mode = Mode::kBase);
 
 }  // namespace kestra::line_faults

@@ -22,10 +22,12 @@ std::string Describe(const ByteFault& fault) {
 
 }  // namespace
 
-Trial::Trial(const CanonicalDocument& document, OperatorHabit habit, CampaignReport& report)
+Trial::Trial(const CanonicalDocument& document, const CampaignSettings& settings,
+             CampaignReport& report)
     : document_(&document),
-      habit_(habit),
-      good_(Play(document, {}, OperatorHabit::kNever)),
+      habit_(settings.habit),
+      mode_(settings.mode),
+      good_(Play(document, {}, OperatorHabit::kNever, mode_)),
       report_(&report) {}
 
 CallReport Trial::Silent(std::size_t call) const {
@@ -34,7 +36,7 @@ CallReport Trial::Silent(std::size_t call) const {
   for (std::size_t byte = first; byte < kAttempts * good_.to_printer; ++byte) {
     cut.push_back({.direction = Direction::kToPrinter, .position = byte});
   }
-  return Play(*document_, cut, OperatorHabit::kNever).calls.at(call);
+  return Play(*document_, cut, OperatorHabit::kNever, mode_).calls.at(call);
 }
 
 void Trial::MeasureOperations() {
@@ -48,12 +50,12 @@ void Trial::MeasureOperations() {
     times.frames = std::max(times.frames, frames_.back());
     times.good = std::max(times.good, good.lasted);
     times.silent = in_rounds ? kNoEnd : std::max(times.silent, silent.lasted);
-    times.allowed = std::max(times.allowed, LongestCall(frames_.back(), {1, habit_}));
+    times.allowed = std::max(times.allowed, LongestCall(frames_.back(), {1, habit_, mode_}));
   }
 }
 
 void Trial::Run(std::span<const ByteFault> faults, std::initializer_list<Tally*> tallies) {
-  const RunReport run = Play(*document_, faults, habit_);
+  const RunReport run = Play(*document_, faults, habit_, mode_);
   const Verdict verdict = Judge(run, good_);
   for (Tally* tally : tallies) tally->Count(verdict, run);
   for (const CallReport& call : run.calls) {
@@ -65,19 +67,34 @@ void Trial::Run(std::span<const ByteFault> faults, std::initializer_list<Tally*>
 
 bool Trial::Hung(const RunReport& run, std::size_t faults) const {
   for (std::size_t i = 0; i < run.calls.size(); ++i) {
-    if (run.calls[i].lasted > LongestCall(frames_[i], {faults, habit_})) return true;
+    if (run.calls[i].lasted > LongestCall(frames_[i], {faults, habit_, mode_})) return true;
   }
   return false;
 }
 
 void Trial::Check(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults) {
   if (Hung(run, faults.size())) Breach("longer than the protocol allows", faults);
+  if (mode_ != Mode::kBase) return CheckSafe(run, verdict, faults);
   // Two faults can make up for each other in the printer's sum; one cannot.
   if (faults.size() > 1) return;
   if (Misled(verdict) && !run.damaged_answer) Breach("misled by what the printer said", faults);
   if (verdict == Verdict::kAltered) Breach("a damaged command was carried out", faults);
   const bool only_late = faults[0].kind == FaultKind::kSplit;
   if (only_late && verdict != Verdict::kAgreed) Breach("nothing was wrong with the bytes", faults);
+}
+
+// What passes is no failure; only what no book shows may stay unknown, and is told as not done.
+void Trial::CheckSafe(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults) {
+  if (faults.size() > 1) return;
+  const bool may_doubt = mode_ == Mode::kSafe && verdict == Verdict::kAmbiguous;
+  if (verdict != Verdict::kAgreed && !may_doubt) {
+    Breach(kVerdictNames[static_cast<std::size_t>(verdict)], faults);
+  }
+  if (mode_ != Mode::kSafeWithRepeats) return;
+  const bool all = run.calls.size() == good_.calls.size();
+  if (!all || run.calls.back().result != good_.calls.back().result) {
+    Breach("a fault that passes ended a call", faults);
+  }
 }
 
 void Trial::Breach(std::string_view what, std::span<const ByteFault> faults) {

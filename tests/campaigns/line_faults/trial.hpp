@@ -14,7 +14,8 @@ namespace kestra::line_faults {
 // each run for what must never happen.
 class Trial {
  public:
-  Trial(const CanonicalDocument& document, OperatorHabit habit, CampaignReport& report);
+  Trial(const CanonicalDocument& document, const CampaignSettings& settings,
+        CampaignReport& report);
 
   // On a good line, and with a printer that falls silent before each call.
   void MeasureOperations();
@@ -29,11 +30,13 @@ class Trial {
  private:
   [[nodiscard]] CallReport Silent(std::size_t call) const;
   [[nodiscard]] bool Hung(const RunReport& run, std::size_t faults) const;
+  void CheckSafe(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults);
   void Check(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults);
   void Breach(std::string_view what, std::span<const ByteFault> faults);
 
   const CanonicalDocument* document_;
   OperatorHabit habit_;
+  Mode mode_;
   RunReport good_;
   std::vector<std::size_t> frames_;  // at most, by call
   CampaignReport* report_;

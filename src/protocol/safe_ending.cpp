@@ -1,0 +1,122 @@
+#include "protocol/safe_ending.hpp"
+
+#include <utility>
+
+#include "base/ansi.hpp"
+#include "dialogs/conditions.hpp"
+#include "protocol/answer_check.hpp"
+#include "protocol/books.hpp"
+#include "protocol/exchange.hpp"
+#include "protocol/ledger.hpp"
+#include "protocol/question.hpp"
+#include "protocol/strict_answer.hpp"
+#include "protocol/verdict.hpp"
+#include "state/journal.hpp"
+#include "state/library.hpp"
+
+namespace kestra {
+
+SafeEnding::SafeEnding(Library& library, std::string command)
+    : library_(library), command_(std::move(command)) {
+  library_.state.ComandoActual = command_;
+}
+
+Pending SafeEnding::Intent() const {
+  const auto& certainty = library_.certainty;
+  return {.call = certainty.report.call,
+          .command = command_,
+          .accepted = certainty.accepted,
+          .before = certainty.ledger};
+}
+
+void SafeEnding::TakeAnswer(std::string answer, const Fields& fields) {
+  answer_ = std::move(answer);
+  fields_ = fields;
+  own_ = true;
+}
+
+void SafeEnding::TakeBooks(std::string_view header, const Fields& fields) {
+  answer_ = AnswerOf(header, fields);
+  fields_ = fields;
+  own_ = false;
+}
+
+Cause SafeEnding::Condition() const {
+  if (answer_.empty()) return Cause::kNone;
+  const auto words = WordsOf(fields_);
+  return JudgeWords(words.printer, words.fiscal).cause;
+}
+
+bool SafeEnding::OperatorInsists(const Verdict& verdict) {
+  const auto text = std::string("Error de Comunicación con la fiscal. Reintentar?\r\r"_ansi) +
+                    CauseText(verdict.cause, verdict.outcome);
+  const auto answer = library_.platform.GetOperator().Message(text, "Error !", kBoxYesNo);
+  return answer == kAnswerYes;
+}
+
+bool SafeEnding::ReportAndRetry() {
+  ShowAnswer(library_, answer_);
+  reported_ = true;
+  library_.state.Reintentar = kFalse;
+  ReportConditions(library_);
+  return library_.state.Reintentar != kFalse;
+}
+
+void SafeEnding::EnterDone() {
+  auto& certainty = library_.certainty;
+  if (own_) {
+    Enter(certainty.ledger, command_, library_.state);
+    EnterNumber(certainty.ledger, command_, fields_[2]);
+  }
+  if (MethodOf(command_).method != Method::kQuestion) certainty.accepted.push_back(command_);
+}
+
+// Nothing here waits for anybody.
+void SafeEnding::Remember(const Verdict& verdict, Keep keep) {
+  ended_ = true;
+  done_ = verdict.outcome == Outcome::kDone;
+  if (done_) EnterDone();
+  const bool question = MethodOf(command_).method == Method::kQuestion;
+  if (!answer_.empty()) {
+    NoteAnswer(library_, fields_);
+    if (own_) Learn(library_, command_, fields_);
+  }
+  NoteVerdict(library_, verdict, question ? Errand::kQuestion : Errand::kCommand);
+  if (keep == Keep::kPending && library_.certainty.pending) return;
+  library_.certainty.pending.reset();
+  if (!question) JournalResult(library_, verdict);
+}
+
+void SafeEnding::End(const Verdict& verdict, Told told, Keep keep) {
+  Remember(verdict, keep);
+  if (!answer_.empty()) {
+    if (!reported_) ShowAnswer(library_, answer_);
+    if (!reported_ && !library_.certainty.report.reported) ReportConditions(library_);
+    return ShowCommand();
+  }
+  library_.state.RespuestaActual = kCommunicationError;
+  if (told == Told::kNothing) Tell(verdict);
+}
+
+void SafeEnding::EndDoneBefore(const Fields& fields) {
+  ended_ = done_ = true;
+  NoteVerdict(library_, {Outcome::kDone, Cause::kNone});
+  library_.certainty.accepted.push_back(command_);
+  if (fields[0].empty()) return;
+  NoteAnswer(library_, fields);
+  ShowAnswer(library_, AnswerOf(" " + command_.substr(0, 1), fields));
+}
+
+void SafeEnding::Tell(const Verdict& verdict) {
+  const auto text = "Error en el comando Enviar\r\r" + CauseText(verdict.cause, verdict.outcome);
+  library_.platform.GetOperator().Message(text, "", kBoxOk);
+}
+
+void SafeEnding::ShowCommand() {
+  if (library_.state.MostrarComandos == 0) return;
+  std::string text = "Comando enviado:" + library_.state.ComandoActual;
+  text.append("\r /OK: ").append(done_ ? "True" : "False");
+  library_.platform.GetOperator().Message(text, "", kBoxOk);
+}
+
+}  // namespace kestra

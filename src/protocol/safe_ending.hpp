@@ -1,0 +1,67 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "protocol/answer.hpp"
+#include "state/certainty.hpp"
+#include "state/report.hpp"
+
+namespace kestra {
+
+struct Library;
+
+// What the operator has been told of an outcome already.
+enum class Told { kNothing, kAll };
+// What stays behind of a command whose outcome is not known.
+enum class Keep { kNothing, kPending };
+
+// How a command of the safe mode ends: what is known goes to the ledger, the journal and the call's report,
+// and only then do boxes open.
+class SafeEnding {
+ public:
+  SafeEnding(Library& library, std::string command);
+
+  [[nodiscard]] const std::string& GetCommand() const { return command_; }
+
+  // The command as it is pending from its first byte on.
+  [[nodiscard]] Pending Intent() const;
+
+  // The command's own answer, or what the books have instead of it.
+  void TakeAnswer(std::string answer, const Fields& fields);
+  void TakeBooks(std::string_view header, const Fields& fields);
+
+  // The condition that the answer's status words tell of.
+  [[nodiscard]] Cause Condition() const;
+
+  // Asks whether to go on, when that would be the verdict if not.
+  bool OperatorInsists(const Verdict& verdict);
+
+  // Shows the status report where the settings want it. True: the operator wants the command sent again.
+  bool ReportAndRetry();
+
+  void End(const Verdict& verdict, Told told, Keep keep = Keep::kNothing);
+
+  // It was done when the same call was made before; `fields` is what is known of its answer.
+  void EndDoneBefore(const Fields& fields);
+
+  [[nodiscard]] bool HasEnded() const { return ended_; }
+  [[nodiscard]] bool IsDone() const { return done_; }
+
+ private:
+  void Remember(const Verdict& verdict, Keep keep);
+  void EnterDone();
+  void Tell(const Verdict& verdict);
+  void ShowCommand();
+
+  Library& library_;
+  std::string command_;
+  std::string answer_;  // to be split into the state record
+  Fields fields_;
+  bool own_ = false;       // it is the command's own answer
+  bool reported_ = false;  // the operator has seen the status report
+  bool ended_ = false;
+  bool done_ = false;
+};
+
+}  // namespace kestra

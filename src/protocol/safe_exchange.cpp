@@ -1,0 +1,300 @@
+#include "protocol/safe_exchange.hpp"
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <utility>
+
+#include "base/failure.hpp"
+#include "protocol/admission.hpp"
+#include "protocol/books.hpp"
+#include "protocol/consultation.hpp"
+#include "protocol/ledger.hpp"
+#include "protocol/patience.hpp"
+#include "protocol/question.hpp"
+#include "protocol/safe_ending.hpp"
+#include "protocol/safe_line.hpp"
+#include "protocol/strict_answer.hpp"
+#include "protocol/verdict.hpp"
+#include "state/library.hpp"
+#include "state/log.hpp"
+
+namespace kestra {
+namespace {
+
+// The printer keeps its last answer for six seconds: a repetition has to be there before.
+constexpr double kRepeatWithin = 5.5;
+constexpr std::int32_t kBetweenLooksMs = 1000;
+
+// What the books are asked for, and what follows from what they show.
+struct Reading {
+  // When the command was not carried out; without it the command is sent again.
+  std::optional<Verdict> if_not_done;
+  Verdict if_absent{Outcome::kUnknown, Cause::kNoBook};
+  bool then_cure = false;  // the mechanism has to be ready before it is sent again
+  bool answered = false;   // its own answer came: only what it means is to be found out
+};
+
+class SafeExchange {
+ public:
+  SafeExchange(Library& library, std::string command)
+      : library_(library),
+        row_(MethodOf(command)),
+        line_(library),
+        patience_(library),
+        ending_(library, std::move(command)) {}
+
+  bool Run();
+  bool Fail(const std::exception& error);
+
+ private:
+  enum class Step { kSend, kRepeat, kAskBooks, kCure, kEnd };
+
+  Step Take(Step step);
+  Step Send();
+  Step Put();
+  Step Doubted(Cause cause);
+  Step AskBooks();
+  Step Cure();
+  Step Judge();
+  Step JudgeMechanism(const Words& words);
+  Step Read(Reading reading);
+  Step Unanswered(Cause cause);
+  Step AskOperator(Step again, const Verdict& verdict);
+  Step End(const Verdict& verdict);
+
+  [[nodiscard]] bool HasBook() const { return row_.method > Method::kNoBook; }
+  [[nodiscard]] bool MayRepeat();
+  double Now() { return library_.platform.GetClock().Elapsed(); }
+
+  Library& library_;
+  const MethodRow& row_;
+  SafeLine line_;
+  Patience patience_;
+  SafeEnding ending_;
+  NumberedFrame frame_;
+  Ledger before_;         // when the frame was sent
+  double sent_ = 0;       // the frame, for the first time
+  int sendings_ = 0;      // under numbers of their own
+  bool written_ = false;  // a frame may have reached the printer, and nothing is known of it yet
+  Cause doubt_ = Cause::kNone;
+  Reading reading_;
+  Fields fields_;  // of its own answer
+};
+
+bool SafeExchange::Run() {
+  auto& command = ending_.GetCommand();
+  auto admission = Admit(library_, line_, patience_, command);
+  if (admission.done) {
+    ending_.EndDoneBefore(admission.fields);
+    return true;
+  }
+  if (admission.verdict.outcome != Outcome::kNothingAsked) {
+    ending_.End(admission.verdict, Told::kNothing);
+    return false;
+  }
+  auto step = Step::kSend;
+  while (step != Step::kEnd) step = Take(step);
+  line_.Close();
+  return ending_.IsDone();
+}
+
+bool SafeExchange::Fail(const std::exception& error) {
+  LogFailure(library_, ToFailure(error), "Enviar", "seguro");
+  line_.Close();
+  // What is known stays known, whatever a dialog behind it has met.
+  if (ending_.HasEnded()) return ending_.IsDone();
+  const auto outcome = written_ ? Outcome::kUnknown : Outcome::kNotSent;
+  ending_.End({outcome, CauseOf(ToFailure(error))}, Told::kNothing, Keep::kPending);
+  return false;
+}
+
+SafeExchange::Step SafeExchange::Take(Step step) {
+  switch (step) {
+    case Step::kSend:
+      return Send();
+    case Step::kRepeat:
+      return Put();
+    case Step::kAskBooks:
+      return AskBooks();
+    case Step::kCure:
+      return Cure();
+    case Step::kEnd:
+      break;
+  }
+  return Step::kEnd;
+}
+
+SafeExchange::Step SafeExchange::Send() {
+  if (!OpenInTime(library_, line_, patience_, sendings_ > 0)) {
+    if (sendings_ > 0) return AskOperator(Step::kSend, {Outcome::kNotDone, line_.Why()});
+    return End({Outcome::kNotSent, line_.Why()});
+  }
+  auto& state = library_.state;
+  if (state.DelayComandos > 0) library_.platform.GetClock().Sleep(state.DelayComandos);
+  frame_ = NumberFrame(library_, ending_.GetCommand());
+  state.ComandoActual = frame_.packet;
+  if (state.MostrarComandos != 0) {
+    library_.platform.GetOperator().Message("Comando a enviar:" + frame_.packet, "", kBoxOk);
+  }
+  before_ = library_.certainty.ledger;
+  reading_ = {};
+  if (HasBook()) library_.certainty.pending = ending_.Intent();
+  sent_ = Now();
+  ++sendings_;
+  return Put();
+}
+
+SafeExchange::Step SafeExchange::Put() {
+  NoteSending(library_);
+  written_ = true;
+  if (!line_.Write(frame_)) return Doubted(line_.Why());
+  auto reception = line_.Wait(frame_);
+  if (reception.answer.empty()) return Doubted(reception.cause);
+  line_.Acknowledge();
+  fields_ = FieldsOf(reception.answer);
+  ending_.TakeAnswer(std::move(reception.answer), fields_);
+  return Judge();
+}
+
+bool SafeExchange::MayRepeat() {
+  const auto since = std::max(sent_, line_.LastBusy().value_or(sent_));
+  return library_.certainty.settings.ReconoceRepetidas == 1 && !line_.WasLost() &&
+         Now() - since <= kRepeatWithin;
+}
+
+SafeExchange::Step SafeExchange::Doubted(Cause cause) {
+  doubt_ = cause;
+  patience_.Begin();
+  if (HasBook()) return Step::kAskBooks;
+  if (row_.method == Method::kNoBook) {
+    return MayRepeat() ? Step::kRepeat : End({Outcome::kUnknown, cause});
+  }
+  // A question prints nothing: it is asked again.
+  if (patience_.Over()) return AskOperator(Step::kSend, {Outcome::kNotDone, cause});
+  if (OpenInTime(library_, line_, patience_, true)) line_.Rest();
+  return Step::kSend;
+}
+
+SafeExchange::Step SafeExchange::AskBooks() {
+  patience_.Begin();
+  if (!OpenInTime(library_, line_, patience_, true)) return Unanswered(line_.Why());
+  Consultation found{.cause = Cause::kNone};
+  if (line_.Rest()) {
+    found = Consult(line_, library_, {ending_.GetCommand(), before_, Now() - sent_});
+  } else {
+    found.cause = line_.Why();
+  }
+  if (!found.answered) return patience_.Over() ? Unanswered(found.cause) : Step::kAskBooks;
+  if (found.finding == Finding::kDone) {
+    if (!reading_.answered) ending_.TakeBooks(frame_.header, found.fields);
+    return End({Outcome::kDone, ending_.Condition()});
+  }
+  if (found.finding != Finding::kNotDone) {
+    const auto absent = reading_.answered ? reading_.if_absent.cause : found.cause;
+    return End({reading_.if_absent.outcome, absent});
+  }
+  written_ = false;
+  if (reading_.if_not_done) return End(*reading_.if_not_done);
+  if (reading_.then_cure) return Step::kCure;
+  return patience_.Over() ? AskOperator(Step::kSend, {Outcome::kNotDone, doubt_}) : Step::kSend;
+}
+
+SafeExchange::Step SafeExchange::Unanswered(Cause cause) {
+  if (reading_.answered) return End(reading_.if_absent);
+  return AskOperator(Step::kAskBooks, {Outcome::kUnknown, cause});
+}
+
+// What the books cannot tell stays in doubt; what they cannot be asked for is pending.
+SafeExchange::Step SafeExchange::AskOperator(Step again, const Verdict& verdict) {
+  if (ending_.OperatorInsists(verdict)) {
+    patience_.Anew();
+    return again;
+  }
+  const auto keep = verdict.outcome == Outcome::kUnknown ? Keep::kPending : Keep::kNothing;
+  ending_.End(verdict, Told::kAll, keep);
+  return Step::kEnd;
+}
+
+SafeExchange::Step SafeExchange::Read(Reading reading) {
+  reading.answered = true;
+  if (!HasBook()) return End(reading.if_absent);
+  reading_ = reading;
+  return Step::kAskBooks;
+}
+
+SafeExchange::Step SafeExchange::Judge() {
+  const auto words = WordsOf(fields_);
+  const auto condition = ending_.Condition();
+  const Verdict done{Outcome::kDone, condition};
+  if ((words.fiscal & fiscal_word::kRefusal) != 0) {
+    const Verdict refused{Outcome::kRefused, condition};
+    if (sendings_ == 1) return End(refused);
+    return Read({.if_not_done = refused, .if_absent = refused});
+  }
+  if (row_.method == Method::kQuestion) return End(done);
+  const unsigned mechanism = printer_word::kFailure | printer_word::kOffLine;
+  if (row_.prints && (words.printer & mechanism) != 0) return JudgeMechanism(words);
+  if ((words.fiscal & fiscal_word::kMachine) == 0) return End(done);
+  return Read({.if_not_done = Verdict{Outcome::kNotDone, condition}, .if_absent = done});
+}
+
+// A printer that cannot print says so and does not carry the command out. Where something can be done about
+// it, that is waited for.
+SafeExchange::Step SafeExchange::JudgeMechanism(const Words& words) {
+  const unsigned curable = printer_word::kPaper | printer_word::kOffLine;
+  const bool failed = (words.printer & printer_word::kFailure) != 0;
+  const bool can_be_cured = (words.printer & curable) != 0;
+  if (failed && can_be_cured) {
+    reading_ = {.then_cure = true, .answered = true};
+    return Step::kCure;
+  }
+  const auto condition = ending_.Condition();
+  const Verdict refused{Outcome::kRefused, condition};
+  if (failed) return Read({.if_not_done = refused, .if_absent = refused});
+  return Read({.if_absent = {Outcome::kUnknown, condition}, .then_cure = true});
+}
+
+SafeExchange::Step SafeExchange::Cure() {
+  patience_.Begin();
+  if (patience_.Over()) {
+    if (!ending_.ReportAndRetry()) return End({Outcome::kRefused, ending_.Condition()});
+    patience_.Anew();
+  }
+  library_.platform.GetClock().Sleep(kBetweenLooksMs);
+  if (!OpenInTime(library_, line_, patience_, true) || !line_.Rest()) return Step::kCure;
+  const auto ready = [](const Fields& fields) {
+    const unsigned blocked = printer_word::kPaper | printer_word::kOffLine | printer_word::kFailure;
+    return (WordsOf(fields).printer & blocked) == 0;
+  };
+  if (!HasBook()) {
+    const auto reply = AskOn(line_, library_, CountersQuestion());
+    return reply.answered && ready(reply.fields) ? Step::kSend : Step::kCure;
+  }
+  const auto found = Consult(line_, library_, {ending_.GetCommand(), before_, Now() - sent_});
+  if (!found.answered) return Step::kCure;
+  if (found.finding == Finding::kDone) {
+    ending_.TakeBooks(frame_.header, found.fields);
+    return End({Outcome::kDone, ending_.Condition()});
+  }
+  return ready(found.fields) ? Step::kSend : Step::kCure;
+}
+
+SafeExchange::Step SafeExchange::End(const Verdict& verdict) {
+  written_ = false;
+  ending_.End(verdict, Told::kNothing);
+  return Step::kEnd;
+}
+
+}  // namespace
+
+bool EnviarSeguro(Library& library, const std::string& command) {
+  SafeExchange exchange(library, command);
+  try {
+    return exchange.Run();
+  } catch (const std::exception& error) {
+    return exchange.Fail(error);
+  }
+}
+
+}  // namespace kestra

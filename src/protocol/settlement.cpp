@@ -1,0 +1,70 @@
+#include "protocol/settlement.hpp"
+
+#include <string>
+
+#include "protocol/consultation.hpp"
+#include "protocol/patience.hpp"
+#include "protocol/safe_line.hpp"
+#include "state/journal.hpp"
+#include "state/library.hpp"
+#include "state/log.hpp"
+#include "state/report.hpp"
+
+namespace kestra {
+namespace {
+
+// Of a clock that was set by a call that is over, nobody knows when.
+constexpr double kLongAgo = -1.0;
+
+Outcome OutcomeOf(Finding finding) {
+  switch (finding) {
+    case Finding::kDone:
+      return Outcome::kDone;
+    case Finding::kNotDone:
+      return Outcome::kNotDone;
+    default:
+      return Outcome::kUnknown;
+  }
+}
+
+}  // namespace
+
+Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
+  auto& pending = library.certainty.pending;
+  Settlement settlement;
+  if (!pending) return settlement;
+  EscribirLog(library, " - Pendiente : " + pending->call);
+  const Doubt doubt{pending->command, pending->before, kLongAgo};
+  patience.Begin();
+  Consultation found;
+  while (!found.answered) {
+    const bool open = OpenInTime(library, line, patience, true);
+    if (open && line.Rest()) found = Consult(line, library, doubt);
+    if (found.answered || !patience.Over()) continue;
+    return {Outcome::kUnknown, open ? found.cause : line.Why(), false, {}};
+  }
+  settlement.outcome = OutcomeOf(found.finding);
+  settlement.cause = found.cause;
+  settlement.fields = found.fields;
+  NoteAnswer(library, settlement.fields);
+  pending.reset();
+  JournalResult(library, {settlement.outcome, settlement.cause});
+  return settlement;
+}
+
+Settlement SettlePending(Library& library) {
+  PrepareJournal(library);
+  SafeLine line(library);
+  Patience patience(library);
+  return SettleOn(line, library, patience);
+}
+
+void ForgetPending(Library& library) {
+  auto& pending = library.certainty.pending;
+  if (!pending) return;
+  EscribirLog(library, " - Olvidado : " + pending->call);
+  JournalForget(library);
+  pending.reset();
+}
+
+}  // namespace kestra

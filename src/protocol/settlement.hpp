@@ -1,0 +1,29 @@
+#pragma once
+
+#include "protocol/answer.hpp"
+#include "state/causes.hpp"
+#include "state/certainty.hpp"
+
+namespace kestra {
+
+struct Library;
+class Patience;
+class SafeLine;
+
+// What became of the pending command.
+struct Settlement {
+  Outcome outcome = Outcome::kNothingAsked;  // there was none
+  Cause cause = Cause::kNone;
+  bool settled = true;  // false: the printer did not answer, and it is pending still
+  Fields fields;        // what its own answer would have been; a closing's number is the third
+};
+
+// Asks the printer's books about the pending command until they answer or patience ends. No box is shown,
+// and nothing is printed.
+Settlement SettlePending(Library& library);
+Settlement SettleOn(SafeLine& line, Library& library, Patience& patience);
+
+// Drops what is pending, with a line in log and journal.
+void ForgetPending(Library& library);
+
+}  // namespace kestra
