@@ -248,7 +248,7 @@ Exchange::Step Exchange::Judge() {
 }  // namespace
 
 bool Enviar(Library& library, const std::string& command) {
-  if (library.certainty.settings.ModoSeguro == 1) return EnviarSeguro(library, command);
+  if (library.certainty.settings.ModoSeguro == 1) return SendSafely(library, command);
   Exchange exchange(library, command);
   try {
     const bool accepted = exchange.Run();

@@ -14,12 +14,12 @@ struct State;
 struct Books {
   bool open = false;     // a document, by the fiscal word
   bool refused = false;  // the question, as out of place
-  std::optional<Counters> counters;
-  std::optional<Subtotal> subtotal;
-  std::optional<bool> day_empty;
-  std::string_view text;  // of the header's line
-  std::string_view date;  // of the clock
-  std::string_view time;
+  std::optional<Counters> counters{};
+  std::optional<Subtotal> subtotal{};
+  std::optional<bool> day_empty{};
+  std::string_view text{};  // of the header's line
+  std::string_view date{};  // of the clock
+  std::string_view time{};
   double passed = 0;  // seconds since the command was first sent
 };
 

@@ -43,8 +43,7 @@ void SafeEnding::TakeBooks(std::string_view header, const Fields& fields) {
 
 Cause SafeEnding::Condition() const {
   if (answer_.empty()) return Cause::kNone;
-  const auto words = WordsOf(fields_);
-  return JudgeWords(words.printer, words.fiscal).cause;
+  return JudgeWords(WordsOf(fields_)).cause;
 }
 
 bool SafeEnding::OperatorInsists(const Verdict& verdict) {

@@ -29,7 +29,7 @@ constexpr std::int32_t kBetweenLooksMs = 1000;
 // What the books are asked for, and what follows from what they show.
 struct Reading {
   // When the command was not carried out; without it the command is sent again.
-  std::optional<Verdict> if_not_done;
+  std::optional<Verdict> if_not_done{};
   Verdict if_absent{Outcome::kUnknown, Cause::kNoBook};
   bool then_cure = false;  // the mechanism has to be ready before it is sent again
   bool answered = false;   // its own answer came: only what it means is to be found out
@@ -147,6 +147,8 @@ SafeExchange::Step SafeExchange::Send() {
 
 SafeExchange::Step SafeExchange::Put() {
   NoteSending(library_);
+  // A host may jump out of a box in the middle of it.
+  NoteSoFar(library_, {Outcome::kUnknown, Cause::kAbandoned}, ErrandOf(ending_.GetCommand()));
   written_ = true;
   if (!line_.Write(frame_)) return Doubted(line_.Why());
   auto reception = line_.Wait(frame_);
@@ -179,7 +181,7 @@ SafeExchange::Step SafeExchange::Doubted(Cause cause) {
 SafeExchange::Step SafeExchange::AskBooks() {
   patience_.Begin();
   if (!OpenInTime(library_, line_, patience_, true)) return Unanswered(line_.Why());
-  Consultation found{.cause = Cause::kNone};
+  Consultation found;
   if (line_.Rest()) {
     found = Consult(line_, library_, {ending_.GetCommand(), before_, Now() - sent_});
   } else {
@@ -288,7 +290,7 @@ SafeExchange::Step SafeExchange::End(const Verdict& verdict) {
 
 }  // namespace
 
-bool EnviarSeguro(Library& library, const std::string& command) {
+bool SendSafely(Library& library, const std::string& command) {
   SafeExchange exchange(library, command);
   try {
     return exchange.Run();

@@ -1,5 +1,6 @@
 #include "protocol/safe_line.hpp"
 
+#include <algorithm>
 #include <exception>
 
 #include "base/failure.hpp"
