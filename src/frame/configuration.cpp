@@ -181,7 +181,10 @@ void ReadSafeSettings(Library& library) {
     const auto text = LeerValorIni(library, key.name);
     std::visit(StoreSafely{settings, key, text}, key.field);
   }
-  library.certainty.settings = std::move(settings);
+  auto& certainty = library.certainty;
+  // What was sent without the safe mode went into no ledger.
+  if (certainty.settings.ModoSeguro == 0) certainty.ledger = {};
+  certainty.settings = std::move(settings);
 }
 
 void Lee_Ini(Library& library) {

@@ -70,6 +70,21 @@ bool TakeDoneBefore(Library& library, const std::string& command) {
   return same;
 }
 
+// After a command of which nothing was heard: whatever of it is still under way has arrived when a question
+// is answered.
+Cause HearThePrinter(Library& library, SafeLine& line, Patience& patience) {
+  while (library.certainty.unheard) {
+    const bool open = OpenInTime(library, line, patience, false);
+    if (!open) return line.Why();
+    patience.Begin();
+    const auto reply =
+        line.Rest() ? AskOn(line, library, CountersQuestion()) : Reply{.cause = line.Why()};
+    library.certainty.unheard = !reply.answered;
+    if (!reply.answered && patience.Over()) return reply.cause;
+  }
+  return Cause::kNone;
+}
+
 // Whether the printer's total is the sum of what it has accepted.
 Admission ControlTotal(Library& library, SafeLine& line, Patience& patience,
                        const std::string& command) {
@@ -111,6 +126,9 @@ Admission Admit(Library& library, SafeLine& line, Patience& patience, const std:
   Admission admission;
   if (library.certainty.pending) admission = Earlier(library, command).Settle(line, patience);
   if (admission.verdict.outcome != Outcome::kNothingAsked) return admission;
+  if (const auto cause = HearThePrinter(library, line, patience); cause != Cause::kNone) {
+    return NotSent(cause);
+  }
   admission.done = TakeDoneBefore(library, command);
   if (admission.done) return admission;
   admission = ControlTotal(library, line, patience, command);

@@ -120,6 +120,14 @@ std::string SubtotalQuestion(std::string_view command) {
   return Command(ticket ? 'C' : 'c').Field("N").Field(kEmpty).Bytes();
 }
 
+bool AsksForCounters(std::string_view command) {
+  return command.starts_with('*') && CommandField(command, 1) == "A";
+}
+
+bool AsksForSubtotal(std::string_view command) {
+  return (command.starts_with('C') || command.starts_with('c')) && CommandField(command, 1) == "N";
+}
+
 std::string QuestionFor(std::string_view command) {
   switch (MethodOf(command).method) {
     case Method::kLine:

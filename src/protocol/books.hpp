@@ -49,6 +49,8 @@ std::string CountersQuestion();
 std::string DayQuestion();
 std::string SubtotalQuestion(std::string_view command);  // of the family that calls it by this byte
 std::string QuestionFor(std::string_view command);       // by the command's method
+bool AsksForCounters(std::string_view command);
+bool AsksForSubtotal(std::string_view command);
 
 // What an answer's status words say.
 struct Words {

@@ -13,14 +13,14 @@ constexpr std::int32_t kBetweenQuestionsMs = 200;
 
 }  // namespace
 
-void Learn(Library& library, const std::string& command, const Fields& fields) {
+void Learn(Library& library, std::string_view command, const Fields& fields) noexcept {
   auto& ledger = library.certainty.ledger;
   EnterWords(ledger, WordsOf(fields));
-  if (command == CountersQuestion()) {
+  if (AsksForCounters(command)) {
     if (const auto counters = ReadCounters(fields, library.state.ModeloNombre)) {
       EnterCounters(ledger, *counters);
     }
-  } else if (command == SubtotalQuestion(command)) {
+  } else if (AsksForSubtotal(command)) {
     if (const auto subtotal = ReadSubtotal(fields)) EnterSubtotal(ledger, *subtotal);
   }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "protocol/answer.hpp"
 #include "state/causes.hpp"
@@ -13,7 +14,7 @@ class SafeLine;
 // What came of a question.
 struct Reply {
   bool answered = false;
-  Fields fields;               // the status words and the data fields
+  Fields fields{};             // the status words and the data fields
   Cause cause = Cause::kNone;  // why it was not answered
 };
 
@@ -24,7 +25,7 @@ struct Reply {
 Reply Ask(Library& library, const std::string& command, double patience = 0);
 
 // What a legal answer tells the ledger of the printer's books.
-void Learn(Library& library, const std::string& command, const Fields& fields);
+void Learn(Library& library, std::string_view command, const Fields& fields) noexcept;
 
 // Once, on a line that somebody has open.
 Reply AskOn(SafeLine& line, Library& library, const std::string& command);

@@ -19,6 +19,9 @@ namespace kestra {
 SafeEnding::SafeEnding(Library& library, std::string command)
     : library_(library), command_(std::move(command)) {
   library_.state.ComandoActual = command_;
+  // So that nothing can fail once the outcome is known.
+  spare_ = command_;
+  library_.certainty.accepted.reserve(library_.certainty.accepted.size() + 1);
 }
 
 Pending SafeEnding::Intent() const {
@@ -32,13 +35,11 @@ Pending SafeEnding::Intent() const {
 void SafeEnding::TakeAnswer(std::string answer, const Fields& fields) {
   answer_ = std::move(answer);
   fields_ = fields;
-  own_ = true;
 }
 
 void SafeEnding::TakeBooks(std::string_view header, const Fields& fields) {
   answer_ = AnswerOf(header, fields);
   fields_ = fields;
-  own_ = false;
 }
 
 Cause SafeEnding::Condition() const {
@@ -61,34 +62,36 @@ bool SafeEnding::ReportAndRetry() {
   return library_.state.Reintentar != kFalse;
 }
 
-void SafeEnding::EnterDone() {
+void SafeEnding::EnterDone() noexcept {
   auto& certainty = library_.certainty;
-  if (own_) {
-    Enter(certainty.ledger, command_, library_.state);
-    EnterNumber(certainty.ledger, command_, fields_[2]);
-  }
-  if (MethodOf(command_).method != Method::kQuestion) certainty.accepted.push_back(command_);
+  if (!entered_) Enter(certainty.ledger, command_, library_.state);
+  EnterNumber(certainty.ledger, command_, fields_[2]);
+  if (MethodOf(command_).method == Method::kQuestion) return;
+  certainty.accepted.push_back(std::move(spare_));
 }
 
 // Nothing here waits for anybody.
-void SafeEnding::Remember(const Verdict& verdict, Keep keep) {
+void SafeEnding::Remember(const Verdict& verdict, Keep keep) noexcept {
   ended_ = true;
   done_ = verdict.outcome == Outcome::kDone;
   if (done_) EnterDone();
-  const bool question = MethodOf(command_).method == Method::kQuestion;
   if (!answer_.empty()) {
     NoteAnswer(library_, fields_);
-    if (own_) Learn(library_, command_, fields_);
+    Learn(library_, command_, fields_);
   }
-  NoteVerdict(library_, verdict, question ? Errand::kQuestion : Errand::kCommand);
+  const auto errand = ErrandOf(command_);
+  NoteVerdict(library_, verdict, errand);
+  library_.certainty.unheard = verdict.outcome == Outcome::kUnknown;
+  if (errand == Errand::kQuestion) return;
   if (keep == Keep::kPending && library_.certainty.pending) return;
   library_.certainty.pending.reset();
-  if (!question) JournalResult(library_, verdict);
+  JournalResult(library_, verdict);
 }
 
 void SafeEnding::End(const Verdict& verdict, Told told, Keep keep) {
   Remember(verdict, keep);
   if (!answer_.empty()) {
+    library_.state.Reintentar = kFalse;
     if (!reported_) ShowAnswer(library_, answer_);
     if (!reported_ && !library_.certainty.report.reported) ReportConditions(library_);
     return ShowCommand();
@@ -100,10 +103,17 @@ void SafeEnding::End(const Verdict& verdict, Told told, Keep keep) {
 void SafeEnding::EndDoneBefore(const Fields& fields) {
   ended_ = done_ = true;
   NoteVerdict(library_, {Outcome::kDone, Cause::kNone});
-  library_.certainty.accepted.push_back(command_);
+  library_.certainty.accepted.push_back(std::move(spare_));
   if (fields[0].empty()) return;
   NoteAnswer(library_, fields);
   ShowAnswer(library_, AnswerOf(" " + command_.substr(0, 1), fields));
+}
+
+void SafeEnding::EndUnsent(const Verdict& verdict) {
+  ended_ = true;
+  NoteVerdict(library_, verdict, ErrandOf(command_));
+  library_.state.RespuestaActual = kCommunicationError;
+  Tell(verdict);
 }
 
 void SafeEnding::Tell(const Verdict& verdict) {

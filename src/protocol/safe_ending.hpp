@@ -40,7 +40,14 @@ class SafeEnding {
   // Shows the status report where the settings want it. True: the operator wants the command sent again.
   bool ReportAndRetry();
 
+  // The books were asked: the ledger has it from them.
+  void BooksTold() { entered_ = true; }
+  void NotDone() { entered_ = false; }
+
   void End(const Verdict& verdict, Told told, Keep keep = Keep::kNothing);
+
+  // It was not sent, and nothing but that is known of it.
+  void EndUnsent(const Verdict& verdict);
 
   // It was done when the same call was made before; `fields` is what is known of its answer.
   void EndDoneBefore(const Fields& fields);
@@ -49,8 +56,8 @@ class SafeEnding {
   [[nodiscard]] bool IsDone() const { return done_; }
 
  private:
-  void Remember(const Verdict& verdict, Keep keep);
-  void EnterDone();
+  void Remember(const Verdict& verdict, Keep keep) noexcept;
+  void EnterDone() noexcept;
   void Tell(const Verdict& verdict);
   void ShowCommand();
 
@@ -58,7 +65,8 @@ class SafeEnding {
   std::string command_;
   std::string answer_;  // to be split into the state record
   Fields fields_;
-  bool own_ = false;       // it is the command's own answer
+  std::string spare_;      // the command once more, for the list of what is done
+  bool entered_ = false;   // in the ledger
   bool reported_ = false;  // the operator has seen the status report
   bool ended_ = false;
   bool done_ = false;

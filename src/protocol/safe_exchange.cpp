@@ -90,7 +90,8 @@ bool SafeExchange::Run() {
     return true;
   }
   if (admission.verdict.outcome != Outcome::kNothingAsked) {
-    ending_.End(admission.verdict, Told::kNothing);
+    line_.Close();
+    ending_.EndUnsent(admission.verdict);
     return false;
   }
   auto step = Step::kSend;
@@ -104,8 +105,14 @@ bool SafeExchange::Fail(const std::exception& error) {
   line_.Close();
   // What is known stays known, whatever a dialog behind it has met.
   if (ending_.HasEnded()) return ending_.IsDone();
-  const auto outcome = written_ ? Outcome::kUnknown : Outcome::kNotSent;
-  ending_.End({outcome, CauseOf(ToFailure(error))}, Told::kNothing, Keep::kPending);
+  const auto cause = CauseOf(ToFailure(error));
+  if (written_) {
+    ending_.End({Outcome::kUnknown, cause}, Told::kNothing, Keep::kPending);
+  } else if (sendings_ > 0) {
+    ending_.End({Outcome::kNotDone, cause}, Told::kNothing);
+  } else {
+    ending_.EndUnsent({Outcome::kNotSent, cause});
+  }
   return false;
 }
 
@@ -149,7 +156,7 @@ SafeExchange::Step SafeExchange::Put() {
   NoteSending(library_);
   // A host may jump out of a box in the middle of it.
   NoteSoFar(library_, {Outcome::kUnknown, Cause::kAbandoned}, ErrandOf(ending_.GetCommand()));
-  written_ = true;
+  library_.certainty.unheard = written_ = true;
   if (!line_.Write(frame_)) return Doubted(line_.Why());
   auto reception = line_.Wait(frame_);
   if (reception.answer.empty()) return Doubted(reception.cause);
@@ -188,6 +195,7 @@ SafeExchange::Step SafeExchange::AskBooks() {
     found.cause = line_.Why();
   }
   if (!found.answered) return patience_.Over() ? Unanswered(found.cause) : Step::kAskBooks;
+  ending_.BooksTold();
   if (found.finding == Finding::kDone) {
     if (!reading_.answered) ending_.TakeBooks(frame_.header, found.fields);
     return End({Outcome::kDone, ending_.Condition()});
@@ -197,6 +205,7 @@ SafeExchange::Step SafeExchange::AskBooks() {
     return End({reading_.if_absent.outcome, absent});
   }
   written_ = false;
+  ending_.NotDone();
   if (reading_.if_not_done) return End(*reading_.if_not_done);
   if (reading_.then_cure) return Step::kCure;
   return patience_.Over() ? AskOperator(Step::kSend, {Outcome::kNotDone, doubt_}) : Step::kSend;
@@ -275,7 +284,9 @@ SafeExchange::Step SafeExchange::Cure() {
   }
   const auto found = Consult(line_, library_, {ending_.GetCommand(), before_, Now() - sent_});
   if (!found.answered) return Step::kCure;
+  if (found.finding == Finding::kDisagree) return End({Outcome::kUnknown, found.cause});
   if (found.finding == Finding::kDone) {
+    ending_.BooksTold();
     ending_.TakeBooks(frame_.header, found.fields);
     return End({Outcome::kDone, ending_.Condition()});
   }

@@ -48,6 +48,7 @@ Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
   settlement.fields = found.fields;
   NoteAnswer(library, settlement.fields);
   pending.reset();
+  library.certainty.unheard = false;
   JournalResult(library, {settlement.outcome, settlement.cause});
   return settlement;
 }

@@ -126,6 +126,8 @@ struct Certainty {
   // Set before a frame is written: a call that is left in its middle leaves it behind.
   std::optional<Pending> pending;
   JournalState journal;
+  // The last command may still lie on the line: nothing goes out before the printer answers a question.
+  bool unheard = false;
   std::vector<std::string> accepted;  // commands of the call under way that are done
   // Commands of the same call, made before, that are done: they are not sent again.
   std::vector<std::string> done_before;
