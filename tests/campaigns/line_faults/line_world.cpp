@@ -6,9 +6,18 @@
 
 #include "base/failure.hpp"
 #include "fiscal/calendar.hpp"
+#include "platform/seam/port_fault.hpp"
 #include "unit/settings.hpp"
 
 namespace kestra::line_faults {
+
+namespace {
+
+Failure TroubleOf(PortFault fault) {
+  return {8020, "El cable de prueba no est\xe1", PortReason(fault)};
+}
+
+}  // namespace
 
 // The host's end of the line.
 class WorldPort : public SerialPort {
@@ -17,11 +26,16 @@ class WorldPort : public SerialPort {
 
   [[nodiscard]] bool PortOpen() const override { return open_; }
   void PortOpen(bool open) override {
-    if (open) DiscardInput();
+    if (open) {
+      world_.DoWhatIsDue();
+      if (world_.Unplugged()) throw TroubleOf(PortFault::kMissing);
+      DiscardInput();
+    }
     open_ = open;
   }
   void Output(std::string_view bytes) override { world_.Write(bytes); }
   std::size_t InBufferCount() override {
+    world_.RequirePlug();
     world_.WaitALittle();
     return world_.received_.size();
   }
@@ -107,20 +121,40 @@ std::int64_t LineWorld::LocalSeconds() {
 }
 
 void LineWorld::Write(std::string_view bytes) {
+  RequirePlug();
   if (bytes != kAcknowledge) frames_.emplace_back(bytes);
-  to_printer_.Push(bytes, Now());
+  const auto room = plug_holds_ ? *plug_holds_ - to_printer_.Carried() : bytes.size();
+  to_printer_.Push(bytes.substr(0, room), Now());
+  if (plug_holds_ == kWholeFrame) Unplug();
   Carry();
+}
+
+bool LineWorld::Unplugged() const {
+  return plug_holds_ && to_printer_.Carried() >= *plug_holds_;
+}
+
+void LineWorld::RequirePlug() {
+  DoWhatIsDue();
+  if (Unplugged()) throw TroubleOf(PortFault::kLost);
+}
+
+void LineWorld::DoWhatIsDue() {
+  for (auto& deed : deeds_) {
+    if (deed.what && deed.when <= Now()) std::exchange(deed.what, nullptr)();
+  }
 }
 
 // Everything that has come to its time moves one step on.
 void LineWorld::Carry() {
+  DoWhatIsDue();
   const Micros now = Now();
   const std::string arrived = to_printer_.Take(now);
   if (!arrived.empty()) session_.Receive(arrived, now);
   const std::string saying = session_.Advance(now).bytes;
   said_ += saying;
   to_host_.Push(saying, now);
-  received_ += to_host_.Take(now);
+  const std::string leaving = to_host_.Take(now);
+  if (!Unplugged()) received_ += leaving;
 }
 
 Micros LineWorld::NextDue(Micros latest) const {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -43,6 +45,20 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   // Waits until nothing is on its way any more.
   void Settle();
 
+  // Somebody does something to the world when so much time has passed.
+  void In(Micros time, std::function<void()> deed) { deeds_.push_back({Now() + time, deed}); }
+
+  // The cable is out of its socket after so many bytes more to the printer, or behind the next frame;
+  // without a number, now.
+  static constexpr std::size_t kWholeFrame = SIZE_MAX;
+  void Unplug(std::size_t bytes = 0) {
+    plug_holds_ = bytes == kWholeFrame ? kWholeFrame : to_printer_.Carried() + bytes;
+  }
+  void PlugIn() { plug_holds_.reset(); }
+
+  // What a person may do to the printer.
+  impresora::Machine& Printer() { return session_.GetPrinter().GetMachine(); }
+
   [[nodiscard]] const FaultyWire& ToPrinter() const { return to_printer_; }
   [[nodiscard]] const FaultyWire& ToHost() const { return to_host_; }
   [[nodiscard]] const Journal& GetJournal() const { return journal_; }
@@ -60,8 +76,16 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   std::int64_t LocalSeconds() override;
   void Exchanged(const impresora::Exchange& exchange) override { exchanges_.push_back(exchange); }
 
+  struct Deed {
+    Micros when;
+    std::function<void()> what;
+  };
+
   void Write(std::string_view bytes);
   void WaitALittle();
+  void DoWhatIsDue();
+  [[nodiscard]] bool Unplugged() const;
+  void RequirePlug();
   void Carry();
   [[nodiscard]] Micros NextDue(Micros latest) const;
 
@@ -75,6 +99,8 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   impresora::Session session_;
   FaultyWire to_printer_;
   FaultyWire to_host_;
+  std::optional<std::size_t> plug_holds_;  // until the printer was sent so many bytes
+  std::vector<Deed> deeds_;
   std::string said_;
   std::string received_;
   std::vector<std::string> frames_;

@@ -1,0 +1,249 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "campaigns/line_faults/line_world.hpp"
+#include "commands/commands.hpp"
+#include "frame/instance.hpp"
+#include "golden/exports.hpp"
+#include "golden/words.hpp"
+#include "kestra/kestra.h"
+#include "state/library.hpp"
+
+namespace kestra::line_faults {
+namespace {
+
+constexpr std::string_view kOpen =
+    R"(EP_AbrirComprobanteFiscal "FC" "B" "" "" "" "" "F" "" "" "" "" "" 1)";
+constexpr std::string_view kCoffee = R"(EP_ImprimirItem "Cafe" 2 1500 21 0 "" "" "")";
+constexpr std::string_view kBread = R"(EP_ImprimirItem "Pan" 1 800.5 10.5 0 "Negro" "De molde" "")";
+constexpr std::string_view kPay = R"(EP_ImprimirPago "Efectivo" 5000)";
+constexpr std::string_view kClose = R"(EP_CerrarComprobanteFiscal "FC" "B" out)";
+
+// A till with the virtual printer at the end of its cable, on a clock of its own.
+class Shop : public testing::Test {
+ protected:
+  explicit Shop(Mode mode = Mode::kSafe) : Shop({}, mode) {}
+  Shop(std::vector<Override> settings, Mode mode) {
+    settings.insert(settings.begin(), {"TipoComprobante", "TQ"});
+    document_ = {"a day", impresora::Family::kTicket, std::move(settings), {}};
+    auto owned = std::make_unique<LineWorld>(document_, std::span<const ByteFault>{}, mode);
+    world_ = owned.get();
+    ReplaceInstance(std::move(owned));
+    EP_Init();
+  }
+  ~Shop() override { EP_Kill(); }
+
+  std::int32_t Call(std::string_view words) {
+    const auto operation = golden::TakeWord(words);
+    auto outcome = golden::CallExport(operation, golden::Words(words));
+    number_ = outcome.buffers.empty() ? "" : outcome.buffers.front();
+    return outcome.result;
+  }
+  void Sell(std::initializer_list<std::string_view> calls) {
+    for (const auto call : calls) ASSERT_EQ(Call(call), 0) << call;
+  }
+
+  // The commands that the printer has carried out, but for questions, by their bytes.
+  std::string Done() {
+    world_->Settle();
+    std::string done;
+    for (const auto& exchange : world_->Exchanges()) {
+      const bool carried_out = exchange.kind == impresora::ExchangeKind::kExecuted &&
+                               (exchange.answer.fiscal & 0x0078) == 0 &&
+                               (exchange.answer.printer & 0x0004) == 0;
+      if (carried_out && !impresora::OnlyAsks(exchange.packet)) {
+        done += static_cast<char>(exchange.packet.command);
+      }
+    }
+    return done;
+  }
+
+  static const CallReport& Report() { return Instance().certainty.report; }
+  static bool IsPending() { return Instance().certainty.pending.has_value(); }
+
+  std::size_t Reports() { return Count(Happening::kReport); }
+  std::size_t Boxes() { return Count(Happening::kBox); }
+
+  LineWorld& World() { return *world_; }
+
+  std::string number_;
+
+ private:
+  std::size_t Count(Happening kind) {
+    const auto& events = world_->GetJournal().Events();
+    return static_cast<std::size_t>(std::count_if(
+        events.begin(), events.end(), [kind](const Event& event) { return event.kind == kind; }));
+  }
+
+  CanonicalDocument document_;
+  LineWorld* world_ = nullptr;
+};
+
+constexpr Micros kMoment = std::chrono::seconds(8);
+// Longer than PacienciaSegura.
+constexpr Micros kLong = std::chrono::seconds(60);
+
+TEST_F(Shop, WithoutAFaultNothingMoreIsSent) {
+  Sell({kOpen, kCoffee, kBread, kPay, kClose});
+  EXPECT_EQ(World().Frames().size(), 7U) << "the bread has two lines more";
+  EXPECT_EQ(Report().outcome, Outcome::kDone);
+  EXPECT_EQ(number_, "00000001");
+}
+
+TEST_F(Shop, WithALowBatteryAWholeTicketIsSold) {
+  World().Printer().faults.low_battery = true;
+  Sell({kOpen, kCoffee, kBread, kPay});
+  EXPECT_EQ(Report().cause, Cause::kBatteryLow);
+  Sell({kClose});
+  EXPECT_EQ(number_, "00000001");
+  EXPECT_EQ(Done(), "@BAABDE");
+  EXPECT_EQ(Reports(), 5U) << "once a call";
+}
+
+TEST_F(Shop, ADayThatGrowsTooLongInMidTicketFailsNoneOfItsCalls) {
+  Sell({kOpen, kCoffee});
+  *World().Printer().day.opened -= 90'000;
+  Sell({kPay, kClose});
+  EXPECT_EQ(Report().cause, Cause::kDayTooLong);
+  EXPECT_EQ(Call(kOpen), 1);
+  EXPECT_EQ(Report().outcome, Outcome::kRefused);
+  EXPECT_EQ(Done(), "@BDE");
+}
+
+TEST_F(Shop, PaperThatEndsDuringACommandFailsOnlyTheNext) {
+  Sell({kOpen});
+  World().Printer().paper_left = 1;
+  Sell({kCoffee});
+  EXPECT_EQ(Reports(), 1U);
+  EXPECT_EQ(Call(kPay), 1);
+  EXPECT_EQ(Report().outcome, Outcome::kRefused);
+  EXPECT_EQ(Report().cause, Cause::kNoPaper);
+  EXPECT_EQ(Done(), "@B");
+}
+
+TEST_F(Shop, PaperThatIsChangedInTimeIsNoFailure) {
+  Sell({kOpen});
+  World().Printer().faults.paper_out = true;
+  World().In(kMoment, [&] { World().Printer().faults.paper_out = false; });
+  Sell({kCoffee, kBread, kPay, kClose});
+  EXPECT_EQ(Reports(), 0U);
+  EXPECT_EQ(Done(), "@BAABDE");
+}
+
+TEST_F(Shop, WhoeverPutsPaperInAndPressesRetryHasItDoneOnce) {
+  Sell({kOpen});
+  World().Printer().faults.paper_out = true;
+  World().In(kLong, [&] { World().Printer().faults.paper_out = false; });
+  for (int i = 0; i < 3; ++i) World().GetOperator().Queue(Answer::kRetry);
+  Sell({kCoffee});
+  EXPECT_EQ(Done(), "@B");
+}
+
+// How many bytes of a frame pass before the cable is pulled: none, some, all of them.
+class ShopWithBadCable : public Shop, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(ShopWithBadCable, ACablePutBackInTimeIsNoFailure) {
+  for (const auto call : {kOpen, kCoffee, kBread, kPay, kClose}) {
+    World().Unplug(GetParam());
+    World().In(kMoment, [&] { World().PlugIn(); });
+    EXPECT_EQ(Call(call), call == kBread && GetParam() > 0 ? 1 : 0) << call;
+    World().PlugIn();
+    if (call == kBread && GetParam() > 0) {
+      EXPECT_EQ(Report().outcome, Outcome::kUnknown) << "no book shows its first line";
+      EXPECT_EQ(Call(call), 0);
+    }
+  }
+  EXPECT_EQ(number_, "00000001");
+  auto done = Done();
+  std::erase(done, 'A');
+  EXPECT_EQ(done, "@BBDE");
+}
+
+TEST_P(ShopWithBadCable, WhatOutlastsThePatienceIsSettledByTheSameCallMadeAgain) {
+  for (const auto call : {kOpen, kCoffee, kPay, kClose}) {
+    World().Unplug(GetParam());
+    EXPECT_EQ(Call(call), 1) << call;
+    const bool sent = GetParam() > 0;
+    EXPECT_EQ(Report().outcome, sent ? Outcome::kUnknown : Outcome::kNotSent) << call;
+    EXPECT_EQ(IsPending(), sent);
+    if (sent) {
+      EXPECT_EQ(Call(call), 1) << "it is out still";
+      EXPECT_EQ(Report().cause, Cause::kUnsettled);
+      EXPECT_EQ(Report().outcome, Outcome::kNotSent);
+      EXPECT_TRUE(IsPending());
+    }
+    World().PlugIn();
+    EXPECT_EQ(Call(call), 0) << call;
+    EXPECT_FALSE(IsPending());
+  }
+  EXPECT_EQ(number_, "00000001");
+  EXPECT_EQ(Done(), "@BDE");
+}
+
+TEST_P(ShopWithBadCable, AnotherCallSettlesItAndGoesItsOwnWay) {
+  Sell({kOpen});
+  World().Unplug(GetParam());
+  EXPECT_EQ(Call(kCoffee), 1);
+  World().PlugIn();
+  Sell({kBread, kPay, kClose});
+  const bool arrived = GetParam() == LineWorld::kWholeFrame;
+  EXPECT_EQ(Done(), arrived ? "@BAABDE" : "@AABDE");
+}
+
+TEST_P(ShopWithBadCable, CancellingWhatMayBeClosedTellsWhichItIs) {
+  Sell({kOpen, kCoffee});
+  World().Unplug(GetParam());
+  EXPECT_EQ(Call(kClose), 1);
+  World().PlugIn();
+  const bool arrived = GetParam() == LineWorld::kWholeFrame;
+  EXPECT_EQ(Call("EP_Cancelar"), arrived ? 1 : 0);
+  EXPECT_EQ(Report().outcome, arrived ? Outcome::kRefused : Outcome::kDone);
+  EXPECT_EQ(Report().cause, arrived ? Cause::kAlreadyClosed : Cause::kNone);
+  EXPECT_EQ(Done(), arrived ? "@BE" : "@BD");
+}
+
+INSTANTIATE_TEST_SUITE_P(Bytes, ShopWithBadCable, testing::Values(0, 1, 9, LineWorld::kWholeFrame));
+
+TEST_F(Shop, ATextThatMayHaveBeenPrintedIsToldOnceAndHoldsNobodyUp) {
+  Sell({kOpen});
+  World().Unplug(LineWorld::kWholeFrame);
+  EXPECT_EQ(Call(R"(EP_ImprimirTextoFiscal "Oferta")"), 1);
+  EXPECT_EQ(Report().outcome, Outcome::kUnknown);
+  EXPECT_FALSE(IsPending());
+  EXPECT_EQ(Boxes(), 1U);
+  World().PlugIn();
+  Sell({kCoffee, kClose});
+  EXPECT_EQ(Done(), "@ABE");
+}
+
+TEST_F(Shop, WithoutItsPortNothingIsSent) {
+  World().Unplug();
+  EXPECT_EQ(Call(kOpen), 1);
+  EXPECT_EQ(Report().outcome, Outcome::kNotSent);
+  EXPECT_EQ(Report().cause, Cause::kPortMissing);
+  EXPECT_EQ(Report().attempts, 0);
+}
+
+class ShopThatComparesTotals : public Shop {
+ protected:
+  ShopThatComparesTotals() : Shop({{"ControlarTotal", "1"}}, Mode::kSafe) {}
+};
+
+TEST_F(ShopThatComparesTotals, ATotalOfItsOwnIsNotClosed) {
+  Sell({kOpen, kCoffee});
+  World().Printer().document->bases.front().amount += 100;
+  EXPECT_EQ(Call(kClose), 1);
+  EXPECT_EQ(Report().outcome, Outcome::kNotSent);
+  EXPECT_EQ(Report().cause, Cause::kTotalDiffers);
+  Sell({"EP_Cancelar", kOpen, kCoffee, kBread, kPay, kClose});
+  EXPECT_EQ(Done(), "@BD@BAABDE");
+}
+
+}  // namespace
+}  // namespace kestra::line_faults
