@@ -47,6 +47,7 @@ class HostPlatform : public Platform {
   Operator& GetOperator() override { return operator_; }
   ProfileFile& GetProfile() override { return system_->GetProfile(); }
   LogFile& GetLog() override { return system_->GetLog(); }
+  JournalFile& GetJournalFile() override { return system_->GetJournalFile(); }
 
   HostOperator& GetHost() { return host_; }
 

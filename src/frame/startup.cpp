@@ -1,10 +1,12 @@
 #include "frame/startup.hpp"
 
 #include <limits>
+#include <string>
 
 #include "base/failure.hpp"
 #include "fields/number_field.hpp"
 #include "frame/configuration.hpp"
+#include "state/journal.hpp"
 #include "state/library.hpp"
 
 namespace kestra {
@@ -38,7 +40,8 @@ struct PortNotice {
   ~PortNotice() { library.holds_port = library.state.Puerto != nullptr; }
 };
 
-void SetUpPort(Library& library) {
+// The printer goes by where it is.
+std::string SetUpPort(Library& library) {
   const PortNotice notice{library};
   library.state.Puerto.reset();
   PortSettings settings;
@@ -49,6 +52,7 @@ void SetUpPort(Library& library) {
   settings.Settings = library.state.ImpresoraConfig + ",N,8,1";
   settings.InputMode = 0;
   library.state.Puerto = library.platform.CreatePort(settings);
+  return settings.device.empty() ? "COM" + std::to_string(settings.CommPort) : settings.device;
 }
 
 // For where another failure is on its way already, or nobody to hear of one.
@@ -68,7 +72,7 @@ std::int32_t Init(Library& library) {
     Lee_Ini(library);
     ReadSafeSettings(library);
     ApplyModel(library.state);
-    SetUpPort(library);
+    OpenJournal(library, SetUpPort(library));
   } catch (...) {
     // A start that fails leaves nothing registered either.
     Quietly([&] { library.platform.EndStartUp(); });
@@ -79,6 +83,7 @@ std::int32_t Init(Library& library) {
 }
 
 void Kill(Library& library) {
+  CloseJournal(library);
   library.state.Puerto.reset();
   library.holds_port = false;  // the platform may ask while it lets go
   library.platform.ShutDown();

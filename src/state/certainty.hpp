@@ -109,6 +109,8 @@ struct Pending {
 
 // How the journal stands. Written by state/journal.cpp alone.
 struct JournalState {
+  std::string printer;           // whose it is
+  std::string file;              // as Diario named it
   Cause trouble = Cause::kNone;  // why the one that is asked for is not kept
   std::int64_t newest = 0;       // intent's number
   std::int64_t unsettled = 0;    // intent without a result; 0: none

@@ -1,36 +1,236 @@
 #include "state/journal.hpp"
 
+#include <exception>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/ansi.hpp"
+#include "base/failure.hpp"
+#include "state/journal_record.hpp"
+#include "state/journal_writing.hpp"
 #include "state/library.hpp"
+#include "state/log.hpp"
 
 namespace kestra {
 namespace {
+
+// The command behind which the file begins anew.
+constexpr std::string_view kDailyClosing = "9\x1CZ";
+
+// A till that never closes a day gets a new file at the start-up behind so many bytes.
+constexpr std::size_t kLargeFile = std::size_t{1} << 20;
 
 bool IsAskedFor(const Library& library) {
   return !library.certainty.settings.Diario.empty();
 }
 
-}  // namespace
-
-void OpenJournal(Library& library) noexcept {
-  library.certainty.journal = {};
-  if (IsAskedFor(library)) library.certainty.journal.trouble = Cause::kJournalUnwritable;
+Cause CauseFor(const std::exception& error) {
+  const auto* const failure = dynamic_cast<const Failure*>(&error);
+  if (failure == nullptr) return Cause::kJournalUnwritable;
+  if (failure->Reason() != 0) return static_cast<Cause>(failure->Reason());
+  return failure->Number() == kFileInUse ? Cause::kJournalBusy : Cause::kJournalUnwritable;
 }
 
-void PrepareJournal(Library& /*library*/) noexcept {}
-
-Cause JournalIntent(Library& library, const Pending& /*intent*/, IntentKind kind) noexcept {
-  if (!IsAskedFor(library)) return Cause::kNone;
-  if (kind.opens && library.certainty.settings.DiarioObligatorio == 1) {
-    return library.certainty.journal.trouble;
+// Whether the journal did it. Why not is logged once, not at every command.
+template <typename Action>
+bool Succeeds(Library& library, Action action) noexcept {
+  auto& trouble = library.certainty.journal.trouble;
+  try {
+    action();
+    trouble = Cause::kNone;
+    return true;
+  } catch (const std::exception& error) {
+    const auto before = std::exchange(trouble, CauseFor(error));
+    if (before == trouble) return false;
+    WithoutFailing([&] { EscribirLog(library, " - Diario : " + FailureText(ToFailure(error))); });
+    return false;
   }
+}
+
+void RequireOurs(const Library& library, const JournalReading& reading) {
+  if (!reading.is_journal) {
+    throw JournalFailure("El archivo de Diario no es un diario, o está dañado"_ansi,
+                         Cause::kJournalDamaged);
+  }
+  if (reading.begun && reading.printer != library.certainty.journal.printer) {
+    throw JournalFailure(std::string("El diario es de otra impresora: ").append(reading.printer),
+                         Cause::kJournalForeign);
+  }
+}
+
+// What was in flight when a program ended. What no book shows can only be told.
+void TakePending(Library& library, const JournalRecord& intent) {
+  auto& certainty = library.certainty;
+  if (!intent.has_book) {
+    EscribirLog(library, std::string(" - Diario : No se sabe si se hizo "_ansi) + intent.call);
+    return;
+  }
+  const bool ours = certainty.pending && certainty.pending->command == intent.command;
+  if (certainty.pending && !ours) return;
+  if (!ours) {
+    certainty.pending = Pending{intent.call, intent.command, intent.accepted, intent.ledger};
+    EscribirLog(library, " - Diario : Pendiente " + intent.call);
+  }
+  certainty.journal.unsettled = intent.number;
+  certainty.journal.closes_day = intent.command.starts_with(kDailyClosing);
+}
+
+void TakeUp(Library& library, JournalReading& reading) {
+  auto& certainty = library.certainty;
+  const bool known = certainty.ledger.open.has_value();
+  if (!known && !certainty.pending) certainty.ledger = std::move(reading.ledger);
+  if (reading.open && (!known || certainty.pending)) TakePending(library, *reading.open);
+}
+
+void Adopt(Library& library, const std::string& text) {
+  auto& journal = library.certainty.journal;
+  JournalReading reading = ReadJournal(text);
+  RequireOurs(library, reading);
+  journal.newest = reading.newest;
+  journal.length = reading.length;
+  if (reading.length < text.size()) CutTail(library);
+  if (reading.begun) {
+    TakeUp(library, reading);
+  } else {
+    Write(library, {});
+  }
+  if (journal.unsettled == 0 && journal.length > kLargeFile) BeginAnew(library);
+}
+
+void TakeFile(Library& library) {
+  auto& file = FileOf(library);
+  file.Open(library.certainty.settings.Diario);
+  try {
+    Adopt(library, file.Read());
+  } catch (...) {
+    file.Close();
+    throw;
+  }
+}
+
+// What was known of another printer says nothing of this one.
+void ForgetOtherPrinter(Library& library, std::string_view printer) {
+  auto& certainty = library.certainty;
+  if (!certainty.journal.printer.empty() && certainty.journal.printer != printer) {
+    if (certainty.pending) {
+      EscribirLog(library, " - Pendiente de otra impresora : " + certainty.pending->call);
+    }
+    certainty.pending.reset();
+    certainty.ledger = {};
+  }
+}
+
+}  // namespace
+
+void OpenJournal(Library& library, std::string_view printer) noexcept {
+  auto& certainty = library.certainty;
+  auto& journal = certainty.journal;
+  const bool same = journal.file == certainty.settings.Diario && journal.printer == printer;
+  if (same && FileOf(library).IsOpen()) return;
+  CloseJournal(library);
+  const bool opened = Succeeds(library, [&] {
+    ForgetOtherPrinter(library, printer);
+    journal = {};
+    journal.printer = printer;
+    journal.file = certainty.settings.Diario;
+    if (!IsAskedFor(library)) return;
+    // Another program may have gone on with it since.
+    if (!certainty.pending) certainty.ledger = {};
+    TakeFile(library);
+  });
+  if (!opened) NoteCause(library, journal.trouble);
+}
+
+void PrepareJournal(Library& library) noexcept {
+  if (!IsAskedFor(library) || FileOf(library).IsOpen()) return;
+  Succeeds(library, [&] { TakeFile(library); });
+}
+
+Cause JournalIntent(Library& library, const Pending& intent, IntentKind kind) noexcept {
+  if (!IsAskedFor(library)) return Cause::kNone;
+  auto& journal = library.certainty.journal;
+  journal.unsettled = 0;
+  const bool kept = Succeeds(library, [&] {
+    auto record = NewRecord(library, RecordKind::kIntent, journal.newest + 1);
+    record.call = intent.call;
+    record.command = intent.command;
+    record.accepted = intent.accepted;
+    record.has_book = kind.has_book;
+    record.ledger = intent.before;
+    Write(library, TextOf(record));
+  });
+  if (kept) {
+    journal.unsettled = ++journal.newest;
+    journal.closes_day = intent.command.starts_with(kDailyClosing);
+    return Cause::kNone;
+  }
+  if (kind.opens && library.certainty.settings.DiarioObligatorio == 1) return journal.trouble;
   NoteCause(library, Cause::kJournalSkipped);
   return Cause::kNone;
 }
 
-void JournalResult(Library& /*library*/, const Verdict& /*verdict*/) noexcept {}
+namespace {
 
-void JournalForget(Library& /*library*/) noexcept {}
+bool IsAnswered(Outcome outcome) {
+  return outcome == Outcome::kDone || outcome == Outcome::kRefused;
+}
 
-void CloseJournal(Library& /*library*/) noexcept {}
+std::vector<std::string> Answer(const Library& library) {
+  const auto& all = library.certainty.report.answer;
+  std::vector<std::string> answer(all.begin(), all.end());
+  while (!answer.empty() && answer.back().empty()) answer.pop_back();
+  return answer;
+}
+
+// What became of the open intent. A record that cannot be written now goes before the next one.
+bool Settle(Library& library, JournalRecord record) noexcept {
+  auto& journal = library.certainty.journal;
+  std::string text;
+  const bool kept = Succeeds(library, [&] {
+    text = TextOf(record);
+    Write(library, text);
+  });
+  if (kept) return true;
+  journal.owed.swap(text);
+  NoteCause(library, Cause::kJournalSkipped);
+  return false;
+}
+
+}  // namespace
+
+void JournalResult(Library& library, const Verdict& verdict) noexcept {
+  auto& journal = library.certainty.journal;
+  if (journal.unsettled == 0) return;
+  const auto number = std::exchange(journal.unsettled, 0);
+  const bool closes_day = journal.closes_day && verdict.outcome == Outcome::kDone;
+  JournalRecord record;
+  if (!Succeeds(library, [&] {
+        record = NewRecord(library, RecordKind::kResult, number);
+        record.outcome = static_cast<std::int64_t>(verdict.outcome);
+        record.cause = static_cast<std::int64_t>(verdict.cause);
+        if (IsAnswered(verdict.outcome)) record.answer = Answer(library);
+      })) {
+    return;
+  }
+  if (Settle(library, std::move(record)) && closes_day) {
+    Succeeds(library, [&] { BeginAnew(library); });
+  }
+}
+
+void JournalForget(Library& library) noexcept {
+  auto& journal = library.certainty.journal;
+  if (journal.unsettled == 0) return;
+  const auto number = std::exchange(journal.unsettled, 0);
+  WithoutFailing([&] { Settle(library, NewRecord(library, RecordKind::kForgotten, number)); });
+}
+
+void CloseJournal(Library& library) noexcept {
+  auto& file = FileOf(library);
+  if (file.IsOpen() && !library.certainty.journal.owed.empty()) {
+    WithoutFailing([&] { Write(library, {}); });
+  }
+  file.Close();
+}
 
 }  // namespace kestra

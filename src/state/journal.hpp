@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "state/causes.hpp"
 #include "state/certainty.hpp"
 #include "state/report.hpp"
@@ -18,9 +20,10 @@ struct IntentKind {
   bool has_book = false;  // a later program can find out what became of it: it would be pending
 };
 
-// At start-up, behind the settings: reads the journal into certainty.pending and certainty.ledger, where
-// nothing is known yet.
-void OpenJournal(Library& library) noexcept;
+// At start-up, when settings and port are known: reads the journal into certainty.pending and
+// certainty.ledger. `printer` is whatever tells this one from others. What this program itself left pending
+// without the journal stays.
+void OpenJournal(Library& library, std::string_view printer) noexcept;
 
 // At the beginning of a call, before anybody looks at certainty.pending: opens a journal that could not
 // be opened before.

@@ -26,12 +26,22 @@ double FakeClock::TimeOfDay() {
   return static_cast<double>(WallMicros() % kMicrosPerDay) / static_cast<double>(kMicrosPerSecond);
 }
 
+std::chrono::year_month_day FakeClock::Today() const {
+  return std::chrono::sys_days{std::chrono::days{first_day_ + WallMicros() / kMicrosPerDay}};
+}
+
 std::string FakeClock::ShortDate() {
   trouble_.Reach(Point::kDate);
-  const std::chrono::sys_days today{std::chrono::days{first_day_ + WallMicros() / kMicrosPerDay}};
-  const std::chrono::year_month_day date{today};
+  const auto date = Today();
   return TwoDigits(unsigned{date.day()}) + "/" + TwoDigits(unsigned{date.month()}) + "/" +
          std::to_string(int{date.year()});
+}
+
+std::string FakeClock::IsoDate() {
+  trouble_.Reach(Point::kDate);
+  const auto date = Today();
+  return std::to_string(int{date.year()}) + "-" + TwoDigits(unsigned{date.month()}) + "-" +
+         TwoDigits(unsigned{date.day()});
 }
 
 std::string FakeClock::TimeText() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -25,6 +26,7 @@ class FakeClock : public Clock {
 
   double TimeOfDay() override;
   std::string ShortDate() override;  // 21/11/2026
+  std::string IsoDate() override;    // 2026-11-21
   std::string TimeText() override;   // 10:30:00
   double Elapsed() override;
   void Sleep(std::int32_t milliseconds) override;
@@ -41,7 +43,11 @@ class FakeClock : public Clock {
   // Microseconds that have passed since the clock was made, whatever the hands were set to.
   [[nodiscard]] std::int64_t ElapsedMicros() const { return elapsed_; }
 
+  // Lets days pass, of which the stopwatch knows nothing.
+  void LetDaysPass(int days) { first_day_ += days; }
+
  private:
+  [[nodiscard]] std::chrono::year_month_day Today() const;
   [[nodiscard]] std::int64_t WallMicros() const { return elapsed_ + offset_; }
   void Look();
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <map>
+#include <string>
 #include <string_view>
 
 #include "fakes/journal.hpp"
@@ -13,6 +16,10 @@ class FakeLog : public LogFile {
   FakeLog(Journal& journal, Trouble& trouble) : journal_(journal), trouble_(trouble) {}
 
   void Append(std::string_view file, std::string_view bytes) override;
+  void SetAside(std::string_view file, std::uint64_t limit) override;
+
+  // What is in a file; empty when there is none.
+  [[nodiscard]] std::string Text(const std::string& file) const;
 
   void SetReadOnly(bool read_only) { read_only_ = read_only; }
 
@@ -20,6 +27,7 @@ class FakeLog : public LogFile {
   Journal& journal_;
   Trouble& trouble_;
   bool read_only_ = false;
+  std::map<std::string, std::string> files_;
 };
 
 }  // namespace kestra

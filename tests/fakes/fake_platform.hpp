@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "fakes/fake_clock.hpp"
+#include "fakes/fake_journal_file.hpp"
 #include "fakes/fake_log.hpp"
 #include "fakes/fake_operator.hpp"
 #include "fakes/fake_port.hpp"
@@ -23,6 +24,7 @@ class FakePlatform : public Platform {
   FakeOperator& GetOperator() override { return operator_; }
   FakeProfile& GetProfile() override { return profile_; }
   FakeLog& GetLog() override { return log_; }
+  FakeJournalFile& GetJournalFile() override { return journal_file_; }
 
   FakeLine& Line() { return line_; }
   Journal& GetJournal() { return journal_; }
@@ -36,6 +38,7 @@ class FakePlatform : public Platform {
   FakeOperator operator_{journal_, trouble_};
   FakeProfile profile_{trouble_};
   FakeLog log_{journal_, trouble_};
+  FakeJournalFile journal_file_{journal_, trouble_};
 };
 
 }  // namespace kestra

@@ -30,12 +30,14 @@ enum class Happening {
   kReport,
   kMemoryFull,
   kMeanwhile,
+  kJournal,
 };
 
 // What a fake saw. Which members mean something depends on the kind.
 struct Event {
   Happening kind;
-  std::string text;         // bytes written, line logged, box text, settings, printer word
+  std::string
+      text;  // bytes written, line logged or appended to the journal, box text, settings, printer word
   std::string detail;       // log file, box title, device path, fiscal word
   std::int32_t number = 0;  // milliseconds, box style, port number
   std::int32_t answer = 0;  // what the operator answered

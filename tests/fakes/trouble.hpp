@@ -26,6 +26,7 @@ enum class Point {
   kMemoryFull,
   kLog,
   kProfile,
+  kJournal,
 };
 
 struct PointName {
@@ -51,6 +52,7 @@ inline constexpr std::array kPointNames{
     PointName{Point::kMemoryFull, "memoryfull"},
     PointName{Point::kLog, "log"},
     PointName{Point::kProfile, "profile"},
+    PointName{Point::kJournal, "journal"},
 };
 
 // What comes out of a call that fails.

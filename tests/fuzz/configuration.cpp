@@ -59,6 +59,7 @@ class Desk : public Platform {
   Operator& GetOperator() override { return operator_; }
   ProfileFile& GetProfile() override { return file_; }
   LogFile& GetLog() override { return log_; }
+  JournalFile& GetJournalFile() override { return journal_file_; }
 
   [[nodiscard]] std::size_t Boxes() const { return journal_.Events().size(); }
 
@@ -69,6 +70,7 @@ class Desk : public Platform {
   FakeClock clock_{journal_, trouble_};
   FakeOperator operator_{journal_, trouble_};
   FakeLog log_{journal_, trouble_};
+  FakeJournalFile journal_file_{journal_, trouble_};
 };
 
 // What a number's text comes to; nothing when it is none or does not fit.

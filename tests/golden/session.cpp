@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <limits>
 #include <memory>
 #include <stdexcept>
 
@@ -36,7 +37,7 @@ class Session {
     std::string_view name;
     Handler handler;
   };
-  static const std::array<Input, 17> kInputs;
+  static const std::array<Input, 18> kInputs;
 
   void Run(std::string_view line);
   void Comment(std::string_view) {}
@@ -49,6 +50,7 @@ class Session {
   void QueueAnswers(std::string_view rest);
   void SetPort(std::string_view rest);
   void SetLog(std::string_view rest);
+  void SetJournal(std::string_view rest);
   void Fail(std::string_view rest);
   void Meanwhile(std::string_view rest);
   void Call(std::string_view rest);
@@ -67,7 +69,7 @@ class Session {
   std::string output_;
 };
 
-const std::array<Session::Input, 17> Session::kInputs{{
+const std::array<Session::Input, 18> Session::kInputs{{
     {"#", &Session::Comment},
     {"ini", &Session::Ini},
     {"clock", &Session::SetClock},
@@ -78,6 +80,7 @@ const std::array<Session::Input, 17> Session::kInputs{{
     {"operator", &Session::QueueAnswers},
     {"port", &Session::SetPort},
     {"log", &Session::SetLog},
+    {"journal", &Session::SetJournal},
     {"fail", &Session::Fail},
     {"meanwhile", &Session::Meanwhile},
     {"call", &Session::Call},
@@ -209,6 +212,23 @@ void Session::SetPort(std::string_view rest) {
 void Session::SetLog(std::string_view rest) {
   static constexpr std::array<Named<bool>, 2> states{{{"ok", false}, {"readonly", true}}};
   world_->GetLog().SetReadOnly(Lookup(states, rest));
+}
+
+void Session::SetJournal(std::string_view rest) {
+  struct Disk {
+    bool full = false;
+    bool read_only = false;
+    bool busy = false;
+  };
+  static constexpr std::array<Named<Disk>, 4> states{{{"ok", {}},
+                                                      {"full", {.full = true}},
+                                                      {"readonly", {.read_only = true}},
+                                                      {"busy", {.busy = true}}}};
+  const Disk state = Lookup(states, rest);
+  FakeDisk& disk = *world_->GetJournalFile().Disk();
+  disk.room = state.full ? 0 : std::numeric_limits<std::size_t>::max();
+  disk.read_only = state.read_only;
+  disk.held_by_others = state.busy;
 }
 
 Point ToPoint(std::string_view name) {

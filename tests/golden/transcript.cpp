@@ -1,10 +1,13 @@
 #include "golden/transcript.hpp"
 
+#include <algorithm>
 #include <cctype>
 #include <string_view>
 
 #include "golden/frame_check.hpp"
 #include "golden/visible.hpp"
+#include "golden/words.hpp"
+#include "state/journal_fields.hpp"
 
 namespace kestra::golden {
 namespace {
@@ -114,6 +117,26 @@ std::string DescribePort(std::string_view fate, const Event& event) {
   return OutputLine(line);
 }
 
+// The records, without their moments and sums.
+std::string DescribeJournal(const Event& event) {
+  std::string shown;
+  for (std::string_view rest = event.text; !rest.empty();) {
+    const auto line = rest.substr(0, rest.find('\n'));
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    const auto parts = Split(line, "\t");
+    const auto body = line.substr(0, line.rfind('\t'));
+    if (parts.size() < 4 || parts.back() != SumText(body)) {
+      return shown + OutputLine("malformed journal line: " + Visible(line));
+    }
+    std::string text = "journal";
+    for (std::size_t i = 0; i + 1 < parts.size(); ++i) {
+      if (i != 2) text.append(" ").append(parts[i]);
+    }
+    shown += OutputLine(text);
+  }
+  return shown;
+}
+
 }  // namespace
 
 std::string Describe(const Event& event, const Detail& detail) {
@@ -140,6 +163,8 @@ std::string Describe(const Event& event, const Detail& detail) {
       return DescribeReport(event, detail);
     case Happening::kMemoryFull:
       return OutputLine("memoryfull");
+    case Happening::kJournal:
+      return DescribeJournal(event);
     case Happening::kMeanwhile:
       return OutputLine("meanwhile " + event.text + " = " + std::to_string(event.number));
   }

@@ -43,6 +43,12 @@ std::string PosixClock::ShortDate() {
   return Now("%x", "%d/%m/%Y");
 }
 
+std::string PosixClock::IsoDate() {
+  const tm local = LocalTime(::time(nullptr));
+  std::array<char, 32> text{};
+  return {text.data(), ::strftime(text.data(), text.size(), "%Y-%m-%d", &local)};
+}
+
 std::string PosixClock::TimeText() {
   return Now("%X", "%H:%M:%S");
 }

@@ -15,6 +15,7 @@ class PosixClock : public Clock {
 
   double TimeOfDay() override;
   std::string ShortDate() override;
+  std::string IsoDate() override;
   std::string TimeText() override;
   double Elapsed() override;
   void Sleep(std::int32_t milliseconds) override;

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
@@ -139,7 +140,9 @@ constexpr std::array kRows = {
     Row{ENFILE, 67, "Too many files"},
 };
 
-void Require(bool done) {
+}  // namespace
+
+void RequireOfFile(bool done) {
   if (done) return;
   const int error = errno;
   for (const Row& row : kRows) {
@@ -148,14 +151,20 @@ void Require(bool done) {
   throw Failure(75, "Path/File access error");
 }
 
-}  // namespace
-
 void PosixLog::Append(std::string_view file, std::string_view bytes) {
   // Not blocking: a pipe that nobody reads must not stop the till.
   const FileDescriptor log = OpenFile(NativePath(file), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK);
-  Require(static_cast<bool>(log));
+  RequireOfFile(static_cast<bool>(log));
   const HeldSignals held;
-  Require(WriteAll(log.Get(), bytes));
+  RequireOfFile(WriteAll(log.Get(), bytes));
+}
+
+void PosixLog::SetAside(std::string_view file, std::uint64_t limit) {
+  const std::string path = NativePath(file);
+  struct stat about = {};
+  if (::stat(path.c_str(), &about) != 0 || !S_ISREG(about.st_mode)) return;
+  if (static_cast<std::uint64_t>(about.st_size) < limit) return;
+  RequireOfFile(::rename(path.c_str(), (path + ".1").c_str()) == 0);
 }
 
 }  // namespace kestra

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -74,6 +75,9 @@ FileDescriptor OpenFile(const std::string& path, int flags);
 // Writes all bytes to a descriptor; false, with errno set, when that cannot be done.
 bool WriteAll(int fd, std::string_view bytes);
 
+// Throws the failure of errno unless `done`.
+void RequireOfFile(bool done);
+
 // Reads the file anew for each key, so that what is read is what the file holds now. A file that is
 // not there under its exact name is looked for without regard to case; one that cannot be read, or
 // is too large to be a profile, is empty.
@@ -85,6 +89,7 @@ class PosixProfile : public ProfileFile {
 class PosixLog : public LogFile {
  public:
   void Append(std::string_view file, std::string_view bytes) override;
+  void SetAside(std::string_view file, std::uint64_t limit) override;
 };
 
 }  // namespace kestra

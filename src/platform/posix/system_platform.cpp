@@ -1,5 +1,6 @@
 #include "platform/posix/clock.hpp"
 #include "platform/posix/files.hpp"
+#include "platform/posix/journal_file.hpp"
 #include "platform/posix/terminal_operator.hpp"
 #include "platform/seam/components.hpp"
 #include "platform/seam/host.hpp"
@@ -45,12 +46,14 @@ class PosixPlatform : public Platform {
   Operator& GetOperator() override { return operator_; }
   ProfileFile& GetProfile() override { return profile_; }
   LogFile& GetLog() override { return log_; }
+  JournalFile& GetJournalFile() override { return journal_; }
 
  private:
   PosixClock clock_;
   TerminalOperator operator_;
   PosixProfile profile_;
   PosixLog log_;
+  PosixJournalFile journal_;
 };
 
 }  // namespace

@@ -19,6 +19,9 @@ class Clock {
   // Today's date in the system's short form.
   virtual std::string ShortDate() = 0;
 
+  // The same in the form that sorts, "2026-11-21", whatever the system's.
+  virtual std::string IsoDate() = 0;
+
   // The time in the system's time form.
   virtual std::string TimeText() = 0;
 

@@ -9,7 +9,7 @@
 
 namespace kestra {
 
-// The world behind five interfaces.
+// The world behind six interfaces.
 class Platform {
  public:
   Platform() = default;
@@ -34,6 +34,7 @@ class Platform {
   virtual Operator& GetOperator() = 0;
   virtual ProfileFile& GetProfile() = 0;
   virtual LogFile& GetLog() = 0;
+  virtual JournalFile& GetJournalFile() = 0;
 };
 
 // The platform that this library was built for.

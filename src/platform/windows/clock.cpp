@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdio>
 
 #include "platform/windows/text.hpp"
 
@@ -37,6 +38,13 @@ double WindowsClock::TimeOfDay() {
 
 std::string WindowsClock::ShortDate() {
   return Formatted(::GetDateFormatW, DATE_SHORTDATE);
+}
+
+std::string WindowsClock::IsoDate() {
+  const SYSTEMTIME now = Now();
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", now.wYear, now.wMonth, now.wDay);
+  return text.data();
 }
 
 std::string WindowsClock::TimeText() {

@@ -11,6 +11,7 @@ class WindowsClock : public Clock {
  public:
   double TimeOfDay() override;
   std::string ShortDate() override;
+  std::string IsoDate() override;
   std::string TimeText() override;
   double Elapsed() override;
   void Sleep(std::int32_t milliseconds) override;

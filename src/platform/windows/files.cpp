@@ -100,7 +100,9 @@ constexpr std::array kRows = {
     Row{ERROR_TOO_MANY_OPEN_FILES, 67, "Too many files"},
 };
 
-void Require(bool done) {
+}  // namespace
+
+void RequireOfFile(bool done) {
   if (done) return;
   const DWORD error = ::GetLastError();
   for (const Row& row : kRows) {
@@ -109,21 +111,29 @@ void Require(bool done) {
   throw Failure(75, "Path/File access error");
 }
 
-}  // namespace
-
 void WindowsLog::Append(std::string_view file, std::string_view bytes) {
   // Shared with another till's library: each line goes whole to the end that the file then has.
   constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE;
   const Handle log(::CreateFileA(std::string(file).c_str(), FILE_APPEND_DATA, kShared, nullptr,
                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-  Require(static_cast<bool>(log));
+  RequireOfFile(static_cast<bool>(log));
   while (!bytes.empty()) {
     DWORD written = 0;
-    Require(::WriteFile(log.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
-                        nullptr) != 0 &&
-            written > 0);
+    RequireOfFile(::WriteFile(log.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
+                              nullptr) != 0 &&
+                  written > 0);
     bytes.remove_prefix(written);
   }
+}
+
+void WindowsLog::SetAside(std::string_view file, std::uint64_t limit) {
+  const std::string path(file);
+  WIN32_FILE_ATTRIBUTE_DATA about = {};
+  if (::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &about) == 0) return;
+  if ((about.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
+  const std::uint64_t size = (std::uint64_t{about.nFileSizeHigh} << 32u) | about.nFileSizeLow;
+  if (size < limit) return;
+  RequireOfFile(::MoveFileExA(path.c_str(), (path + ".1").c_str(), MOVEFILE_REPLACE_EXISTING) != 0);
 }
 
 }  // namespace kestra

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "platform/seam/files.hpp"
 
 namespace kestra {
+
+// Throws the failure of the thread's last error unless `done`.
+void RequireOfFile(bool done);
 
 class WindowsProfile : public ProfileFile {
  public:
@@ -15,6 +19,7 @@ class WindowsProfile : public ProfileFile {
 class WindowsLog : public LogFile {
  public:
   void Append(std::string_view file, std::string_view bytes) override;
+  void SetAside(std::string_view file, std::uint64_t limit) override;
 };
 
 }  // namespace kestra

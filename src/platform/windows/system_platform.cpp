@@ -4,6 +4,7 @@
 #include "platform/windows/components/start_up.hpp"
 #include "platform/windows/dialogs/window_operator.hpp"
 #include "platform/windows/files.hpp"
+#include "platform/windows/journal_file.hpp"
 
 namespace kestra {
 namespace {
@@ -20,6 +21,7 @@ class WindowsPlatform : public Platform {
   Operator& GetOperator() override { return operator_; }
   ProfileFile& GetProfile() override { return profile_; }
   LogFile& GetLog() override { return log_; }
+  JournalFile& GetJournalFile() override { return journal_; }
 
  private:
   ComponentStartUp components_;
@@ -27,6 +29,7 @@ class WindowsPlatform : public Platform {
   WindowOperator operator_;
   WindowsProfile profile_;
   WindowsLog log_;
+  WindowsJournalFile journal_;
 };
 
 }  // namespace

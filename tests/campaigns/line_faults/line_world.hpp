@@ -13,6 +13,7 @@
 #include "campaigns/line_faults/canonical_documents.hpp"
 #include "campaigns/line_faults/faulty_wire.hpp"
 #include "fakes/fake_clock.hpp"
+#include "fakes/fake_journal_file.hpp"
 #include "fakes/fake_log.hpp"
 #include "fakes/fake_operator.hpp"
 #include "fakes/fake_profile.hpp"
@@ -39,6 +40,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   FakeOperator& GetOperator() override { return operator_; }
   ProfileFile& GetProfile() override { return profile_; }
   LogFile& GetLog() override { return log_; }
+  FakeJournalFile& GetJournalFile() override { return journal_file_; }
 
   [[nodiscard]] Micros Now() const { return Micros(clock_.ElapsedMicros()); }
 
@@ -96,6 +98,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   FakeProfile profile_{trouble_};
   FakeLog log_{journal_, trouble_};
   std::int64_t local_seconds_;
+  FakeJournalFile journal_file_{journal_, trouble_};
   impresora::Session session_;
   FaultyWire to_printer_;
   FaultyWire to_host_;

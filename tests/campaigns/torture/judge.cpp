@@ -33,10 +33,12 @@ bool IsItem(std::string_view name) {
   return name == "EP_ImprimirItem" || name == "EP_AnularItem";
 }
 
-// Calls may go on without their log. What else they cannot do, they have to tell of.
+// Calls may go on without their log and, but for openings, without their journal. What else they cannot do,
+// they have to tell of.
 bool MaySucceed(const CallRecord& call, const Strike& strike) {
   const bool log = Strikes(strike, Point::kLog) || Strikes(strike, Point::kDate) ||
-                   Strikes(strike, Point::kTimeText) || strike.target == kMemory;
+                   Strikes(strike, Point::kTimeText) || Strikes(strike, Point::kJournal) ||
+                   strike.target == kMemory;
   // A bad key is shown to the operator, and the start goes on.
   const bool key = call.name == "EP_Init" && Strikes(strike, Point::kProfile) &&
                    strike.ailment == Ailment::kFalla;

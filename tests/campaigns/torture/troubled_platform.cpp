@@ -124,6 +124,12 @@ std::string TroubledClock::ShortDate() {
   return watch_.World().GetClock().ShortDate();
 }
 
+std::string TroubledClock::IsoDate() {
+  const Spared spared;
+  watch_.Reach(Point::kDate);
+  return watch_.World().GetClock().IsoDate();
+}
+
 std::string TroubledClock::TimeText() {
   const Spared spared;
   watch_.Reach(Point::kTimeText);
@@ -172,6 +178,60 @@ void TroubledLog::Append(std::string_view file, std::string_view bytes) {
   const Spared spared;
   watch_.Reach(Point::kLog);
   watch_.World().GetLog().Append(file, bytes);
+}
+
+void TroubledLog::SetAside(std::string_view file, std::uint64_t limit) {
+  const Spared spared;
+  watch_.Reach(Point::kLog);
+  watch_.World().GetLog().SetAside(file, limit);
+}
+
+FakeJournalFile& TroubledJournalFile::Reach() {
+  watch_.Reach(Point::kJournal);
+  return watch_.World().GetJournalFile();
+}
+
+void TroubledJournalFile::Open(std::string_view file) {
+  const Spared spared;
+  Reach().Open(file);
+}
+
+void TroubledJournalFile::Close() noexcept {
+  watch_.World().GetJournalFile().Close();
+}
+
+bool TroubledJournalFile::IsOpen() const noexcept {
+  return watch_.World().GetJournalFile().IsOpen();
+}
+
+std::string TroubledJournalFile::Read() {
+  const Spared spared;
+  return Reach().Read();
+}
+
+void TroubledJournalFile::Append(std::string_view bytes) {
+  const Spared spared;
+  Reach().Append(bytes);
+}
+
+void TroubledJournalFile::Truncate(std::size_t length) {
+  const Spared spared;
+  Reach().Truncate(length);
+}
+
+void TroubledJournalFile::BeginAnew(std::string_view suffix) {
+  const Spared spared;
+  Reach().BeginAnew(suffix);
+}
+
+std::vector<std::string> TroubledJournalFile::Kept() {
+  const Spared spared;
+  return Reach().Kept();
+}
+
+void TroubledJournalFile::DeleteKept(std::string_view suffix) {
+  const Spared spared;
+  Reach().DeleteKept(suffix);
 }
 
 std::unique_ptr<SerialPort> TroubledPlatform::CreatePort(const PortSettings& settings) {

@@ -55,6 +55,7 @@ class TroubledClock : public Clock {
   explicit TroubledClock(Watch& watch) : watch_(watch) {}
   double TimeOfDay() override;
   std::string ShortDate() override;
+  std::string IsoDate() override;
   std::string TimeText() override;
   double Elapsed() override;
   void Sleep(std::int32_t milliseconds) override;
@@ -87,8 +88,28 @@ class TroubledLog : public LogFile {
  public:
   explicit TroubledLog(Watch& watch) : watch_(watch) {}
   void Append(std::string_view file, std::string_view bytes) override;
+  void SetAside(std::string_view file, std::uint64_t limit) override;
 
  private:
+  Watch& watch_;
+};
+
+class TroubledJournalFile : public JournalFile {
+ public:
+  explicit TroubledJournalFile(Watch& watch) : watch_(watch) {}
+  void Open(std::string_view file) override;
+  void Close() noexcept override;
+  [[nodiscard]] bool IsOpen() const noexcept override;
+  std::string Read() override;
+  void Append(std::string_view bytes) override;
+  void Truncate(std::size_t length) override;
+  void BeginAnew(std::string_view suffix) override;
+  std::vector<std::string> Kept() override;
+  void DeleteKept(std::string_view suffix) override;
+
+ private:
+  FakeJournalFile& Reach();
+
   Watch& watch_;
 };
 
@@ -104,6 +125,7 @@ class TroubledPlatform : public Platform {
   Operator& GetOperator() override { return operator_; }
   ProfileFile& GetProfile() override { return profile_; }
   LogFile& GetLog() override { return log_; }
+  JournalFile& GetJournalFile() override { return journal_; }
 
   Watch& GetWatch() { return watch_; }
 
@@ -114,6 +136,7 @@ class TroubledPlatform : public Platform {
   TroubledOperator operator_{watch_};
   TroubledProfile profile_{watch_};
   TroubledLog log_{watch_};
+  TroubledJournalFile journal_{watch_};
 };
 
 }  // namespace kestra::torture

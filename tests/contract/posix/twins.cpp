@@ -3,6 +3,7 @@
 #include "contract/posix/surroundings.hpp"
 #include "platform/posix/clock.hpp"
 #include "platform/posix/files.hpp"
+#include "platform/posix/journal_file.hpp"
 
 namespace kestra {
 namespace {
@@ -22,6 +23,10 @@ const std::int32_t kLogIsADirectory = 75;
 
 std::unique_ptr<LogFile> MakeLog() {
   return std::make_unique<PosixLog>();
+}
+
+std::unique_ptr<JournalFile> MakeJournal() {
+  return std::make_unique<PosixJournalFile>();
 }
 
 std::unique_ptr<ProfileFile> MakeProfile() {

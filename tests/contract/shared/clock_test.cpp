@@ -56,6 +56,16 @@ TEST_P(ClockContract, TheDateIsDayMonthAndYear) {
   EXPECT_TRUE(std::regex_match(date, std::regex("[0-3][0-9]/[01][0-9]/[0-9]{4}"))) << date;
 }
 
+TEST_P(ClockContract, TheDateThatSortsIsTheSameDay) {
+  std::string date;
+  std::string sorts;
+  while (date != clock_.ShortDate()) {
+    date = clock_.ShortDate();
+    sorts = clock_.IsoDate();
+  }
+  EXPECT_EQ(sorts, date.substr(6, 4) + "-" + date.substr(3, 2) + "-" + date.substr(0, 2));
+}
+
 TEST_P(ClockContract, TheTimesTextIsTheTimeOfDay) {
   double second = -1;
   std::string text;

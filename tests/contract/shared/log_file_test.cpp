@@ -23,13 +23,15 @@ class LogBench {
 
   virtual LogFile& Get() = 0;
   virtual std::string Text() = 0;
-  virtual void Block() = 0;  // nothing can be written any more
+  virtual std::string Aside() = 0;  // what was set aside
+  virtual void Block() = 0;         // nothing can be written any more
 };
 
 class SystemLog : public LogBench {
  public:
   LogFile& Get() override { return *log_; }
   std::string Text() override { return ReadFile("fiscal.log"); }
+  std::string Aside() override { return ReadFile("fiscal.log.1"); }
   void Block() override { std::filesystem::create_directory("fiscal.log"); }
 
  private:
@@ -40,13 +42,8 @@ class SystemLog : public LogBench {
 class LogInMemory : public LogBench {
  public:
   LogFile& Get() override { return log_; }
-  std::string Text() override {
-    std::string text;
-    for (const Event& event : journal_.Events()) {
-      if (event.kind == Happening::kLog && event.detail == kName) text += event.text;
-    }
-    return text;
-  }
+  std::string Text() override { return log_.Text(kName); }
+  std::string Aside() override { return log_.Text(std::string(kName) + ".1"); }
   void Block() override { log_.SetReadOnly(true); }
 
  private:
@@ -94,6 +91,22 @@ TEST_P(LogContract, KeepsEveryByteAsItIs) {
 TEST_P(LogContract, OneThatCannotBeWrittenIsAFailure) {
   bench_->Block();
   EXPECT_EQ(FailureNumber([&] { Append("x"); }), GetParam().blocked);
+}
+
+TEST_P(LogContract, OneThatHasGrownIsSetAsideOverWhatWasThere) {
+  for (const char* const text : {"uno\r\n", "dos\r\n"}) {
+    Append(text);
+    bench_->Get().SetAside(kName, 6);
+    EXPECT_EQ(bench_->Text(), text);  // 5 bytes
+    bench_->Get().SetAside(kName, 5);
+    EXPECT_EQ(bench_->Text(), "");
+    EXPECT_EQ(bench_->Aside(), text);
+  }
+}
+
+TEST_P(LogContract, OneThatIsNotThereIsNotSetAside) {
+  bench_->Get().SetAside(kName, 0);
+  EXPECT_EQ(bench_->Aside(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Twins, LogContract,

@@ -13,6 +13,8 @@ std::unique_ptr<LogFile> MakeLog();
 // The failure of a log in whose place there is a directory.
 extern const std::int32_t kLogIsADirectory;
 
+std::unique_ptr<JournalFile> MakeJournal();
+
 std::unique_ptr<ProfileFile> MakeProfile();
 
 // A clock of a user whose dates are 21/11/2026 and whose times are 18:30:00.

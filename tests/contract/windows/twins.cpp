@@ -3,6 +3,7 @@
 #include "contract/windows/user_form.hpp"
 #include "platform/windows/clock.hpp"
 #include "platform/windows/files.hpp"
+#include "platform/windows/journal_file.hpp"
 
 namespace kestra {
 namespace {
@@ -23,6 +24,10 @@ const std::int32_t kLogIsADirectory = 70;
 
 std::unique_ptr<LogFile> MakeLog() {
   return std::make_unique<WindowsLog>();
+}
+
+std::unique_ptr<JournalFile> MakeJournal() {
+  return std::make_unique<WindowsJournalFile>();
 }
 
 std::unique_ptr<ProfileFile> MakeProfile() {

@@ -28,6 +28,7 @@ LEFT_OUT = [
     ("makes a call to the system fail", lambda case: case.has("fail")),
     ("opens a port that it names itself",
      lambda case: case.needs_line and case.settings("impresorapuerto", "impresoradispositivo")),
+    ("keeps a journal, which names its port", lambda case: case.settings("diario")),
     ("looks at nothing but the state record", lambda case: case.state_alone),
 ]
 SLOW = (f"takes more than {LONGEST} s (played with --lentos)", lambda case: case.seconds > LONGEST)

@@ -59,6 +59,50 @@ TEST_F(CommandLog, AReadOnlyFileIsNoFailure) {
   world_.GetLog().SetReadOnly(true);
   EXPECT_NO_THROW(EscribirLog(library_, "x"));
   EXPECT_TRUE(Lines().empty());
+  EXPECT_EQ(library_.certainty.report.cause, Cause::kLogUnwritable);
+}
+
+class BoundedLog : public CommandLog {
+ protected:
+  // A line of 40 bytes.
+  void Write(char letter) { EscribirLog(library_, std::string(17, letter)); }
+  std::string Text(const char* file) { return world_.GetLog().Text(file); }
+};
+
+TEST_F(BoundedLog, WithoutItsKeyItGrows) {
+  for (int n = 0; n < 100; ++n) Write('x');
+  EXPECT_EQ(Text(".\\fiscal.log").size(), 4000u);
+  EXPECT_EQ(Text(".\\fiscal.log.1"), "");
+}
+
+TEST_F(BoundedLog, TheLineThatWouldPassTheBoundBeginsAFileAndTheOldOneIsKeptOnce) {
+  library_.certainty.settings.LogMaximo = 80;
+  for (const char letter : {'a', 'b', 'c', 'd', 'e'}) {
+    Write(letter);
+    EXPECT_LE(Text(".\\fiscal.log").size(), 80u);
+  }
+  EXPECT_EQ(Text(".\\fiscal.log").size(), 40u);
+  EXPECT_NE(Text(".\\fiscal.log").find("eeee"), std::string::npos);
+  EXPECT_EQ(Text(".\\fiscal.log.1").size(), 80u);
+  EXPECT_NE(Text(".\\fiscal.log.1").find("cccc"), std::string::npos);
+}
+
+TEST_F(BoundedLog, ALineLongerThanTheBoundIsWrittenAllTheSame) {
+  library_.certainty.settings.LogMaximo = 10;
+  Write('a');
+  Write('b');
+  EXPECT_EQ(Text(".\\fiscal.log").size(), 40u);
+  EXPECT_EQ(Text(".\\fiscal.log.1").size(), 40u);
+  EXPECT_EQ(library_.certainty.report.cause, Cause::kNone);
+}
+
+TEST_F(BoundedLog, OneThatCannotBeSetAsideGoesOn) {
+  library_.certainty.settings.LogMaximo = 40;
+  Write('a');
+  world_.GetTrouble().Arm(Point::kLog, 1, false, Ailment::kFalla);
+  Write('b');
+  EXPECT_EQ(Text(".\\fiscal.log").size(), 80u);
+  EXPECT_EQ(library_.certainty.report.cause, Cause::kNone);
 }
 
 TEST_F(CommandLog, AFailureNamesItsRoutineAndPlace) {

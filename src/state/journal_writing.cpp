@@ -1,0 +1,86 @@
+#include "state/journal_writing.hpp"
+
+#include <string>
+#include <vector>
+
+#include "base/ansi.hpp"
+#include "state/journal_days.hpp"
+#include "state/library.hpp"
+
+namespace kestra {
+namespace {
+
+std::string Moment(Clock& clock) {
+  return clock.IsoDate() + " " + clock.TimeText();
+}
+
+std::string Beginning(Library& library) {
+  return TextOf(NewRecord(library, RecordKind::kBeginning, library.certainty.journal.newest));
+}
+
+void DeleteOutdated(Library& library, const std::vector<std::string>& kept, std::string_view day) {
+  for (const auto& suffix : kept) {
+    if (!IsOutdated(suffix, day, library.certainty.settings.DiarioDias)) continue;
+    WithoutFailing([&] { FileOf(library).DeleteKept(suffix); });
+  }
+}
+
+}  // namespace
+
+JournalFile& FileOf(Library& library) {
+  return library.platform.GetJournalFile();
+}
+
+Failure JournalFailure(std::string_view words, Cause cause) {
+  return {75, std::string(words), static_cast<std::int32_t>(cause)};
+}
+
+JournalRecord NewRecord(Library& library, RecordKind kind, std::int64_t number) {
+  JournalRecord record;
+  record.kind = kind;
+  record.number = number;
+  record.moment = Moment(library.platform.GetClock());
+  record.printer = library.certainty.journal.printer;
+  record.ledger = library.certainty.ledger;
+  return record;
+}
+
+void CutTail(Library& library) {
+  auto& journal = library.certainty.journal;
+  FileOf(library).Truncate(journal.length);
+  journal.torn = false;
+}
+
+void Write(Library& library, std::string_view record) {
+  auto& journal = library.certainty.journal;
+  auto& file = FileOf(library);
+  if (!file.IsOpen()) throw JournalFailure("El diario no está abierto"_ansi, journal.trouble);
+  if (journal.torn) CutTail(library);
+  const std::string text = (journal.length == 0 ? Beginning(library) : std::string())
+                               .append(journal.owed)
+                               .append(record);
+  journal.torn = true;
+  try {
+    file.Append(text);
+  } catch (...) {
+    WithoutFailing([&] { CutTail(library); });
+    throw;
+  }
+  journal.torn = false;
+  journal.length += text.size();
+  journal.owed.clear();
+}
+
+void BeginAnew(Library& library) {
+  auto& journal = library.certainty.journal;
+  auto& file = FileOf(library);
+  const auto day = library.platform.GetClock().IsoDate();
+  const auto kept = file.Kept();
+  Write(library, TextOf(NewRecord(library, RecordKind::kDayClosed, journal.newest)));
+  file.BeginAnew(FreeSuffix(day, kept));
+  journal.length = 0;
+  Write(library, {});
+  DeleteOutdated(library, kept, day);
+}
+
+}  // namespace kestra

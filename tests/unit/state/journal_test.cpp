@@ -1,0 +1,423 @@
+// The journal in the life of a till: what is on the disk, what the next program finds, what goes wrong.
+
+#include "state/journal.hpp"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "fakes/fake_platform.hpp"
+#include "state/journal_record.hpp"
+#include "state/library.hpp"
+#include "unit/world.hpp"
+
+namespace kestra {
+namespace {
+
+constexpr const char* kFile = "diario.txt";
+constexpr IntentKind kItem{.opens = false, .has_book = true};
+constexpr IntentKind kOpening{.opens = true, .has_book = true};
+constexpr IntentKind kTextLine{.opens = false, .has_book = false};
+constexpr Verdict kWasDone{Outcome::kDone, Cause::kNone};
+
+// A program with its library, on a disk that outlives it.
+class Till {
+ public:
+  explicit Till(std::shared_ptr<FakeDisk> disk) {
+    world.GetJournalFile().UseDisk(std::move(disk));
+    library.state.LogComandos = 1;
+    library.certainty.settings.Diario = kFile;
+  }
+
+  void Start(const char* printer = "COM1") { OpenJournal(library, printer); }
+  Cause Intend(const std::string& command, IntentKind kind = kItem) {
+    return JournalIntent(library, {"EP_" + command, command, {}, library.certainty.ledger}, kind);
+  }
+  std::string Pending() const {
+    const auto& pending = library.certainty.pending;
+    return pending ? pending->command : std::string();
+  }
+  Cause ReportedCause() const { return library.certainty.report.cause; }
+  // The log's lines without their dates.
+  std::vector<std::string> Log() {
+    auto lines = unit::TextsOf(world.GetJournal(), Happening::kLog);
+    for (auto& line : lines) line = line.substr(line.find(']') + 1);
+    return lines;
+  }
+
+  FakePlatform world;
+  Library library{world};
+};
+
+class JournalOfATill : public testing::Test {
+ protected:
+  std::unique_ptr<Till> Program() { return std::make_unique<Till>(disk_); }
+
+  // A program that has died; the disk has what it had.
+  void Die(std::unique_ptr<Till>& till) { till.reset(); }
+
+  std::string& Text() { return disk_->files[kFile]; }
+
+  std::shared_ptr<FakeDisk> disk_ = std::make_shared<FakeDisk>();
+};
+
+TEST_F(JournalOfATill, WithoutTheKeyNothingIsAskedOfTheDisk) {
+  auto till = Program();
+  till->library.certainty.settings.Diario.clear();
+  till->Start();
+  PrepareJournal(till->library);
+  EXPECT_EQ(till->Intend("@", kOpening), Cause::kNone);
+  JournalResult(till->library, kWasDone);
+  JournalForget(till->library);
+  CloseJournal(till->library);
+  EXPECT_TRUE(disk_->files.empty());
+  EXPECT_EQ(till->ReportedCause(), Cause::kNone);
+  EXPECT_EQ(till->world.GetTrouble().Calls(Point::kJournal), 0);
+}
+
+TEST_F(JournalOfATill, AnIntentIsOnTheDiskBeforeItsResult) {
+  auto till = Program();
+  till->Start();
+  EXPECT_EQ(till->Intend("B"), Cause::kNone);
+  const auto during = ReadJournal(Text());
+  ASSERT_TRUE(during.open);
+  EXPECT_EQ(during.open->call, "EP_B");
+  EXPECT_EQ(during.open->moment, "2026-11-21 10:30:00");
+  EXPECT_EQ(during.printer, "COM1");
+  JournalResult(till->library, kWasDone);
+  EXPECT_FALSE(ReadJournal(Text()).open);
+  EXPECT_EQ(ReadJournal(Text()).length, Text().size());
+}
+
+TEST_F(JournalOfATill, WhatWasInFlightIsPendingForTheNextProgram) {
+  auto till = Program();
+  till->Start();
+  till->library.certainty.ledger.lines = 4;
+  till->library.certainty.ledger.open = true;
+  till->Intend("B");
+  till->library.certainty.ledger.lines = 5;  // never learnt
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->Pending(), "B");
+  EXPECT_EQ(till->library.certainty.pending->call, "EP_B");
+  EXPECT_EQ(till->library.certainty.pending->before.lines, 4);
+  EXPECT_EQ(till->library.certainty.ledger.lines, 4);
+  EXPECT_EQ(till->Log(), std::vector<std::string>{" - Diario : Pendiente EP_B\r\n"});
+  JournalResult(till->library, {Outcome::kNotDone, Cause::kNone});
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->Pending(), "");
+}
+
+TEST_F(JournalOfATill, TheLedgerOutlivesTheProgram) {
+  auto till = Program();
+  till->Start();
+  till->Intend("B");
+  till->library.certainty.ledger.open = true;
+  till->library.certainty.ledger.lines = 1;
+  JournalResult(till->library, kWasDone);
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->library.certainty.ledger.open, true);
+  EXPECT_EQ(till->library.certainty.ledger.lines, 1);
+}
+
+TEST_F(JournalOfATill, WhatNoBookShowsIsToldInTheLogAlone) {
+  auto till = Program();
+  till->Start();
+  till->Intend("A", kTextLine);
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->Pending(), "");
+  EXPECT_EQ(till->Log(), std::vector<std::string>{" - Diario : No se sabe si se hizo EP_A\r\n"});
+}
+
+TEST_F(JournalOfATill, WhatIsDroppedByHandIsNotPending) {
+  auto till = Program();
+  till->Start();
+  till->Intend("B");
+  JournalForget(till->library);
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->Pending(), "");
+  EXPECT_NE(Text().find("olvido\t1\t"), std::string::npos);
+}
+
+// The power goes while the last record is on its way to the disk.
+TEST_F(JournalOfATill, CutAtEveryByteOfItsLastRecordItTellsTheTruth) {
+  auto till = Program();
+  till->Start();
+  till->Intend("B");
+  JournalResult(till->library, kWasDone);
+  const std::string settled = Text();
+  till->Intend("D");
+  const std::string intended = Text();
+  JournalResult(till->library, kWasDone);
+  const std::string done = Text();
+  Die(till);
+  for (std::size_t size = settled.size(); size <= done.size(); ++size) {
+    Text() = done.substr(0, size);
+    till = Program();
+    till->Start();
+    const bool in_flight = size >= intended.size() && size < done.size();
+    EXPECT_EQ(till->Pending(), in_flight ? "D" : "") << size;
+    // And it goes on behind what counts.
+    EXPECT_EQ(till->Intend("E"), Cause::kNone);
+    Die(till);
+    ASSERT_TRUE(ReadJournal(Text()).open) << size;
+    EXPECT_EQ(ReadJournal(Text()).open->command, "E") << size;
+    EXPECT_EQ(ReadJournal(Text()).length, Text().size()) << size;
+  }
+}
+
+struct BlockedRow {
+  const char* story;
+  void (*block)(FakeDisk&);
+  Cause cause;
+};
+
+const std::vector<BlockedRow> kBlocked{
+    {"disk full", [](FakeDisk& disk) { disk.room = 0; }, Cause::kJournalUnwritable},
+    {"a few bytes left", [](FakeDisk& disk) { disk.room = 20; }, Cause::kJournalUnwritable},
+    {"read-only folder", [](FakeDisk& disk) { disk.read_only = true; }, Cause::kJournalUnwritable},
+    {"another program's", [](FakeDisk& disk) { disk.held = {kFile}; }, Cause::kJournalBusy},
+    {"another printer's",
+     [](FakeDisk& disk) {
+       JournalRecord record;
+       record.printer = "COM7";
+       disk.files[kFile] = TextOf(record);
+     },
+     Cause::kJournalForeign},
+    {"no journal at all", [](FakeDisk& disk) { disk.files[kFile] = "ventas\n"; },
+     Cause::kJournalDamaged},
+};
+
+TEST_F(JournalOfATill, WithoutAJournalOpeningsAreRefusedAndTheRestGoesOn) {
+  for (const auto& row : kBlocked) {
+    *disk_ = {};
+    row.block(*disk_);
+    const auto files = disk_->files;
+    auto till = Program();
+    till->Start();
+    EXPECT_EQ(till->ReportedCause(), row.cause) << row.story;
+    EXPECT_EQ(till->Log().size(), 1u) << row.story;
+    PrepareJournal(till->library);
+    EXPECT_EQ(till->Intend("@", kOpening), row.cause) << row.story;
+    till->library.certainty.report = {};
+    EXPECT_EQ(till->Intend("B"), Cause::kNone) << row.story;
+    EXPECT_EQ(till->ReportedCause(), Cause::kJournalSkipped) << row.story;
+    till->library.certainty.settings.DiarioObligatorio = 0;
+    EXPECT_EQ(till->Intend("@", kOpening), Cause::kNone) << row.story;
+    EXPECT_EQ(till->Log().size(), 1u) << "told once: " << row.story;
+    if (files.empty()) continue;
+    EXPECT_EQ(disk_->files, files) << row.story;
+  }
+}
+
+TEST_F(JournalOfATill, ItIsKeptAgainAsSoonAsItCanBe) {
+  for (const auto& row : kBlocked) {
+    *disk_ = {};
+    row.block(*disk_);
+    auto till = Program();
+    till->Start();
+    *disk_ = {};
+    PrepareJournal(till->library);
+    EXPECT_EQ(till->Intend("@", kOpening), Cause::kNone) << row.story;
+    EXPECT_TRUE(ReadJournal(Text()).open) << row.story;
+  }
+}
+
+TEST_F(JournalOfATill, AResultThatFoundTheDiskFullGoesBeforeTheNextRecord) {
+  for (std::size_t room = 0; room < 60; ++room) {
+    *disk_ = {};
+    auto till = Program();
+    till->Start();
+    till->Intend("B");
+    disk_->room = room;
+    till->library.certainty.ledger.lines = 1;
+    JournalResult(till->library, kWasDone);
+    EXPECT_EQ(till->ReportedCause(), Cause::kJournalSkipped);
+    EXPECT_EQ(till->Intend("@", kOpening), Cause::kJournalUnwritable);
+    disk_->room = 100000;
+    EXPECT_EQ(till->Intend("D"), Cause::kNone);
+    const auto reading = ReadJournal(Text());
+    ASSERT_TRUE(reading.open);
+    EXPECT_EQ(reading.open->command, "D");
+    EXPECT_EQ(reading.length, Text().size()) << "nothing torn in between";
+    EXPECT_NE(Text().find("resultado\t1\t"), std::string::npos);
+  }
+}
+
+TEST_F(JournalOfATill, AnOwedResultIsWrittenAtTheEndAtTheLatest) {
+  auto till = Program();
+  till->Start();
+  till->Intend("B");
+  disk_->room = 5;
+  JournalResult(till->library, kWasDone);
+  disk_->room = 100000;
+  CloseJournal(till->library);
+  EXPECT_FALSE(ReadJournal(Text()).open);
+}
+
+TEST_F(JournalOfATill, AnOpeningThatWasRefusedLeavesNoIntent) {
+  auto till = Program();
+  till->Start();
+  disk_->room = 30;
+  EXPECT_EQ(till->Intend("@", kOpening), Cause::kJournalUnwritable);
+  Die(till);
+  disk_->room = 100000;
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->Pending(), "");
+}
+
+TEST_F(JournalOfATill, TwoProgramsDoNotShareOne) {
+  auto first = Program();
+  auto second = Program();
+  first->Start();
+  second->Start();
+  EXPECT_EQ(first->Intend("@", kOpening), Cause::kNone);
+  EXPECT_EQ(second->Intend("@", kOpening), Cause::kJournalBusy);
+  CloseJournal(first->library);
+  PrepareJournal(second->library);
+  EXPECT_EQ(second->Intend("@", kOpening), Cause::kNone);
+}
+
+TEST_F(JournalOfATill, TheDailyClosingBeginsAFileAndKeepsTheOldOne) {
+  auto till = Program();
+  till->Start();
+  till->library.certainty.ledger.counters[0] = 8;
+  till->Intend("9\x1CZ\x1CP");
+  JournalResult(till->library, kWasDone);
+  const std::string kept = disk_->files.at("diario.txt-20261121");
+  EXPECT_NE(kept.find("\ncierre-de-dia\t1\t"), std::string::npos);
+  EXPECT_EQ(ReadJournal(kept).length, kept.size());
+  EXPECT_EQ(ReadJournal(Text()).newest, 1) << "numbers go on";
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->library.certainty.ledger.counters[0], 8);
+}
+
+TEST_F(JournalOfATill, AClosingThatWasNotDoneBeginsNothing) {
+  for (const auto outcome : {Outcome::kRefused, Outcome::kNotDone, Outcome::kUnknown}) {
+    auto till = Program();
+    till->Start();
+    till->Intend("9\x1CZ\x1CP");
+    JournalResult(till->library, {outcome, Cause::kNone});
+    till->Intend("9\x1CX\x1CP");
+    JournalResult(till->library, kWasDone);
+  }
+  EXPECT_EQ(disk_->files.size(), 1u);
+}
+
+TEST_F(JournalOfATill, AClosingThatTheNextProgramSettlesBeginsAFileToo) {
+  auto till = Program();
+  till->Start();
+  till->Intend("9\x1CZ\x1CP");
+  Die(till);
+  till = Program();
+  till->Start();
+  JournalResult(till->library, kWasDone);
+  EXPECT_EQ(disk_->files.size(), 2u);
+}
+
+TEST_F(JournalOfATill, DaysAreKeptAsLongAsTheKeySays) {
+  disk_->files["diario.txt-20261021"] = "x";
+  disk_->files["diario.txt-20261022"] = "x";
+  disk_->files["diario.txt.copia"] = "x";
+  auto till = Program();
+  till->Start();
+  for (int n = 0; n < 2; ++n) {
+    till->Intend("9\x1CZ\x1CP");
+    JournalResult(till->library, kWasDone);
+  }
+  std::vector<std::string> names;
+  for (const auto& [name, text] : disk_->files) names.push_back(name);
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"diario.txt", "diario.txt-20261022", "diario.txt-20261121",
+                                      "diario.txt-20261121-2", "diario.txt.copia"}));
+}
+
+TEST_F(JournalOfATill, WithoutDailyClosingsALargeOneIsKeptAsideAtAStart) {
+  auto till = Program();
+  till->Start();
+  Die(till);
+  JournalRecord forgotten;
+  forgotten.kind = RecordKind::kForgotten;
+  const std::string line = TextOf(forgotten);
+  while (Text().size() < (std::size_t{1} << 20)) Text() += line;
+  till = Program();
+  till->Start();
+  EXPECT_EQ(disk_->files.count("diario.txt-20261121"), 1u);
+  EXPECT_LT(Text().size(), 1000u);
+}
+
+TEST_F(JournalOfATill, AnotherPrinterKnowsNothingOfTheFirst) {
+  auto till = Program();
+  till->library.certainty.settings.Diario.clear();
+  till->Start("COM1");
+  till->library.certainty.ledger.open = true;
+  till->library.certainty.pending = Pending{"EP_B", "B", {}, {}};
+  till->Start("COM1");
+  EXPECT_EQ(till->Pending(), "B");
+  till->Start("COM2");
+  EXPECT_EQ(till->Pending(), "");
+  EXPECT_EQ(till->library.certainty.ledger.open, std::nullopt);
+}
+
+TEST_F(JournalOfATill, WhatThisProgramLeftPendingIsNotForgottenForTheFile) {
+  auto till = Program();
+  till->Start();
+  disk_->room = 0;
+  till->Intend("B");
+  till->library.certainty.pending = Pending{"EP_B", "B", {}, {}};
+  disk_->room = 100000;
+  CloseJournal(till->library);
+  till->Start();
+  EXPECT_EQ(till->Pending(), "B");
+}
+
+// The k-th call of the file fails, by a failure, by want of memory, by anything else.
+TEST_F(JournalOfATill, SurvivesEveryFailureOfEveryCall) {
+  for (const auto ailment : {Ailment::kFalla, Ailment::kMemory, Ailment::kOther}) {
+    for (const bool forever : {false, true}) {
+      for (int nth = 1; nth <= 12; ++nth) {
+        *disk_ = {};
+        auto till = Program();
+        till->world.GetTrouble().Arm(Point::kJournal, nth, forever, ailment);
+        till->Start();
+        for (const char* const command : {"@", "B", "9\x1CZ\x1CP", "@"}) {
+          PrepareJournal(till->library);
+          const bool opens = std::string(command) == "@";
+          if (till->Intend(command, opens ? kOpening : kItem) != Cause::kNone) {
+            EXPECT_TRUE(opens);
+            continue;
+          }
+          JournalResult(till->library, kWasDone);
+        }
+        till->Intend("B");
+        const bool on_disk = till->library.certainty.journal.unsettled != 0;
+        const bool owes = !till->library.certainty.journal.owed.empty();
+        till->world.GetTrouble().Disarm();
+        Die(till);
+        till = Program();
+        till->Start();
+        // A result that never got there leaves its command to be asked for once more.
+        EXPECT_EQ(till->Pending().empty(), !on_disk && !owes) << nth << forever;
+        EXPECT_TRUE(!on_disk || till->Pending() == "B") << nth << forever;
+        EXPECT_EQ(till->Intend("@", kOpening), Cause::kNone) << nth << forever;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kestra
