@@ -87,7 +87,11 @@ Fields FieldsFor(const Doubt& doubt, const Shown& shown) {
 void EnterShown(Library& library, const Doubt& doubt, const Consultation& found,
                 const Shown& shown) {
   auto ledger = doubt.before;
-  if (found.finding == Finding::kDone) Enter(ledger, doubt.command, library.state);
+  if (found.finding == Finding::kDone) {
+    Enter(ledger, doubt.command, library.state);
+  } else if (found.finding != Finding::kNotDone) {
+    Blur(ledger, doubt.command);
+  }
   if (shown.books.counters) EnterCounters(ledger, *shown.books.counters);
   if (shown.books.subtotal) EnterSubtotal(ledger, *shown.books.subtotal);
   EnterWords(ledger, WordsOf(shown.first));

@@ -179,6 +179,34 @@ void Enter(Ledger& ledger, std::string_view command, const State& digits) {
   }
 }
 
+void Blur(Ledger& ledger, std::string_view command) {
+  const auto forget_total = [&] {
+    ledger.total.reset();
+    ledger.net.reset();
+    ledger.iva.reset();
+  };
+  switch (MethodOf(command).method) {
+    case Method::kLine:
+      ledger.lines.reset();
+      return forget_total();
+    case Method::kPerception:
+      ledger.perceptions.reset();
+      return forget_total();
+    case Method::kCorrection:
+      return forget_total();
+    case Method::kPayment:
+      return ledger.paid.reset();
+    case Method::kOpening:
+    case Method::kCancel:
+    case Method::kClosing:
+    case Method::kDay:
+      ledger = {};
+      return;
+    default:
+      return;
+  }
+}
+
 void EnterNumber(Ledger& ledger, std::string_view command, std::string_view number) {
   const auto given = WholeNumber(number);
   if (!given) return;

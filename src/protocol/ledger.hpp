@@ -33,6 +33,9 @@ Finding Compare(const Ledger& before, std::string_view command, const State& dig
 // The command is known to be done.
 void Enter(Ledger& ledger, std::string_view command, const State& digits);
 
+// Nobody knows whether it was done: what depends on it is not known either.
+void Blur(Ledger& ledger, std::string_view command);
+
 // The number that the printer gave the document that this command closed, or this daily closing.
 void EnterNumber(Ledger& ledger, std::string_view command, std::string_view number);
 

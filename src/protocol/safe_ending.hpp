@@ -31,6 +31,9 @@ class SafeEnding {
   void TakeAnswer(std::string answer, const Fields& fields);
   void TakeBooks(std::string_view header, const Fields& fields);
 
+  // The answer was that to another sending.
+  void DropAnswer() { answer_.clear(); }
+
   // The condition that the answer's status words tell of.
   [[nodiscard]] Cause Condition() const;
 
@@ -42,7 +45,6 @@ class SafeEnding {
 
   // The books were asked: the ledger has it from them.
   void BooksTold() { entered_ = true; }
-  void NotDone() { entered_ = false; }
 
   void End(const Verdict& verdict, Told told, Keep keep = Keep::kNothing);
 

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <exception>
-#include <optional>
 #include <utility>
 
 #include "base/failure.hpp"
 #include "protocol/admission.hpp"
 #include "protocol/books.hpp"
 #include "protocol/consultation.hpp"
+#include "protocol/judgement.hpp"
 #include "protocol/ledger.hpp"
 #include "protocol/patience.hpp"
 #include "protocol/question.hpp"
@@ -25,15 +25,6 @@ namespace {
 // The printer keeps its last answer for six seconds: a repetition has to be there before.
 constexpr double kRepeatWithin = 5.5;
 constexpr std::int32_t kBetweenLooksMs = 1000;
-
-// What the books are asked for, and what follows from what they show.
-struct Reading {
-  // When the command was not carried out; without it the command is sent again.
-  std::optional<Verdict> if_not_done{};
-  Verdict if_absent{Outcome::kUnknown, Cause::kNoBook};
-  bool then_cure = false;  // the mechanism has to be ready before it is sent again
-  bool answered = false;   // its own answer came: only what it means is to be found out
-};
 
 class SafeExchange {
  public:
@@ -57,8 +48,7 @@ class SafeExchange {
   Step AskBooks();
   Step Cure();
   Step Judge();
-  Step JudgeMechanism(const Words& words);
-  Step Read(Reading reading);
+  Step Untold(Cause cause);
   Step Unanswered(Cause cause);
   Step AskOperator(Step again, const Verdict& verdict);
   Step End(const Verdict& verdict);
@@ -106,7 +96,8 @@ bool SafeExchange::Fail(const std::exception& error) {
   // What is known stays known, whatever a dialog behind it has met.
   if (ending_.HasEnded()) return ending_.IsDone();
   const auto cause = CauseOf(ToFailure(error));
-  if (written_) {
+  const bool question = row_.method == Method::kQuestion;
+  if (written_ && !question) {
     ending_.End({Outcome::kUnknown, cause}, Told::kNothing, Keep::kPending);
   } else if (sendings_ > 0) {
     ending_.End({Outcome::kNotDone, cause}, Told::kNothing);
@@ -146,6 +137,7 @@ SafeExchange::Step SafeExchange::Send() {
   }
   before_ = library_.certainty.ledger;
   reading_ = {};
+  ending_.DropAnswer();
   if (HasBook()) library_.certainty.pending = ending_.Intent();
   sent_ = Now();
   ++sendings_;
@@ -195,20 +187,23 @@ SafeExchange::Step SafeExchange::AskBooks() {
     found.cause = line_.Why();
   }
   if (!found.answered) return patience_.Over() ? Unanswered(found.cause) : Step::kAskBooks;
-  ending_.BooksTold();
   if (found.finding == Finding::kDone) {
+    ending_.BooksTold();
     if (!reading_.answered) ending_.TakeBooks(frame_.header, found.fields);
     return End({Outcome::kDone, ending_.Condition()});
   }
-  if (found.finding != Finding::kNotDone) {
-    const auto absent = reading_.answered ? reading_.if_absent.cause : found.cause;
-    return End({reading_.if_absent.outcome, absent});
-  }
+  if (found.finding != Finding::kNotDone) return Untold(found.cause);
   written_ = false;
-  ending_.NotDone();
   if (reading_.if_not_done) return End(*reading_.if_not_done);
   if (reading_.then_cure) return Step::kCure;
   return patience_.Over() ? AskOperator(Step::kSend, {Outcome::kNotDone, doubt_}) : Step::kSend;
+}
+
+// The books say nothing, or what nobody understands: its own answer counts, if there is one.
+SafeExchange::Step SafeExchange::Untold(Cause cause) {
+  if (!reading_.answered) return End({Outcome::kUnknown, cause});
+  if (reading_.if_absent.outcome == Outcome::kDone) library_.certainty.ledger = before_;
+  return End(reading_.if_absent);
 }
 
 SafeExchange::Step SafeExchange::Unanswered(Cause cause) {
@@ -227,43 +222,11 @@ SafeExchange::Step SafeExchange::AskOperator(Step again, const Verdict& verdict)
   return Step::kEnd;
 }
 
-SafeExchange::Step SafeExchange::Read(Reading reading) {
-  reading.answered = true;
-  if (!HasBook()) return End(reading.if_absent);
-  reading_ = reading;
-  return Step::kAskBooks;
-}
-
 SafeExchange::Step SafeExchange::Judge() {
-  const auto words = WordsOf(fields_);
-  const auto condition = ending_.Condition();
-  const Verdict done{Outcome::kDone, condition};
-  if ((words.fiscal & fiscal_word::kRefusal) != 0) {
-    const Verdict refused{Outcome::kRefused, condition};
-    if (sendings_ == 1) return End(refused);
-    return Read({.if_not_done = refused, .if_absent = refused});
-  }
-  if (row_.method == Method::kQuestion) return End(done);
-  const unsigned mechanism = printer_word::kFailure | printer_word::kOffLine;
-  if (row_.prints && (words.printer & mechanism) != 0) return JudgeMechanism(words);
-  if ((words.fiscal & fiscal_word::kMachine) == 0) return End(done);
-  return Read({.if_not_done = Verdict{Outcome::kNotDone, condition}, .if_absent = done});
-}
-
-// A printer that cannot print says so and does not carry the command out. Where something can be done about
-// it, that is waited for.
-SafeExchange::Step SafeExchange::JudgeMechanism(const Words& words) {
-  const unsigned curable = printer_word::kPaper | printer_word::kOffLine;
-  const bool failed = (words.printer & printer_word::kFailure) != 0;
-  const bool can_be_cured = (words.printer & curable) != 0;
-  if (failed && can_be_cured) {
-    reading_ = {.then_cure = true, .answered = true};
-    return Step::kCure;
-  }
-  const auto condition = ending_.Condition();
-  const Verdict refused{Outcome::kRefused, condition};
-  if (failed) return Read({.if_not_done = refused, .if_absent = refused});
-  return Read({.if_absent = {Outcome::kUnknown, condition}, .then_cure = true});
+  const auto judgement = JudgeAnswer(row_, WordsOf(fields_), sendings_ > 1);
+  reading_ = judgement.reading;
+  if (judgement.next == Next::kEnd) return End(reading_.if_absent);
+  return judgement.next == Next::kCure ? Step::kCure : Step::kAskBooks;
 }
 
 SafeExchange::Step SafeExchange::Cure() {
@@ -274,13 +237,9 @@ SafeExchange::Step SafeExchange::Cure() {
   }
   library_.platform.GetClock().Sleep(kBetweenLooksMs);
   if (!OpenInTime(library_, line_, patience_, true) || !line_.Rest()) return Step::kCure;
-  const auto ready = [](const Fields& fields) {
-    const unsigned blocked = printer_word::kPaper | printer_word::kOffLine | printer_word::kFailure;
-    return (WordsOf(fields).printer & blocked) == 0;
-  };
   if (!HasBook()) {
     const auto reply = AskOn(line_, library_, CountersQuestion());
-    return reply.answered && ready(reply.fields) ? Step::kSend : Step::kCure;
+    return reply.answered && CanPrint(WordsOf(reply.fields)) ? Step::kSend : Step::kCure;
   }
   const auto found = Consult(line_, library_, {ending_.GetCommand(), before_, Now() - sent_});
   if (!found.answered) return Step::kCure;
@@ -290,7 +249,7 @@ SafeExchange::Step SafeExchange::Cure() {
     ending_.TakeBooks(frame_.header, found.fields);
     return End({Outcome::kDone, ending_.Condition()});
   }
-  return ready(found.fields) ? Step::kSend : Step::kCure;
+  return CanPrint(WordsOf(found.fields)) ? Step::kSend : Step::kCure;
 }
 
 SafeExchange::Step SafeExchange::End(const Verdict& verdict) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "protocol/consultation.hpp"
+#include "protocol/ledger.hpp"
 #include "protocol/patience.hpp"
 #include "protocol/safe_line.hpp"
 #include "state/journal.hpp"
@@ -64,6 +65,8 @@ void ForgetPending(Library& library) {
   auto& pending = library.certainty.pending;
   if (!pending) return;
   EscribirLog(library, " - Olvidado : " + pending->call);
+  library.certainty.ledger = pending->before;
+  Blur(library.certainty.ledger, pending->command);
   JournalForget(library);
   pending.reset();
 }

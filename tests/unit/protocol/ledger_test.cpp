@@ -1,0 +1,322 @@
+#include "protocol/ledger.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "state/library.hpp"
+
+namespace kestra {
+namespace {
+
+using namespace std::string_literals;
+
+// Digits as a shop has them: quantity 5.3, price 7.2, rate 2.2, internal taxes 7.8, amounts 9.2.
+State Digits() {
+  State state;
+  state.DecCantidad = 3;
+  state.DecPrecio = 2;
+  state.DecIVA = 2;
+  state.DecImpInt = 8;
+  state.DecDesc = 2;
+  state.DecPercepcion = 2;
+  return state;
+}
+
+std::string Fields(std::string command, const std::vector<std::string>& fields) {
+  for (const auto& field : fields) command += "\x1C" + field;
+  return command;
+}
+
+std::string Opening(const std::string& letter) {
+  return Fields("`", {"T", "C", letter, "1"});
+}
+std::string Ticket() {
+  return Fields("@", {"C"});
+}
+std::string TicketLine(const std::string& quantity, const std::string& price,
+                       const std::string& qualifier = "M") {
+  return Fields("B", {"Pan", quantity, price, "2100", qualifier, "0001", "0000", "0"});
+}
+std::string InvoiceLine(const std::string& quantity, const std::string& price,
+                        const std::string& taxes = "0") {
+  return Fields("b", {"Pan", quantity, price, "2100", "M", "0001", "0000", "\x7F", "\x7F", "\x7F",
+                      "\x7F", taxes});
+}
+std::string Discount(const std::string& amount) {
+  return Fields("d", {"Socio", amount, "D"});
+}
+
+struct TotalRow {
+  const char* sentence;
+  std::vector<std::string> commands;
+  std::int64_t cents;
+  std::int64_t slack;
+};
+
+const TotalRow kTotals[] = {
+    {"an open document has nothing on it", {Ticket()}, 0, 0},
+    {"quantity times price", {Ticket(), TicketLine("00002000", "000150000")}, 300000, 0},
+    {"what is no whole cent is rounded", {Ticket(), TicketLine("00000333", "000001001")}, 333, 1},
+    {"a written point counts", {Ticket(), TicketLine("00001000", "0001500.00")}, 150000, 0},
+    {"a void takes it off",
+     {Ticket(), TicketLine("00002000", "000150000"), TicketLine("00001000", "000150000", "m")},
+     150000,
+     1},
+    {"letter A adds the tax", {Opening("A"), InvoiceLine("00010000", "000032000")}, 387200, 2},
+    {"and internal taxes by the unit",
+     {Opening("A"), InvoiceLine("00002000", "000010000", "000000150000000")},
+     24200 + 300,
+     2},
+    {"letter B has them in its price",
+     {Opening("B"), InvoiceLine("00002000", "000010000", "000000150000000")},
+     20000,
+     0},
+    {"a discount",
+     {Opening("B"), InvoiceLine("00001000", "000010000"), Discount("00000001000")},
+     9000,
+     0},
+    {"a discount on letter A brings its tax along",
+     {Opening("A"), InvoiceLine("00001000", "000010000"), Discount("00000001000")},
+     10890,
+     5},
+    {"a perception",
+     {Opening("B"), InvoiceLine("00001000", "000010000"),
+      Fields("f", {"IIBB", "O", "0000000150", "0000"})},
+     10150,
+     0},
+};
+
+TEST(Ledger, ItsTotalIsTheSumOfWhatWasAccepted) {
+  for (const auto& row : kTotals) {
+    SCOPED_TRACE(row.sentence);
+    Ledger ledger;
+    for (const auto& command : row.commands) Enter(ledger, command, Digits());
+    ASSERT_TRUE(ledger.total);
+    EXPECT_EQ(ledger.total->cents, row.cents);
+    EXPECT_EQ(ledger.total->slack, row.slack);
+  }
+}
+
+TEST(Ledger, WhatCannotBeReckonedIsNotKnown) {
+  Ledger ledger;
+  Enter(ledger, Ticket(), Digits());
+  Enter(ledger, TicketLine("", "000150000"), Digits());
+  EXPECT_FALSE(ledger.total);
+  EXPECT_EQ(ledger.lines, 1);
+}
+
+TEST(Ledger, AClosingCountsOneAndItsNumberIsExact) {
+  Ledger ledger;
+  ledger.counters[3] = 7;
+  Enter(ledger, Opening("B"), Digits());
+  Enter(ledger, Fields("e", {"T", "B", "\x7F"}), Digits());
+  EXPECT_EQ(ledger.counters[3], 8);
+  EXPECT_EQ(ledger.open, false);
+  EXPECT_FALSE(ledger.lines);
+  EnterNumber(ledger, Fields("e", {"T", "B", "\x7F"}), "00000012");
+  EXPECT_EQ(ledger.counters[3], 12);
+}
+
+TEST(Ledger, ADailyClosingBeginsTheDayAnew) {
+  Ledger ledger;
+  EnterNumber(ledger, Fields("9", {"X", "P"}), "00005");
+  EXPECT_EQ(ledger.counters[kDailyClosings], 4);
+  ledger.counters[kCancelledToday] = 3;
+  ledger.something_today = true;
+  Enter(ledger, Fields("9", {"Z", "P"}), Digits());
+  EXPECT_EQ(ledger.counters[kDailyClosings], 5);
+  EXPECT_EQ(ledger.counters[kCancelledToday], 0);
+  EXPECT_FALSE(ledger.something_today);
+}
+
+TEST(Ledger, WhatThePrinterSaysOfAnOpenDocumentIsBelieved) {
+  Ledger ledger;
+  EnterWords(ledger, {0x0080, 0x1600});
+  EXPECT_EQ(ledger.open, true);
+  EXPECT_FALSE(ledger.lines) << "joined in its middle";
+  EnterWords(ledger, {0x0080, 0x0600});
+  EXPECT_EQ(ledger.open, false);
+}
+
+TEST(Ledger, ATotalThatDiffersStaysForWhoeverComparesIt) {
+  Ledger ledger;
+  Enter(ledger, Ticket(), Digits());
+  Enter(ledger, TicketLine("00001000", "000010000"), Digits());
+  EnterSubtotal(ledger, {.lines = 1, .total = 10100});
+  EXPECT_EQ(ledger.total->cents, 10000);
+  EnterSubtotal(ledger, {.lines = 1, .total = 10000, .net = 8264});
+  EXPECT_EQ(ledger.net, 8264);
+}
+
+struct CompareRow {
+  const char* sentence;
+  std::string command;
+  Ledger before;
+  Books books;
+  Finding finding;
+};
+
+Counters Numbered(std::size_t place, std::int64_t number) {
+  Counters counters;
+  counters.fill(0);
+  counters[place] = number;
+  return counters;
+}
+
+Ledger Selling(std::int64_t lines, std::int64_t cents, std::int64_t slack = 0) {
+  Ledger ledger;
+  ledger.open = true;
+  ledger.letter = 'B';
+  ledger.lines = lines;
+  ledger.paid = ledger.perceptions = 0;
+  ledger.total = Amount{cents, slack};
+  return ledger;
+}
+
+Ledger Idle() {
+  Ledger ledger;
+  ledger.open = false;
+  return ledger;
+}
+
+Ledger Counting(Ledger ledger, std::size_t place, std::int64_t number) {
+  ledger.counters[place] = number;
+  return ledger;
+}
+
+Books Totals(const Subtotal& subtotal) {
+  return {.open = true, .subtotal = subtotal};
+}
+
+const auto kLine = TicketLine("00001000", "000010000");
+const auto kPayment = Fields("D", {"Efectivo", "00000005000", "T"});
+const auto kDiscount = Fields("D", {"Socio", "00000001000", "D"});
+const auto kCancel = Fields("D", {"\x7F", "\x7F", "C"});
+const auto kClosing = Fields("e", {"T", "B", "\x7F"});
+const auto kNote = Fields("e", {"E", "R", "\x7F"});
+const auto kDay = Fields("9", {"Z", "P"});
+const auto kHeader = Fields("]", {"11", "Gracias   "});
+const auto kClock = Fields("X", {"261121", "103000"});
+const auto kSheet = Fields("\\", {"D", "P", "T", "T"});
+
+const CompareRow kFindings[] = {
+    {"opened", Ticket(), Idle(), {.open = true}, Finding::kDone},
+    {"not opened", Ticket(), Idle(), {.open = false}, Finding::kNotDone},
+    {"it was open before", Ticket(), Selling(1, 0), {.open = true}, Finding::kNotDone},
+    {"nothing was heard before, and it is new", Ticket(), {}, Totals({.lines = 0}), Finding::kDone},
+    {"nothing was heard before, and it has lines",
+     Ticket(),
+     {},
+     Totals({.lines = 2}),
+     Finding::kNotDone},
+    {"one line more", kLine, Selling(2, 0), Totals({.lines = 3}), Finding::kDone},
+    {"as many lines", kLine, Selling(2, 0), Totals({.lines = 2}), Finding::kNotDone},
+    {"two lines more", kLine, Selling(2, 0), Totals({.lines = 4}), Finding::kDisagree},
+    {"the lines were not known", kLine, {}, Totals({.lines = 3}), Finding::kAbsent},
+    {"there is no subtotal",
+     kLine,
+     Selling(2, 0),
+     {.open = true, .refused = true},
+     Finding::kAbsent},
+    {"paid", kPayment, Selling(1, 10000), Totals({.lines = 1, .paid = 5000}), Finding::kDone},
+    {"not paid", kPayment, Selling(1, 10000), Totals({.lines = 1}), Finding::kNotDone},
+    {"less", kDiscount, Selling(1, 10000), Totals({.lines = 1, .total = 9000}), Finding::kDone},
+    {"not less", kDiscount, Selling(1, 10000), Totals({.lines = 1, .total = 10000}),
+     Finding::kNotDone},
+    {"so rough a sum that it may be both", kDiscount, Selling(1, 10000, 600),
+     Totals({.lines = 1, .total = 9500}), Finding::kDisagree},
+    {"closed", kClosing, Selling(1, 10000), {.open = false}, Finding::kDone},
+    {"still open", kClosing, Selling(1, 10000), {.open = true}, Finding::kNotDone},
+    {"closed, and the number is the next",
+     kClosing,
+     Counting(Selling(1, 0), 3, 7),
+     {.open = false, .counters = Numbered(3, 8)},
+     Finding::kDone},
+    {"closed, and the number is not",
+     kClosing,
+     Counting(Selling(1, 0), 3, 7),
+     {.open = false, .counters = Numbered(3, 7)},
+     Finding::kDisagree},
+    {"it was cancelled",
+     kClosing,
+     Counting(Selling(1, 0), kCancelledToday, 0),
+     {.open = false, .counters = Numbered(kCancelledToday, 1)},
+     Finding::kDisagree},
+    {"a delivery note has no number",
+     kNote,
+     Counting(Selling(1, 0), kCancelledToday, 0),
+     {.open = false, .counters = Numbered(3, 0)},
+     Finding::kDone},
+    {"there was nothing to close", kClosing, Idle(), {.open = false}, Finding::kNotDone},
+    {"nobody knows whether there was", kClosing, {}, {.open = false}, Finding::kAbsent},
+    {"cancelled", kCancel, Selling(1, 0), {.open = false}, Finding::kDone},
+    {"not cancelled", kCancel, Selling(1, 0), {.open = true}, Finding::kNotDone},
+    {"closed instead",
+     kCancel,
+     Counting(Selling(1, 0), kCancelledToday, 0),
+     {.open = false, .counters = Numbered(kCancelledToday, 0)},
+     Finding::kDisagree},
+    {"one closing more",
+     kDay,
+     Counting(Idle(), kDailyClosings, 4),
+     {.counters = Numbered(kDailyClosings, 5)},
+     Finding::kDone},
+    {"no closing more",
+     kDay,
+     Counting(Idle(), kDailyClosings, 4),
+     {.counters = Numbered(kDailyClosings, 4)},
+     Finding::kNotDone},
+    {"the day still has something",
+     kDay,
+     Idle(),
+     {.counters = Numbered(kDailyClosings, 4), .day_empty = false},
+     Finding::kNotDone},
+    {"the day has nothing and may have had nothing",
+     kDay,
+     Idle(),
+     {.counters = Numbered(kDailyClosings, 4), .day_empty = true},
+     Finding::kAbsent},
+    {"the line reads so", kHeader, {}, {.text = "Gracias"}, Finding::kDone},
+    {"the line reads otherwise", kHeader, {}, {.text = "Hola"}, Finding::kNotDone},
+    {"the clock is right",
+     kClock,
+     {},
+     {.date = "261121", .time = "103003", .passed = 4},
+     Finding::kDone},
+    {"the clock is not",
+     kClock,
+     {},
+     {.date = "261121", .time = "093003", .passed = 4},
+     Finding::kNotDone},
+    {"the clock was set by a call long over",
+     kClock,
+     {},
+     {.date = "261121", .time = "103003", .passed = -1},
+     Finding::kAbsent},
+    {"between two sheets", kSheet, Selling(1, 0), {.open = true, .refused = true}, Finding::kDone},
+    {"on a sheet", kSheet, Selling(1, 0), Totals({.lines = 1}), Finding::kNotDone},
+    {"no book shows a text", Fields("A", {"Oferta"}), Selling(1, 0), Totals({.lines = 1}),
+     Finding::kAbsent},
+};
+
+TEST(Compare, TheBooksTellWhetherACommandWasCarriedOut) {
+  for (const auto& row : kFindings) {
+    SCOPED_TRACE(row.sentence);
+    EXPECT_EQ(Compare(row.before, row.command, Digits(), row.books), row.finding);
+  }
+}
+
+TEST(Ledger, WhatNobodyKnowsIsNoBaseline) {
+  auto ledger = Selling(2, 10000);
+  Blur(ledger, kLine);
+  EXPECT_FALSE(ledger.lines);
+  EXPECT_FALSE(ledger.total);
+  EXPECT_EQ(ledger.open, true);
+  Blur(ledger, kClosing);
+  EXPECT_FALSE(ledger.open);
+}
+
+}  // namespace
+}  // namespace kestra
