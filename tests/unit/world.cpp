@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "frame/instance.hpp"
-#include "unit/settings.hpp"
+#include "golden/base_configuration.hpp"
 
 namespace kestra::unit {
 namespace {
@@ -21,7 +21,8 @@ std::string Checksum(std::string_view bytes) {
 }  // namespace
 
 void FillProfile(FakePlatform& world) {
-  for (const auto& setting : kSettings) world.GetProfile().Set(setting.key, setting.value);
+  for (const auto& [key, value] : golden::kBaseConfiguration) world.GetProfile().Set(key, value);
+  world.GetProfile().Set("TipoComprobante", "TQ");
 }
 
 Reply Answering(std::string printer, std::string fiscal, std::vector<std::string> fields) {

@@ -176,6 +176,20 @@ const AbandonedRow kRows[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Rows, Abandoned, testing::ValuesIn(kRows), unit::BySentence());
 
+// ---- Before the start, out of the box that says so: there is no port to let go of ----
+
+TEST(AbandonedBeforeTheStart, AnotherCallFailsAsTheFirstOneDidAndTheStartAndWhatFollowsWork) {
+  auto& world = Shop();
+  Host host;
+  Abandon(host, EP_CortaPapel);
+  Kestra_DefinirOperador(nullptr);
+  EXPECT_EQ(EP_CortaPapel(), 1);
+  EXPECT_EQ(unit::Wire(world.GetJournal()), "");
+  EXPECT_EQ(EP_Init(), 1);
+  EXPECT_EQ(EP_CortaPapel(), 0);
+  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kOpen).size(), 1u);
+}
+
 // ---- What begins with start-up ends with it ----
 
 TEST(StartUp, EndsWhatItBeganWhateverFailsInIt) {

@@ -10,11 +10,11 @@
 
 #include "fakes/fake_platform.hpp"
 #include "frame/instance.hpp"
+#include "golden/base_configuration.hpp"
 #include "kestra/kestra.h"
 #include "state/library.hpp"
 #include "unit/frame/passed.hpp"
 #include "unit/rows.hpp"
-#include "unit/settings.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
@@ -173,7 +173,7 @@ struct AbsurdRow {
 class Absurd : public testing::TestWithParam<AbsurdRow> {
  protected:
   static void Spoil(FakePlatform& world) {
-    for (const auto& setting : unit::kSettings) {
+    for (const auto& setting : golden::kBaseConfiguration) {
       const auto begins = [&](std::string_view prefix) {
         return !prefix.empty() && setting.key.substr(0, prefix.size()) == prefix;
       };
