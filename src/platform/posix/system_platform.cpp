@@ -1,7 +1,6 @@
 #include "platform/posix/clock.hpp"
 #include "platform/posix/files.hpp"
 #include "platform/posix/terminal_operator.hpp"
-#include "platform/seam/components.hpp"
 #include "platform/seam/host.hpp"
 #include "platform/seam/platform.hpp"
 #include "platform/shared/ports.hpp"

@@ -1,10 +1,19 @@
-#include "platform/seam/stack.hpp"
+#include "platform/seam/host.hpp"
 
 #include <pthread.h>
 
 #include <cstddef>
 
 namespace kestra {
+
+FloatingPoint::FloatingPoint() noexcept {
+  std::feholdexcept(&hosts_);
+  std::fesetenv(FE_DFL_ENV);
+}
+
+FloatingPoint::~FloatingPoint() {
+  std::fesetenv(&hosts_);
+}
 
 // Contexts and signal stacks are memory like any other here: the system knows the thread's own stack alone.
 bool InOneStack(std::uintptr_t one, std::uintptr_t other) noexcept {
