@@ -6,12 +6,12 @@ import sys
 import unittest
 
 HERE = os.path.dirname(os.path.abspath(__file__))
-sys.path.insert(0, os.path.join(HERE, "..", "..", "end_to_end", "shared"))
+sys.path.insert(0, os.path.join(HERE, "..", "..", "..", "end_to_end", "shared"))
 
 import browser  # noqa: E402
 from shop import ENV, Shop, until  # noqa: E402
 
-FOLDER = os.path.join(ENV["KESTRA_BUILD"], "tests", "panel", "browser", "chromium")
+FOLDER = os.path.join(ENV["KESTRA_BUILD"], "tests", "simulator", "panel", "browser", "chromium")
 
 # A host that does each line that it is told and says what came of it.
 HOST = """

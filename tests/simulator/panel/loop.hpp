@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-#include "../simulator/host.hpp"
+#include "../host.hpp"
 #include "line/session.hpp"
 #include "panel/json_text.hpp"
 #include "panel/panel.hpp"
