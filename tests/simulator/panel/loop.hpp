@@ -99,10 +99,11 @@ class Desk : public testing::Test {
   }
 
   // One command of a host; the printer's answer.
-  std::string Send(std::initializer_list<std::string_view> parts) {
+  std::string Send(std::initializer_list<std::string_view> parts) { return SendBody(Body(parts)); }
+  std::string SendBody(const std::string& body) {
     std::string answer;
     loop.Do([&] {
-      session->Receive(Frame(sequence, Body(parts)), now);
+      session->Receive(Frame(sequence, body), now);
       answer = session->Advance(now).bytes;
       session->Tell();
     });
