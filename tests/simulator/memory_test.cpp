@@ -6,9 +6,9 @@
 #include <random>
 
 #include "commands/commands.hpp"
+#include "folder.hpp"
 #include "host.hpp"
 #include "memory/database.hpp"
-#include "memory_folder.hpp"
 #include "story_test.hpp"
 
 namespace impresora {

@@ -9,9 +9,9 @@ namespace {
 
 using prueba::Body;
 using prueba::ConnectTo;
+using prueba::Contents;
 using prueba::Port;
 using prueba::Program;
-using prueba::ReadAll;
 namespace fs = std::filesystem;
 
 // A ticket of one item over a port that stays open; returns its number as answered.
@@ -39,7 +39,7 @@ TEST_F(ProgramParts, ATicketOverTcpWithAConnectionForEachExchange) {
     ++sequence;
   }
   EXPECT_EQ(program.Wait(), 0);
-  EXPECT_NE(ReadAll(In("papel")).find("T O T A L"), std::string::npos);
+  EXPECT_NE(Contents(In("papel")).find("T O T A L"), std::string::npos);
 }
 
 TEST_F(ProgramParts, OneHostAtATimeAndHalfAFrameIsNobodyElses) {
@@ -77,11 +77,11 @@ TEST_F(ProgramParts, TheMemoryOutlivesTheProgram) {
 }
 
 TEST_F(ProgramParts, AMemoryThatIsNoneIsToldAndLeftAlone) {
-  std::ofstream(In("memoria")) << "importante, pero no es una memoria fiscal";
+  prueba::Fill(In("memoria"), "importante, pero no es una memoria fiscal");
   Program program({"--memoria", In("memoria"), "--papel", In("papel")});
   EXPECT_NE(program.Rest().find("no se puede continuar"), std::string::npos);
   EXPECT_EQ(program.Wait(), 1);
-  EXPECT_EQ(ReadAll(In("memoria")), "importante, pero no es una memoria fiscal");
+  EXPECT_EQ(Contents(In("memoria")), "importante, pero no es una memoria fiscal");
 }
 
 TEST_F(ProgramParts, APictureOfEachDocument) {
@@ -102,7 +102,7 @@ TEST_F(ProgramParts, TheTraceAsJsonLines) {
   Port port(ConnectTo(program.Line()));
   SellATicket(port);
   EXPECT_EQ(program.Wait(), 0);
-  std::istringstream lines(ReadAll(In("traza.jsonl")));
+  std::istringstream lines(Contents(In("traza.jsonl")));
   int count = 0;
   for (std::string line; std::getline(lines, line); ++count) {
     EXPECT_EQ(line.front(), '{');
@@ -129,14 +129,14 @@ TEST_F(ProgramParts, ARecordingIsPlayedBackAndCompared) {
 }
 
 TEST_F(ProgramParts, FaultsFromAFile) {
-  std::ofstream(In("mal")) << "esto no es una regla\n";
+  prueba::Fill(In("mal"), "esto no es una regla\n");
   Program wrong({"--fallas", In("mal"), "--papel", In("papel")});
   EXPECT_NE(wrong.Rest().find("renglón 1"), std::string::npos);
   EXPECT_EQ(wrong.Wait(), 1);
 }
 
 TEST_F(ProgramParts, SwitchedOffInMidDocumentItFindsTheDocumentOpen) {
-  std::ofstream(In("fallas")) << "respuesta 1 de B: apagar 1 s\n";
+  prueba::Fill(In("fallas"), "respuesta 1 de B: apagar 1 s\n");
   Program program(
       {"--tcp=0", "--fallas", In("fallas"), "--memoria", In("memoria"), "--papel", In("papel")});
   Port port(ConnectTo(program.Line()));
@@ -150,7 +150,7 @@ TEST_F(ProgramParts, SwitchedOffInMidDocumentItFindsTheDocumentOpen) {
 }
 
 TEST_F(ProgramParts, UnpluggedTheConnectionEndsAndTheNextHostIsServed) {
-  std::ofstream(In("fallas")) << "respuesta 1 de Y: desenchufar\n";
+  prueba::Fill(In("fallas"), "respuesta 1 de Y: desenchufar\n");
   Program program({"--tcp=0", "--fallas", In("fallas"), "--papel", In("papel")});
   const std::string line = program.Line();
   const std::string question = Frame(40, "Y");
@@ -191,7 +191,7 @@ TEST_F(ProgramParts, KilledInTheMiddleOfADocumentItsPaperIsWholeAllTheSame) {
     program.Stop();
     EXPECT_EQ(program.Wait(), 0);
     const std::string text =
-        ReadAll(as_folder ? In("papeles/0001-tique-B-00000001.txt") : In("papel"));
+        Contents(as_folder ? In("papeles/0001-tique-B-00000001.txt") : In("papel"));
     std::size_t at = 0;
     for (const char* const words : {"TIQUE", "Pan", "CORTE DE ENERGÍA", "T O T A L"}) {
       const std::size_t found = text.find(words, at);
@@ -204,8 +204,8 @@ TEST_F(ProgramParts, KilledInTheMiddleOfADocumentItsPaperIsWholeAllTheSame) {
 #endif
 
 TEST_F(ProgramParts, AsTheHostsFileSays) {
-  std::ofstream(In("Fiscal.ini"))
-      << "[Epson_Fiscal]\nTipoComprobante=FC\nEntCantidad=4\nDecCantidad=1\n";
+  prueba::Fill(In("Fiscal.ini"),
+               "[Epson_Fiscal]\nTipoComprobante=FC\nEntCantidad=4\nDecCantidad=1\n");
   Program program({"--tcp=0", "--ini", In("Fiscal.ini"), "--papel", In("papel")});
   Port port(ConnectTo(program.Line()));
   EXPECT_EQ(port.Exchange(41, Body({"*", "P"})).substr(13, 6),

@@ -6,11 +6,11 @@ namespace impresora {
 namespace {
 
 using prueba::Body;
+using prueba::Contents;
 using prueba::kPatience;
 using prueba::Port;
 using prueba::Program;
 using prueba::ProgramTest;
-using prueba::ReadAll;
 namespace fs = std::filesystem;
 
 TEST_F(ProgramTest, ATicketOverTheLine) {
@@ -31,9 +31,9 @@ TEST_F(ProgramTest, ATicketOverTheLine) {
             Frame(43, Body({"E", "0080", "0600", "00000001"})));
   EXPECT_EQ(program.Wait(), 0);
   EXPECT_FALSE(fs::exists(fs::symlink_status(In("puerto"))));
-  EXPECT_NE(ReadAll(In("papel")).find("T O T A L                        $ 10,00\n"),
+  EXPECT_NE(Contents(In("papel")).find("T O T A L                        $ 10,00\n"),
             std::string::npos);
-  const std::string trace = ReadAll(In("traza"));
+  const std::string trace = Contents(In("traza"));
   const std::string_view opened = "40 {  Abrir cajón            ok ";
   EXPECT_NE(trace.find(opened), trace.rfind(opened)) << "each visit had its own";
 }
@@ -48,7 +48,7 @@ TEST_F(ProgramTest, EndsCleanlyWhenAsked) {
   program.Stop();
   EXPECT_EQ(program.Wait(), 0);
   EXPECT_FALSE(fs::exists(fs::symlink_status(In("puerto"))));
-  EXPECT_NE(ReadAll(In("papel")).find("DOCUMENTO NO FISCAL"), std::string::npos);
+  EXPECT_NE(Contents(In("papel")).find("DOCUMENTO NO FISCAL"), std::string::npos);
 }
 
 TEST_F(ProgramTest, TakesThePlaceOfAnOldLinkButOfNothingElse) {
@@ -56,15 +56,15 @@ TEST_F(ProgramTest, TakesThePlaceOfAnOldLinkButOfNothingElse) {
   Program program({"--enlace", In("viejo"), "--papel", In("papel")});
   const std::string line = program.Line();
   EXPECT_EQ(fs::read_symlink(In("viejo")), line.substr(8, line.size() - 9));
-  std::ofstream(In("archivo")) << "importante";
+  prueba::Fill(In("archivo"), "importante");
   Program refused({"--enlace", In("archivo")});
   EXPECT_NE(refused.Rest().find("no se puede continuar"), std::string::npos);
   EXPECT_EQ(refused.Wait(), 1);
-  EXPECT_EQ(ReadAll(In("archivo")), "importante");
+  EXPECT_EQ(Contents(In("archivo")), "importante");
 }
 
 TEST_F(ProgramTest, SaysWhatItCannotOpenAndWhy) {
-  std::ofstream(In("archivo")) << "importante";
+  prueba::Fill(In("archivo"), "importante");
   Program other({"--tcp", "127.0.0.1:0"});
   const std::string line = other.Line();
   ASSERT_EQ(line.substr(0, 12), "Puerto: tcp:");

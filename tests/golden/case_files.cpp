@@ -1,11 +1,11 @@
-#include "campaigns/torture/cases.hpp"
+#include "golden/case_files.hpp"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
-namespace kestra::torture {
+namespace kestra::golden {
 namespace {
 
 namespace fs = std::filesystem;
@@ -30,4 +30,4 @@ std::vector<Case> ReadCases(const std::string& folder) {
   return cases;
 }
 
-}  // namespace kestra::torture
+}  // namespace kestra::golden

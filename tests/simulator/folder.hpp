@@ -14,7 +14,7 @@ namespace impresora::prueba {
 class Folder {
  public:
   Folder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "memoria-XXXXXX").string();
+    std::string pattern = (std::filesystem::temp_directory_path() / "impresora-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp");
     path_ = pattern;
   }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace kestra::torture {
+namespace kestra::golden {
 
 struct Case {
   std::string name;  // folder and file
@@ -13,4 +13,4 @@ struct Case {
 // Every case below the folder, by name.
 std::vector<Case> ReadCases(const std::string& folder);
 
-}  // namespace kestra::torture
+}  // namespace kestra::golden
