@@ -3,8 +3,9 @@
 #include <cmath>
 #include <regex>
 
-#include "contract/shared/twins.hpp"
+#include "contract/shared/clock_bench.hpp"
 #include "fakes/fake_clock.hpp"
+#include "system.hpp"
 
 namespace kestra {
 namespace {
@@ -22,12 +23,7 @@ class FakeClockBench : public ClockBench {
   FakeClock clock_{journal_, trouble_};
 };
 
-struct ClockTwin {
-  const char* name;
-  std::unique_ptr<ClockBench> (*make)();
-};
-
-class ClockContract : public ::testing::TestWithParam<ClockTwin> {
+class ClockContract : public ::testing::TestWithParam<Twin<ClockBench>> {
  protected:
   // Seconds that a sleep took, round midnight too.
   double Slept(std::int32_t milliseconds) {
@@ -77,13 +73,9 @@ TEST_P(ClockContract, NoSleepTakesNoTime) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Twins, ClockContract,
-                         ::testing::Values(ClockTwin{"System", MakeClock},
-                                           ClockTwin{"Fake",
-                                                     [] {
-                                                       return std::unique_ptr<ClockBench>(
-                                                           std::make_unique<FakeClockBench>());
-                                                     }}),
-                         [](const auto& twin) { return std::string(twin.param.name); });
+                         ::testing::Values(TwinOf<ClockBench, SystemClock>("System"),
+                                           TwinOf<ClockBench, FakeClockBench>("Fake")),
+                         TwinName<ClockBench>);
 
 }  // namespace
 }  // namespace kestra

@@ -5,9 +5,8 @@
 #include <chrono>
 
 #include "base/ansi.hpp"
-#include "contract/shared/failure_number.hpp"
-#include "contract/shared/processor_time.hpp"
 #include "contract/shared/tcp_line.hpp"
+#include "fakes/failure_number.hpp"
 
 namespace kestra {
 
@@ -31,6 +30,15 @@ std::string WordsOfALook(SerialPort& port) {
     for (int looks = 0; looks < 100; ++looks) port.InBufferCount();
   });
 }
+
+// A port that has called.
+class TcpCall : public ::testing::Test {
+ protected:
+  TcpCall() { port->PortOpen(true); }
+
+  TcpLine line;
+  std::unique_ptr<SerialPort> port = line.MakePort({});
+};
 
 TEST(TcpPort, AnotherNameOfTheMachineServesToo) {
   TcpLine line;
@@ -90,10 +98,7 @@ TEST(TcpPort, AServerThatDoesNotAnswerIsGivenUp) {
   EXPECT_FALSE(port->PortOpen());
 }
 
-TEST(TcpPort, AServerThatHangsUpOnTheCallerIsLostOrInUse) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
+TEST_F(TcpCall, AServerThatHangsUpOnTheCallerIsLostOrInUse) {
   line.HangUp();
   EXPECT_EQ(WordsOfALook(*port),
             line.Device() + std::string(" cortó la conexión sin contestar: se perdió o está en uso "
@@ -101,10 +106,7 @@ TEST(TcpPort, AServerThatHangsUpOnTheCallerIsLostOrInUse) {
   EXPECT_EQ(FailureNumber([&] { port->Output("x"); }), 8020);
 }
 
-TEST(TcpPort, AResetIsALostConnection) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
+TEST_F(TcpCall, AResetIsALostConnection) {
   port->DiscardInput();
   line.Send("re");
   EXPECT_EQ(port->InBufferCount(), 2u);
@@ -113,10 +115,7 @@ TEST(TcpPort, AResetIsALostConnection) {
   EXPECT_EQ(FailureNumber([&] { port->DiscardInput(); }), 8020);
 }
 
-TEST(TcpPort, WhatCameBeforeTheFarEndHungUpIsRead) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
+TEST_F(TcpCall, WhatCameBeforeTheFarEndHungUpIsRead) {
   port->DiscardInput();
   line.Send("respuesta");
   line.HangUp();
@@ -125,10 +124,7 @@ TEST(TcpPort, WhatCameBeforeTheFarEndHungUpIsRead) {
   EXPECT_EQ(WordsOfALook(*port), std::string("Se perdió la conexión con "_ansi) + line.Device());
 }
 
-TEST(TcpPort, AfterALossTheNextCallIsAnswered) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
+TEST_F(TcpCall, AfterALossTheNextCallIsAnswered) {
   line.HangUp();
   EXPECT_NE(WordsOfALook(*port), "");
   port->PortOpen(false);
@@ -137,10 +133,7 @@ TEST(TcpPort, AfterALossTheNextCallIsAnswered) {
   EXPECT_EQ(line.Receive(8), "otra vez");
 }
 
-TEST(TcpPort, TheLastWriteArrivesThoughThePortClosesOverUnreadBytes) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
+TEST_F(TcpCall, TheLastWriteArrivesThoughThePortClosesOverUnreadBytes) {
   port->DiscardInput();
   line.Send("que nadie lee");
   port->Output("\x06");
@@ -148,10 +141,7 @@ TEST(TcpPort, TheLastWriteArrivesThoughThePortClosesOverUnreadBytes) {
   EXPECT_EQ(line.Receive(1), "\x06");
 }
 
-TEST(TcpPort, ClosingHangsUpAndDoesNotWaitForAFarEndThatStays) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
+TEST_F(TcpCall, ClosingHangsUpAndDoesNotWaitForAFarEndThatStays) {
   port->Output("x");
   EXPECT_LT(TimeOf([&] { port->PortOpen(false); }).count(), 500);
   const auto time = TimeOf([&] { EXPECT_EQ(line.Receive(2), "x"); });
@@ -165,34 +155,6 @@ TEST(TcpPort, ALineThatTakesNothingFailsInTheEnd) {
   const std::string much(1 << 25, 'x');
   const auto write = [&] { port->Output(much); };
   EXPECT_EQ(FailureWords(write), "El dispositivo " + line.Device() + " no acepta datos");
-}
-
-TEST(TcpPort, WaitingForASilentPrinterCostsNoProcessor) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
-  const Watch watch(*port);
-  EXPECT_LE(watch.looks, 30);
-  EXPECT_LT(watch.cost, 30.0);
-}
-
-TEST(TcpPort, WaitingWithThreeBytesThereCostsNoProcessorEither) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
-  port->DiscardInput();
-  line.Send("\x12\x12\x12");
-  const Watch watch(*port);
-  EXPECT_LE(watch.looks, 30);
-  EXPECT_LT(watch.cost, 30.0);
-  EXPECT_EQ(port->Waiting(), "\x12\x12\x12");
-}
-
-TEST(TcpPort, AClosedPortSaysSo) {
-  const auto port = MakeTcpPort("tcp:caja:4001");
-  EXPECT_EQ(FailureNumber([&] { port->Output("x"); }), 8012);
-  EXPECT_EQ(FailureWords([&] { port->Input(); }),
-            "El dispositivo tcp:caja:4001 no está abierto"_ansi);
 }
 
 }  // namespace

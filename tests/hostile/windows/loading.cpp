@@ -10,7 +10,7 @@
 #include <string>
 
 #include "library.hpp"
-#include "stories.hpp"
+#include "programs/stories.hpp"
 
 namespace armour {
 namespace {
@@ -122,7 +122,7 @@ DWORD WINAPI CallAndOutlive(void* events) {
 }  // namespace
 
 // What the system's own files do to the units when they are loaded is theirs: they are there before.
-void LoadingKeepsTheUnits() {
+STORY(loading) {
   for (const auto* const file :
        {L"advapi32", L"comctl32", L"gdi32", L"ole32", L"oleaut32", L"user32"}) {
     LoadLibraryW(file);
@@ -137,7 +137,7 @@ void LoadingKeepsTheUnits() {
   }
 }
 
-void LoadingFromManyThreads() {
+STORY(many_threads) {
   std::array<HANDLE, 8> threads{};
   for (auto& thread : threads) thread = CreateThread(nullptr, 0, LoadAndLeave, nullptr, 0, nullptr);
   const auto count = static_cast<DWORD>(threads.size());
@@ -151,7 +151,7 @@ void LoadingFromManyThreads() {
   Expect(!IsLoaded(), "many threads", "the library stayed");
 }
 
-void LoadingTwice() {
+STORY(twice) {
   const HMODULE first = Load(), again = Load();
   Expect(first == again, "twice", "one file is two libraries");
   FreeLibrary(again);
@@ -171,7 +171,7 @@ void LoadingTwice() {
 
 // The component system may keep the library then, which is as good as leaving: the host sees a start like the
 // first.
-void LeavingWithoutAGoodbye() {
+STORY(no_goodbye) {
   for (int i = 0; i < 5; ++i) {
     const HMODULE library = Load();
     Expect(Entry<Plain>(library, "EP_Init")() == 1, "no goodbye", "the next start fails");
@@ -183,7 +183,7 @@ void LeavingWithoutAGoodbye() {
 }
 
 // The exports that may be called at any time meet in a library that nobody has called before.
-void FirstCallsAtOnce() {
+STORY(first_calls) {
   for (int i = 0; i < 300; ++i) {
     FirstCalls calls;
     calls.library = LoadLibraryW(kLibrary);
@@ -201,7 +201,7 @@ void FirstCallsAtOnce() {
   }
 }
 
-void LeavingThreadsBehind() {
+STORY(threads_behind) {
   HANDLE events[] = {CreateEventW(nullptr, FALSE, FALSE, nullptr),
                      CreateEventW(nullptr, FALSE, FALSE, nullptr)};
   const HMODULE library = Load();
@@ -215,12 +215,12 @@ void LeavingThreadsBehind() {
 }
 
 // The component system may still have the library: it is left to the end of the process.
-void EndingWithoutAGoodbye() {
+STORY(end_without_goodbye) {
   Expect(Entry<Plain>(Load(), "EP_Init")() == 1, "the end", "no start");
 }
 
 // The printer is silent: the call waits for it with the port open when the host ends.
-void EndingInMidCall() {
+STORY(end_in_mid_call) {
   const HMODULE library = Load();
   Expect(Entry<Plain>(library, "EP_Init")() == 1, "the end", "no start");
   const HANDLE thread = CreateThread(nullptr, 0, AskForTheTime, library, 0, nullptr);

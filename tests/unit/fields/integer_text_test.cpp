@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "unit/failing.hpp"
+#include "fakes/failure_number.hpp"
 
 namespace kestra {
 namespace {
@@ -66,7 +66,7 @@ constexpr struct {
 template <typename Read, typename Number>
 void ExpectRead(Read read, std::string_view text, Number number, std::int32_t failure) {
   Number got{};
-  EXPECT_EQ(unit::FailureOf([&] { return got = static_cast<Number>(read(text)); }), failure);
+  EXPECT_EQ(FailureNumber([&] { return got = static_cast<Number>(read(text)); }), failure);
   EXPECT_EQ(got, failure == 0 ? number : Number{});
 }
 
@@ -113,7 +113,7 @@ TEST(PrintedTotal, IsRead) {
 }
 
 TEST(PrintedTotal, BeyondADoubleOverflows) {
-  EXPECT_EQ(unit::FailureOf([] { return ToRealNumber(std::string(400, '9')); }), kOverflow);
+  EXPECT_EQ(FailureNumber([] { return ToRealNumber(std::string(400, '9')); }), kOverflow);
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "unit/failing.hpp"
+#include "fakes/failure_number.hpp"
 
 namespace kestra {
 namespace {
@@ -89,7 +89,7 @@ constexpr struct {
 TEST(RefusedNumber, FailsWithItsNumber) {
   for (const auto& row : kRefused) {
     SCOPED_TRACE(row.sentence);
-    EXPECT_EQ(unit::FailureOf([&] { return FormatearNumero(row.value, row.digits); }), row.failure);
+    EXPECT_EQ(FailureNumber([&] { return FormatearNumero(row.value, row.digits); }), row.failure);
   }
 }
 
@@ -165,7 +165,7 @@ TEST(RoundedTotal, OfNothingHasNoSign) {
 
 TEST(RoundedTotal, WhatIsNoNumberFails) {
   for (const double total : {kInfinity, -kInfinity, kNotANumber}) {
-    EXPECT_EQ(unit::FailureOf([&] { return RoundToHundredths(total); }), 6);
+    EXPECT_EQ(FailureNumber([&] { return RoundToHundredths(total); }), 6);
   }
 }
 

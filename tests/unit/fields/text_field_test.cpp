@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "unit/failing.hpp"
+#include "fakes/failure_number.hpp"
 
 namespace kestra {
 namespace {
@@ -48,11 +48,11 @@ TEST(FittedText, TheWidestFieldHas32767Characters) {
 }
 
 TEST(FittedText, WidthsThatNoFieldHasFail) {
-  EXPECT_EQ(unit::FailureOf([] { return AjustarTexto("A", -1); }), 5);
-  EXPECT_EQ(unit::FailureOf([] { return AjustarTexto("A", -32768); }), 5);
+  EXPECT_EQ(FailureNumber([] { return AjustarTexto("A", -1); }), 5);
+  EXPECT_EQ(FailureNumber([] { return AjustarTexto("A", -32768); }), 5);
   for (const std::int32_t width : {32768, -32769, std::numeric_limits<std::int32_t>::max(),
                                    std::numeric_limits<std::int32_t>::min()}) {
-    EXPECT_EQ(unit::FailureOf([&] { return AjustarTexto("A", width); }), 6) << width;
+    EXPECT_EQ(FailureNumber([&] { return AjustarTexto("A", width); }), 6) << width;
   }
 }
 

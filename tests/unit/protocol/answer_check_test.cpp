@@ -13,7 +13,7 @@
 #include "fakes/fake_platform.hpp"
 #include "protocol/answer.hpp"
 #include "state/library.hpp"
-#include "unit/failing.hpp"
+#include "fakes/failure_number.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
@@ -122,7 +122,7 @@ TEST(AnswerDecoding, ABadPrinterWordLeavesTheOtherFlagsClear) {
   shop.library.state.BitFiscal.fill(-1);
   shop.library.state.EstadoImpresora = "00G1";
   shop.library.state.EstadoFiscal = "FFFF";
-  EXPECT_EQ(unit::FailureOf([&] { DecodificarEstados(shop.library); }), 13);
+  EXPECT_EQ(FailureNumber([&] { DecodificarEstados(shop.library); }), 13);
   EXPECT_EQ(shop.library.state.BitImpresora, Flags{-1});
   EXPECT_EQ(shop.library.state.BitFiscal, Flags{});
 }

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "dialogs/conditions.hpp"
-#include "unit/failing.hpp"
+#include "fakes/failure_number.hpp"
 
 namespace kestra {
 namespace {
@@ -102,7 +102,7 @@ TEST(BadWord, FailsAfterTheDigitsBehindTheBadOne) {
   for (const auto& row : kBadWords) {
     SCOPED_TRACE(row.sentence);
     Flags flags{};
-    EXPECT_EQ(unit::FailureOf([&] { DecodeFiscal(row.word, flags); }), 13);
+    EXPECT_EQ(FailureNumber([&] { DecodeFiscal(row.word, flags); }), 13);
     EXPECT_EQ(flags, Fiscal(row.decoded));
   }
 }
@@ -111,7 +111,7 @@ TEST(HexDigit, OfAll256CodesOnly22AreDigits) {
   int digits = 0;
   for (int code = 0; code < 256; ++code) {
     const std::string text(1, static_cast<char>(code));
-    if (unit::FailureOf([&] { return ValorDigitoHex(text); }) != 0) continue;
+    if (FailureNumber([&] { return ValorDigitoHex(text); }) != 0) continue;
     ++digits;
     const unsigned long value = std::stoul(text, nullptr, 16);
     const auto bits = ValorDigitoHex(text);
@@ -121,8 +121,8 @@ TEST(HexDigit, OfAll256CodesOnly22AreDigits) {
 }
 
 TEST(HexDigit, NoneAndTwoAreNoDigit) {
-  EXPECT_EQ(unit::FailureOf([] { return ValorDigitoHex(""); }), 13);
-  EXPECT_EQ(unit::FailureOf([] { return ValorDigitoHex("10"); }), 13);
+  EXPECT_EQ(FailureNumber([] { return ValorDigitoHex(""); }), 13);
+  EXPECT_EQ(FailureNumber([] { return ValorDigitoHex("10"); }), 13);
 }
 
 // Paper, a full buffer, an open document and the summary bits fail none.

@@ -107,9 +107,7 @@ int32_t WINAPI OnMessage(void*, const char*, const char*, int32_t style) {
   return style == 0 ? 1 : 7;
 }
 
-}  // namespace
-
-void UserWithoutRightsRegistersForHimself() {
+STORY(user_without_rights_registers_for_himself) {
   UnwritableRoot machine(HKEY_LOCAL_MACHINE);
   machine.Forbid();
   CHECK(Call("DllRegisterServer") == S_OK);
@@ -119,7 +117,7 @@ void UserWithoutRightsRegistersForHimself() {
   for (const auto* const key : kInUserHive) CHECK(!UserHas(key));
 }
 
-void UserWithoutRightsStarts() {
+STORY(user_without_rights_starts) {
   UnwritableRoot machine(HKEY_LOCAL_MACHINE);
   machine.Forbid();
   for (int round = 0; round < 2; ++round) {
@@ -131,7 +129,7 @@ void UserWithoutRightsStarts() {
 }
 
 // Nobody may write to the registry: start-up fails, and undoes what it began.
-void StartWithoutRights() {
+STORY(start_without_rights) {
   UnwritableRoot machine(HKEY_LOCAL_MACHINE);
   UnwritableRoot user(HKEY_CURRENT_USER);
   machine.Forbid();
@@ -149,7 +147,7 @@ void StartWithoutRights() {
 }
 
 // The settings have a bad key: its message comes while the classes are registered.
-void StartThatCannotTakeItsRegistrationBack() {
+STORY(start_that_cannot_take_its_registration_back) {
   const KestraOperador record = {sizeof record, nullptr, OnMessage, nullptr, nullptr};
   Entry<void(WINAPI*)(const KestraOperador*)>("Kestra_DefinirOperador")(&record);
   obstructs = false;
@@ -166,7 +164,7 @@ void StartThatCannotTakeItsRegistrationBack() {
 }
 
 // The component system itself knows another copy, which is registered for good.
-void AnotherCopyServes() {
+STORY(another_copy_serves) {
   ReadOnlyRoot machine(HKEY_LOCAL_MACHINE);
   ReadOnlyRoot user(HKEY_CURRENT_USER);
   machine.Forbid();
@@ -179,3 +177,5 @@ void AnotherCopyServes() {
   user.Allow();
   machine.Allow();
 }
+
+}  // namespace

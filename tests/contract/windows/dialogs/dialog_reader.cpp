@@ -6,8 +6,6 @@
 #include <cstdio>
 #include <string>
 
-namespace {
-
 std::string Utf8(const std::wstring& wide) {
   const int units = static_cast<int>(wide.size());
   std::string utf8(wide.size() * 3, '\0');
@@ -20,10 +18,14 @@ std::string Utf8(const std::wstring& wide) {
   return utf8;
 }
 
+// By a message, as the window itself tells it; a window that hangs tells nothing.
 std::wstring TextOf(HWND window) {
-  std::wstring text(1024, L'\0');
-  const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
+  constexpr UINT kPatience = 600000;
+  std::wstring text(4096, L'\0');
+  DWORD_PTR length = 0;
+  SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
+                      SMTO_ABORTIFHUNG, kPatience, &length);
+  text.resize(length);
   return text;
 }
 
@@ -32,6 +34,8 @@ std::wstring ClassOf(HWND window) {
   GetClassNameW(window, name.data(), static_cast<int>(name.size()));
   return name.data();
 }
+
+namespace {
 
 LONG_PTR StyleOf(HWND window) {
   return GetWindowLongPtrW(window, GWL_STYLE);

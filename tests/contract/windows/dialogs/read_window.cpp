@@ -5,41 +5,12 @@
 //   read_window CAPTION     exits with 1 when there is no dialog of that caption to be answered
 #include <windows.h>
 
-#include <array>
 #include <cstdio>
 #include <string>
 
+#include "dialog_reader.hpp"
+
 namespace {
-
-constexpr UINT kPatience = 600000;
-
-std::string Utf8(const std::wstring& wide) {
-  const int units = static_cast<int>(wide.size());
-  std::string utf8(wide.size() * 3, '\0');
-  const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, utf8.data(),
-                                         static_cast<int>(utf8.size()), nullptr, nullptr);
-  utf8.resize(static_cast<std::size_t>(length));
-  for (char& c : utf8) {
-    if (c == '\n' || c == '\r' || c == '\t') c = '|';
-  }
-  return utf8;
-}
-
-// By a message, as the window itself tells it; a window that hangs tells nothing.
-std::wstring TextOf(HWND window) {
-  std::wstring text(4096, L'\0');
-  DWORD_PTR length = 0;
-  SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
-                      SMTO_ABORTIFHUNG, kPatience, &length);
-  text.resize(length);
-  return text;
-}
-
-std::wstring ClassOf(HWND window) {
-  std::array<wchar_t, 64> name{};
-  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  return name.data();
-}
 
 struct Search {
   std::wstring caption;

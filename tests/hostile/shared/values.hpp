@@ -1,11 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "exports/exports.hpp"
-#include "hostile/posix/places.hpp"
+#include "hostile/shared/lone_page.hpp"
 
 namespace kestra::hostile {
 
@@ -14,13 +15,17 @@ using exports::Value;
 
 // The memory that hostile pointers lead to.
 struct Places {
-  LonePage text;
-  LonePage result;
-  LonePage locked;  // may be read only
+  const void* code;  // of the library
+  LonePage text{};
+  LonePage result{};
+  LonePage locked{};  // may be read only
+  std::string code_before{static_cast<const char*>(code), kCode};
 
-  Places();
+  explicit Places(const void* of_the_library);
   // True while nothing was written where nothing may be.
   [[nodiscard]] bool Untouched() const;
+
+  static constexpr std::size_t kCode = 120;  // bytes of it that are looked at
 };
 
 // One thing that a host passes where something else is wanted.

@@ -1,5 +1,6 @@
-#include "hostile/posix/values.hpp"
+#include "hostile/shared/values.hpp"
 
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -11,12 +12,9 @@ namespace {
 
 using exports::Kind;
 
-const void* At(std::uintptr_t address) {
-  return reinterpret_cast<const void*>(address);
-}
-
-const void* Code() {
-  return reinterpret_cast<const void*>(&EP_Init);
+// Where there are 32 bits, the lower ones.
+const void* At(std::uint64_t address) {
+  return reinterpret_cast<const void*>(static_cast<std::uintptr_t>(address));
 }
 
 Value Pointer(const void* pointer) {
@@ -34,7 +32,8 @@ std::vector<Hostile> Nowhere() {
       Address("the first byte of all", At(1)),
       Address("an address that is none", At(0x0123456789ABCDEF)),
       Address("the system's memory", At(0xFFFF800000000000)),
-      Address("the last byte of all", At(~std::uintptr_t{0})),
+      Address("the end of the system's memory", At(~std::uint64_t{0xFFFF})),
+      Address("the last byte of all", At(~std::uint64_t{0})),
       {"memory that is not there", false,
        [](const Argument&, Places& places) { return Pointer(places.text.Nowhere()); }},
   };
@@ -105,33 +104,41 @@ std::vector<Hostile> Results() {
   list.push_back({"memory that may be read only", false, [](const Argument&, Places& places) {
                     return Pointer(places.locked.Nowhere() - 200);
                   }});
-  list.push_back(Address("the library's code", Code()));
+  list.push_back({"the library's code", false,
+                  [](const Argument&, Places& places) { return Pointer(places.code); }});
   return list;
 }
 
-Hostile Amount(std::string name, double value) {
-  return {std::move(name), false, [=](const Argument&, Places&) { return Value{.number = value}; }};
+// The bytes as they are: no unit looks at them on the way.
+Hostile Amount(std::string name, std::uint64_t bits) {
+  return {std::move(name), false, [=](const Argument&, Places&) {
+            Value value;
+            std::memcpy(&value.number, &bits, sizeof bits);
+            return value;
+          }};
 }
 
 std::vector<Hostile> Amounts() {
-  using Limits = std::numeric_limits<double>;
   return {
-      Amount("no number", Limits::quiet_NaN()),
-      Amount("no number, negative", -Limits::quiet_NaN()),
-      Amount("no number, that signals", Limits::signaling_NaN()),
-      Amount("infinity", Limits::infinity()),
-      Amount("negative infinity", -Limits::infinity()),
-      Amount("1e308", 1e308),
-      Amount("-1e308", -1e308),
-      Amount("the greatest", Limits::max()),
-      Amount("the least", Limits::lowest()),
-      Amount("the smallest", Limits::denorm_min()),
-      Amount("the smallest, negative", -Limits::denorm_min()),
-      Amount("the greatest of the small", Limits::min() - Limits::denorm_min()),
-      Amount("zero", 0.0),
-      Amount("negative zero", -0.0),
-      Amount("beyond whole cents", 90071992547409.93),
-      Amount("beyond 64 bits", 1e19),
+      Amount("no number", 0x7FF8000000000000),
+      Amount("no number, negative", 0xFFF8000000000000),
+      Amount("no number, that signals", 0x7FF4000000000000),
+      Amount("no number, that signals, negative", 0xFFF0000000000001),
+      Amount("infinity", 0x7FF0000000000000),
+      Amount("negative infinity", 0xFFF0000000000000),
+      Amount("1e308", std::bit_cast<std::uint64_t>(1e308)),
+      Amount("-1e308", std::bit_cast<std::uint64_t>(-1e308)),
+      Amount("the greatest", 0x7FEFFFFFFFFFFFFF),
+      Amount("the least", 0xFFEFFFFFFFFFFFFF),
+      Amount("the smallest", 0x0000000000000001),
+      Amount("the smallest, negative", 0x8000000000000001),
+      Amount("the greatest of the small", 0x000FFFFFFFFFFFFF),
+      Amount("zero", 0),
+      Amount("negative zero", 0x8000000000000000),
+      Amount("a third", 0x3FD5555555555555),
+      Amount("beyond whole cents", std::bit_cast<std::uint64_t>(90071992547409.93)),
+      Amount("beyond whole numbers", 0x4340000000000001),
+      Amount("beyond 64 bits", std::bit_cast<std::uint64_t>(1e19)),
   };
 }
 
@@ -178,12 +185,13 @@ std::vector<Hostile> Records() {
 
 }  // namespace
 
-Places::Places() {
+Places::Places(const void* of_the_library) : code(of_the_library) {
   locked.MayBeWritten(false);
 }
 
 bool Places::Untouched() const {
-  return result.RestUntouched();
+  return result.RestUntouched() && locked.RestUntouched() &&
+         std::memcmp(code, code_before.data(), kCode) == 0;
 }
 
 const std::vector<Hostile>& HostileTo(const exports::Parameter& parameter) {

@@ -30,10 +30,20 @@ class LonePage {
   void MayBeWritten(bool writable);
 
  private:
-  std::size_t size_;
   char* page_;
   std::size_t room_ = 0;  // where it begins
-  std::size_t room_size_ = 0;
+  std::size_t size_ = 0;
 };
+
+// ---- The system's own means ----
+
+constexpr std::size_t kPage = 4096;
+
+// Three pages that nobody may touch, and their end.
+char* ReservePages();
+void GiveBack(char* pages);
+
+// False when the system refuses.
+bool Protect(char* page, bool writable);
 
 }  // namespace kestra::hostile
