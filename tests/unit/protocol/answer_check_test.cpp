@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "device/operations.hpp"
+#include "fakes/failure_number.hpp"
 #include "fakes/fake_platform.hpp"
 #include "protocol/answer.hpp"
 #include "state/library.hpp"
-#include "fakes/failure_number.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
