@@ -1,4 +1,6 @@
 // What the panel answers: stories/panel/.
+#include <algorithm>
+
 #include "../story_test.hpp"
 #include "loop.hpp"
 #include "panel/gate.hpp"
