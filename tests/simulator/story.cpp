@@ -42,33 +42,34 @@ Digits ReadDigits(std::string_view text) {
   return {Number(parts.at(0)), Number(parts.at(1))};
 }
 
-using Setter = void (*)(Settings&, std::string_view);
-const std::map<std::string, Setter, std::less<>>& Setters() {
-  static const std::map<std::string, Setter, std::less<>> setters{
-      {"family",
-       [](Settings& s, std::string_view v) {
-         s.family = v == "TQ" ? Family::kTicket : v == "FC" ? Family::kForm : s.family;
-       }},
-      {"model", [](Settings& s, std::string_view v) { s.model = v; }},
-      {"condition", [](Settings& s, std::string_view v) { s.owner_iva = v.at(0); }},
-      {"strict_cuit", [](Settings& s, std::string_view) { s.strict_cuit = true; }},
-      {"closings", [](Settings& s, std::string_view v) { s.closings_left = Number(v); }},
-      {"lines", [](Settings& s, std::string_view v) { s.lines_per_form = Number(v); }},
-      {"quantity", [](Settings& s, std::string_view v) { s.digits.quantity = ReadDigits(v); }},
-      {"price", [](Settings& s, std::string_view v) { s.digits.price = ReadDigits(v); }},
-      {"internal", [](Settings& s, std::string_view v) { s.digits.internal_tax = ReadDigits(v); }},
-      {"texts",
-       [](Settings& s, std::string_view v) {
-         const auto parts = Split(v, ',');
-         s.roll_texts = {Number(parts.at(0)), Number(parts.at(1)), Number(parts.at(2)),
-                         Number(parts.at(3)), Number(parts.at(4))};
-       }},
-      {"work",
-       [](Settings& s, std::string_view v) {
-         s.work_milliseconds.fill(static_cast<std::uint32_t>(Number(v)));
-       }},
-  };
-  return setters;
+void Set(Settings& settings, std::string_view key, std::string_view value) {
+  static const std::map<std::string_view, int Settings::*> kNumbers{
+      {"closings", &Settings::closings_left}, {"lines", &Settings::lines_per_form}};
+  static const std::map<std::string_view, Digits FieldDigits::*> kDigits{
+      {"quantity", &FieldDigits::quantity},
+      {"price", &FieldDigits::price},
+      {"internal", &FieldDigits::internal_tax}};
+  if (const auto number = kNumbers.find(key); number != kNumbers.end()) {
+    settings.*number->second = Number(value);
+  } else if (const auto digits = kDigits.find(key); digits != kDigits.end()) {
+    settings.digits.*digits->second = ReadDigits(value);
+  } else if (key == "family") {
+    settings.family = value == "TQ" ? Family::kTicket : Family::kForm;
+  } else if (key == "model") {
+    settings.model = value;
+  } else if (key == "condition") {
+    settings.owner_iva = value.at(0);
+  } else if (key == "strict_cuit") {
+    settings.strict_cuit = true;
+  } else if (key == "texts") {
+    const auto parts = Split(value, ',');
+    settings.roll_texts = {Number(parts.at(0)), Number(parts.at(1)), Number(parts.at(2)),
+                           Number(parts.at(3)), Number(parts.at(4))};
+  } else if (key == "work") {
+    settings.work_milliseconds.fill(static_cast<std::uint32_t>(Number(value)));
+  } else {
+    throw std::logic_error("there is no setting " + std::string(key));
+  }
 }
 
 // The first word and, without the blanks between, what follows.
@@ -297,7 +298,7 @@ void Player::PlayLines(const std::vector<std::pair<unsigned, std::string>>& line
   for (; at < lines.size() && lines[at].second.substr(0, 5) == "with "; ++at) {
     where_ = std::to_string(lines[at].first) + ": ";
     const auto [key, value] = Word(std::string_view(lines[at].second).substr(5));
-    Setters().at(std::string(key))(settings, value);
+    Set(settings, key, value);
   }
   Begin(settings);
   while (at < lines.size()) {
