@@ -78,14 +78,18 @@ TEST(Survival, ANullForAnEndedTextIsTheEmptyText) {
   EXPECT_EQ(frames[1].substr(2, 3), "A\x1C\x03");
 }
 
-TEST(Survival, BeforeTheStartEveryOperationFailsAndNothingIsSent) {
+TEST(Survival, BeforeTheStartAndAfterTheEndEveryOperationFailsAndNothingIsSent) {
   for (const auto& exported : Exports()) {
     if (!Operates(exported)) continue;
     SCOPED_TRACE(exported.name);
-    auto& world = unit::ExportsOnFakes();
+    auto& fresh = unit::ExportsOnFakes();
     EXPECT_EQ(exported.call({}), exported.failed);
-    EXPECT_EQ(unit::Wire(world.GetJournal()), "");
-    EXPECT_TRUE(unit::TextsOf(world.GetJournal(), Happening::kLog).empty());
+    EXPECT_EQ(unit::Wire(fresh.GetJournal()), "");
+    EXPECT_TRUE(unit::TextsOf(fresh.GetJournal(), Happening::kLog).empty());
+    auto& ended = StartedShop("TQ");
+    EP_Kill();
+    EXPECT_EQ(exported.call({}), exported.failed);
+    EXPECT_EQ(unit::Wire(ended.GetJournal()), "");
   }
 }
 
@@ -94,17 +98,6 @@ TEST(Survival, BeforeTheStartTheOperatorIsTold) {
   EXPECT_EQ(EP_CortaPapel(), 1);
   EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kBox),
             std::vector<std::string>{"Error en el comando Enviar"});
-}
-
-TEST(Survival, AfterTheEndEveryOperationFailsAndNothingIsSent) {
-  for (const auto& exported : Exports()) {
-    if (!Operates(exported)) continue;
-    SCOPED_TRACE(exported.name);
-    auto& world = StartedShop("TQ");
-    EP_Kill();
-    EXPECT_EQ(exported.call({}), exported.failed);
-    EXPECT_EQ(unit::Wire(world.GetJournal()), "");
-  }
 }
 
 TEST(Survival, AfterTheEndTheLogNamesTheMissingPort) {
