@@ -12,7 +12,6 @@
 #include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
 #include "kestra/kestra.h"
-#include "unit/rows.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
@@ -108,32 +107,6 @@ Story Play(const ReentryRow& row, bool calls_back) {
   return story;
 }
 
-class Reentry : public testing::TestWithParam<ReentryRow> {};
-
-TEST_P(Reentry, TheOuterCallIsTheSameWithAndWithoutIt) {
-  const auto quiet = Play(GetParam(), false);
-  const auto noisy = Play(GetParam(), true);
-  EXPECT_EQ(noisy.wire, quiet.wire);
-  EXPECT_EQ(noisy.log, quiet.log);
-  EXPECT_EQ(noisy.opened, quiet.opened);
-  EXPECT_EQ(noisy.host.texts, quiet.host.texts);
-  EXPECT_EQ(noisy.released, quiet.released);
-  EXPECT_EQ(noisy.result, GetParam().result);
-  EXPECT_EQ(quiet.result, GetParam().result);
-  EXPECT_EQ(quiet.host.dialogs, GetParam().dialogs);
-}
-
-TEST_P(Reentry, TheCallsFromWithinAreTurnedAway) {
-  std::vector<std::int32_t> refused;
-  for (int dialog = 0; dialog < GetParam().dialogs; ++dialog) {
-    for (const auto& exported : exports::Exports()) {
-      if (exported.nature == exports::Nature::kBeside) continue;
-      refused.push_back(exported.failed);
-    }
-  }
-  EXPECT_EQ(Play(GetParam(), true).host.results, refused);
-}
-
 constexpr std::int32_t kNo = 7;
 
 std::int32_t KESTRA_CALL PayAThousand() {
@@ -160,7 +133,29 @@ const ReentryRow kReentries[] = {
      0},
     {"from the message of a bad key while starting", "EntPrecio", "x", "0000", "0600", EP_Init, 1},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, Reentry, testing::ValuesIn(kReentries), unit::BySentence());
+
+TEST(Reentry, TheOuterCallIsTheSameWithAndWithoutItAndTheCallsFromWithinAreTurnedAway) {
+  for (const auto& row : kReentries) {
+    SCOPED_TRACE(row.sentence);
+    const auto quiet = Play(row, false);
+    const auto noisy = Play(row, true);
+    EXPECT_EQ(noisy.wire, quiet.wire);
+    EXPECT_EQ(noisy.log, quiet.log);
+    EXPECT_EQ(noisy.opened, quiet.opened);
+    EXPECT_EQ(noisy.host.texts, quiet.host.texts);
+    EXPECT_EQ(noisy.released, quiet.released);
+    EXPECT_EQ(noisy.result, row.result);
+    EXPECT_EQ(quiet.result, row.result);
+    EXPECT_EQ(quiet.host.dialogs, row.dialogs);
+    std::vector<std::int32_t> refused;
+    for (int dialog = 0; dialog < row.dialogs; ++dialog) {
+      for (const auto& exported : exports::Exports()) {
+        if (exported.nature != exports::Nature::kBeside) refused.push_back(exported.failed);
+      }
+    }
+    EXPECT_EQ(noisy.host.results, refused);
+  }
+}
 
 // From inside a callback the host may hand over to another operator, or to none.
 
