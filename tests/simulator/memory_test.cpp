@@ -14,10 +14,8 @@
 namespace impresora {
 namespace {
 
-using prueba::Body;
 using prueba::FamilySettings;
 using prueba::Folder;
-using prueba::kEmpty;
 using prueba::Shop;
 
 using Texts = std::vector<std::string>;

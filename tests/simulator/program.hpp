@@ -65,7 +65,7 @@ class Program {
       if (more.empty()) break;
       said_ += more;
     }
-    const std::string line = said_.substr(0, said_.find('\n') + 1);
+    std::string line = said_.substr(0, said_.find('\n') + 1);
     said_.erase(0, line.size());
     return line;
   }
