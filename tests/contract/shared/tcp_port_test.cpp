@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 
 #include "base/ansi.hpp"
@@ -24,6 +25,9 @@ std::chrono::milliseconds TimeOf(const auto& action) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() -
                                                                begin);
 }
+
+// Of some tries the shortest: a busy machine makes some of them long, and what waits all of them.
+constexpr int kTries = 20;
 
 std::string WordsOfALook(SerialPort& port) {
   return FailureWords([&] {
@@ -91,9 +95,12 @@ TEST(TcpPort, AServerThatDoesNotAnswerIsGivenUp) {
   line.Neglect();
   const auto port = line.MakePort(kHasty);
   const auto open = [&] { port->PortOpen(true); };
-  const auto time = TimeOf([&] { EXPECT_EQ(FailureNumber(open), 8015); });
-  EXPECT_GE(time.count(), 190);
-  EXPECT_LT(time.count(), 1000);
+  auto least = std::chrono::milliseconds::max();
+  for (int tries = 0; tries < kTries && least.count() >= 1000; ++tries) {
+    least = std::min(least, TimeOf([&] { EXPECT_EQ(FailureNumber(open), 8015); }));
+  }
+  EXPECT_GE(least.count(), 190);
+  EXPECT_LT(least.count(), 1000);
   EXPECT_EQ(FailureWords(open), "No responde " + line.Device());
   EXPECT_FALSE(port->PortOpen());
 }
@@ -141,11 +148,20 @@ TEST_F(TcpCall, TheLastWriteArrivesThoughThePortClosesOverUnreadBytes) {
   EXPECT_EQ(line.Receive(1), "\x06");
 }
 
-TEST_F(TcpCall, ClosingHangsUpAndDoesNotWaitForAFarEndThatStays) {
-  port->Output("x");
-  EXPECT_LT(TimeOf([&] { port->PortOpen(false); }).count(), 500);
-  const auto time = TimeOf([&] { EXPECT_EQ(line.Receive(2), "x"); });
-  EXPECT_LT(time.count(), 500);  // the end is seen, not waited for
+TEST(TcpPort, ClosingHangsUpAndDoesNotWaitForAFarEndThatStays) {
+  auto closing = std::chrono::milliseconds::max();
+  auto seeing_it = closing;  // the end is seen, not waited for
+  const auto too_long = [](auto time) { return time.count() >= 500; };
+  for (int tries = 0; tries < kTries && (too_long(closing) || too_long(seeing_it)); ++tries) {
+    TcpLine line;
+    const auto port = line.MakePort();
+    port->PortOpen(true);
+    port->Output("x");
+    closing = std::min(closing, TimeOf([&] { port->PortOpen(false); }));
+    seeing_it = std::min(seeing_it, TimeOf([&] { EXPECT_EQ(line.Receive(2), "x"); }));
+  }
+  EXPECT_FALSE(too_long(closing)) << closing.count();
+  EXPECT_FALSE(too_long(seeing_it)) << seeing_it.count();
 }
 
 TEST(TcpPort, ALineThatTakesNothingFailsInTheEnd) {

@@ -10,6 +10,7 @@ classes before and after, all of their keys and values.
 import pathlib
 import re
 import shutil
+import socket
 import sys
 import tempfile
 import unittest
@@ -55,6 +56,7 @@ class Wine:
     def __init__(self, dll_directory, host_directory):
         self.library = pathlib.Path(dll_directory).resolve() / "Kestra.dll"
         self.hosts = pathlib.Path(host_directory).resolve()
+        self.dump = None  # the program that saves the registry, for all of a run
 
     @staticmethod
     def run(*arguments, directory=None):
@@ -70,13 +72,19 @@ class Wine:
 
     def registry(self):
         """Every key of the classes, and every value as "key @ value"."""
+        if self.dump is None:
+            self.dump = programs.Program([self.hosts / "registry_dump.exe"], talk=True)
         with tempfile.TemporaryDirectory(prefix="kestra-registry-") as folder:
-            dump = self.run(self.hosts / "registry_dump.exe", windows_path(folder))
-            assert dump.returncode == 0, dump.output()
+            self.dump.call.sendall(windows_path(folder).encode() + b"\n")
+            assert self.dump.call.recv(1) == b"1", self.dump.output()
             lines = [line for hive in ("machine", "user")
                      for line in entries(hive, pathlib.Path(folder, hive + ".reg"))]
         assert len(lines) > 100, "the registry cannot be read"
         return lines
+
+    def close(self):
+        self.dump.call.shutdown(socket.SHUT_WR)
+        assert self.dump.wait() == 0, self.dump.output()
 
     def regsvr32(self, *arguments):
         return self.run("regsvr32", "/s", *arguments).returncode
@@ -113,13 +121,14 @@ class Components(unittest.TestCase):
     @classmethod
     def tearDownClass(cls):
         changed = sorted(set(cls.everything) ^ set(wine.registry()))
+        wine.close()
         assert not changed, f"left behind in the registry: {changed}"
 
     def setUp(self):
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="kestra-components-"))
         self.addCleanup(shutil.rmtree, self.directory, ignore_errors=True)
         (self.directory / "Fiscal.ini").write_bytes(GOOD_INI.encode("cp1252"))
-        self.before = wine.registry()
+        self.before = self.everything  # as each case found it and has to leave it
 
     def unchanged_since(self, before):
         after = wine.registry()

@@ -6,6 +6,8 @@
 PROGRAM_DIRECTORY holds show_dialog.exe. The Wine prefix and the display are the environment's; a window
 manager is up and xdotool is installed.
 """
+import functools
+import os
 import pathlib
 import re
 import subprocess
@@ -100,7 +102,7 @@ class Dialog:
 
     def press(self, *keys):
         """Once it has the keyboard."""
-        until(lambda: xdotool("getwindowfocus", "getwindowname") == self.shown.caption, "the focus")
+        until(lambda: xdotool("getwindowfocus", "getwindowname") == self.shown.caption, "the focus", 0.05)
         xdotool("key", *keys)
 
     def end(self):
@@ -112,6 +114,12 @@ class Dialog:
 
 
 def show(*arguments):
+    """What a dialog showed and how it ended: once for all who look at the same one."""
+    return shown_at(tuple(sorted(os.environ.items())), Density.now, arguments)
+
+
+@functools.cache
+def shown_at(_environment, _density, arguments):
     dialog = Dialog(*arguments)
     return dialog.shown, dialog.end()
 
@@ -136,14 +144,18 @@ def xdotool(*arguments):
 class Density:
     """A system set to so many dots per inch, for programs that start meanwhile."""
 
+    now = None
+
     def __init__(self, density):
         self.density = density
 
     def __enter__(self):
         assert wine("reg", "add", DESKTOP, "/v", "LogPixels", "/t", "REG_DWORD", "/d",
                     str(self.density), "/f") == 0
+        Density.now = self.density
 
     def __exit__(self, *_):
+        Density.now = None
         assert wine("reg", "delete", DESKTOP, "/v", "LogPixels", "/f") == 0
 
 

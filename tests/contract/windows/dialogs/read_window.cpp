@@ -2,7 +2,8 @@
 //
 //   control  number class middle_x middle_y text
 //
-//   read_window CAPTION     exits with 1 when there is no dialog of that caption to be answered
+//   read_window CAPTION     exits with 1 when there is no dialog of that caption to be answered, in its place
+//                           and painted
 #include <windows.h>
 
 #include <cstdio>
@@ -16,6 +17,12 @@ struct Search {
   std::wstring caption;
   HWND found = nullptr;
 };
+
+// While the window manager takes it into its frame, its place is told relative to that.
+bool IsInItsPlace(HWND window) {
+  RECT place{};
+  return GetWindowRect(window, &place) != FALSE && place.left >= 0 && place.top >= 0;
+}
 
 BOOL CALLBACK KeepDialog(HWND window, LPARAM told) {
   auto& search = *reinterpret_cast<Search*>(told);
@@ -43,7 +50,8 @@ int main() {
   if (count != 2) return 2;
   Search search{.caption = words[1]};
   EnumWindows(KeepDialog, reinterpret_cast<LPARAM>(&search));
-  if (search.found == nullptr) return 1;
+  if (search.found == nullptr || !IsInItsPlace(search.found)) return 1;
+  RedrawWindow(search.found, nullptr, nullptr, RDW_ALLCHILDREN | RDW_INVALIDATE | RDW_UPDATENOW);
   EnumChildWindows(search.found, PrintControl, 0);
   return 0;
 }
