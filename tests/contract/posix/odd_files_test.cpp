@@ -25,7 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kLog = ".\\fiscal.log";
 constexpr const char* kSettings = "[S]\nK=12\n";
 
 void MakeSocket(const char* name) {
