@@ -88,6 +88,10 @@ class Verdicts(unittest.TestCase):
         self.assertEqual(verdict.total("survived"), 2)
         self.assertTrue(verdict.passes())
 
+    def test_blanks_within_the_line_do_not_matter(self):
+        moved = self.EXPLAINED.replace("a < 1", "a   <  1")
+        self.assertTrue(self.judged(["< -> <=", "1 -> 2"], moved).passes())
+
     def test_a_survivor_that_nobody_explains_does_not_pass(self):
         verdict = self.judged(["< -> <=", "1 -> 2", "1 -> 0"])
         self.assertEqual([mutant.change for mutant in verdict.unexplained], ["1 -> 0"])
