@@ -160,7 +160,7 @@ constexpr CommandRow DrawerRow(std::uint8_t byte, std::string_view name) {
           .run = OpenDrawer};
 }
 
-constexpr std::array kRows{
+constexpr std::array kDeviceRows{
     CommandRow{
         .byte = '*',
         .name = "Consulta de estado",
@@ -243,7 +243,7 @@ constexpr std::array kRows{
 }  // namespace
 
 std::span<const CommandRow> DeviceCommands() {
-  return kRows;
+  return kDeviceRows;
 }
 
 }  // namespace impresora

@@ -123,7 +123,7 @@ Outcome TransportSheet(Machine& m, const Fields& f) {
 constexpr std::string_view kCapitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr int kNoAddressText = 13;  // "SIN DOMICILIO"
 
-constexpr std::array kRows{
+constexpr std::array kDocumentRows{
     CommandRow{.byte = '@',
                .name = "Abrir tique",
                .word = "apertura",
@@ -198,7 +198,7 @@ constexpr std::array kRows{
 }  // namespace
 
 std::span<const CommandRow> DocumentCommands() {
-  return kRows;
+  return kDocumentRows;
 }
 
 }  // namespace impresora

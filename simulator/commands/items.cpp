@@ -71,7 +71,7 @@ Outcome EnterInvoiceItem(Machine& m, const Fields& f) {
   return outcome;
 }
 
-constexpr std::array kRows{
+constexpr std::array kItemRows{
     CommandRow{
         .byte = 'B',
         .name = "Ítem de tique",
@@ -109,7 +109,7 @@ constexpr std::array kRows{
 }  // namespace
 
 std::span<const CommandRow> ItemCommands() {
-  return kRows;
+  return kItemRows;
 }
 
 }  // namespace impresora

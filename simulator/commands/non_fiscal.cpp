@@ -26,7 +26,7 @@ Outcome CloseNonFiscal(Machine& m, const Fields& /*f*/) {
   return {};
 }
 
-constexpr std::array kRows{
+constexpr std::array kNonFiscalRows{
     CommandRow{.byte = 'H',
                .name = "Abrir no fiscal",
                .families = kAnyFamily,
@@ -53,7 +53,7 @@ constexpr std::array kRows{
 }  // namespace
 
 std::span<const CommandRow> NonFiscalCommands() {
-  return kRows;
+  return kNonFiscalRows;
 }
 
 }  // namespace impresora

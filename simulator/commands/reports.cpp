@@ -80,7 +80,7 @@ Outcome ClosingsByDate(Machine& m, const Fields& f) {
 
 constexpr int kLargestClosing = 99'999;
 
-constexpr std::array kRows{
+constexpr std::array kReportRows{
     CommandRow{.byte = '9',
                .name = "Cierre de jornada",
                .word = "jornada",
@@ -118,7 +118,7 @@ constexpr std::array kRows{
 }  // namespace
 
 std::span<const CommandRow> ReportCommands() {
-  return kRows;
+  return kReportRows;
 }
 
 }  // namespace impresora

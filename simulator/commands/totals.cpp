@@ -112,7 +112,7 @@ constexpr CommandRow AdjustRow(std::uint8_t byte, std::string_view name, unsigne
           .run = AdjustPayOrCancel};
 }
 
-constexpr std::array kRows{
+constexpr std::array kTotalRows{
     SubtotalRow('C', "Subtotal de tique", kTicketFamilies, kInTicket),
     SubtotalRow('c', "Subtotal de factura", kInvoiceFamilies, kInInvoice),
     AdjustRow('D', "Descuento, recargo o pago de tique", kTicketFamilies, kInTicket),
@@ -134,7 +134,7 @@ constexpr std::array kRows{
 }  // namespace
 
 std::span<const CommandRow> TotalsCommands() {
-  return kRows;
+  return kTotalRows;
 }
 
 }  // namespace impresora

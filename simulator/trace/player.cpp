@@ -11,7 +11,7 @@ namespace impresora {
 namespace {
 
 constexpr std::size_t kChecksumDigits = 4;
-constexpr Sides kSides{"grabado", "llegó"};
+constexpr Sides kRecordedSeen{"grabado", "llegó"};
 
 // One answer frame, from its start byte on.
 std::string RenumberedFrame(std::string frame, std::uint8_t recorded, std::uint8_t wanted) {
@@ -139,7 +139,7 @@ void Player::HandlePacket(const Packet& packet, Micros now) {
 
 void Player::Play(std::size_t index, const Packet& packet, Micros now) {
   const Scene& scene = scenes_[index];
-  for (const std::string& words : CommandDifferences(*scene.command, packet, kSides, true)) {
+  for (const std::string& words : CommandDifferences(*scene.command, packet, kRecordedSeen, true)) {
     Stray("intercambio " + ExchangeName(scene.exchange.number, *scene.command) + ": " + words);
   }
   const RecordedExchange& recorded = scene.exchange;

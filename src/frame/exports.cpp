@@ -9,6 +9,7 @@
 #include "kestra/kestra.h"
 #include "operation/host_buffer.hpp"
 #include "operation/operation.hpp"
+#include "platform/seam/platform.hpp"
 
 using kestra::Export;
 using kestra::kFailure;
@@ -224,5 +225,26 @@ void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador) {
   kestra::WithoutFailing(0, [=] {
     kestra::DefinirOperador(operador);
     return 0;
+  });
+}
+
+// Entry points of the platform's component system.
+
+int32_t KESTRA_CALL DllRegisterServer() {
+  return kestra::RegisterComponents();
+}
+
+int32_t KESTRA_CALL DllUnregisterServer() {
+  return kestra::UnregisterComponents();
+}
+
+int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz, void** objeto) {
+  return kestra::ComponentFactory(clase, interfaz, objeto);
+}
+
+int32_t KESTRA_CALL DllCanUnloadNow() {
+  return kestra::WithoutFailing(1, [] {
+    const bool in_use = kestra::ComponentsInUse() || kestra::Instance().holds_port.load();
+    return in_use ? 1 : 0;
   });
 }

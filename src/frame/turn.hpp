@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <cstdint>
 
-#include "platform/seam/stack.hpp"
+#include "platform/seam/host.hpp"
 
 namespace kestra {
 

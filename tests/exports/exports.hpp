@@ -56,6 +56,7 @@ struct Export {
   std::array<Parameter, kMostParameters> places{};
   std::size_t count = 0;
   std::int32_t (*call)(const Values& values) = nullptr;  // null where it is found by its name
+  std::int32_t (*call_at)(void* place, const Values& values) = nullptr;
 
   [[nodiscard]] constexpr std::span<const Parameter> Parameters() const {
     return std::span(places).first(count);
@@ -66,6 +67,9 @@ struct Export {
 // The first are those that the fuzzer's corpus knows by their number: a new one goes to the end.
 std::span<const Export> Exports();
 const Export& Find(std::string_view name);
+
+// In the library that is linked to the program, or in the one that the program has loaded.
+std::int32_t Call(const Export& row, const Values& values);
 
 // A parameter and what is passed for it: a text as long as it has to be, a number in its digits, nothing
 // for a result, a record and a class.

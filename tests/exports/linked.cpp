@@ -7,4 +7,8 @@ std::span<const Export> Exports() {
   return kTable<true>;
 }
 
+std::int32_t Call(const Export& row, const Values& values) {
+  return row.call(values);
+}
+
 }  // namespace kestra::exports

@@ -94,6 +94,10 @@ constexpr Export Row(std::string_view name, Results results, std::string_view le
   Export row{name, results.nature, results.done, results.failed, sane};
   Read(letters, row);
   if (!OfFunction::Fits(row.Parameters())) throw std::logic_error("the header declares others");
+  row.call_at = [](void* place, const Values& values) {
+    return OfFunction::Call(reinterpret_cast<decltype(Function)>(place), values,
+                            std::make_index_sequence<OfFunction::kCount>());
+  };
   if constexpr (kIsLinked) {
     row.call = [](const Values& values) {
       return OfFunction::Call(Function, values, std::make_index_sequence<OfFunction::kCount>());

@@ -5,7 +5,6 @@
 #include <stdexcept>
 
 #include "fakes/components.hpp"
-#include "platform/seam/components.hpp"
 #include "platform/seam/host.hpp"
 #include "platform/seam/platform.hpp"
 

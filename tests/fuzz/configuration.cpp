@@ -9,16 +9,17 @@
 #include "fakes/fake_platform.hpp"
 #include "frame/configuration.hpp"
 #include "fuzz/input.hpp"
+#include "golden/base_configuration.hpp"
 #include "golden/state_fields.hpp"
 #include "platform/shared/profile_text.hpp"
 #include "state/library.hpp"
-#include "unit/settings.hpp"
 
 namespace kestra {
 namespace {
 
 using fuzz::Require;
-using unit::Kind;
+using golden::kBaseConfiguration;
+using golden::Setting;
 
 // A file, and what a sound one has for the keys that this one leaves out.
 class HostileFile : public ProfileFile {
@@ -27,12 +28,12 @@ class HostileFile : public ProfileFile {
 
   std::string Read(std::string_view section, std::string_view key, std::string_view file) override {
     Require(file == kConfigurationFile && section == kSection, "one file, one section");
-    Require(reads_ < unit::kSettings.size() && unit::kSettings[reads_].key == key,
+    Require(reads_ < kBaseConfiguration.size() && kBaseConfiguration[reads_].key == key,
             "each key once and in order");
     auto value = FindInProfile(text_, section, key);
     Require(value.size() <= kLongestProfileValue, "no longer than the reader's longest");
     Require(value.find_first_of("\r\n") == std::string::npos, "a value ends with its line");
-    if (value.empty() && filled_up_) return std::string(unit::kSettings[reads_++].value);
+    if (value.empty() && filled_up_) return std::string(kBaseConfiguration[reads_++].value);
     return values_[reads_++] = std::move(value);
   }
 
@@ -44,7 +45,7 @@ class HostileFile : public ProfileFile {
   std::string_view text_;
   bool filled_up_;
   std::size_t reads_ = 0;
-  std::array<std::string, unit::kSettings.size()> values_;
+  std::array<std::string, kBaseConfiguration.size()> values_;
 };
 
 // A world of which nothing but the settings and the operator is used.
@@ -89,23 +90,30 @@ std::optional<long long> NumberIn(std::string_view text) {
   return negative ? -value : value;
 }
 
-bool IsShort(Kind kind) {
-  return kind == Kind::kShort || kind == Kind::kOptionalShort;
+bool IsText(std::string_view key) {
+  return key == "TipoComprobante" || key == "ModeloNombre" || key == "TipoIVA";
 }
 
-bool IsOptional(Kind kind) {
-  return kind == Kind::kOptional || kind == Kind::kOptionalShort;
+// Digit counts, and how many letters an inch has: 16 bits.
+bool IsShort(std::string_view key) {
+  return key.starts_with("Ent") || key.starts_with("Dec") || key == "IncluirPuntoPrecio" ||
+         key == "CPI";
+}
+
+bool IsOptional(std::string_view key) {
+  return key == "CPI" || key == "LogComandos" || key == "UtilizaTransporte" ||
+         key == "DelayComandos";
 }
 
 // What the field of a key should say for this text; nothing when the reading stops there.
-std::optional<std::string> Expected(const unit::Setting& setting, std::string_view text) {
+std::optional<std::string> Expected(const Setting& setting, std::string_view text) {
   const auto number = NumberIn(text);
-  if (!number && IsOptional(setting.kind)) return setting.key == "CPI" ? "12" : "0";
+  if (!number && IsOptional(setting.key)) return setting.key == "CPI" ? "12" : "0";
   if (!number) return std::nullopt;
-  const long long least = IsShort(setting.kind) ? std::numeric_limits<std::int16_t>::min()
-                                                : std::numeric_limits<std::int32_t>::min();
-  const long long most = IsShort(setting.kind) ? std::numeric_limits<std::int16_t>::max()
-                                               : std::numeric_limits<std::int32_t>::max();
+  const long long least = IsShort(setting.key) ? std::numeric_limits<std::int16_t>::min()
+                                               : std::numeric_limits<std::int32_t>::min();
+  const long long most = IsShort(setting.key) ? std::numeric_limits<std::int16_t>::max()
+                                              : std::numeric_limits<std::int32_t>::max();
   if (*number < least || *number > most) return std::nullopt;
   const auto shown = std::to_string(*number);
   return setting.key == "ImpresoraConfig" ? '"' + shown + '"' : shown;
@@ -131,12 +139,12 @@ void CheckReading(std::string_view text, bool filled_up) {
   Library library(desk);
   Lee_Ini(library);
   const auto read = file.Reads();
-  const bool whole = read == unit::kSettings.size() && desk.Boxes() == 0;
+  const bool whole = read == kBaseConfiguration.size() && desk.Boxes() == 0;
   Require(whole || desk.Boxes() == 1, "the operator hears once of a bad value");
   for (std::size_t i = 0; i < read; ++i) {
-    const auto& setting = unit::kSettings[i];
+    const auto& setting = kBaseConfiguration[i];
     const auto& value = file.Value(i);
-    if (setting.kind == Kind::kText || (value.empty() && filled_up)) continue;
+    if (IsText(setting.key) || (value.empty() && filled_up)) continue;
     const auto expected = Expected(setting, value);
     Require(expected.has_value() == (whole || i + 1 < read),
             "the first bad value ends the reading");

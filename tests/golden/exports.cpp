@@ -63,9 +63,9 @@ std::string ResultText(const Room& room) {
 }
 
 std::int32_t Watched(const Export& row, const exports::Values& values, Onlooker* onlooker) {
-  if (onlooker == nullptr) return row.call(values);
+  if (onlooker == nullptr) return exports::Call(row, values);
   onlooker->BeforeCall(row.name);
-  const std::int32_t result = row.call(values);
+  const std::int32_t result = exports::Call(row, values);
   onlooker->AfterCall(row.name, result);
   return result;
 }

@@ -1,16 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
+#include "golden/case_files.hpp"
 #include "golden/session.hpp"
 
 // Plays every case of the cases folder and compares what comes of it with the file itself. With
@@ -22,51 +20,35 @@ namespace fs = std::filesystem;
 
 bool updating = false;
 
-std::string ReadFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
 void WriteFile(const fs::path& path, const std::string& text) {
   std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
 }
 
 class GoldenCase : public testing::Test {
  public:
-  explicit GoldenCase(fs::path path) : path_(std::move(path)) {}
+  explicit GoldenCase(Case played) : case_(std::move(played)) {}
 
   void TestBody() override {
-    const std::string expected = ReadFile(path_);
-    const Played played = Play(expected);
-    ASSERT_EQ(played.fault, "") << "in " << path_;
+    const Played played = Play(case_.text);
+    ASSERT_EQ(played.fault, "") << "in " << case_.name;
     if (updating) {
-      if (played.text != expected) WriteFile(path_, played.text);
+      if (played.text != case_.text)
+        WriteFile(fs::path(KESTRA_GOLDEN_CASES) / case_.name, played.text);
     } else {
-      EXPECT_EQ(expected, played.text) << "in " << path_;
+      EXPECT_EQ(case_.text, played.text) << "in " << case_.name;
     }
   }
 
  private:
-  fs::path path_;
+  Case case_;
 };
 
-std::vector<fs::path> CaseFiles(const fs::path& folder) {
-  std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-    if (entry.path().extension() == ".golden") files.push_back(entry.path());
-  }
-  std::sort(files.begin(), files.end());
-  return files;
-}
-
-void RegisterCases(const fs::path& folder) {
-  for (const fs::path& path : CaseFiles(folder)) {
-    const std::string topic = path.parent_path().filename().string();
-    const std::string name = path.stem().string();
-    testing::RegisterTest(topic.c_str(), name.c_str(), nullptr, nullptr, __FILE__, __LINE__,
-                          [path]() -> testing::Test* { return new GoldenCase(path); });
+void RegisterCases() {
+  for (const Case& played : ReadCases(KESTRA_GOLDEN_CASES)) {
+    const fs::path path(played.name);
+    testing::RegisterTest(path.parent_path().filename().string().c_str(),
+                          path.stem().string().c_str(), nullptr, nullptr, __FILE__, __LINE__,
+                          [played]() -> testing::Test* { return new GoldenCase(played); });
   }
 }
 
@@ -84,6 +66,6 @@ int main(int argc, char** argv) {
     }
     kestra::golden::updating = true;
   }
-  kestra::golden::RegisterCases(KESTRA_GOLDEN_CASES);
+  kestra::golden::RegisterCases();
   return RUN_ALL_TESTS();
 }

@@ -32,32 +32,21 @@ class Session {
   Played Play(std::string_view text);
 
  private:
-  using Handler = void (Session::*)(std::string_view rest);
   struct Input {
     std::string_view name;
-    Handler handler;
+    void (*handler)(Session& session, std::string_view rest);
   };
   static const std::array<Input, 18> kInputs;
 
   void Run(std::string_view line);
-  void Comment(std::string_view) {}
   void Ini(std::string_view rest);
-  void SetClock(std::string_view rest);
   void SetDate(std::string_view rest);
-  void Wait(std::string_view rest);
-  void QueueReply(std::string_view rest);
-  void SetDefaultReply(std::string_view rest);
   void QueueAnswers(std::string_view rest);
-  void SetPort(std::string_view rest);
-  void SetLog(std::string_view rest);
   void SetJournal(std::string_view rest);
   void Fail(std::string_view rest);
   void Meanwhile(std::string_view rest);
   void Call(std::string_view rest);
   void ShowState(std::string_view rest);
-  void ShowSequence(std::string_view) { detail_.sequence = true; }
-  void ShowDate(std::string_view) { detail_.date = true; }
-  void ShowRows(std::string_view) { detail_.rows = true; }
 
   void Print(const std::string& line) { output_ += OutputLine(line); }
   void PrintEvents();
@@ -69,25 +58,59 @@ class Session {
   std::string output_;
 };
 
+template <class Value>
+struct Named {
+  std::string_view name;
+  Value value;
+};
+
+template <class Value, std::size_t Count>
+Value Lookup(const std::array<Named<Value>, Count>& table, std::string_view name) {
+  for (const Named<Value>& row : table) {
+    if (row.name == name) return row.value;
+  }
+  throw std::invalid_argument("unknown word " + std::string(name));
+}
+
+constexpr std::array<Named<DeviceState>, 3> kDevices{{{"ok", DeviceState::kReady},
+                                                      {"missing", DeviceState::kMissing},
+                                                      {"busy", DeviceState::kBusy}}};
+constexpr std::array<Named<bool>, 2> kLogs{{{"ok", false}, {"readonly", true}}};
+
+struct Disk {
+  bool full = false;
+  bool read_only = false;
+  bool busy = false;
+};
+constexpr std::array<Named<Disk>, 4> kDisks{{{"ok", {}},
+                                             {"full", {.full = true}},
+                                             {"readonly", {.read_only = true}},
+                                             {"busy", {.busy = true}}}};
+
 const std::array<Session::Input, 18> Session::kInputs{{
-    {"#", &Session::Comment},
-    {"ini", &Session::Ini},
-    {"clock", &Session::SetClock},
-    {"date", &Session::SetDate},
-    {"wait", &Session::Wait},
-    {"reply", &Session::QueueReply},
-    {"default", &Session::SetDefaultReply},
-    {"operator", &Session::QueueAnswers},
-    {"port", &Session::SetPort},
-    {"log", &Session::SetLog},
-    {"journal", &Session::SetJournal},
-    {"fail", &Session::Fail},
-    {"meanwhile", &Session::Meanwhile},
-    {"call", &Session::Call},
-    {"state", &Session::ShowState},
-    {"showseq", &Session::ShowSequence},
-    {"showdate", &Session::ShowDate},
-    {"showrows", &Session::ShowRows},
+    {"#", [](Session&, std::string_view) {}},
+    {"ini", [](Session& s, std::string_view rest) { s.Ini(rest); }},
+    {"clock", [](Session& s,
+                 std::string_view rest) { s.world_->GetClock().SetTimeOfDay(ToTimeOfDay(rest)); }},
+    {"date", [](Session& s, std::string_view rest) { s.SetDate(rest); }},
+    {"wait", [](Session& s,
+                std::string_view rest) { s.world_->GetClock().Advance(Micros(ToNumber(rest))); }},
+    {"reply", [](Session& s, std::string_view rest) { s.world_->Line().Queue(ReadReply(rest)); }},
+    {"default",
+     [](Session& s, std::string_view rest) { s.world_->Line().SetDefault(ReadReply(rest)); }},
+    {"operator", [](Session& s, std::string_view rest) { s.QueueAnswers(rest); }},
+    {"port",
+     [](Session& s, std::string_view rest) { s.world_->Line().SetDevice(Lookup(kDevices, rest)); }},
+    {"log", [](Session& s,
+               std::string_view rest) { s.world_->GetLog().SetReadOnly(Lookup(kLogs, rest)); }},
+    {"journal", [](Session& s, std::string_view rest) { s.SetJournal(rest); }},
+    {"fail", [](Session& s, std::string_view rest) { s.Fail(rest); }},
+    {"meanwhile", [](Session& s, std::string_view rest) { s.Meanwhile(rest); }},
+    {"call", [](Session& s, std::string_view rest) { s.Call(rest); }},
+    {"state", [](Session& s, std::string_view rest) { s.ShowState(rest); }},
+    {"showseq", [](Session& s, std::string_view) { s.detail_.sequence = true; }},
+    {"showdate", [](Session& s, std::string_view) { s.detail_.date = true; }},
+    {"showrows", [](Session& s, std::string_view) { s.detail_.rows = true; }},
 }};
 
 std::unique_ptr<Platform> Surrounded(Onlooker* onlooker, std::unique_ptr<FakePlatform> world) {
@@ -138,7 +161,7 @@ void Session::Run(std::string_view line) {
   const auto* const input = std::find_if(kInputs.begin(), kInputs.end(),
                                          [&](const Input& row) { return row.name == name; });
   if (input == kInputs.end()) throw std::invalid_argument("unknown input " + std::string(name));
-  (this->*input->handler)(line);
+  input->handler(*this, line);
 }
 
 void Session::Ini(std::string_view rest) {
@@ -155,40 +178,10 @@ void Session::Ini(std::string_view rest) {
   }
 }
 
-void Session::SetClock(std::string_view rest) {
-  world_->GetClock().SetTimeOfDay(ToTimeOfDay(rest));
-}
-
 void Session::SetDate(std::string_view rest) {
   const auto parts = Split(rest, "/");
   if (parts.size() != 3) throw std::invalid_argument("a date reads DD/MM/YYYY");
   world_->GetClock().SetDate(ToInteger(parts[0]), ToInteger(parts[1]), ToInteger(parts[2]));
-}
-
-void Session::Wait(std::string_view rest) {
-  world_->GetClock().Advance(Micros(ToNumber(rest)));
-}
-
-void Session::QueueReply(std::string_view rest) {
-  world_->Line().Queue(ReadReply(rest));
-}
-
-void Session::SetDefaultReply(std::string_view rest) {
-  world_->Line().SetDefault(ReadReply(rest));
-}
-
-template <class Value>
-struct Named {
-  std::string_view name;
-  Value value;
-};
-
-template <class Value, std::size_t Count>
-Value Lookup(const std::array<Named<Value>, Count>& table, std::string_view name) {
-  for (const Named<Value>& row : table) {
-    if (row.name == name) return row.value;
-  }
-  throw std::invalid_argument("unknown word " + std::string(name));
 }
 
 void Session::QueueAnswers(std::string_view rest) {
@@ -202,29 +195,8 @@ void Session::QueueAnswers(std::string_view rest) {
   }
 }
 
-void Session::SetPort(std::string_view rest) {
-  static constexpr std::array<Named<DeviceState>, 3> states{{{"ok", DeviceState::kReady},
-                                                             {"missing", DeviceState::kMissing},
-                                                             {"busy", DeviceState::kBusy}}};
-  world_->Line().SetDevice(Lookup(states, rest));
-}
-
-void Session::SetLog(std::string_view rest) {
-  static constexpr std::array<Named<bool>, 2> states{{{"ok", false}, {"readonly", true}}};
-  world_->GetLog().SetReadOnly(Lookup(states, rest));
-}
-
 void Session::SetJournal(std::string_view rest) {
-  struct Disk {
-    bool full = false;
-    bool read_only = false;
-    bool busy = false;
-  };
-  static constexpr std::array<Named<Disk>, 4> states{{{"ok", {}},
-                                                      {"full", {.full = true}},
-                                                      {"readonly", {.read_only = true}},
-                                                      {"busy", {.busy = true}}}};
-  const Disk state = Lookup(states, rest);
+  const Disk state = Lookup(kDisks, rest);
   FakeDisk& disk = *world_->GetJournalFile().Disk();
   disk.room = state.full ? 0 : std::numeric_limits<std::size_t>::max();
   disk.read_only = state.read_only;

@@ -178,57 +178,22 @@ static void call_everything(int32_t in_use) {
 /* ---- The shop ---- */
 
 static void write_settings(void) {
-  static const char* const numbers[] = {"CanDecimales",
-                                        "CanMaxima",
-                                        "LonObsFac",
-                                        "LonLinFac",
-                                        "LonPagFac",
-                                        "LonLinNoF",
-                                        "LonLinPag",
-                                        "ErrorMostrar",
-                                        "MostrarComandos",
-                                        "EmiteTIC",
-                                        "EmiteTIF",
-                                        "EmiteFAC",
-                                        "EmiteRTO",
-                                        "EmitePAG",
-                                        "EmiteCRE",
-                                        "EmiteDEB",
-                                        "EntCantidad",
-                                        "DecCantidad",
-                                        "EntPrecio",
-                                        "DecPrecio",
-                                        "IncluirPuntoPrecio",
-                                        "EntDesc",
-                                        "DecDesc",
-                                        "EntIVA",
-                                        "DecIVA",
-                                        "EntImpInt",
-                                        "DecImpInt",
-                                        "EntPercepcion",
-                                        "DecPercepcion",
-                                        "LonDescripcionT",
-                                        "LonTextoFiscalT",
-                                        "LonEncabezadoT",
-                                        "LonTextoNoFiscalT",
-                                        "LonDatosClienteT",
-                                        "LonDescripcionF",
-                                        "LonTextoFiscalF",
-                                        "LonEncabezadoF",
-                                        "LonTextoNoFiscalF",
-                                        "LonDatosClienteF",
-                                        "Transporte",
-                                        "AjusteRedondeo",
-                                        "MostrarRespuestas",
-                                        "QuitarCaracNoValidos"};
+  char numbers[] =
+      "CanDecimales CanMaxima LonObsFac LonLinFac LonPagFac LonLinNoF LonLinPag "
+      "ErrorMostrar MostrarComandos EmiteTIC EmiteTIF EmiteFAC EmiteRTO EmitePAG EmiteCRE "
+      "EmiteDEB EntCantidad DecCantidad EntPrecio DecPrecio IncluirPuntoPrecio EntDesc "
+      "DecDesc EntIVA DecIVA EntImpInt DecImpInt EntPercepcion DecPercepcion "
+      "LonDescripcionT LonTextoFiscalT LonEncabezadoT LonTextoNoFiscalT LonDatosClienteT "
+      "LonDescripcionF LonTextoFiscalF LonEncabezadoF LonTextoNoFiscalF LonDatosClienteF "
+      "Transporte AjusteRedondeo MostrarRespuestas QuitarCaracNoValidos";
   FILE* file = fopen("Fiscal.ini", "w");
   if (file == NULL) abort();
   fprintf(file, "[Epson_Fiscal]\nImpresoraPuerto=1\nImpresoraConfig=9600\n");
   fprintf(file, "TipoComprobante=TF\nModeloNombre=TM-U220\nTipoIVA=I\nLogComandos=1\n");
   fprintf(file, "ImpresoraDispositivo=/nonexistent/printer\n");
-  for (size_t i = 0; i < sizeof numbers / sizeof numbers[0]; ++i) {
-    int wide = strncmp(numbers[i], "Ent", 3) == 0 || strncmp(numbers[i], "Lon", 3) == 0;
-    fprintf(file, "%s=%d\n", numbers[i], wide ? 9 : 0);
+  for (const char* key = strtok(numbers, " "); key != NULL; key = strtok(NULL, " ")) {
+    int wide = strncmp(key, "Ent", 3) == 0 || strncmp(key, "Lon", 3) == 0;
+    fprintf(file, "%s=%d\n", key, wide ? 9 : 0);
   }
   fclose(file);
 }

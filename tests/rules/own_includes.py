@@ -1,16 +1,22 @@
 #!/usr/bin/env python3
-"""Each source includes what it uses of the headers that are compiled once for all: without those it still builds.
+"""Each source includes what it uses: without the headers that are compiled once for all, and without the sources that
+it may be compiled together with, it still builds.
 
     own_includes.py SOURCE_DIRECTORY
 
 A header counts as included when the source or a header of the project that it includes, directly or by way of
-others, includes it. Prints each breach as file:line and ends with 1 when there is one.
+others, includes it. Of the project's own headers those are wanted that alone declare a type, a constant or a function
+which the source has no other word for. Prints each breach as file:line and ends with 1 when there is one.
 """
+import collections
 import functools
 import pathlib
 import re
 import subprocess
 import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "cmake"))
+import together  # noqa: E402
 
 # What a header of the standard library is included for, and which other headers bring it for certain.
 USES = {
@@ -86,11 +92,55 @@ def breaches(path):
             yield f"{path.relative_to(root)}:{line}: {met.group()} without <{header}>"
 
 
+# What a header offers: names as we write them. A class that is only announced is not offered.
+OFFERED = re.compile(r"(k?[A-Z][a-z]|Kestra_)\w+$")
+ANNOUNCED = re.compile(r"^\s*#.*$|\b(?:class|struct|enum(?:\s+class)?)\s+\w+(?:\s*:\s*[\w:]+)?\s*;", re.M)
+# What a file itself declares, members, parameters and values among it.
+DECLARED = re.compile(r"(?:[\w>&*\]}]\s+|[&*>])(?:\w+::)?(k?[A-Z][a-z]\w*)\s*(?=[({;=\[,)>])|"
+                      r"\b(?:class|struct|union|enum\s+class|enum|typename|using)\s+(\w+)|\.\.\.\s+(\w+)|\bTEST\w*\((\w+)")
+VALUES = re.compile(r"\benum\b[^;{}]*\{([^}]*)\}")
+
+
+@functools.cache
+def own_words(path):
+    code = together.code(path)
+    found = {name for names in DECLARED.findall(code) for name in names}
+    return found.union(*(re.findall(r"\w+", values) for values in VALUES.findall(code)))
+
+
+def offers(paths):
+    """{name: the one header that declares it}."""
+    found = collections.defaultdict(set)
+    for path in paths:
+        if path.suffix != ".cpp":
+            for name in together.declared(ANNOUNCED.sub("", together.code(path))):
+                if OFFERED.match(name):
+                    found[name].add(path)
+    return {name: next(iter(places)) for name, places in found.items() if len(places) == 1}
+
+
+def kin(path):
+    """The trees whose headers a file may mean: its own, and for tests the one that it reaches into."""
+    return {place.relative_to(root).parts[0] for place in {path, *together.headers(path)}}
+
+
+def strangers(path, offered):
+    """What of the project's a file uses without having the header."""
+    reached = together.headers(path)
+    own = own_words(path).union(*map(own_words, reached))
+    unqualified = set(re.findall(r"(?<!::)\b[A-Za-z]\w*", together.code(path)))
+    for name in sorted(together.words(path) & unqualified & offered.keys() - own):
+        header = offered[name]
+        if header != path and header not in reached and header.relative_to(root).parts[0] in kin(path):
+            yield f"{path.relative_to(root)}: {name} without \"{header.relative_to(root)}\""
+
+
 def main():
     listed = subprocess.run(["git", "-C", str(root), "ls-files", "-z", "*.cpp", "*.hpp"], check=True,
                             capture_output=True, text=True).stdout.split("\0")
     paths = [root / name for name in listed if name and (root / name).is_file()]
-    found = [breach for path in paths for breach in breaches(path)]
+    offered = offers(paths)
+    found = [breach for path in paths for breach in [*breaches(path), *strangers(path, offered)]]
     print("\n".join(found))
     print(f"{len(paths)} files")
     return 1 if found or len(paths) < 100 else 0

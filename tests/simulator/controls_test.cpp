@@ -78,76 +78,27 @@ TEST(Controls, NothingIsPrintedWithoutTheMeansToPrint) {
   }
 }
 
-TEST(Controls, ThePaperEndsAfterSoManyLines) {
-  Shop shop;
-  Set(shop, "papel", 3);
-  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0x0080);
-  EXPECT_EQ(Get(shop, "papel"), 1);
-  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0xC080);  // carried out; the end shows at once
-  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0xC084);  // not carried out
-  EXPECT_EQ(shop.PaperText(), "\n\n\n\n");
-  Set(shop, "papel", 100);
-  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0x0080);
-  Set(shop, "papel", 1);
-  shop.Send({"R", "2"});
-  Set(shop, "sin_papel", 0);
-  EXPECT_EQ(Get(shop, "papel"), kEndlessPaper);
-  EXPECT_EQ(shop.Send({"R", "2"}).printer, 0x0080);
-}
-
-TEST(Controls, MemoryNearlyFullAndFull) {
-  Shop shop;
-  Set(shop, "cierres_restantes", 30);
-  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0600);
-  Set(shop, "cierres_restantes", 29);
-  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0700);
-  Set(shop, "cierres_restantes", 0);
-  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x8780);
-}
-
-TEST(Controls, TheClock) {
-  Shop shop;
-  const Control& clock = *FindControl("reloj");
-  EXPECT_EQ(ReadControl(clock, "2026-11-22 09:00:00"), *ParseDate("261122") + *ParseTime("090000"));
-  shop.Send({"Y"});
-  Set(shop, "reloj", *ReadControl(clock, "2026-11-22T09:00:00"));
-  EXPECT_EQ(shop.Send({"Y"}).fields, (std::vector<std::string>{"261122", "090000"}));
-  EXPECT_EQ(ControlText(clock, Get(shop, "reloj")), "2026-11-22 09:00:00");
-  Set(shop, "desfase_reloj", 0);
-  EXPECT_EQ(shop.Send({"Y"}).fields, (std::vector<std::string>{"261121", "103000"}));
-  Set(shop, "desfase_reloj", 90);
-  EXPECT_EQ(shop.Send({"Y"}).fields, (std::vector<std::string>{"261121", "103130"}));
-}
-
-TEST(Controls, ADayIsOverWhenTheClockIsPutForward) {
-  Shop shop;
-  shop.OpenTicket();
-  shop.TicketItem("Pan", "1000", "1000");
-  shop.Send({"E", "T"});
-  Set(shop, "desfase_reloj", kSecondsPerDay);
-  EXPECT_EQ(shop.printer.FiscalWord(), 0x8E00);
-  EXPECT_EQ(shop.OpenTicket().fiscal, 0x8E20);
-}
-
 TEST(Controls, ValuesAsPeopleWriteThem) {
   struct TextCase {
     std::string_view key, text;
     std::optional<std::int64_t> value;
   };
-  const std::vector<TextCase> cases{{"sin_papel", "si", 1},
-                                    {"sin_papel", "sí", 1},
-                                    {"sin_papel", "no", 0},
-                                    {"sin_papel", "true", 1},
-                                    {"sin_papel", "2", std::nullopt},
-                                    {"papel", "0", 0},
-                                    {"papel", "-1", -1},
-                                    {"papel", "-2", std::nullopt},
-                                    {"papel", "1x", std::nullopt},
-                                    {"papel", "", std::nullopt},
-                                    {"cierres_restantes", "5", 5},
-                                    {"reloj", "2026-02-29 00:00:00", std::nullopt},
-                                    {"reloj", "ayer", std::nullopt},
-                                    {"reloj", "2026-02-28_00:00:00", std::nullopt}};
+  const std::vector<TextCase> cases{
+      {"sin_papel", "si", 1},
+      {"sin_papel", "sí", 1},
+      {"sin_papel", "no", 0},
+      {"sin_papel", "true", 1},
+      {"sin_papel", "2", std::nullopt},
+      {"papel", "0", 0},
+      {"papel", "-1", -1},
+      {"papel", "-2", std::nullopt},
+      {"papel", "1x", std::nullopt},
+      {"papel", "", std::nullopt},
+      {"cierres_restantes", "5", 5},
+      {"reloj", "2026-11-22 09:00:00", prueba::OpeningTime() + 81'000},
+      {"reloj", "2026-02-29 00:00:00", std::nullopt},
+      {"reloj", "ayer", std::nullopt},
+      {"reloj", "2026-02-28_00:00:00", std::nullopt}};
   for (const TextCase& c : cases) {
     EXPECT_EQ(ReadControl(*FindControl(c.key), c.text), c.value) << c.key << " = " << c.text;
   }
@@ -172,17 +123,6 @@ TEST(Controls, EveryLampCanBeForcedOnAndOff) {
       EXPECT_EQ(lit(), forced == Forced::kNo ? natural : forced == Forced::kOn) << lamp.key;
     }
   }
-}
-
-TEST(Controls, TheSummaryFollowsAForcedLamp) {
-  Shop shop;
-  ForceLamp(shop.printer.GetMachine(), *FindLamp("fiscal_bateria_baja"), Forced::kOn);
-  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x8604);
-  ForceLamp(shop.printer.GetMachine(), *FindLamp("fiscal_resumen"), Forced::kOff);
-  EXPECT_EQ(shop.Send({"Y"}).fiscal, 0x0604);
-  ForceLamp(shop.printer.GetMachine(), *FindLamp("impresora_fuera_de_linea"), Forced::kOn);
-  EXPECT_EQ(shop.OpenTicket().printer, 0x8088);  // shown, but it prints
-  EXPECT_NE(shop.PaperText(), "");
 }
 
 }  // namespace

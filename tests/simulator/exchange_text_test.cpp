@@ -7,69 +7,8 @@
 namespace impresora {
 namespace {
 
-using prueba::Body;
 using prueba::Booth;
 using prueba::kEmpty;
-
-struct Lines : Observer {
-  void Exchanged(const Exchange& exchange) override { text.push_back(Describe(exchange)); }
-  std::vector<std::string> text;
-};
-
-TEST(Trace, ATicketReadsInColumns) {
-  Booth booth;
-  Lines lines;
-  booth.session.Attach(lines);
-  booth.Ticket(40);
-  EXPECT_EQ(
-      lines.text,
-      (std::vector<std::string>{
-          "   1 10:30:00  0,0 ms  40 @  Abrir tique            ok  impresión=C -> imp 0080 buffer "
-          "vacío · fis 1600 documento abierto",
-          "   2 10:30:00  0,0 ms  41 B  Ítem de tique          ok  descripción=Pan cantidad=1000 "
-          "precio=1000 IVA=2100 calificador=M bultos=0001 tasa de ajuste=0000 impuestos "
-          "internos=0 -> imp 0080 buffer vacío · fis 1600 documento abierto",
-          "   3 10:30:00  0,0 ms  42 E  Cerrar tique           ok  tipo=T -> imp 0080 buffer "
-          "vacío · fis 0600 en orden · número=00000001"}));
-}
-
-TEST(Trace, WhatWentWrongStandsOut) {
-  Booth booth;
-  Lines lines;
-  booth.session.Attach(lines);
-  booth.session.Receive(Frame(41, "?"), booth.now);  // and the answer is lost
-  booth.session.Advance(booth.now);
-  booth.Send(41, {"?"});
-  booth.Send(42, {"H", "sobra"});
-  std::string damaged = Frame(43, "K");
-  damaged.back() ^= 1;
-  prueba::Ask(booth.session, damaged, booth.now);
-  EXPECT_EQ(
-      lines.text,
-      (std::vector<std::string>{
-          "   1 10:30:00  0,0 ms  41 ?  Comando 3F             ERR -> imp 0080 buffer vacío · "
-          "fis 8608 comando no reconocido",
-          "   2 10:30:00  0,0 ms  41 ?  Comando 3F             rep -> imp 0080 buffer vacío · "
-          "fis 8608 comando no reconocido",
-          "   3 10:30:00  0,0 ms  42 H  Abrir no fiscal        ERR campo 1=sobra -> imp 0080 "
-          "buffer vacío · fis 8610 campo de datos inválido",
-          "   4 10:30:00  0,0 ms   - -  trama dañada           NAK"}));
-}
-
-TEST(Trace, LongValuesAreCutAndEmptyOnesCounted) {
-  Booth booth;
-  Lines lines;
-  booth.session.Attach(lines);
-  booth.Send(40, {"]", "1", "Un texto de más de veinticuatro columnas"});
-  booth.Send(41, {"^", "2"});
-  booth.Send(42, {"d", kEmpty, kEmpty, "C"});
-  const auto holds = [&lines](std::size_t i, std::string_view words) {
-    return lines.text.at(i).find(words) != std::string::npos;
-  };
-  EXPECT_TRUE(holds(0, " texto='Un texto de mÃ¡s de vei…'")) << lines.text[0];
-  EXPECT_TRUE(holds(1, " · línea=2 (1 vacío)")) << lines.text[1];
-  EXPECT_TRUE(holds(2, " Descuento, recargo o … ERR calificador=C (2 vacíos) ->")) << lines.text[2];
-}
 
 TEST(Trace, FaultsAreNamedAtTheEnd) {
   Exchange exchange{.kind = ExchangeKind::kLost};

@@ -69,7 +69,6 @@ class Shop {
   }
 
   // The running total as the printer tells it.
-  std::string TicketTotal() { return Send({"C", "N", kEmpty}).fields.at(2); }
   std::string InvoiceTotal() { return Send({"c", "N", kEmpty}).fields.at(2); }
 
   std::string PaperText() {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <utility>
 
 #include "host.hpp"
 
@@ -34,33 +34,10 @@ class Desk {
   Micros now = milliseconds(1);
 };
 
-Settings SlowSettings(std::uint32_t work_milliseconds) {
-  Settings settings;
-  settings.work_milliseconds.fill(work_milliseconds);
-  return settings;
-}
-
 TEST(Line, AnInstantPrinterAnswersAtOnce) {
   Desk desk;
   EXPECT_EQ(desk.Exchange(Frame(40, "K")), Frame(40, Body({"K", "0080", "0600"})));
   EXPECT_FALSE(desk.line.NextDue());
-}
-
-TEST(Line, ADamagedFrameIsRefusedAndNotCarriedOut) {
-  Desk desk;
-  std::string frame = Frame(40, "{");
-  frame.back() = frame.back() == '0' ? '1' : '0';
-  EXPECT_EQ(desk.Exchange(frame), std::string(1, kNak));
-  EXPECT_EQ(desk.printer.DrawerOpenings(), 0U);
-}
-
-TEST(Line, TheSameFrameAgainRepeatsTheAnswerOnly) {
-  Desk desk;
-  const std::string answer = desk.Exchange(Frame(40, "{"));
-  EXPECT_EQ(desk.Exchange(Frame(40, "{")), answer);
-  EXPECT_EQ(desk.printer.DrawerOpenings(), 1U);
-  desk.Exchange(Frame(41, "{"));
-  EXPECT_EQ(desk.printer.DrawerOpenings(), 2U);
 }
 
 TEST(Line, APrinterThatKnowsNoRepeatsCarriesEachFrameOut) {
@@ -75,71 +52,6 @@ TEST(Line, APrinterThatKnowsNoRepeatsCarriesEachFrameOut) {
   }
 }
 
-TEST(Line, AFrameIsASecondTryOnlyWhileTheHostMayStillWaitForItsAnswer) {
-  struct TryCase {
-    const char* story;
-    std::function<void(Desk&)> between;
-    unsigned openings;
-  };
-  const std::vector<TryCase> cases{
-      {"the answer was lost", [](Desk&) {}, 1},
-      {"after the longest wait of a host", [](Desk& d) { d.now += milliseconds(5'500); }, 1},
-      {"refused as damaged in between",
-       [](Desk& d) {
-         d.Exchange(
-             "\x02(x\x03"
-             "0000");
-       },
-       1},
-      {"a third try, each after a wait",
-       [](Desk& d) {
-         d.now += milliseconds(5'500);
-         d.Exchange(Frame(40, "{"));
-         d.now += milliseconds(5'500);
-       },
-       1},
-      {"the answer was confirmed", [](Desk& d) { d.Exchange("\x06"); }, 2},
-      {"much later", [](Desk& d) { d.now += milliseconds(6'001); }, 2},
-      {"another host", [](Desk& d) { d.line.Clear(); }, 2},
-      {"after a power cut", [](Desk& d) { d.line.SwitchOff(); }, 2},
-  };
-  for (const TryCase& c : cases) {
-    Desk desk;
-    desk.Exchange(Frame(40, "{"));
-    c.between(desk);
-    EXPECT_EQ(desk.Exchange(Frame(40, "{")), Frame(40, Body({"{", "0080", "0600"}))) << c.story;
-    EXPECT_EQ(desk.printer.DrawerOpenings(), c.openings) << c.story;
-  }
-}
-
-TEST(Line, AQuestionIsAnsweredAsThingsAreNow) {
-  for (const std::string& question :
-       {Body({"Y"}), Body({"*", "N"}), Body({"^", "1"}), Body({"c", "N", prueba::kEmpty})}) {
-    Desk desk;
-    desk.Exchange(Frame(39, question));
-    const std::string before = desk.Exchange(Frame(40, question));
-    desk.printer.Faults().low_battery = true;
-    const std::string after = desk.Exchange(Frame(40, question));
-    EXPECT_NE(after, before) << question;
-  }
-}
-
-TEST(Line, ASubtotalOnPaperIsPrintedOnce) {
-  Desk desk;
-  desk.Exchange(Frame(38, Body({"@", "C"})));
-  desk.printer.TakePaper();
-  desk.Exchange(Frame(39, Body({"C", "P", prueba::kEmpty})));
-  desk.Exchange(Frame(39, Body({"C", "P", prueba::kEmpty})));
-  EXPECT_EQ(desk.printer.TakePaper().size(), 1U);
-}
-
-TEST(Line, AnotherCommandUnderTheSameNumberIsANewCommand) {
-  Desk desk;
-  desk.Exchange(Frame(40, "K"));
-  EXPECT_EQ(desk.Exchange(Frame(40, "Y")),
-            Frame(40, Body({"Y", "0080", "0600", "261121", "103000"})));
-}
-
 TEST(Line, TheHostsConfirmationIsNoted) {
   Desk desk;
   EXPECT_FALSE(desk.line.Acknowledged());
@@ -150,35 +62,6 @@ TEST(Line, TheHostsConfirmationIsNoted) {
   desk.Exchange(Frame(41, "K"));
   EXPECT_FALSE(desk.line.Acknowledged());
   EXPECT_EQ(desk.line.Acknowledgements(), 1U);
-}
-
-TEST(Line, TwoFramesInOnePieceGetTwoAnswers) {
-  Desk desk;
-  const std::string two = Frame(40, "K") + "\x06" + Frame(41, "K");
-  EXPECT_EQ(desk.Exchange(two),
-            Frame(40, Body({"K", "0080", "0600"})) + Frame(41, Body({"K", "0080", "0600"})));
-}
-
-TEST(Line, AWorkingPrinterAsksForPatienceUntilItIsDone) {
-  Desk desk({}, SlowSettings(1200));
-  const std::string busy(1, kDc2);
-  const std::string answer = Frame(40, Body({"K", "0080", "0600"}));
-  EXPECT_EQ(desk.Exchange(Frame(40, "K")), "");
-  EXPECT_EQ(desk.line.NextDue(), desk.now + milliseconds(500));
-  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(499)), "");
-  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(500)), busy);
-  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(1000)), busy);
-  EXPECT_EQ(desk.line.NextDue(), desk.now + milliseconds(1200));
-  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(1200)), answer);
-  EXPECT_FALSE(desk.line.NextDue());
-}
-
-TEST(Line, WhatArrivesWhileWorkingWaitsItsTurn) {
-  Desk desk({}, SlowSettings(100));
-  desk.Exchange(Frame(40, "K"));
-  desk.Exchange(Frame(41, "K"));
-  EXPECT_EQ(desk.line.Advance(desk.now + milliseconds(100)),
-            Frame(40, Body({"K", "0080", "0600"})));
 }
 
 TEST(Line, ASlowLineTakesTenBitsPerByteBothWays) {

@@ -7,10 +7,10 @@
 #include <csignal>
 #include <functional>
 
+#include "folder.hpp"
 #include "host.hpp"
 #include "memory/database.hpp"
 #include "memory/memory.hpp"
-#include "memory_folder.hpp"
 
 namespace impresora {
 namespace {

@@ -9,11 +9,11 @@
 #include <random>
 #include <thread>
 
+#include "folder.hpp"
 #include "host.hpp"
 #include "machine/status.hpp"
 #include "memory/database.hpp"
 #include "memory/memory.hpp"
-#include "memory_folder.hpp"
 
 namespace impresora {
 namespace {

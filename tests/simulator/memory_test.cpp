@@ -2,20 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <random>
 
 #include "commands/commands.hpp"
+#include "folder.hpp"
 #include "host.hpp"
 #include "memory/database.hpp"
-#include "memory_folder.hpp"
+#include "story_test.hpp"
 
 namespace impresora {
 namespace {
 
-using prueba::Body;
 using prueba::FamilySettings;
 using prueba::Folder;
-using prueba::kEmpty;
 using prueba::Shop;
 
 using Texts = std::vector<std::string>;
@@ -32,13 +32,48 @@ class ShopWithMemory : public Shop {
   std::unique_ptr<Store> store_;
 };
 
-const Books& BooksOf(const Shop& shop) {
-  return shop.printer.GetMachine();
-}
-
 std::string Query(const std::string& path, const std::string& sql) {
   Database database(path);
   return database.Text(sql);
+}
+
+// Stories with a memory: "reopen" is the next day's printer at the same file, "sql" asks the file.
+class MemoryPlayer : public prueba::ShopPlayer {
+ public:
+  MemoryPlayer() {
+    verbs_["reopen"] = [this](std::string_view) { Open(); };
+    verbs_["sql"] = [this](std::string_view rest) {
+      const std::size_t arrow = rest.find(" => ");
+      Expect(rest.substr(arrow + 4), Query(*folder_ / "m.db", std::string(rest.substr(0, arrow))));
+    };
+  }
+
+ protected:
+  void Begin(const Settings& settings) override {
+    ShopPlayer::Begin(settings);
+    store_.reset();
+    folder_.emplace();
+    settings_ = settings;
+    Open();
+  }
+
+ private:
+  void Open() {
+    store_.reset();
+    shop_ = std::make_unique<Shop>(settings_);
+    store_ = OpenMemory(*folder_ / "m.db", settings_);
+    shop_->printer.UseMemory(*store_);
+  }
+
+  Settings settings_;
+  std::optional<Folder> folder_;
+  std::unique_ptr<Store> store_;
+};
+
+PLAY_STORIES(Memory, MemoryPlayer, "memory")
+
+const Books& BooksOf(const Shop& shop) {
+  return shop.printer.GetMachine();
 }
 
 // Of an open document the paper has one line more once the power was gone.
@@ -56,7 +91,7 @@ void SellTicket(Shop& shop, std::string_view price = "12100") {
   shop.Send({"E", "T"});
 }
 
-TEST(Memory, ANewFileBeginsWithThisPrinter) {
+TEST(MemoryBooks, ANewFileBeginsWithThisPrinter) {
   const Folder folder;
   Settings settings;
   settings.closings_left = 40;
@@ -68,127 +103,7 @@ TEST(Memory, ANewFileBeginsWithThisPrinter) {
   EXPECT_EQ(again.printer.GetMachine().closings_left, 40);
 }
 
-TEST(Memory, TheBooksAreThereTheNextDay) {
-  const Folder folder;
-  {
-    ShopWithMemory shop(folder / "m.db");
-    shop.Send({"X", "261122", "080000"});
-    shop.Send({"]", "1",
-               "\xF4"
-               "Almac\xE9n"});
-    shop.Send({"]", "12", "Gracias"});
-    SellTicket(shop);
-    shop.Send({"9", "Z", "P"});
-    SellTicket(shop, "6050");
-  }
-  ShopWithMemory shop(folder / "m.db");
-  EXPECT_EQ(shop.Send({"Y"}).fields, (Texts{"261122", "080000"}));
-  EXPECT_EQ(shop.Send({"^", "1"}).fields.at(1),
-            "\xF4"
-            "Almac\xE9n");
-  EXPECT_EQ(shop.Send({"^", "12"}).fields.at(1), "Gracias");
-  EXPECT_EQ(shop.Send({"*", "A"}).fields.at(0), "00001");
-  EXPECT_EQ(shop.Send({"*", "A"}).fields.at(1), "00000002");
-  EXPECT_EQ(shop.Send({"*", "N"}).fields.at(3), "01824");
-  EXPECT_EQ(shop.Send({"9", "X", "P"}).fields.at(4), "000000006050");
-  shop.PaperText();
-  EXPECT_EQ(shop.Send({";", "1", "9", "D"}).fields, (Texts{"00001"}));
-  EXPECT_NE(shop.PaperText().find("TOTAL VENTAS                    $ 121,00"), std::string::npos);
-}
-
-// ---- The open document ----
-
-TEST(Memory, AnOpenInvoiceGoesOnAfterAPowerCut) {
-  const Folder folder;
-  const auto begin = [](Shop& shop) {
-    shop.OpenInvoice("T", "A");
-    shop.InvoiceItem("Vino", "3000", "10000", "2100", "M", "500");
-    shop.InvoiceItem("Pan", "2000", "5000", "1050");
-    shop.InvoiceItem("Pan", "1000", "5000", "1050", "m");
-    shop.Send({"d", "Socio", "1000", "D"});
-    shop.Send({"f", "IIBB", "O", "300", "0000"});
-    shop.Send({"d", "Tarjeta", "5000", "T"});
-  };
-  const auto end = [](Shop& shop) {
-    Texts fields = shop.Send({"d", "Efectivo", "90000", "T"}).fields;
-    fields.push_back(shop.CloseInvoice().fields.at(0));
-    for (std::string& field : shop.Send({"9", "X", "P"}).fields) fields.push_back(field);
-    return fields;
-  };
-  Shop without;
-  begin(without);
-  {
-    ShopWithMemory before(folder / "m.db");
-    begin(before);
-  }
-  ShopWithMemory after(folder / "m.db");
-  EXPECT_EQ(after.Send({"Y"}).fiscal, 0x3600);
-  EXPECT_EQ(after.Send({"c", "N", kEmpty}).fields, without.Send({"c", "N", kEmpty}).fields);
-  EXPECT_EQ(end(after), end(without));
-}
-
-TEST(Memory, WhatVoidsHaveLeftOfALineOutlivesAPowerCut) {
-  const Folder folder;
-  {
-    ShopWithMemory shop(folder / "m.db");
-    shop.OpenTicket();
-    shop.TicketItem("Otra", "1000", "1000");
-    shop.TicketItem("Queso", "1000", "101", "2100", "M", "33");
-    shop.TicketItem("Queso", "500", "101", "2100", "m", "33");
-  }
-  ShopWithMemory shop(folder / "m.db");
-  EXPECT_EQ(shop.TicketItem("Queso", "500", "101", "2100", "m", "33").fiscal, 0x1600);
-  EXPECT_EQ(shop.Send({"C", "N", kEmpty}).fields.at(2), "000000001000");
-  EXPECT_EQ(shop.Send({"C", "N", kEmpty}).fields.at(5), "000000000000");
-}
-
-TEST(Memory, AnOpenDocumentCanBeCancelledAfterAPowerCut) {
-  const Folder folder;
-  {
-    ShopWithMemory shop(folder / "m.db");
-    shop.OpenTicket();
-    shop.TicketItem("Pan", "1000", "1000");
-  }
-  ShopWithMemory shop(folder / "m.db");
-  EXPECT_EQ(shop.PaperText(), "        *** CORTE DE ENERGÍA ***\n");
-  EXPECT_EQ(shop.Send({"D", kEmpty, kEmpty, "C"}).fiscal, 0x0600);
-  SellTicket(shop);
-  EXPECT_EQ(
-      Query(folder / "m.db", "SELECT group_concat(numero || '/' || cancelado) FROM comprobantes"),
-      "1/1,2/0");
-}
-
-TEST(Memory, ANonFiscalDocumentIsStillOpenToo) {
-  const Folder folder;
-  {
-    ShopWithMemory shop(folder / "m.db");
-    shop.Send({"H"});
-  }
-  ShopWithMemory shop(folder / "m.db");
-  EXPECT_EQ(shop.Send({"J", "T"}).fiscal, 0x0600);
-}
-
-TEST(Memory, CopiesAreWholeAfterAPowerCut) {
-  const Folder folder;
-  const Settings form = FamilySettings(Family::kForm);
-  const std::string open =
-      Body({"`", "F",    "C",           "A", "2",       "F",    "12",   "I",    "I",    "Juan",
-            " ", "CUIT", "20123456789", "N", "Calle 1", kEmpty, kEmpty, kEmpty, kEmpty, "C"});
-  {
-    ShopWithMemory shop(folder / "m.db", form);
-    shop.SendBody(open);
-    shop.InvoiceItem("Resma", "1000", "1000");
-  }
-  ShopWithMemory shop(folder / "m.db", form);
-  shop.CloseInvoice("F", "A");
-  const std::string paper = shop.PaperText();
-  const std::size_t copy = paper.find("DUPLICADO");
-  ASSERT_NE(copy, std::string::npos);
-  EXPECT_NE(paper.find("Resma", copy), std::string::npos);
-  EXPECT_NE(paper.find("Señor/es: Juan", copy), std::string::npos);
-}
-
-TEST(Memory, ThePaperOfAnOpenDocumentIsKeptUntilItsEnd) {
+TEST(MemoryBooks, ThePaperOfAnOpenDocumentIsKeptUntilItsEnd) {
   const Folder folder;
   std::string printed;
   {
@@ -210,7 +125,7 @@ TEST(Memory, ThePaperOfAnOpenDocumentIsKeptUntilItsEnd) {
 }
 
 // Whatever is sent, what the file gives back is what the printer had.
-TEST(Memory, AnyStateComesBackAsItWas) {
+TEST(MemoryBooks, AnyStateComesBackAsItWas) {
   constexpr std::array<std::string_view, 14> kTexts{
       "\x7F", "1", "0000", "2100", "1000", "5", "C", "T", "A", "M", "D", "I", "Pan", "260101"};
   for (const Family family : {Family::kTicketInvoice, Family::kForm}) {
@@ -247,7 +162,7 @@ TEST(Memory, AnyStateComesBackAsItWas) {
   }
 }
 
-TEST(Memory, ARestartForgetsNothingAndInventsNothing) {
+TEST(MemoryBooks, ARestartForgetsNothingAndInventsNothing) {
   const Folder folder;
   ShopWithMemory shop(folder / "m.db");
   shop.OpenTicket();
@@ -258,28 +173,7 @@ TEST(Memory, ARestartForgetsNothingAndInventsNothing) {
   EXPECT_EQ(shop.Send({"E", "T"}).fields, (Texts{"00000001"}));
 }
 
-// ---- The table of documents ----
-
-TEST(Memory, IntegratorsFindEachDocumentInATable) {
-  const Folder folder;
-  ShopWithMemory shop(folder / "m.db");
-  shop.OpenInvoice("T", "A");
-  shop.InvoiceItem("Yerba", "1000", "10000");
-  shop.CloseInvoice();
-  SellTicket(shop);
-  shop.Send({"9", "Z", "P"});
-  EXPECT_EQ(
-      Query(folder / "m.db",
-            "SELECT group_concat(clase || '|' || tipo || '|' || letra || '|' || numero || '|' "
-            "|| fecha || '|' || total || '|' || iva || '|' || CAST(cuit AS TEXT), ';') "
-            "FROM comprobantes"),
-      "fiscal|TIQUE FACTURA|A|1|2026-11-21 10:30:00|12100|2100|20123456789;"
-      "fiscal|TIQUE|B|1|2026-11-21 10:30:00|12100|2100|;"
-      "informe|CIERRE Z||1|2026-11-21 10:30:00|24200|4200|");
-  EXPECT_EQ(Query(folder / "m.db", "SELECT sum(iva) FROM tasas WHERE cierre = 1"), "4200");
-}
-
-TEST(Memory, ThePrinterCanBeReadWhileItWorks) {
+TEST(MemoryBooks, ThePrinterCanBeReadWhileItWorks) {
   const Folder folder;
   ShopWithMemory shop(folder / "m.db");
   Database reader(folder / "m.db");
@@ -291,23 +185,7 @@ TEST(Memory, ThePrinterCanBeReadWhileItWorks) {
   EXPECT_EQ(reader.Number("SELECT count(*) FROM comprobantes"), 1);
 }
 
-// ---- What the answer waits for ----
-
-TEST(Memory, WhatACommandDidIsInTheFileBeforeItsAnswer) {
-  const Folder folder;
-  ShopWithMemory shop(folder / "m.db");
-  Database reader(folder / "m.db");
-  shop.OpenTicket();
-  EXPECT_EQ(reader.Number("SELECT numero FROM documento"), 1);
-  shop.TicketItem("Pan", "1000", "1000");
-  EXPECT_EQ(reader.Number("SELECT count(*) FROM documento_items"), 1);
-  shop.Send({"E", "T"});
-  EXPECT_EQ(reader.Number("SELECT count(*) FROM documento"), 0);
-  EXPECT_EQ(reader.Number("SELECT count(*) FROM documento_items"), 0);
-  EXPECT_EQ(reader.Number("SELECT ultimo FROM numeracion"), 1);
-}
-
-TEST(Memory, ACommandThatChangesNothingWritesNothing) {
+TEST(MemoryBooks, ACommandThatChangesNothingWritesNothing) {
   const Folder folder;
   ShopWithMemory shop(folder / "m.db");
   Database reader(folder / "m.db");
@@ -318,16 +196,6 @@ TEST(Memory, ACommandThatChangesNothingWritesNothing) {
   EXPECT_EQ(reader.Number("PRAGMA data_version"), before);
   SellTicket(shop);
   EXPECT_NE(reader.Number("PRAGMA data_version"), before);
-}
-
-TEST(Memory, ClosingsRunOutAcrossRestarts) {
-  const Folder folder;
-  Settings settings;
-  settings.closings_left = 3;
-  for (const int fiscal : {0x0700, 0x0700, 0x8780, 0x87A0}) {
-    ShopWithMemory shop(folder / "m.db", settings);
-    EXPECT_EQ(shop.Send({"9", "Z", "P"}).fiscal, fiscal);
-  }
 }
 
 }  // namespace

@@ -1,36 +1,24 @@
 #include "program/options.hpp"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 
+#include "folder.hpp"
 #include "program/ini_file.hpp"
 
 namespace impresora {
 namespace {
 
-namespace fs = std::filesystem;
-
 class OptionsTest : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "impresora-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder_ = name;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
   std::string File(const std::string& text) const {
-    const std::string path = (folder_ / "Fiscal.ini").string();
-    std::ofstream(path, std::ios::binary) << text;
-    return path;
+    prueba::Fill(folder_ / "Fiscal.ini", text);
+    return folder_ / "Fiscal.ini";
   }
 
-  fs::path folder_;
+  prueba::Folder folder_;
 };
 
 TEST_F(OptionsTest, TheHostsFileSetsFamilyModelAndDigits) {

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
 
+#include "folder.hpp"
 #include "host.hpp"
 #include "pictures/drawing.hpp"
 #include "pictures/paper_folder.hpp"
@@ -20,13 +19,6 @@ namespace fs = std::filesystem;
 using prueba::FamilySettings;
 using prueba::kEmpty;
 using prueba::Shop;
-
-std::string ReadAll(const fs::path& path) {
-  const std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
 
 std::size_t Count(std::string_view text, std::string_view part) {
   std::size_t count = 0;
@@ -217,23 +209,18 @@ TEST(PaperFolder, NamesByKindLetterAndNumber) {
 
 class PaperFolderTest : public testing::Test {
  protected:
-  void SetUp() override {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = fs::path(testing::TempDir()) / (std::string("papel-") + test->name());
-    fs::remove_all(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
   PaperFolder Open() {
-    return PaperFolder(folder_, 40, "", [this](const std::string& words) { told_ += words; });
+    return PaperFolder(folder_.path(), 40, "",
+                       [this](const std::string& words) { told_ += words; });
   }
   std::set<std::string> Files() const {
     std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder_)) names.insert(entry.path().filename());
+    for (const auto& entry : fs::directory_iterator(folder_.path()))
+      names.insert(entry.path().filename());
     return names;
   }
 
-  fs::path folder_;
+  prueba::Folder folder_;
   std::string told_;
 };
 
@@ -252,8 +239,8 @@ TEST_F(PaperFolderTest, EachDocumentLeavesItsFiles) {
   const std::set<std::string> files = Files();
   EXPECT_TRUE(files.contains("0001-tique-B-00000001.svg"));
   EXPECT_TRUE(files.contains("0002-sin-cerrar.svg"));
-  EXPECT_EQ(ReadAll(folder_ / "0001-tique-B-00000001.txt"), text);
-  EXPECT_EQ(ReadAll(folder_ / "0002-sin-cerrar.txt"), "a medias\n");
+  EXPECT_EQ(prueba::Contents(folder_ / "0001-tique-B-00000001.txt"), text);
+  EXPECT_EQ(prueba::Contents(folder_ / "0002-sin-cerrar.txt"), "a medias\n");
   EXPECT_EQ(files.contains("0001-tique-B-00000001.png"), PngMaker("").Ready());
 }
 
@@ -270,7 +257,7 @@ TEST_F(PaperFolderTest, NothingIsWrittenOver) {
 
 TEST_F(PaperFolderTest, AFolderThatIsGoneIsToldOnce) {
   PaperFolder folder = Open();
-  fs::remove_all(folder_);
+  fs::remove_all(folder_.path());
   told_.clear();
   for (int i = 0; i < 3; ++i) {
     folder.Printed({"hola", PaperLine::Style::kPlain});

@@ -12,13 +12,12 @@
 
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "folder.hpp"
 #include "host.hpp"
 
 namespace impresora::prueba {
@@ -27,13 +26,6 @@ namespace fs = std::filesystem;
 
 // Longer than any machine needs; only a fault makes a test wait this long.
 inline constexpr int kPatience = 20'000;
-
-inline std::string ReadAll(const fs::path& path) {
-  const std::ifstream file(path);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
 
 inline std::string ReadUntil(int fd, const std::function<bool(const std::string&)>& enough) {
   std::string text;
@@ -73,7 +65,7 @@ class Program {
       if (more.empty()) break;
       said_ += more;
     }
-    const std::string line = said_.substr(0, said_.find('\n') + 1);
+    std::string line = said_.substr(0, said_.find('\n') + 1);
     said_.erase(0, line.size());
     return line;
   }
@@ -151,16 +143,9 @@ inline int ConnectTo(const std::string& line) {
 // A folder of its own for each test.
 class ProgramTest : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "impresora-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder_ = name;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
+  std::string In(const std::string& name) const { return folder_ / name; }
 
-  std::string In(const std::string& name) const { return (folder_ / name).string(); }
-
-  fs::path folder_;
+  Folder folder_;
 };
 
 }  // namespace impresora::prueba

@@ -1,95 +1,143 @@
 #include "program.hpp"
 
+#include <stdlib.h>
 #include <sys/ioctl.h>
+
+#include "line_player.hpp"
+#include "story_test.hpp"
 
 namespace impresora {
 namespace {
 
 using prueba::Body;
+using prueba::ConnectTo;
+using prueba::Contents;
 using prueba::kPatience;
 using prueba::Port;
 using prueba::Program;
 using prueba::ProgramTest;
-using prueba::ReadAll;
 namespace fs = std::filesystem;
 
-TEST_F(ProgramTest, ATicketOverTheLine) {
-  Program program({"--enlace", In("puerto"), "--papel", In("papel"), "--traza=" + In("traza"),
-                   "--documentos", "1"});
-  const std::string line = program.Line();
-  ASSERT_EQ(line.substr(0, 13), "Puerto: /dev/");
-  EXPECT_EQ(fs::read_symlink(In("puerto")), line.substr(8, line.size() - 9));
-  for (int visit = 0; visit < 2; ++visit) {  // hosts open the port anew for each command
-    Port port(In("puerto"));
-    EXPECT_EQ(port.Exchange(40, "{"), Frame(40, Body({"{", "0080", "0600"})));
+// The texts between "*"s, one behind the other, in the text.
+bool Holds(std::string_view text, std::string_view pattern) {
+  std::size_t at = 0;
+  for (const std::string& part : prueba::Split(pattern, '*')) {
+    at = text.find(part, at);
+    if (at == text.npos) return false;
+    at += part.size();
   }
-  Port port(In("puerto"));
-  EXPECT_EQ(port.Exchange(41, Body({"@", "C"})), Frame(41, Body({"@", "0080", "1600"})));
-  const std::string item = Body({"B", "Pan", "1000", "1000", "2100", "M", "0001", "0000", "0"});
-  EXPECT_EQ(port.Exchange(42, item), Frame(42, Body({"B", "0080", "1600"})));
-  EXPECT_EQ(port.Exchange(43, Body({"E", "T"})),
-            Frame(43, Body({"E", "0080", "0600", "00000001"})));
-  EXPECT_EQ(program.Wait(), 0);
-  EXPECT_FALSE(fs::exists(fs::symlink_status(In("puerto"))));
-  EXPECT_NE(ReadAll(In("papel")).find("T O T A L                        $ 10,00\n"),
-            std::string::npos);
-  const std::string trace = ReadAll(In("traza"));
-  const std::string_view opened = "40 {  Abrir cajón            ok ";
-  EXPECT_NE(trace.find(opened), trace.rfind(opened)) << "each visit had its own";
+  return true;
 }
 
-TEST_F(ProgramTest, EndsCleanlyWhenAsked) {
-  Program program({"--enlace", In("puerto"), "--papel", In("papel")});
-  program.Line();
-  {
-    Port port(In("puerto"));
-    port.Exchange(40, "H");
+// The built program, started with "run", and a host at its line.
+class ProgramPlayer : public prueba::Player {
+ public:
+  ProgramPlayer() {
+    verbs_["run"] = [this](std::string_view arguments) {
+      port_.reset();
+      program_.reset();
+      program_.emplace(prueba::Split(Here(arguments), ' '));
+    };
+    verbs_["line"] = [this](std::string_view begins) {
+      const std::string line = program_->Line();
+      if (begins.starts_with("Puerto")) where_it_is_ = line;
+      Expect(line.starts_with(begins), begins, line);
+    };
+    verbs_["tells"] = [this](std::string_view text) { Expect(Here(text), program_->Rest()); };
+    verbs_["says"] = [this](std::string_view text) {
+      const std::string all = program_->Rest();
+      Expect(all.find(text) != std::string::npos, text, all);
+    };
+    verbs_["ends"] = [this](std::string_view code) {
+      Expect(code, std::to_string(program_->Wait()));
+    };
+    verbs_["stop"] = [this](std::string_view) { program_->Stop(); };
+    verbs_["open"] = [this](std::string_view name) { port_.emplace(In(name)); };
+    verbs_["connect"] = [this](std::string_view) { port_.emplace(ConnectTo(where_it_is_)); };
+    verbs_["close"] = [this](std::string_view) { port_.reset(); };
+    verbs_["send"] = [this](std::string_view line) {
+      const std::string bytes = prueba::BytesOf(line);
+      Expect(write(port_->fd(), bytes.data(), bytes.size()) == std::ssize(bytes), line, "not sent");
+    };
+    verbs_["wait"] = [](std::string_view time) { poll(nullptr, 0, std::stoi(std::string(time))); };
+    verbs_["old_link"] = [this](std::string_view name) {
+      fs::create_symlink("/nowhere/at/all", In(name));
+    };
+    verbs_["leads"] = [this](std::string_view rest) {
+      const std::size_t blank = rest.find(' ');
+      const std::string link = In(rest.substr(0, blank));
+      const std::string to = fs::is_symlink(link) ? fs::read_symlink(link).string() : "nowhere";
+      Expect(rest.substr(blank + 1) == "nowhere" ? "nowhere\n" : where_it_is_.substr(8), to + "\n");
+    };
+    verbs_["file"] = [this](std::string_view rest) {
+      const std::size_t blank = rest.find(' ');
+      prueba::Fill(In(rest.substr(0, blank)), prueba::Unescaped(rest.substr(blank + 1)) + "\n");
+    };
+    verbs_["holds"] = [this](std::string_view rest) {
+      const std::size_t blank = rest.find(' ');
+      const std::string text = Contents(In(rest.substr(0, blank)));
+      Expect(Holds(text, prueba::Unescaped(rest.substr(blank + 1))), rest, text);
+    };
+    verbs_["same"] = [this](std::string_view rest) {
+      const std::size_t blank = rest.find(' ');
+      Expect(std::string(rest.substr(blank + 1)) + "\n", Contents(In(rest.substr(0, blank))));
+    };
+    verbs_["objects"] = [this](std::string_view rest) {
+      const std::size_t blank = rest.find(' ');
+      auto lines = prueba::Split(Contents(In(rest.substr(0, blank))), '\n');
+      lines.pop_back();
+      for (const std::string& line : lines) {
+        Expect(line.starts_with('{') && line.ends_with('}'), "an object", line);
+      }
+      Expect(rest.substr(blank + 1), std::to_string(lines.size()));
+    };
   }
-  program.Stop();
-  EXPECT_EQ(program.Wait(), 0);
-  EXPECT_FALSE(fs::exists(fs::symlink_status(In("puerto"))));
-  EXPECT_NE(ReadAll(In("papel")).find("DOCUMENTO NO FISCAL"), std::string::npos);
-}
 
-TEST_F(ProgramTest, TakesThePlaceOfAnOldLinkButOfNothingElse) {
-  fs::create_symlink("/nowhere/at/all", In("viejo"));
-  Program program({"--enlace", In("viejo"), "--papel", In("papel")});
-  const std::string line = program.Line();
-  EXPECT_EQ(fs::read_symlink(In("viejo")), line.substr(8, line.size() - 9));
-  std::ofstream(In("archivo")) << "importante";
-  Program refused({"--enlace", In("archivo")});
-  EXPECT_NE(refused.Rest().find("no se puede continuar"), std::string::npos);
-  EXPECT_EQ(refused.Wait(), 1);
-  EXPECT_EQ(ReadAll(In("archivo")), "importante");
-}
+ protected:
+  void Begin(const Settings& /*settings*/) override {
+    port_.reset();
+    program_.reset();
+    folder_.emplace();
+  }
+  // The commands of an everyday word have the numbers from its own on; the last answer counts.
+  void Command(std::string_view line, std::string_view expected) override {
+    const std::size_t blank = line.find(' ');
+    auto sequence = static_cast<std::uint8_t>(std::stoi(std::string(line.substr(0, blank))));
+    std::string heard;
+    for (const std::string& body : prueba::BodiesOf(line.substr(blank + 1))) {
+      heard = prueba::Frames(port_->Exchange(sequence++, body));
+    }
+    Expect(Holds("\n" + heard + "\n", "\n" + std::string(expected) + "\n"), expected, heard);
+  }
+  Printer& GetPrinter() override { throw std::logic_error("the printer is another process"); }
 
-TEST_F(ProgramTest, SaysWhatItCannotOpenAndWhy) {
-  std::ofstream(In("archivo")) << "importante";
+ private:
+  std::string In(std::string_view name) const { return *folder_ / std::string(name); }
+  std::string Here(std::string_view text) const {
+    std::string path = prueba::Unescaped(text);
+    for (std::size_t at = 0; (at = path.find('$', at)) != std::string::npos;) {
+      path.replace(at, 1, folder_->path());
+    }
+    return path;
+  }
+
+  std::optional<prueba::Folder> folder_;
+  std::optional<Program> program_;
+  std::optional<Port> port_;
+  std::string where_it_is_;
+};
+
+PLAY_STORIES(Programs, ProgramPlayer, "program")
+
+TEST_F(ProgramTest, SaysThatAnAddressIsTaken) {
   Program other({"--tcp", "127.0.0.1:0"});
   const std::string line = other.Line();
   ASSERT_EQ(line.substr(0, 12), "Puerto: tcp:");
   const std::string taken = line.substr(12, line.size() - 13);
-  struct Row {
-    std::string option;
-    std::string value;
-    std::string why;
-  };
-  const Row rows[] = {
-      {"--dispositivo", In("no"), "no existe"},
-      {"--dispositivo", In("archivo"), "no es un puerto serie"},
-      {"--papel", In("no/hay"), "no existe"},
-      {"--traza", In("."), "es una carpeta"},
-      {"--grabar", In("archivo/hay"), "no existe"},
-      {"--enlace", In("no/hay"), "no existe"},
-      {"--enlace", In("archivo"), "ya hay otra cosa con ese nombre"},
-      {"--tcp", taken, "la dirección está en uso"},
-  };
-  for (const Row& row : rows) {
-    Program program({row.option, row.value});
-    EXPECT_EQ(program.Rest(), "impresora-virtual: no se puede continuar: no se puede abrir " +
-                                  row.value + ": " + row.why + "\n");
-    EXPECT_EQ(program.Wait(), 1);
-  }
+  Program program({"--tcp", taken});
+  EXPECT_EQ(program.Rest(), "impresora-virtual: no se puede continuar: no se puede abrir " + taken +
+                                ": la dirección está en uso\n");
+  EXPECT_EQ(program.Wait(), 1);
 }
 
 TEST_F(ProgramTest, SaysThatItTakesTheLinkOfAnotherPrinter) {
@@ -119,47 +167,84 @@ TEST_F(ProgramTest, AKilledHostsExclusiveUseIsUndone) {
   EXPECT_EQ(exclusive, 0);
 }
 
-struct UsageCase {
-  std::vector<std::string> arguments;
-  int result;
-  std::string_view says;
-};
+// A ticket of one item over a port that stays open; returns its number as answered.
+std::string SellATicket(Port& port, std::uint8_t sequence = 40) {
+  port.Exchange(sequence, Body({"@", "C"}));
+  port.Exchange(static_cast<std::uint8_t>(sequence + 1),
+                Body({"B", "Pan", "1000", "1000", "2100", "M", "0001", "0000", "0"}));
+  return port.Exchange(static_cast<std::uint8_t>(sequence + 2), Body({"E", "T"})).substr(14, 8);
+}
 
-TEST_F(ProgramTest, WhatItSaysOfItsArguments) {
-  const std::vector<UsageCase> cases{
-      {{"--ayuda"}, 0, "--enlace RUTA"},
-      {{"--version"}, 0, "impresora-virtual 0."},
-      {{"--nada"}, 2, "opción desconocida: «--nada»"},
-      {{"--familia", "XX"}, 2, "valor no válido para --familia: «XX»"},
-      {{"--familia"}, 2, "falta el valor de --familia"},
-      {{"--demora", "-1"}, 2, "valor no válido para --demora: «-1»"},
-      {{"--baudios=rapido"}, 2, "valor no válido para --baudios: «rapido»"},
-      {{"--digitos", "cantidad=5"}, 2, "valor no válido para --digitos"},
-      {{"--sin-papel=1"}, 2, "la opción --sin-papel no lleva valor"},
-      {{"--papel", "/nowhere/at/all"}, 1, "no se puede continuar"},
-  };
-  for (const UsageCase& c : cases) {
-    Program program(c.arguments);
-    const std::string said = program.Rest();
-    EXPECT_NE(said.find(c.says), std::string::npos) << said;
-    EXPECT_EQ(program.Wait(), c.result) << c.arguments.front();
+TEST_F(ProgramTest, OneHostAtATimeAndHalfAFrameIsNobodyElses) {
+  Program program({"--tcp", "127.0.0.1:0", "--papel", In("papel")});
+  const std::string line = program.Line();
+  {
+    Port first(ConnectTo(line));
+    SellATicket(first);
+    Port second(ConnectTo(line));
+    char byte = 0;
+    EXPECT_EQ(read(second.fd(), &byte, 1), 0);
+    ASSERT_EQ(write(first.fd(), "\x02\x50@\x1c", 4), 4);
+  }
+  Port next(ConnectTo(line));
+  EXPECT_EQ(next.Exchange(60, "Y").substr(0, 3), "\x02<Y");
+}
+
+TEST_F(ProgramTest, OnASerialDeviceThatIsOneEndOfAPair) {
+  const int cable = posix_openpt(O_RDWR | O_NOCTTY);
+  ASSERT_EQ(grantpt(cable), 0);
+  ASSERT_EQ(unlockpt(cable), 0);
+  const std::string device = ptsname(cable);
+  Program program({"--dispositivo", device, "--baudios=19200", "--papel", In("papel")});
+  EXPECT_EQ(program.Line(), "Puerto: " + device + "\n");
+  Port host(cable);
+  EXPECT_EQ(SellATicket(host), "00000001");
+}
+
+TEST_F(ProgramTest, UnpluggedTheConnectionEndsAndTheNextHostIsServed) {
+  prueba::Fill(In("fallas"), "respuesta 1 de Y: desenchufar\n");
+  Program program({"--tcp=0", "--fallas", In("fallas"), "--papel", In("papel")});
+  const std::string line = program.Line();
+  const std::string question = Frame(40, "Y");
+  const Port first(ConnectTo(line));
+  ASSERT_EQ(write(first.fd(), question.data(), question.size()),
+            static_cast<ssize_t>(question.size()));
+  EXPECT_EQ(prueba::ReadUntil(first.fd(), [](const std::string&) { return false; }).find(kEtx),
+            std::string::npos);
+  Port next(ConnectTo(line));
+  EXPECT_EQ(next.Exchange(41, "Y").substr(0, 3), "\x02)Y");
+}
+
+#ifdef IMPRESORA_CON_MEMORIA
+TEST_F(ProgramTest, KilledInTheMiddleOfADocumentItsPaperIsWholeAllTheSame) {
+  for (const bool as_folder : {true, false}) {
+    const std::string memory = In(as_folder ? "m1.db" : "m2.db");
+    const std::string paper = as_folder ? In("papeles/") : In("papel");
+    const std::vector<std::string> arguments{"--tcp=0", "--memoria", memory, "--papel", paper};
+    {
+      Program program(arguments);
+      Port port(ConnectTo(program.Line()));
+      port.Exchange(40, Body({"@", "C"}));
+      port.Exchange(41, Body({"B", "Pan", "1000", "1000", "2100", "M", "0001", "0000", "0"}));
+      program.Kill();
+    }
+    Program program(arguments);
+    Port port(ConnectTo(program.Line()));
+    port.Exchange(42, Body({"E", "T"}));
+    program.Stop();
+    EXPECT_EQ(program.Wait(), 0);
+    const std::string text =
+        Contents(as_folder ? In("papeles/0001-tique-B-00000001.txt") : In("papel"));
+    std::size_t at = 0;
+    for (const char* const words : {"TIQUE", "Pan", "CORTE DE ENERGÍA", "T O T A L"}) {
+      const std::size_t found = text.find(words, at);
+      ASSERT_NE(found, std::string::npos) << words << " in:\n" << text;
+      at = found;
+    }
+    EXPECT_EQ(text.find("COMERCIO DE PRUEBA"), text.rfind("COMERCIO DE PRUEBA"));
   }
 }
-
-TEST_F(ProgramTest, StartsWithTheFaultsItWasToldOf) {
-  Program program({"--enlace", In("puerto"), "--papel", In("papel"), "--sin-papel",
-                   "--digitos=cantidad=4.2,precio=5.4", "--familia=TQ", "--cierres-restantes=5"});
-  program.Line();
-  Port port(In("puerto"));
-  EXPECT_EQ(port.Exchange(40, "Y").substr(3, 10),
-            "\x1c"
-            "C080\x1c"
-            "0700");
-  EXPECT_EQ(port.Exchange(41, Body({"*", "P"})).substr(13, 9),
-            "\x1cTQ\x1c"
-            "42\x1c"
-            "54");
-}
+#endif
 
 }  // namespace
 }  // namespace impresora

@@ -3,12 +3,12 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include <filesystem>
 
 #include "cables.hpp"
+#include "folder.hpp"
 #include "program/posix/descriptor.hpp"
 #include "program/posix/port_link.hpp"
 
@@ -19,17 +19,10 @@ namespace fs = std::filesystem;
 
 class PseudoTerminalTest : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "impresora-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder_ = name;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string link() const { return (folder_ / "puerto").string(); }
+  std::string link() const { return folder_ / "puerto"; }
   Descriptor Open() const { return Descriptor(open(link().c_str(), O_RDWR | O_NOCTTY)); }
 
-  fs::path folder_;
+  prueba::Folder folder_;
   asio::io_context loop_;
   prueba::FarEnd far_{loop_};
 };

@@ -1,27 +1,16 @@
 #include "unit/world.hpp"
 
-#include <array>
-#include <cstdio>
 #include <utility>
 
 #include "frame/instance.hpp"
-#include "unit/settings.hpp"
+#include "golden/base_configuration.hpp"
+#include "golden/frame_check.hpp"
 
 namespace kestra::unit {
-namespace {
-
-std::string Checksum(std::string_view bytes) {
-  unsigned sum = 0;
-  for (const char c : bytes) sum += static_cast<unsigned char>(c);
-  std::array<char, 5> digits{};
-  (void)std::snprintf(digits.data(), digits.size(), "%04X", sum & 0xFFFFU);
-  return digits.data();
-}
-
-}  // namespace
 
 void FillProfile(FakePlatform& world) {
-  for (const auto& setting : kSettings) world.GetProfile().Set(setting.key, setting.value);
+  for (const auto& [key, value] : golden::kBaseConfiguration) world.GetProfile().Set(key, value);
+  world.GetProfile().Set("TipoComprobante", "TQ");
 }
 
 Reply Answering(std::string printer, std::string fiscal, std::vector<std::string> fields) {
@@ -30,7 +19,7 @@ Reply Answering(std::string printer, std::string fiscal, std::vector<std::string
     std::string answer(frame.substr(0, 3));
     for (const auto& field : fields) answer.append(1, '\x1C').append(field);
     answer += '\x03';
-    answer += Checksum(answer);
+    answer += golden::Checksum(answer);
     return {{.delay = 0, .bytes = answer, .unplug = false}};
   };
 }

@@ -2,7 +2,6 @@
 #include "platform/posix/files.hpp"
 #include "platform/posix/journal_file.hpp"
 #include "platform/posix/terminal_operator.hpp"
-#include "platform/seam/components.hpp"
 #include "platform/seam/host.hpp"
 #include "platform/seam/platform.hpp"
 #include "platform/shared/ports.hpp"

@@ -26,4 +26,8 @@ class FloatingPoint {
   [[maybe_unused]] std::uint32_t hosts_vector_control_ = 0;
 };
 
+// True when both addresses lie in one stack that the system has given: the running thread's own or, where the
+// system knows of them, a fiber's. Of a stack that a host has made behind the system's back it cannot be told.
+bool InOneStack(std::uintptr_t one, std::uintptr_t other) noexcept;
+
 }  // namespace kestra

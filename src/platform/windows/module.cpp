@@ -21,4 +21,8 @@ std::wstring PathOf(HMODULE module) {
   return {};
 }
 
+std::wstring ModulePath() {
+  return PathOf(OwnModule());
+}
+
 }  // namespace kestra

@@ -1,27 +1,22 @@
 #pragma once
 
 #include <span>
-#include <string_view>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "machine/settings.hpp"
 
 namespace kestra::line_faults {
 
-struct Override {
-  std::string_view key;
-  std::string_view value;
-};
-
-// A document as a till issues it, call by call.
+// A document as a till issues it, call by call; documents.txt has them.
 struct CanonicalDocument {
-  std::string_view name;
-  impresora::Family family;
-  std::vector<Override> configuration;
-  std::vector<std::string_view> calls;  // the operation and its arguments, in words
+  std::string name;
+  impresora::Family family = impresora::Family::kTicket;
+  std::vector<std::pair<std::string, std::string>> configuration;
+  std::vector<std::string> calls;  // the operation and its arguments, in words
 };
 
-// Each family, each kind, the reports, and last a call that the printer refuses.
 std::span<const CanonicalDocument> CanonicalDocuments();
 
 }  // namespace kestra::line_faults

@@ -6,8 +6,8 @@
 
 #include "base/failure.hpp"
 #include "fiscal/calendar.hpp"
+#include "golden/base_configuration.hpp"
 #include "platform/seam/port_fault.hpp"
-#include "unit/settings.hpp"
 
 namespace kestra::line_faults {
 
@@ -67,12 +67,8 @@ constexpr std::uint32_t kSlow = 1200;
 constexpr std::string_view kAcknowledge = "\x06";
 
 // The digits that the virtual printer reads.
-constexpr std::array kDigits{
-    Override{"EntDesc", "7"},
-    Override{"EntImpInt", "7"},
-    Override{"DecImpInt", "2"},
-    Override{"EntPercepcion", "7"},
-};
+constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kDigits{
+    {{"EntDesc", "7"}, {"EntImpInt", "7"}, {"DecImpInt", "2"}, {"EntPercepcion", "7"}}};
 
 impresora::Settings PrinterOf(const CanonicalDocument& document) {
   impresora::Settings settings;
@@ -100,11 +96,11 @@ LineWorld::LineWorld(const CanonicalDocument& document, std::span<const ByteFaul
       to_host_(Direction::kToHost, faults) {
   clock_.SetDate(21, 11, 2026);
   clock_.SetTimeOfDay(10.5 * 3600);
-  for (const auto& setting : unit::kSettings) profile_.Set(setting.key, setting.value);
-  for (const Override& row : kDigits) profile_.Set(row.key, row.value);
+  for (const auto& setting : golden::kBaseConfiguration) profile_.Set(setting.key, setting.value);
+  for (const auto& [key, value] : kDigits) profile_.Set(key, value);
   if (mode != Mode::kBase) profile_.Set("ModoSeguro", "1");
   if (mode == Mode::kSafeWithRepeats) profile_.Set("ReconoceRepetidas", "1");
-  for (const Override& row : document.configuration) profile_.Set(row.key, row.value);
+  for (const auto& [key, value] : document.configuration) profile_.Set(key, value);
   session_.Attach(*this);
 }
 

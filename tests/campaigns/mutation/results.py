@@ -41,6 +41,11 @@ class Results:
             file.write(json.dumps(row, ensure_ascii=False) + "\n")
 
 
+def squeezed(line):
+    """A line as it reads; the formatter moves a comment when a neighbour grows."""
+    return " ".join(line.split())
+
+
 @dataclass
 class Explained:
     path: str
@@ -49,7 +54,7 @@ class Explained:
     reason: str = ""
 
     def covers(self, mutant):
-        return (self.path, self.source) == (mutant.path, mutant.source) and mutant.change in self.changes
+        return (self.path, self.source) == (mutant.path, squeezed(mutant.source)) and mutant.change in self.changes
 
 
 def explained_in(text):
@@ -62,7 +67,7 @@ def explained_in(text):
         if depth == 0:
             path = words
         elif depth == 1:
-            source, row = words, None
+            source, row = squeezed(words), None
         elif depth == 2:
             if row is None or row.reason:
                 row = Explained(path, source, [])

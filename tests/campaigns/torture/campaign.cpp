@@ -17,12 +17,12 @@ class Campaign {
  public:
   Campaign(const Options& options, Tally& tally) : options_(options), tally_(tally) {}
 
-  void Play(const Case& played);
+  void Play(const golden::Case& played);
   std::vector<std::string> complaints;
 
  private:
-  void StrikeAll(const Case& played, const Quiet& quiet, std::size_t target, int calls);
-  Outcome Try(const Case& played, const Quiet& quiet, const Strike& strike);
+  void StrikeAll(const golden::Case& played, const Quiet& quiet, std::size_t target, int calls);
+  Outcome Try(const golden::Case& played, const Quiet& quiet, const Strike& strike);
   bool IsTurnOf() { return strikes_++ % options_.every == options_.first % options_.every; }
 
   const Options& options_;
@@ -30,7 +30,7 @@ class Campaign {
   std::size_t strikes_ = 0;
 };
 
-Outcome Campaign::Try(const Case& played, const Quiet& quiet, const Strike& strike) {
+Outcome Campaign::Try(const golden::Case& played, const Quiet& quiet, const Strike& strike) {
   const UnderWay mark(played.name, Describe(strike));
   Outcome outcome = Run(played.text, strike, quiet, tally_);
   if (!outcome.complaint.empty()) {
@@ -39,7 +39,8 @@ Outcome Campaign::Try(const Case& played, const Quiet& quiet, const Strike& stri
   return outcome;
 }
 
-void Campaign::StrikeAll(const Case& played, const Quiet& quiet, std::size_t target, int calls) {
+void Campaign::StrikeAll(const golden::Case& played, const Quiet& quiet, std::size_t target,
+                         int calls) {
   for (int nth = 1; nth <= calls; ++nth) {
     for (const bool forever : {false, true}) {
       for (std::size_t ailment = 0; ailment < AilmentsOf(target); ++ailment) {
@@ -53,7 +54,7 @@ void Campaign::StrikeAll(const Case& played, const Quiet& quiet, std::size_t tar
   }
 }
 
-void Campaign::Play(const Case& played) {
+void Campaign::Play(const golden::Case& played) {
   const Quiet quiet = RunQuietly(played.text, tally_);
   const Outcome untouched = Try(played, quiet, {});
   for (std::size_t target = 0; target < kTargets; ++target) {
@@ -61,14 +62,14 @@ void Campaign::Play(const Case& played) {
   }
 }
 
-bool IsWanted(const Options& options, const Case& played, std::size_t position) {
+bool IsWanted(const Options& options, const golden::Case& played, std::size_t position) {
   return position % options.shares == options.share &&
          played.name.find(options.only) != std::string::npos;
 }
 
 }  // namespace
 
-std::vector<std::string> Torture(const std::vector<Case>& cases, const Options& options,
+std::vector<std::string> Torture(const std::vector<golden::Case>& cases, const Options& options,
                                  Tally& tally) {
   Campaign campaign(options, tally);
   for (std::size_t i = 0; i < cases.size(); ++i) {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "campaigns/torture/cases.hpp"
 #include "campaigns/torture/tally.hpp"
+#include "golden/case_files.hpp"
 
 namespace kestra::torture {
 
@@ -19,7 +19,7 @@ struct Options {
 
 // Strikes each case at every call of every target, until it no longer reaches it. The result: what was
 // not as it should be, a line each.
-std::vector<std::string> Torture(const std::vector<Case>& cases, const Options& options,
+std::vector<std::string> Torture(const std::vector<golden::Case>& cases, const Options& options,
                                  Tally& tally);
 
 }  // namespace kestra::torture

@@ -13,7 +13,6 @@
 #include <string_view>
 
 #include "campaigns/torture/campaign.hpp"
-#include "campaigns/torture/cases.hpp"
 #include "campaigns/torture/tally.hpp"
 #include "campaigns/torture/under_way.hpp"
 
@@ -55,7 +54,7 @@ Options ReadOptions(int argc, char** argv) {
 
 int TortureAll(const Options& options) {
   Tally tally;
-  const auto complaints = Torture(ReadCases(KESTRA_GOLDEN_CASES), options, tally);
+  const auto complaints = Torture(golden::ReadCases(KESTRA_GOLDEN_CASES), options, tally);
   Print(tally, std::cout);
   for (std::size_t i = 0; i < complaints.size() && i < kMostComplaintsShown; ++i) {
     std::cout << "complaint: " << complaints[i] << "\n";

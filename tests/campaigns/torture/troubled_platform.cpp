@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "campaigns/torture/allocations.hpp"
-
 namespace kestra::torture {
 namespace {
 
@@ -29,11 +27,40 @@ class TroubledPort : public SerialPort {
   }
 
   [[nodiscard]] bool PortOpen() const override { return port_->PortOpen(); }
-  void PortOpen(bool open) override;
-  void Output(std::string_view bytes) override;
-  std::size_t InBufferCount() override;
-  void DiscardInput() override;
-  std::string Input() override;
+  void PortOpen(bool open) override {
+    const auto set = [this, open] {
+      port_->PortOpen(open);
+      seen_ = 0;
+    };
+    if (open == port_->PortOpen()) {
+      const Spared spared;
+      set();
+    } else {
+      watch_.At(open ? Point::kOpen : Point::kClose, set);
+    }
+  }
+  void Output(std::string_view bytes) override {
+    watch_.At(Point::kWrite, [this, bytes] { port_->Output(bytes); });
+  }
+  std::size_t InBufferCount() override {
+    return watch_.At(Point::kCount, [this] {
+      const std::size_t count = port_->InBufferCount();
+      watch_.SawArrivals(Waiting().substr(std::min(seen_, count)));
+      return seen_ = count;
+    });
+  }
+  void DiscardInput() override {
+    watch_.At(Point::kDiscard, [this] {
+      port_->DiscardInput();
+      seen_ = 0;
+    });
+  }
+  std::string Input() override {
+    return watch_.At(Point::kRead, [this] {
+      seen_ = 0;
+      return port_->Input();
+    });
+  }
   [[nodiscard]] std::string_view Waiting() const override { return port_->Waiting(); }
 
  private:
@@ -42,41 +69,116 @@ class TroubledPort : public SerialPort {
   std::size_t seen_ = 0;  // of the bytes that wait
 };
 
-void TroubledPort::PortOpen(bool open) {
-  const Spared spared;
-  if (open != port_->PortOpen()) watch_.Reach(open ? Point::kOpen : Point::kClose);
-  port_->PortOpen(open);
-  seen_ = 0;
-}
+class TroubledClock : public Clock {
+ public:
+  explicit TroubledClock(Watch& watch) : watch_(watch), clock_(watch.World().GetClock()) {}
 
-void TroubledPort::Output(std::string_view bytes) {
-  const Spared spared;
-  watch_.Reach(Point::kWrite);
-  port_->Output(bytes);
-}
+  double TimeOfDay() override {
+    return watch_.At(Point::kTimeOfDay, [this] {
+      const double seconds = clock_.TimeOfDay();
+      watch_.SawTimeOfDay(seconds);
+      return seconds;
+    });
+  }
+  std::string ShortDate() override {
+    return watch_.At(Point::kDate, [this] { return clock_.ShortDate(); });
+  }
+  std::string IsoDate() override {
+    return watch_.At(Point::kDate, [this] { return clock_.IsoDate(); });
+  }
+  std::string TimeText() override {
+    return watch_.At(Point::kTimeText, [this] { return clock_.TimeText(); });
+  }
+  double Elapsed() override {
+    return watch_.At(Point::kElapsed, [this] { return clock_.Elapsed(); });
+  }
+  void Sleep(std::int32_t milliseconds) override {
+    watch_.At(Point::kSleep, [&] { clock_.Sleep(milliseconds); });
+  }
 
-std::size_t TroubledPort::InBufferCount() {
-  const Spared spared;
-  watch_.Reach(Point::kCount);
-  const std::size_t count = port_->InBufferCount();
-  watch_.SawArrivals(Waiting().substr(std::min(seen_, count)));
-  seen_ = count;
-  return count;
-}
+ private:
+  Watch& watch_;
+  Clock& clock_;
+};
 
-void TroubledPort::DiscardInput() {
-  const Spared spared;
-  watch_.Reach(Point::kDiscard);
-  port_->DiscardInput();
-  seen_ = 0;
-}
+class TroubledOperator : public Operator {
+ public:
+  explicit TroubledOperator(Watch& watch) : watch_(watch), operator_(watch.World().GetOperator()) {}
 
-std::string TroubledPort::Input() {
-  const Spared spared;
-  watch_.Reach(Point::kRead);
-  seen_ = 0;
-  return port_->Input();
-}
+  std::int32_t Message(std::string_view text, std::string_view title, std::int32_t style) override {
+    return watch_.At(Point::kMessage, [&] { return operator_.Message(text, title, style); });
+  }
+  bool StatusReport(const Report& report) override {
+    return watch_.At(Point::kReport, [&] { return operator_.StatusReport(report); });
+  }
+  void MemoryFull() override {
+    watch_.At(Point::kMemoryFull, [this] { operator_.MemoryFull(); });
+  }
+
+ private:
+  Watch& watch_;
+  Operator& operator_;
+};
+
+class TroubledProfile : public ProfileFile {
+ public:
+  explicit TroubledProfile(Watch& watch) : watch_(watch) {}
+  std::string Read(std::string_view section, std::string_view key, std::string_view file) override {
+    return watch_.At(Point::kProfile,
+                     [&] { return watch_.World().GetProfile().Read(section, key, file); });
+  }
+
+ private:
+  Watch& watch_;
+};
+
+class TroubledLog : public LogFile {
+ public:
+  explicit TroubledLog(Watch& watch) : watch_(watch) {}
+  void Append(std::string_view file, std::string_view bytes) override {
+    watch_.At(Point::kLog, [&] { watch_.World().GetLog().Append(file, bytes); });
+  }
+  void SetAside(std::string_view file, std::uint64_t limit) override {
+    watch_.At(Point::kLog, [&] { watch_.World().GetLog().SetAside(file, limit); });
+  }
+
+ private:
+  Watch& watch_;
+};
+
+class TroubledJournalFile : public JournalFile {
+ public:
+  explicit TroubledJournalFile(Watch& watch)
+      : watch_(watch), journal_(watch.World().GetJournalFile()) {}
+
+  void Open(std::string_view file) override {
+    watch_.At(Point::kJournal, [&] { journal_.Open(file); });
+  }
+  void Close() noexcept override { journal_.Close(); }
+  [[nodiscard]] bool IsOpen() const noexcept override { return journal_.IsOpen(); }
+  std::string Read() override {
+    return watch_.At(Point::kJournal, [this] { return journal_.Read(); });
+  }
+  void Append(std::string_view bytes) override {
+    watch_.At(Point::kJournal, [&] { journal_.Append(bytes); });
+  }
+  void Truncate(std::size_t length) override {
+    watch_.At(Point::kJournal, [&] { journal_.Truncate(length); });
+  }
+  void BeginAnew(std::string_view suffix) override {
+    watch_.At(Point::kJournal, [&] { journal_.BeginAnew(suffix); });
+  }
+  std::vector<std::string> Kept() override {
+    return watch_.At(Point::kJournal, [this] { return journal_.Kept(); });
+  }
+  void DeleteKept(std::string_view suffix) override {
+    watch_.At(Point::kJournal, [&] { journal_.DeleteKept(suffix); });
+  }
+
+ private:
+  Watch& watch_;
+  JournalFile& journal_;
+};
 
 }  // namespace
 
@@ -110,134 +212,19 @@ void Watch::SawArrivals(std::string_view fresh) {
   busy_bytes_ += static_cast<int>(std::count(fresh.begin(), fresh.end(), kBusy));
 }
 
-double TroubledClock::TimeOfDay() {
-  const Spared spared;
-  watch_.Reach(Point::kTimeOfDay);
-  const double seconds = watch_.World().GetClock().TimeOfDay();
-  watch_.SawTimeOfDay(seconds);
-  return seconds;
-}
-
-std::string TroubledClock::ShortDate() {
-  const Spared spared;
-  watch_.Reach(Point::kDate);
-  return watch_.World().GetClock().ShortDate();
-}
-
-std::string TroubledClock::IsoDate() {
-  const Spared spared;
-  watch_.Reach(Point::kDate);
-  return watch_.World().GetClock().IsoDate();
-}
-
-std::string TroubledClock::TimeText() {
-  const Spared spared;
-  watch_.Reach(Point::kTimeText);
-  return watch_.World().GetClock().TimeText();
-}
-
-double TroubledClock::Elapsed() {
-  const Spared spared;
-  watch_.Reach(Point::kElapsed);
-  return watch_.World().GetClock().Elapsed();
-}
-
-void TroubledClock::Sleep(std::int32_t milliseconds) {
-  const Spared spared;
-  watch_.Reach(Point::kSleep);
-  watch_.World().GetClock().Sleep(milliseconds);
-}
-
-std::int32_t TroubledOperator::Message(std::string_view text, std::string_view title,
-                                       std::int32_t style) {
-  const Spared spared;
-  watch_.Reach(Point::kMessage);
-  return watch_.World().GetOperator().Message(text, title, style);
-}
-
-bool TroubledOperator::StatusReport(const Report& report) {
-  const Spared spared;
-  watch_.Reach(Point::kReport);
-  return watch_.World().GetOperator().StatusReport(report);
-}
-
-void TroubledOperator::MemoryFull() {
-  const Spared spared;
-  watch_.Reach(Point::kMemoryFull);
-  watch_.World().GetOperator().MemoryFull();
-}
-
-std::string TroubledProfile::Read(std::string_view section, std::string_view key,
-                                  std::string_view file) {
-  const Spared spared;
-  watch_.Reach(Point::kProfile);
-  return watch_.World().GetProfile().Read(section, key, file);
-}
-
-void TroubledLog::Append(std::string_view file, std::string_view bytes) {
-  const Spared spared;
-  watch_.Reach(Point::kLog);
-  watch_.World().GetLog().Append(file, bytes);
-}
-
-void TroubledLog::SetAside(std::string_view file, std::uint64_t limit) {
-  const Spared spared;
-  watch_.Reach(Point::kLog);
-  watch_.World().GetLog().SetAside(file, limit);
-}
-
-FakeJournalFile& TroubledJournalFile::Reach() {
-  watch_.Reach(Point::kJournal);
-  return watch_.World().GetJournalFile();
-}
-
-void TroubledJournalFile::Open(std::string_view file) {
-  const Spared spared;
-  Reach().Open(file);
-}
-
-void TroubledJournalFile::Close() noexcept {
-  watch_.World().GetJournalFile().Close();
-}
-
-bool TroubledJournalFile::IsOpen() const noexcept {
-  return watch_.World().GetJournalFile().IsOpen();
-}
-
-std::string TroubledJournalFile::Read() {
-  const Spared spared;
-  return Reach().Read();
-}
-
-void TroubledJournalFile::Append(std::string_view bytes) {
-  const Spared spared;
-  Reach().Append(bytes);
-}
-
-void TroubledJournalFile::Truncate(std::size_t length) {
-  const Spared spared;
-  Reach().Truncate(length);
-}
-
-void TroubledJournalFile::BeginAnew(std::string_view suffix) {
-  const Spared spared;
-  Reach().BeginAnew(suffix);
-}
-
-std::vector<std::string> TroubledJournalFile::Kept() {
-  const Spared spared;
-  return Reach().Kept();
-}
-
-void TroubledJournalFile::DeleteKept(std::string_view suffix) {
-  const Spared spared;
-  Reach().DeleteKept(suffix);
-}
+TroubledPlatform::TroubledPlatform(std::unique_ptr<FakePlatform> world)
+    : world_(std::move(world)),
+      watch_(*world_),
+      clock_(std::make_unique<TroubledClock>(watch_)),
+      operator_(std::make_unique<TroubledOperator>(watch_)),
+      profile_(std::make_unique<TroubledProfile>(watch_)),
+      log_(std::make_unique<TroubledLog>(watch_)),
+      journal_(std::make_unique<TroubledJournalFile>(watch_)) {}
 
 std::unique_ptr<SerialPort> TroubledPlatform::CreatePort(const PortSettings& settings) {
-  const Spared spared;
-  watch_.Reach(Point::kCreatePort);
-  return std::make_unique<TroubledPort>(world_->CreatePort(settings), watch_);
+  return watch_.At(Point::kCreatePort, [&] {
+    return std::make_unique<TroubledPort>(world_->CreatePort(settings), watch_);
+  });
 }
 
 }  // namespace kestra::torture

@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "contract/posix/surroundings.hpp"
-#include "contract/shared/failure_number.hpp"
+#include "fakes/failure_number.hpp"
 #include "contract/shared/scratch.hpp"
 #include "platform/posix/journal_file.hpp"
 

@@ -3,8 +3,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "contract/shared/failure_number.hpp"
 #include "contract/shared/scratch.hpp"
+#include "fakes/failure_number.hpp"
 #include "platform/posix/files.hpp"
 
 namespace kestra {

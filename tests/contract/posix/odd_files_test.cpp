@@ -17,8 +17,7 @@
 
 #include "contract/posix/pty_line.hpp"
 #include "contract/posix/surroundings.hpp"
-#include "contract/shared/failure_number.hpp"
-#include "contract/shared/scratch.hpp"
+#include "contract/shared/odd_files.hpp"
 #include "platform/posix/files.hpp"
 
 namespace kestra {
@@ -26,18 +25,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kLog = ".\\fiscal.log";
 constexpr const char* kSettings = "[S]\nK=12\n";
-
-std::int32_t LogFailure() {
-  PosixLog log;
-  return FailureNumber([&] { log.Append(kLog, "una\r\n"); });
-}
-
-std::string Setting() {
-  PosixProfile profile;
-  return profile.Read("S", "K", ".\\Fiscal.ini");
-}
 
 void MakeSocket(const char* name) {
   sockaddr_un address = {};
@@ -55,11 +43,6 @@ int InChild(const std::function<bool()>& action) {
   ::waitpid(child, &status, 0);
   return status;
 }
-
-class OddFiles : public ::testing::Test {
- protected:
-  ScratchDirectory scratch_;
-};
 
 // Whoever may write in the till's directory decides where its files are: links are followed.
 struct OddFile {
@@ -119,6 +102,25 @@ TEST_F(OddFiles, WithoutTheRightToReadThereAreNoSettings) {
   EXPECT_EQ(Setting(), "");
 }
 
+TEST_F(OddFiles, AReadOnlyLogIsAFailure) {
+  WriteFile("fiscal.log", "viejo");
+  ASSERT_EQ(::chmod("fiscal.log", 0444), 0);
+  ASSERT_EQ(::chmod(scratch_.Path().c_str(), 0755), 0);
+  const OrdinaryUser user;
+  ASSERT_TRUE(user);
+  EXPECT_EQ(LogFailure(), 70);
+  EXPECT_EQ(ReadFile("fiscal.log"), "viejo");
+}
+
+TEST_F(OddFiles, TheLogMayBeWrittenByTheUsersGroupAsTheMaskAllows) {
+  const mode_t before = ::umask(0002);
+  EXPECT_EQ(LogFailure(), 0);
+  ::umask(before);
+  struct stat about = {};
+  ASSERT_EQ(::stat("fiscal.log", &about), 0);
+  EXPECT_EQ(about.st_mode & 0777u, 0664u);
+}
+
 TEST_F(OddFiles, ADirectoryThatIsGoneHasNeither) {
   const fs::path gone = fs::path(scratch_.Path()) / "caja";
   fs::create_directory(gone);
@@ -157,7 +159,7 @@ TEST_F(OddFiles, ATerminalIsNotTaken) {
   PtyLine line;
   fs::create_symlink(line.Device(), "Fiscal.ini");
   fs::create_symlink(line.Device(), "fiscal.log");
-  EXPECT_EQ(InChild([] {
+  EXPECT_EQ(InChild([&] {
               ::setsid();
               Setting();
               LogFailure();
@@ -170,7 +172,7 @@ TEST_F(OddFiles, ATerminalIsNotTaken) {
 
 TEST_F(OddFiles, ALogThatMayNotGrowEndsNobody) {
   WriteFile("fiscal.log", "vieja\r\n");
-  EXPECT_EQ(InChild([] {
+  EXPECT_EQ(InChild([&] {
               const rlimit seven = {.rlim_cur = 7, .rlim_max = 7};
               ::setrlimit(RLIMIT_FSIZE, &seven);
               return LogFailure() == 75;
@@ -182,7 +184,7 @@ TEST_F(OddFiles, ALogThatMayNotGrowEndsNobody) {
 // The reader of the pipe comes and goes, at last between the opening and the writing.
 TEST_F(OddFiles, APipeWhoseReaderLeavesEndsNobody) {
   ASSERT_EQ(::mkfifo("fiscal.log", 0600), 0);
-  EXPECT_EQ(InChild([] {
+  EXPECT_EQ(InChild([&] {
               std::atomic<bool> done = false;
               std::thread reader([&] {
                 while (!done) {
@@ -207,7 +209,7 @@ TEST_F(OddFiles, APipeWhoseReaderSleepsStopsNobody) {
 }
 
 TEST_F(OddFiles, ASignalThatTheHostHadPendingStaysTheHosts) {
-  EXPECT_EQ(InChild([] {
+  EXPECT_EQ(InChild([&] {
               sigset_t set = {};
               ::sigemptyset(&set);
               ::sigaddset(&set, SIGPIPE);
@@ -227,7 +229,7 @@ TEST_F(OddFiles, TwoHostsWriteWholeLines) {
   const auto write = [](char who) {
     PosixLog log;
     const std::string line = std::string(120, who) + "\r\n";
-    for (int n = 0; n < kLines; ++n) log.Append(kLog, line);
+    for (int n = 0; n < kLines; ++n) log.Append(".\\fiscal.log", line);
   };
   const pid_t other = ::fork();
   if (other == 0) {

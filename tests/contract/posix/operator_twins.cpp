@@ -61,10 +61,9 @@ class TerminalBench : public OperatorBench {
 
 }  // namespace
 
-std::vector<OperatorTwin> OperatorTwins() {
-  return {{"Host", MakeHostBench},
-          {"Fake", MakeFakeBench},
-          {"Terminal", [] { return std::unique_ptr<OperatorBench>(new TerminalBench()); }}};
+std::vector<Twin<OperatorBench>> OperatorTwins() {
+  return {TwinOf<OperatorBench, HostBench>("Host"), TwinOf<OperatorBench, FakeBench>("Fake"),
+          TwinOf<OperatorBench, TerminalBench>("Terminal")};
 }
 
 }  // namespace kestra

@@ -5,11 +5,9 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <future>
 
-#include "contract/posix/ticking.hpp"
-#include "contract/shared/failure_number.hpp"
 #include "contract/shared/tcp_line.hpp"
+#include "fakes/failure_number.hpp"
 #include "platform/posix/files.hpp"
 
 namespace kestra {
@@ -100,26 +98,6 @@ TEST(PosixTcp, WritingToALostConnectionRaisesNoSignal) {
               for (int i = 0; i < 100; ++i) port->Output("x");
             }),
             8020);
-}
-
-TEST(PosixTcp, SignalsDoNotDisturbTheWait) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  const Ticking ticking;
-  port->PortOpen(true);
-  while (Ticking::Ticks() < 10) EXPECT_EQ(port->InBufferCount(), 0u);
-  port->Output("ok");
-  EXPECT_EQ(line.Receive(2), "ok");
-}
-
-TEST(PosixTcp, MoreThanTheSystemHoldsGoesOutWhileTheFarEndReads) {
-  TcpLine line;
-  const auto port = line.MakePort();
-  port->PortOpen(true);
-  const std::string much(1 << 24, 'x');
-  auto reader = std::async(std::launch::async, [&] { return line.Receive(much.size()); });
-  port->Output(much);
-  EXPECT_EQ(reader.get(), much);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <vector>
 
 #include "base/ansi.hpp"
 #include "contract/posix/cooked_line.hpp"
@@ -36,23 +37,26 @@ class TerminalOperatorTest : public ::testing::Test {
   TerminalOperator operator_{line_.Seat()};
 };
 
-TEST_F(TerminalOperatorTest, YesIsYes) {
-  auto answer = Ask(kBoxYesNoQuestion);
-  const std::string shown = Shown("N = No: ");
-  EXPECT_NE(shown.find("--- Envia? ---\r\nSeguir?\r\nS = Sí, N = No: "), std::string::npos);
-  Type("s\n");
-  EXPECT_EQ(answer.get(), kAnswerYes);
-}
-
-TEST_F(TerminalOperatorTest, AnUnclearAnswerIsAskedForAgain) {
-  auto answer = Ask(kBoxYesNo);
-  Shown("N = No: ");
-  Type("\n");
-  Shown("N = No: ");
-  Type("tal vez\n");
-  Shown("N = No: ");
-  Type("sí\n");
-  EXPECT_EQ(answer.get(), kAnswerYes);
+TEST_F(TerminalOperatorTest, AQuestionIsAskedUntilTheAnswerIsClear) {
+  const struct {
+    const char* what;
+    std::vector<const char*> typed;
+    std::int32_t answer;
+  } rows[] = {
+      {"yes is yes", {"s\n"}, kAnswerYes},
+      {"an unclear answer is asked for again", {"\n", "tal vez\n", "sí\n"}, kAnswerYes},
+      {"the end of input is the safe answer", {"\x04"}, kAnswerNo},
+  };
+  for (const auto& row : rows) {
+    auto answer = Ask(kBoxYesNoQuestion);
+    const std::string shown = Shown("N = No: ");
+    EXPECT_NE(shown.find("--- Envia? ---\r\nSeguir?\r\nS = Sí, N = No: "), std::string::npos);
+    for (const char* const keys : row.typed) {
+      if (keys != row.typed.front()) Shown("N = No: ");
+      Type(keys);
+    }
+    EXPECT_EQ(answer.get(), row.answer) << row.what;
+  }
 }
 
 TEST_F(TerminalOperatorTest, WhatWasTypedBeforeTheQuestionIsNoAnswer) {
@@ -61,13 +65,6 @@ TEST_F(TerminalOperatorTest, WhatWasTypedBeforeTheQuestionIsNoAnswer) {
   auto answer = Ask(kBoxYesNo);
   Shown("N = No: ");
   Type("n\n");
-  EXPECT_EQ(answer.get(), kAnswerNo);
-}
-
-TEST_F(TerminalOperatorTest, TheEndOfInputIsTheSafeAnswer) {
-  auto answer = Ask(kBoxYesNo);
-  Shown("N = No: ");
-  Type("\x04");
   EXPECT_EQ(answer.get(), kAnswerNo);
 }
 

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <regex>
 
-#include "contract/shared/twins.hpp"
+#include "contract/shared/clock_bench.hpp"
 #include "fakes/fake_clock.hpp"
+#include "system.hpp"
 
 namespace kestra {
 namespace {
@@ -22,12 +24,7 @@ class FakeClockBench : public ClockBench {
   FakeClock clock_{journal_, trouble_};
 };
 
-struct ClockTwin {
-  const char* name;
-  std::unique_ptr<ClockBench> (*make)();
-};
-
-class ClockContract : public ::testing::TestWithParam<ClockTwin> {
+class ClockContract : public ::testing::TestWithParam<Twin<ClockBench>> {
  protected:
   // Seconds that a sleep took, round midnight too.
   double Slept(std::int32_t milliseconds) {
@@ -92,17 +89,18 @@ TEST_P(ClockContract, ASleepLastsItsTime) {
 }
 
 TEST_P(ClockContract, NoSleepTakesNoTime) {
-  EXPECT_LT(Slept(0) + Slept(-5000), 0.1);
+  // Of some tries the shortest: a busy machine takes its time between two looks at the clock.
+  double least = kDay;
+  for (int tries = 0; tries < 50 && least >= 0.1; ++tries) {
+    least = std::min(least, Slept(0) + Slept(-5000));
+  }
+  EXPECT_LT(least, 0.1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Twins, ClockContract,
-                         ::testing::Values(ClockTwin{"System", MakeClock},
-                                           ClockTwin{"Fake",
-                                                     [] {
-                                                       return std::unique_ptr<ClockBench>(
-                                                           std::make_unique<FakeClockBench>());
-                                                     }}),
-                         [](const auto& twin) { return std::string(twin.param.name); });
+                         ::testing::Values(TwinOf<ClockBench, SystemClock>("System"),
+                                           TwinOf<ClockBench, FakeClockBench>("Fake")),
+                         TwinName<ClockBench>);
 
 }  // namespace
 }  // namespace kestra

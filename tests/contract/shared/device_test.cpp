@@ -2,37 +2,17 @@
 
 #include "base/ansi.hpp"
 #include "contract/shared/device_line.hpp"
-#include "contract/shared/failure_number.hpp"
-#include "contract/shared/processor_time.hpp"
 #include "contract/shared/scratch.hpp"
+#include "fakes/failure_number.hpp"
 
 namespace kestra {
 namespace {
 
 class SerialDevice : public ::testing::Test {
  protected:
-  void ExpectCheapWaiting() {
-    const Watch watch(*port_);
-    EXPECT_LE(watch.looks, kWaitLimits.looks);
-    EXPECT_LT(watch.cost, kWaitLimits.processor);
-  }
-
   std::unique_ptr<DeviceLine> line_ = MakeDeviceLine();
   std::unique_ptr<SerialPort> port_ = line_->MakePort();
 };
-
-TEST_F(SerialDevice, WaitingForASilentPrinterCostsNoProcessor) {
-  port_->PortOpen(true);
-  ExpectCheapWaiting();
-}
-
-TEST_F(SerialDevice, WaitingWithThreeBytesThereCostsNoProcessorEither) {
-  port_->PortOpen(true);
-  port_->DiscardInput();
-  line_->Send("\x12\x12\x12");
-  ExpectCheapWaiting();
-  EXPECT_EQ(port_->Waiting(), "\x12\x12\x12");
-}
 
 TEST_F(SerialDevice, ALineThatTakesNothingFailsInTheEnd) {
   const auto port = MakeImpatientPort(line_->Device());
@@ -81,12 +61,6 @@ TEST_F(SerialDevice, BusyAndLostItIsNamedInWords) {
     for (int looks = 0; looks < 10; ++looks) port_->InBufferCount();
   };
   EXPECT_EQ(FailureWords(look), std::string("Se perdió la conexión con "_ansi) + line_->Device());
-}
-
-TEST_F(SerialDevice, AClosedPortSaysSo) {
-  const auto port = MakeDevicePort("impresora", 9600);
-  EXPECT_EQ(FailureNumber([&] { port->Output("x"); }), 8012);
-  EXPECT_EQ(FailureWords([&] { port->Input(); }), "El dispositivo impresora no está abierto"_ansi);
 }
 
 }  // namespace

@@ -4,10 +4,11 @@
 #include <filesystem>
 #include <string>
 
-#include "contract/shared/failure_number.hpp"
+#include "contract/shared/bench.hpp"
 #include "contract/shared/scratch.hpp"
-#include "contract/shared/twins.hpp"
+#include "fakes/failure_number.hpp"
 #include "fakes/fake_journal_file.hpp"
+#include "system.hpp"
 
 namespace kestra {
 namespace {
@@ -15,13 +16,8 @@ namespace {
 constexpr const char* kName = ".\\diario.txt";
 
 // A journal, another program's hands on the same disk, and what is there.
-class JournalBench {
+class JournalBench : public Bench {
  public:
-  JournalBench() = default;
-  JournalBench(const JournalBench&) = delete;
-  JournalBench& operator=(const JournalBench&) = delete;
-  virtual ~JournalBench() = default;
-
   virtual JournalFile& Get() = 0;
   virtual JournalFile& Other() = 0;
   virtual std::string Text(const std::string& suffix = "") = 0;
@@ -29,14 +25,14 @@ class JournalBench {
 
 class SystemJournal : public JournalBench {
  public:
-  JournalFile& Get() override { return *journal_; }
-  JournalFile& Other() override { return *other_; }
+  JournalFile& Get() override { return journal_; }
+  JournalFile& Other() override { return other_; }
   std::string Text(const std::string& suffix) override { return ReadFile("diario.txt" + suffix); }
 
  private:
   ScratchDirectory scratch_;
-  std::unique_ptr<JournalFile> journal_ = MakeJournal();
-  std::unique_ptr<JournalFile> other_ = MakeJournal();
+  SystemJournalFile journal_;
+  SystemJournalFile other_;
 };
 
 class JournalInMemory : public JournalBench {
@@ -55,17 +51,7 @@ class JournalInMemory : public JournalBench {
   FakeJournalFile other_{events_, trouble_, journal_.Disk()};
 };
 
-struct JournalTwin {
-  const char* name;
-  std::unique_ptr<JournalBench> (*make)();
-};
-
-template <typename Bench>
-std::unique_ptr<JournalBench> Make() {
-  return std::make_unique<Bench>();
-}
-
-class JournalContract : public ::testing::TestWithParam<JournalTwin> {
+class JournalContract : public ::testing::TestWithParam<Twin<JournalBench>> {
  protected:
   std::vector<std::string> Kept() {
     auto kept = journal_.Kept();
@@ -154,46 +140,46 @@ TEST_P(JournalContract, WhatIsKeptIsListedAndDeleted) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Twins, JournalContract,
-                         ::testing::Values(JournalTwin{"System", Make<SystemJournal>},
-                                           JournalTwin{"Fake", Make<JournalInMemory>}),
-                         [](const auto& twin) { return std::string(twin.param.name); });
+                         ::testing::Values(TwinOf<JournalBench, SystemJournal>("System"),
+                                           TwinOf<JournalBench, JournalInMemory>("Fake")),
+                         TwinName<JournalBench>);
 
 class JournalFileTest : public ::testing::Test {
  protected:
   ScratchDirectory scratch_;
-  std::unique_ptr<JournalFile> journal_ = MakeJournal();
+  SystemJournalFile journal_;
 };
 
 TEST_F(JournalFileTest, StaysWhereItIsWhenTheHostGoesElsewhere) {
-  journal_->Open(kName);
+  journal_.Open(kName);
   std::filesystem::create_directory("otra");
   std::filesystem::current_path("otra");
-  journal_->Append("uno\n");
-  journal_->BeginAnew("-1");
-  EXPECT_EQ(journal_->Kept(), std::vector<std::string>{"-1"});
-  journal_->DeleteKept("-1");
+  journal_.Append("uno\n");
+  journal_.BeginAnew("-1");
+  EXPECT_EQ(journal_.Kept(), std::vector<std::string>{"-1"});
+  journal_.DeleteKept("-1");
   std::filesystem::current_path("..");
   EXPECT_EQ(ReadFile("diario.txt"), "");
   EXPECT_TRUE(std::filesystem::is_empty("otra"));
 }
 
 TEST_F(JournalFileTest, AMissingDirectoryIsAFailure) {
-  EXPECT_EQ(FailureNumber([&] { journal_->Open(".\\no\\diario.txt"); }), 76);
-  EXPECT_FALSE(journal_->IsOpen());
+  EXPECT_EQ(FailureNumber([&] { journal_.Open(".\\no\\diario.txt"); }), 76);
+  EXPECT_FALSE(journal_.IsOpen());
 }
 
 TEST_F(JournalFileTest, ADirectoryIsNoJournal) {
   std::filesystem::create_directory("diario.txt");
-  EXPECT_EQ(FailureNumber([&] { journal_->Open(kName); }), kLogIsADirectory);
+  EXPECT_EQ(FailureNumber([&] { journal_.Open(kName); }), kLogIsADirectory);
 }
 
 TEST_F(JournalFileTest, WhatCannotBeKeptAsideStaysWhereItIs) {
-  journal_->Open(kName);
-  journal_->Append("lunes\n");
+  journal_.Open(kName);
+  journal_.Append("lunes\n");
   std::filesystem::create_directory("diario.txt-1");
-  EXPECT_NE(FailureNumber([&] { journal_->BeginAnew("-1"); }), 0);
-  EXPECT_EQ(journal_->Read(), "lunes\n");
-  journal_->Append("martes\n");
+  EXPECT_NE(FailureNumber([&] { journal_.BeginAnew("-1"); }), 0);
+  EXPECT_EQ(journal_.Read(), "lunes\n");
+  journal_.Append("martes\n");
   EXPECT_EQ(ReadFile("diario.txt"), "lunes\nmartes\n");
 }
 

@@ -3,9 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include "contract/shared/failure_number.hpp"
-#include "contract/shared/scratch.hpp"
-#include "contract/shared/twins.hpp"
+#include "contract/shared/bench.hpp"
+#include "contract/shared/odd_files.hpp"
 #include "fakes/fake_log.hpp"
 
 namespace kestra {
@@ -14,29 +13,24 @@ namespace {
 constexpr const char* kName = ".\\fiscal.log";
 
 // A log, and what is in it.
-class LogBench {
+class LogBench : public Bench {
  public:
-  LogBench() = default;
-  LogBench(const LogBench&) = delete;
-  LogBench& operator=(const LogBench&) = delete;
-  virtual ~LogBench() = default;
-
   virtual LogFile& Get() = 0;
   virtual std::string Text() = 0;
   virtual std::string Aside() = 0;  // what was set aside
   virtual void Block() = 0;         // nothing can be written any more
 };
 
-class SystemLog : public LogBench {
+class LogInAFile : public LogBench {
  public:
-  LogFile& Get() override { return *log_; }
+  LogFile& Get() override { return log_; }
   std::string Text() override { return ReadFile("fiscal.log"); }
   std::string Aside() override { return ReadFile("fiscal.log.1"); }
   void Block() override { std::filesystem::create_directory("fiscal.log"); }
 
  private:
   ScratchDirectory scratch_;
-  std::unique_ptr<LogFile> log_ = MakeLog();
+  SystemLog log_;
 };
 
 class LogInMemory : public LogBench {
@@ -52,18 +46,7 @@ class LogInMemory : public LogBench {
   FakeLog log_{journal_, trouble_};
 };
 
-struct LogTwin {
-  const char* name;
-  std::unique_ptr<LogBench> (*make)();
-  std::int32_t blocked;
-};
-
-template <typename Bench>
-std::unique_ptr<LogBench> Make() {
-  return std::make_unique<Bench>();
-}
-
-class LogContract : public ::testing::TestWithParam<LogTwin> {
+class LogContract : public ::testing::TestWithParam<Twin<LogBench>> {
  protected:
   void Append(std::string_view bytes) { bench_->Get().Append(kName, bytes); }
 
@@ -90,7 +73,7 @@ TEST_P(LogContract, KeepsEveryByteAsItIs) {
 
 TEST_P(LogContract, OneThatCannotBeWrittenIsAFailure) {
   bench_->Block();
-  EXPECT_EQ(FailureNumber([&] { Append("x"); }), GetParam().blocked);
+  EXPECT_EQ(FailureNumber([&] { Append("x"); }), GetParam().failure);
 }
 
 TEST_P(LogContract, OneThatHasGrownIsSetAsideOverWhatWasThere) {
@@ -110,31 +93,25 @@ TEST_P(LogContract, OneThatIsNotThereIsNotSetAside) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Twins, LogContract,
-                         ::testing::Values(LogTwin{"System", Make<SystemLog>, kLogIsADirectory},
-                                           LogTwin{"Fake", Make<LogInMemory>, 75}),
-                         [](const auto& twin) { return std::string(twin.param.name); });
+                         ::testing::Values(TwinOf<LogBench, LogInAFile>("System", kLogIsADirectory),
+                                           TwinOf<LogBench, LogInMemory>("Fake", 75)),
+                         TwinName<LogBench>);
 
-class LogFileTest : public ::testing::Test {
- protected:
-  ScratchDirectory scratch_;
-  std::unique_ptr<LogFile> log_ = MakeLog();
-};
-
-TEST_F(LogFileTest, TakesALogOfAnEarlierDayUp) {
+TEST_F(OddFiles, TheLogTakesALogOfAnEarlierDayUp) {
   WriteFile("fiscal.log", "viejo\r\n");
-  log_->Append(kName, "uno\r\n");
+  log_.Append(kName, "uno\r\n");
   EXPECT_EQ(ReadFile("fiscal.log"), "viejo\r\nuno\r\n");
 }
 
-TEST_F(LogFileTest, MayBeDeletedBetweenTwoLines) {
-  log_->Append(kName, "uno");
+TEST_F(OddFiles, TheLogMayBeDeletedBetweenTwoLines) {
+  log_.Append(kName, "uno");
   std::filesystem::remove("fiscal.log");
-  log_->Append(kName, "dos");
+  log_.Append(kName, "dos");
   EXPECT_EQ(ReadFile("fiscal.log"), "dos");
 }
 
-TEST_F(LogFileTest, AMissingDirectoryIsAFailure) {
-  EXPECT_EQ(FailureNumber([&] { log_->Append(".\\no\\fiscal.log", "x"); }), 76);
+TEST_F(OddFiles, AMissingDirectoryOfTheLogIsAFailure) {
+  EXPECT_EQ(FailureNumber([&] { log_.Append(".\\no\\fiscal.log", "x"); }), 76);
 }
 
 }  // namespace

@@ -1,38 +1,54 @@
 #pragma once
 
-#include <memory>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
+#include "contract/shared/bench.hpp"
+#include "dialogs/host_operator.hpp"
 #include "fakes/fake_operator.hpp"
 #include "platform/seam/operator.hpp"
 
 namespace kestra {
 
 // An operator who can be told what to answer.
-class OperatorBench {
+class OperatorBench : public Bench {
  public:
-  OperatorBench() = default;
-  OperatorBench(const OperatorBench&) = delete;
-  OperatorBench& operator=(const OperatorBench&) = delete;
-  virtual ~OperatorBench() = default;
-
   virtual Operator& Get() = 0;
 
   // To the next dialog; nothing: from here on nobody is there to answer.
   virtual void Answers(std::optional<Answer> answer) = 0;
 };
 
-struct OperatorTwin {
-  const char* name;
-  std::unique_ptr<OperatorBench> (*make)();
+// Those that can be tried without a window.
+std::vector<Twin<OperatorBench>> OperatorTwins();
+
+// The fake.
+class FakeBench : public OperatorBench {
+ public:
+  Operator& Get() override { return operator_; }
+  void Answers(std::optional<Answer> answer) override {
+    operator_.Forget();
+    if (answer) operator_.Queue(*answer);
+  }
+
+ private:
+  Journal journal_;
+  Trouble trouble_;
+  FakeOperator operator_{journal_, trouble_};
 };
 
-// Those that can be tried without a window.
-std::vector<OperatorTwin> OperatorTwins();
+// A host's callbacks.
+class HostBench : public OperatorBench {
+ public:
+  HostBench();
+  Operator& Get() override { return host_; }
+  void Answers(std::optional<Answer> answer) override;
 
-// The host's callbacks, and the fake.
-std::unique_ptr<OperatorBench> MakeHostBench();
-std::unique_ptr<OperatorBench> MakeFakeBench();
+ private:
+  std::int32_t answer_ = 0;
+  FakeBench nobody_;
+  HostOperator host_{nobody_.Get()};
+};
 
 }  // namespace kestra

@@ -5,7 +5,7 @@
 namespace kestra {
 namespace {
 
-class OperatorContract : public ::testing::TestWithParam<OperatorTwin> {
+class OperatorContract : public ::testing::TestWithParam<Twin<OperatorBench>> {
  protected:
   std::int32_t Asked(std::int32_t style, std::optional<Answer> answer) {
     bench_->Answers(answer);
@@ -50,7 +50,7 @@ TEST_P(OperatorContract, WhereNobodyAnswersNothingIsRisked) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Twins, OperatorContract, ::testing::ValuesIn(OperatorTwins()),
-                         [](const auto& twin) { return std::string(twin.param.name); });
+                         TwinName<OperatorBench>);
 
 }  // namespace
 }  // namespace kestra

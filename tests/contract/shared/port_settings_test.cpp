@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/ansi.hpp"
-#include "contract/shared/failure_number.hpp"
+#include "fakes/failure_number.hpp"
 #include "platform/shared/ports.hpp"
 
 namespace kestra {
@@ -58,6 +58,15 @@ TEST(PortSettings, APortOpensTheDeviceOfItsNumber) {
 TEST(PortSettings, ANamedDeviceReplacesTheNumber) {
   EXPECT_EQ(WordsOfOpening({.CommPort = 1, .Settings = "9600,N,8,1", .device = "no-hay-tal"}),
             "No existe el dispositivo no-hay-tal");
+}
+
+TEST(PortSettings, AClosedPortSaysSo) {
+  for (const std::string device : {"impresora", "tcp:caja:4001"}) {
+    const auto port = MakePort({.CommPort = 1, .Settings = "9600,N,8,1", .device = device});
+    EXPECT_EQ(FailureNumber([&] { port->Output("x"); }), 8012);
+    EXPECT_EQ(FailureWords([&] { port->Input(); }),
+              "El dispositivo " + device + std::string(" no está abierto"_ansi));
+  }
 }
 
 TEST(PortSettings, TheFailureNamesWhatIsWrong) {

@@ -4,10 +4,11 @@
 #include <filesystem>
 #include <fstream>
 
+#include "contract/shared/bench.hpp"
 #include "contract/shared/profile_rows.hpp"
 #include "contract/shared/scratch.hpp"
-#include "contract/shared/twins.hpp"
 #include "fakes/fake_profile.hpp"
+#include "system.hpp"
 
 namespace kestra {
 namespace {
@@ -18,11 +19,11 @@ class ProfileTest : public ::testing::Test {
   ~ProfileTest() override { std::filesystem::remove(name_); }
 
   void Write(const std::string& text) { std::ofstream(name_, std::ios::binary) << text; }
-  std::string Value() { return profile_->Read("Epson_Fiscal", "CPI", ".\\" + name_); }
+  std::string Value() { return profile_.Read("Epson_Fiscal", "CPI", ".\\" + name_); }
 
   std::string name_ =
       std::string("Perfil") + ::testing::UnitTest::GetInstance()->current_test_info()->name();
-  std::unique_ptr<ProfileFile> profile_ = MakeProfile();
+  SystemProfile profile_;
 };
 
 std::string WithValue(const std::string& value) {
@@ -55,7 +56,7 @@ TEST_F(ProfileTest, IsFoundInAnotherCase) {
   const std::string name = name_;
   name_ = "PERFIL" + name_.substr(6);
   Write(WithValue("1"));
-  EXPECT_EQ(profile_->Read("Epson_Fiscal", "CPI", ".\\" + name), "1");
+  EXPECT_EQ(profile_.Read("Epson_Fiscal", "CPI", ".\\" + name), "1");
 }
 
 TEST_F(ProfileTest, IsReadAnewEachTime) {
@@ -67,7 +68,7 @@ TEST_F(ProfileTest, IsReadAnewEachTime) {
 
 TEST_F(ProfileTest, AMissingFileOrDirectoryIsEmpty) {
   EXPECT_EQ(Value(), "");
-  EXPECT_EQ(profile_->Read("Epson_Fiscal", "CPI", ".\\no\\hay\\Fiscal.ini"), "");
+  EXPECT_EQ(profile_.Read("Epson_Fiscal", "CPI", ".\\no\\hay\\Fiscal.ini"), "");
 }
 
 TEST_F(ProfileTest, ADirectoryOfThatNameIsEmpty) {
@@ -86,20 +87,15 @@ TEST_F(ProfileTest, NoiseHoldsNoSettings) {
 // ---- The system's twin and the fake one, key by key ----
 
 // Settings of one section, written key by key.
-class ProfileBench {
+class ProfileBench : public Bench {
  public:
-  ProfileBench() = default;
-  ProfileBench(const ProfileBench&) = delete;
-  ProfileBench& operator=(const ProfileBench&) = delete;
-  virtual ~ProfileBench() = default;
-
   virtual ProfileFile& Get() = 0;
   virtual void Put(const std::string& key, const std::string& value) = 0;
 };
 
-class SystemProfile : public ProfileBench {
+class ProfileInAFile : public ProfileBench {
  public:
-  ProfileFile& Get() override { return *profile_; }
+  ProfileFile& Get() override { return profile_; }
   void Put(const std::string& key, const std::string& value) override {
     text_ += key + "=" + value + "\r\n";
     WriteFile("Fiscal.ini", text_);
@@ -108,7 +104,7 @@ class SystemProfile : public ProfileBench {
  private:
   ScratchDirectory scratch_;
   std::string text_ = "[Epson_Fiscal]\r\n";
-  std::unique_ptr<ProfileFile> profile_ = MakeProfile();
+  SystemProfile profile_;
 };
 
 class ProfileInMemory : public ProfileBench {
@@ -121,17 +117,7 @@ class ProfileInMemory : public ProfileBench {
   FakeProfile profile_{trouble_};
 };
 
-struct ProfileTwin {
-  const char* name;
-  std::unique_ptr<ProfileBench> (*make)();
-};
-
-template <typename Bench>
-std::unique_ptr<ProfileBench> Make() {
-  return std::make_unique<Bench>();
-}
-
-class ProfileContract : public ::testing::TestWithParam<ProfileTwin> {
+class ProfileContract : public ::testing::TestWithParam<Twin<ProfileBench>> {
  protected:
   std::string Read(const char* section, const char* key, const char* file = ".\\Fiscal.ini") {
     return bench_->Get().Read(section, key, file);
@@ -180,9 +166,9 @@ TEST_P(ProfileContract, WhatIsNotThereIsEmpty) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Twins, ProfileContract,
-                         ::testing::Values(ProfileTwin{"System", Make<SystemProfile>},
-                                           ProfileTwin{"Fake", Make<ProfileInMemory>}),
-                         [](const auto& twin) { return std::string(twin.param.name); });
+                         ::testing::Values(TwinOf<ProfileBench, ProfileInAFile>("System"),
+                                           TwinOf<ProfileBench, ProfileInMemory>("Fake")),
+                         TwinName<ProfileBench>);
 
 }  // namespace
 }  // namespace kestra

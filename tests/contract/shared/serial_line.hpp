@@ -7,18 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "contract/shared/bench.hpp"
 #include "platform/seam/serial_port.hpp"
 
 namespace kestra {
 
 // A line with the test at its far end.
-class SerialLine {
+class SerialLine : public Bench {
  public:
-  SerialLine() = default;
-  SerialLine(const SerialLine&) = delete;
-  SerialLine& operator=(const SerialLine&) = delete;
-  virtual ~SerialLine() = default;
-
   // A closed port at the near end.
   virtual std::unique_ptr<SerialPort> MakePort() = 0;
 
@@ -35,14 +31,9 @@ class SerialLine {
   virtual void Unplug() = 0;
 };
 
-// A way to have such a line.
-struct SerialTwin {
-  const char* name;
-  std::unique_ptr<SerialLine> (*make)();
-  std::int32_t in_use = 8005;  // failure of opening what another program has
-};
-
-// The twins that this platform can try.
-std::vector<SerialTwin> SerialTwins();
+// The twins of this platform: a device and a network, whose failures of opening what another program has
+// differ; and those with the fake.
+std::vector<Twin<SerialLine>> SystemTwins();
+std::vector<Twin<SerialLine>> SerialTwins();
 
 }  // namespace kestra

@@ -1,12 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "contract/shared/failure_number.hpp"
+#include <string_view>
+
+#include "contract/shared/device_line.hpp"
+#include "contract/shared/processor_time.hpp"
 #include "contract/shared/serial_line.hpp"
+#include "fakes/failure_number.hpp"
 
 namespace kestra {
 namespace {
 
-class SerialPortContract : public ::testing::TestWithParam<SerialTwin> {
+class SerialPortContract : public ::testing::TestWithParam<Twin<SerialLine>> {
  protected:
   void Open() { port->PortOpen(true); }
 
@@ -98,15 +102,10 @@ TEST_P(SerialPortContract, WhatComesAfterDiscardingIsKept) {
   EXPECT_EQ(port->Input(), "nuevo");
 }
 
-TEST_P(SerialPortContract, ADeviceInUseIsRefused) {
+TEST_P(SerialPortContract, ADeviceInUseIsRefusedAndOpensWhenItIsGivenBack) {
   line->Occupy(true);
-  EXPECT_EQ(FailureNumber([&] { Open(); }), GetParam().in_use);
+  EXPECT_EQ(FailureNumber([&] { Open(); }), GetParam().failure);
   EXPECT_FALSE(port->PortOpen());
-}
-
-TEST_P(SerialPortContract, ADeviceGivenBackOpens) {
-  line->Occupy(true);
-  EXPECT_EQ(FailureNumber([&] { Open(); }), GetParam().in_use);
   line->Occupy(false);
   Open();
   EXPECT_TRUE(port->PortOpen());
@@ -167,17 +166,11 @@ TEST_P(SerialPortContract, ALineLostInMidExchangeFailsTheLook) {
   EXPECT_EQ(FailureNumber([&] { Count(1); }), 8020);
 }
 
-TEST_P(SerialPortContract, ALostLineFailsTheWrite) {
+TEST_P(SerialPortContract, ALostLineFailsTheWriteAndStillClosesAndDoesNotOpenAgain) {
   Open();
   line->Unplug();
   EXPECT_EQ(FailureNumber([&] { Count(1); }), 8020);
   EXPECT_EQ(FailureNumber([&] { port->Output("x"); }), 8020);
-}
-
-TEST_P(SerialPortContract, ALostLineStillClosesAndDoesNotOpenAgain) {
-  Open();
-  line->Unplug();
-  EXPECT_EQ(FailureNumber([&] { Count(1); }), 8020);
   port->PortOpen(false);
   EXPECT_FALSE(port->PortOpen());
   EXPECT_NE(FailureNumber([&] { Open(); }), 0);
@@ -185,7 +178,35 @@ TEST_P(SerialPortContract, ALostLineStillClosesAndDoesNotOpenAgain) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Twins, SerialPortContract, ::testing::ValuesIn(SerialTwins()),
-                         [](const auto& twin) { return std::string(twin.param.name); });
+                         TwinName<SerialLine>);
+
+// ---- What costs time that passes ----
+
+class SystemPortContract : public SerialPortContract {
+ protected:
+  void ExpectCheapWaiting() {
+    const bool device = std::string_view(GetParam().name) == "System";
+    const WaitLimits limits = device ? kWaitLimits : WaitLimits{30, 30.0};
+    const Watch watch(*port);
+    EXPECT_LE(watch.looks, limits.looks);
+    EXPECT_LT(watch.cost, limits.processor);
+  }
+};
+
+TEST_P(SystemPortContract, WaitingForASilentPrinterCostsNoProcessor) {
+  Open();
+  ExpectCheapWaiting();
+}
+
+TEST_P(SystemPortContract, WaitingWithThreeBytesThereCostsNoProcessorEither) {
+  OpenAndDiscard();
+  line->Send("\x12\x12\x12");
+  ExpectCheapWaiting();
+  EXPECT_EQ(port->Waiting(), "\x12\x12\x12");
+}
+
+INSTANTIATE_TEST_SUITE_P(Twins, SystemPortContract, ::testing::ValuesIn(SystemTwins()),
+                         TwinName<SerialLine>);
 
 }  // namespace
 }  // namespace kestra

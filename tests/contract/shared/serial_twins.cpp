@@ -40,12 +40,15 @@ class FakeTwin : public SerialLine {
 
 }  // namespace
 
-std::vector<SerialTwin> SerialTwins() {
-  return {{.name = "System", .make = [] { return std::unique_ptr<SerialLine>(MakeDeviceLine()); }},
-          {.name = "Tcp",
-           .make = [] { return std::unique_ptr<SerialLine>(new TcpLine()); },
-           .in_use = 8015},
-          {.name = "Fake", .make = [] { return std::unique_ptr<SerialLine>(new FakeTwin()); }}};
+std::vector<Twin<SerialLine>> SystemTwins() {
+  return {{"System", [] { return std::unique_ptr<SerialLine>(MakeDeviceLine()); }, 8005},
+          TwinOf<SerialLine, TcpLine>("Tcp", 8015)};
+}
+
+std::vector<Twin<SerialLine>> SerialTwins() {
+  auto twins = SystemTwins();
+  twins.push_back(TwinOf<SerialLine, FakeTwin>("Fake", 8005));
+  return twins;
 }
 
 }  // namespace kestra

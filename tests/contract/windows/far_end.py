@@ -33,7 +33,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "programs")
 import run_program  # noqa: E402
 
 FIRST_PORT, LAST_PORT = 20, 256  # Wine itself deals out the low ones
-PATIENCE = 2.0  # seconds; only a failing test waits that long
+PATIENCE = 60.0  # seconds; only a failing test waits that long
 ACTIONS = {b"N": "new", b"T": "new", b"S": "send", b"R": "receive", b"O": "occupy", b"F": "free",
            b"U": "unplug", b"H": "hang_up", b"X": "reset", b"G": "neglect"}
 

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "platform/windows/line_settings.hpp"
 #include "platform/windows/serial_port.hpp"
 
 namespace kestra {

@@ -3,27 +3,13 @@
 
 #include <string>
 
-#include "contract/shared/failure_number.hpp"
-#include "contract/shared/scratch.hpp"
-#include "platform/windows/files.hpp"
+#include "contract/shared/odd_files.hpp"
 #include "platform/windows/handle.hpp"
 
 namespace kestra {
 namespace {
 
 constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE;
-
-class OddFiles : public ::testing::Test {
- protected:
-  std::int32_t LogFailure() {
-    return FailureNumber([&] { log_.Append(".\\fiscal.log", "una\r\n"); });
-  }
-  std::string Setting() { return profile_.Read("S", "K", ".\\Fiscal.ini"); }
-
-  ScratchDirectory scratch_;
-  WindowsLog log_;
-  WindowsProfile profile_;
-};
 
 // Two tills in one directory: the other one has the log open for its own line.
 TEST_F(OddFiles, ALogThatAnotherHostIsWritingTakesTheLine) {
@@ -37,6 +23,21 @@ TEST_F(OddFiles, ALogThatAnotherHostIsWritingTakesTheLine) {
   EXPECT_EQ(ReadFile("fiscal.log"), "una\r\notra\r\nuna\r\n");
 }
 
+TEST_F(OddFiles, ALogThatAnotherReadsTakesTheLine) {
+  WriteFile("fiscal.log", "vieja\r\n");
+  const Handle reader(
+      ::CreateFileA("fiscal.log", GENERIC_READ, kShared, nullptr, OPEN_EXISTING, 0, nullptr));
+  ASSERT_TRUE(static_cast<bool>(reader));
+  EXPECT_EQ(LogFailure(), 0);
+  EXPECT_EQ(ReadFile("fiscal.log"), "vieja\r\nuna\r\n");
+}
+
+TEST_F(OddFiles, ALogThatAnotherHasForItselfIsAFailure) {
+  const Handle other(
+      ::CreateFileA("fiscal.log", GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+  EXPECT_EQ(LogFailure(), 70);
+}
+
 TEST_F(OddFiles, SettingsThatAnotherHasForItselfAreNone) {
   WriteFile("Fiscal.ini", "[S]\r\nK=12\r\n");
   const Handle other(
@@ -47,8 +48,8 @@ TEST_F(OddFiles, SettingsThatAnotherHasForItselfAreNone) {
 
 TEST_F(OddFiles, SettingsThatAnotherIsWritingAreReadAsTheyAre) {
   WriteFile("Fiscal.ini", "[S]\r\nK=12\r\n");
-  const Handle other(
-      ::CreateFileA("Fiscal.ini", GENERIC_WRITE, kShared, nullptr, OPEN_EXISTING, 0, nullptr));
+  const Handle other(::CreateFileA("Fiscal.ini", GENERIC_READ | GENERIC_WRITE, kShared, nullptr,
+                                   OPEN_EXISTING, 0, nullptr));
   ASSERT_TRUE(static_cast<bool>(other));
   EXPECT_EQ(Setting(), "12");
 }

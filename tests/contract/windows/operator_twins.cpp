@@ -3,8 +3,8 @@
 namespace kestra {
 
 // The system's own boxes need somebody who presses their buttons: tests/contract/windows/dialogs.
-std::vector<OperatorTwin> OperatorTwins() {
-  return {{"Host", MakeHostBench}, {"Fake", MakeFakeBench}};
+std::vector<Twin<OperatorBench>> OperatorTwins() {
+  return {TwinOf<OperatorBench, HostBench>("Host"), TwinOf<OperatorBench, FakeBench>("Fake")};
 }
 
 }  // namespace kestra

@@ -98,55 +98,35 @@ class Doubt(Guide):
         self.assertNotIn("documento abierto", read(self.path("traza.txt")).splitlines()[-1])
 
 
-class TheAnswerIsLost(Doubt):
-    rule = "en la 1ra respuesta de E: callar"
-
-    def test_the_ticket_is_known_all_the_same(self):
-        self.issue("TIQUE\n")
-
-
-class TheCommandIsLost(Doubt):
-    rule = "en el 1er comando de E: perder"
-
-    def test_the_ticket_is_closed_again(self):
-        self.issue("TIQUE\n")
-
-
-class TheAnswerToAnInvoiceIsLost(Doubt):
-    family = "TF"
-    rule = "en la 1ra respuesta de e: callar"
-
-    def test_its_own_counter_is_looked_at(self):
-        self.issue("TIQUE FACTURA")
+# What befalls the closing, the rule that makes it so, and the document that there is all the same.
+ISSUED = (
+    ("TheAnswerIsLost", "TQ", "en la 1ra respuesta de E: callar", "TIQUE\n"),
+    ("TheCommandIsLost", "TQ", "en el 1er comando de E: perder", "TIQUE\n"),
+    ("TheAnswerToAnInvoiceIsLost", "TF", "en la 1ra respuesta de e: callar", "TIQUE FACTURA"),
+    ("TheBatteryIsLow", "TQ", "comando 1 de *: bateria_baja", "TIQUE\n"),
+    ("TheBatteryFallsBeforeTheClosing", "TQ", "comando 1 de E: bateria_baja", "TIQUE\n"),
+    ("TheBatteryIsLowAndTheAnswerIsLost", "TF",
+     "comando 1 de e: bateria_baja\nrespuesta 1 de e: callar", "TIQUE FACTURA"),
+    ("TheDayEndsBeforeTheClosing", "TQ", 'comando 1 de E: reloj = "2099-01-01 00:00:00"', "TIQUE\n"),
+)
+# And what keeps the example from issuing any, with its words.
+NOT_ISSUED = (
+    ("ThePrinterFailsAtTheItem",
+     "comando 1 de B: falla_de_impresora\ncomando de D: falla_de_impresora = no", "no se pudo emitir"),
+    ("ThePrinterIsSilent", "cada respuesta de *: callar", "no informa su numeración"),
+)
 
 
-class TheBatteryIsLow(Doubt):
-    rule = "comando 1 de *: bateria_baja"
-
-    def test_every_call_says_failure_and_the_ticket_is_issued(self):
-        self.issue("TIQUE\n")
-
-
-class TheBatteryFallsBeforeTheClosing(Doubt):
-    rule = "comando 1 de E: bateria_baja"
-
-    def test_the_ticket_was_closed(self):
-        self.issue("TIQUE\n")
+def story(name, family, rule, test):
+    """A class of one test."""
+    globals()[name] = type(name, (Doubt,), {"family": family, "rule": rule, "test_the_shop_knows": test,
+                                            "__module__": __name__})
 
 
-class TheBatteryIsLowAndTheAnswerIsLost(Doubt):
-    family = "TF"
-    rule = "comando 1 de e: bateria_baja\nrespuesta 1 de e: callar"
-
-    def test_the_counter_is_looked_for_in_the_log(self):
-        self.issue("TIQUE FACTURA")
-
-
-class TheDayEndsBeforeTheClosing(Doubt):
-    rule = 'comando 1 de E: reloj = "2099-01-01 00:00:00"'
-
-    def test_the_ticket_was_closed(self):
-        self.issue("TIQUE\n")
+for row_name, row_family, row_rule, row_title in ISSUED:
+    story(row_name, row_family, row_rule, lambda self, title=row_title: self.issue(title))
+for row_name, row_rule, row_words in NOT_ISSUED:
+    story(row_name, "TQ", row_rule, lambda self, words=row_words: self.issue_nothing(words))
 
 
 class TheDayIsOver(Doubt):
@@ -158,20 +138,6 @@ class TheDayIsOver(Doubt):
         self.assertIn("no se pudo emitir", refused)
         self.assertRegex(self.run_example("cierre_z.py"), r"^Z 0\n")
         self.assertEqual(self.run_example("cierre_seguro.py"), "Comprobante 00000002\n")
-
-
-class ThePrinterFailsAtTheItem(Doubt):
-    rule = "comando 1 de B: falla_de_impresora\ncomando de D: falla_de_impresora = no"
-
-    def test_the_ticket_is_not_issued(self):
-        self.issue_nothing("no se pudo emitir")
-
-
-class ThePrinterIsSilent(Doubt):
-    rule = "cada respuesta de *: callar"
-
-    def test_nothing_is_opened(self):
-        self.issue_nothing("no informa su numeración")
 
 
 del Guide, Doubt  # what they share is no test

@@ -6,41 +6,7 @@ import unittest
 
 from shop import ENV, SHARED, Shop, read
 
-PAPER = """\
-           SIN VALIDEZ FISCAL
-        COMERCIO DE PRUEBA S.A.
-       C.U.I.T. Nº 30-00000000-7
-       IVA RESPONSABLE INSCRIPTO
-========================================
-                 TIQUE
-P.V. Nº 0001                 Nº 00000001
-Fecha DD/MM/AAAA           Hora HH:MM:SS
-----------------------------------------
-A CONSUMIDOR FINAL
-----------------------------------------
-CANT. x PRECIO UNIT. (% IVA)
-DESCRIPCIÓN                      IMPORTE
-----------------------------------------
-Tostado natural
-2 x 1.500,00 (21,00)
-Cafe molido 500 g               3.000,00
-Con palo
-1 x 890,50 (21,00)
-Yerba mate 1 kg                   890,50
-Promo de la semana
-3 x 120,25 (21,00)
-Alfajor de maicena                360,75
-Descuento socio                  -100,00
-----------------------------------------
-T O T A L                     $ 4.151,25
-
-RECIBI(MOS)
-Efectivo                        5.000,00
-Su vuelto                         848,75
-========================================
-TM-U220AF                       HH:MM:SS
-           SIN VALIDEZ FISCAL
-"""
+PAPER = read(os.path.join(SHARED, "tique.txt"))
 
 TICKET = """
 assert lib.EP_Init() == 1

@@ -14,13 +14,13 @@ SHARED = os.path.dirname(os.path.abspath(__file__))
 WAIT = 600.0  # seconds until a test gives up on something that should happen at once
 
 
-def until(condition, what):
-    """Waits for something that another process is about to do."""
+def until(condition, what, look=0.01):
+    """Waits for something that another process is about to do; looks so many seconds after each look."""
     deadline = time.monotonic() + WAIT
     while not condition():
         if time.monotonic() > deadline:
             raise AssertionError("still waiting for " + what)
-        time.sleep(0.01)
+        time.sleep(look)
 
 
 def read(path):

@@ -58,6 +58,7 @@ class FaultsAreNoticed(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.path = pathlib.Path(folder.name) / "spoilt.golden"
         self.world = World(os.environ["KESTRA_LIVE_HOST"], os.environ.get("KESTRA_WINE", ""))
+        self.addCleanup(self.world.close)
 
     def faults(self, text):
         self.path.write_text(text, encoding="utf-8")
@@ -65,6 +66,16 @@ class FaultsAreNoticed(unittest.TestCase):
 
     def test_a_good_case_has_no_faults(self):
         self.assertEqual(self.faults(GOOD), [])
+
+    def test_a_host_plays_on_where_the_library_goes_with_its_case(self):
+        for played in (1, 2):
+            self.assertEqual(self.faults(GOOD), [])
+            self.assertEqual([host.cases for host in self.world.idle], [played] if self.world.wine else [])
+
+    def test_a_library_that_stays_is_reported_and_its_host_plays_no_more(self):
+        stays = ["the library does not go when it is left: ['stays']"]
+        self.assertEqual(self.faults(GOOD + "keep\n"), stays if self.world.wine else [])
+        self.assertFalse(self.world.idle)
 
     def test_each_spoilt_case_is_reported(self):
         for old, new, fault in SPOILT:

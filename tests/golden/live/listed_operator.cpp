@@ -1,5 +1,6 @@
 #include "golden/live/listed_operator.hpp"
 
+#include "exports/exports.hpp"
 #include "kestra/kestra.h"
 
 namespace kestra::live {
@@ -32,6 +33,10 @@ void KESTRA_CALL MemoryFull(void* context) {
   PersonOf(context).MemoryFull();
 }
 
+void TakePlace(const KestraOperador* record) {
+  exports::Call(exports::Find("Kestra_DefinirOperador"), {exports::Value{.pointer = record}});
+}
+
 }  // namespace
 
 ListedOperator::ListedOperator() {
@@ -40,11 +45,11 @@ ListedOperator::ListedOperator() {
                               .mensaje = &Message,
                               .informe_estados = &StatusReport,
                               .memoria_llena = &MemoryFull};
-  Kestra_DefinirOperador(&record);
+  TakePlace(&record);
 }
 
 ListedOperator::~ListedOperator() {
-  Kestra_DefinirOperador(nullptr);
+  TakePlace(nullptr);
 }
 
 }  // namespace kestra::live

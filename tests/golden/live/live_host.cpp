@@ -1,13 +1,16 @@
 // A host that does what it is told: it hears the lines of a case from the test that started it, and says what
-// came of each, ended by a line with a full stop. Its argument is the setting of the line's device. Besides
-// the inputs of a case it knows
+// came of each, ended by a line with a full stop. Besides the inputs of a case it knows
 //
+//   begin FOLDER [SETTING]    a case, in that folder; the setting is that of the line's device
+//   end         of the case: says whether the library is gone, so that the next begins with a fresh one
+//   keep        does what keeps the library, where it can go
 //   wire HEX    shows bytes that were found on the line
 //   log HEX     shows a line that was found in the log
 //   leftover    complains about answers that nobody asked for
 #include <array>
 #include <charconv>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <stdexcept>
@@ -16,6 +19,7 @@
 #include <vector>
 
 #include "golden/exports.hpp"
+#include "golden/live/library.hpp"
 #include "golden/live/listed_operator.hpp"
 #include "golden/live/settings_file.hpp"
 #include "golden/transcript.hpp"
@@ -91,12 +95,14 @@ class Talk {
   std::string heard_, said_;
 };
 
+// A case, and who plays it.
 class Host {
  public:
-  explicit Host(Talk& talk) : talk_(talk) {}
+  Host(Talk& talk, std::string_view setting) : talk_(talk) {
+    if (!setting.empty()) settings_.Lend(setting);
+  }
 
   void Run(std::string_view line);
-  SettingsFile& Settings() { return settings_; }
 
  private:
   struct Input {
@@ -171,13 +177,33 @@ void Host::Leftover(std::string_view) {
   }
 }
 
-void HearAndDo(int argc, char** argv) {
+void Begin(std::string_view rest, Talk& talk, std::optional<Host>& host) {
+  std::filesystem::current_path(TakeWord(rest));
+  LoadLibraryUnderTest();
+  host.emplace(talk, rest);
+}
+
+void End(Talk& talk, std::optional<Host>& host) {
+  host.reset();
+  talk.Say(OutputLine(LeaveLibraryUnderTest() ? "gone" : "stays"));
+}
+
+void Run(std::string_view line, Talk& talk, std::optional<Host>& host) {
+  std::string_view rest = line;
+  const std::string_view name = TakeWord(rest);
+  if (name == "begin") return Begin(rest, talk, host);
+  if (!host) throw std::invalid_argument("no case has begun");
+  if (name == "end") return End(talk, host);
+  if (name == "keep") return LoadLibraryUnderTest();
+  host->Run(line);
+}
+
+void HearAndDo() {
   Talk talk;
-  Host host(talk);
-  if (argc > 1) host.Settings().Lend(argv[1]);
+  std::optional<Host> host;
   while (const auto line = talk.Hear()) {
     try {
-      host.Run(*line);
+      Run(*line, talk, host);
     } catch (const std::exception& fault) {
       talk.Say(OutputLine("bad input: " + std::string(fault.what())));
     }
@@ -188,10 +214,10 @@ void HearAndDo(int argc, char** argv) {
 }  // namespace
 }  // namespace kestra::live
 
-int main(int argc, char** argv) {
+int main() {
   try {
     if (talk_begin() == 0) throw std::runtime_error("nobody to talk to: KESTRA_TALK names no port");
-    kestra::live::HearAndDo(argc, argv);
+    kestra::live::HearAndDo();
     return 0;
   } catch (const std::exception& fault) {
     std::cerr << fault.what() << std::endl;

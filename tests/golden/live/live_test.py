@@ -77,6 +77,8 @@ def main(arguments):
         to_play = [case for case in to_play if case.name in names]
     start = time.monotonic()
     faults = play_all(to_play, world)
+    if (ends := world.close()):
+        faults["at the end"] = ends
     report(cases, to_play, left_out, faults, time.monotonic() - start)
     enough = len(to_play) == len(names) if names else len(to_play) >= FEWEST
     if not enough:

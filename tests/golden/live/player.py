@@ -1,4 +1,5 @@
-"""Plays a case: a host of its own on one end of a line, a printer on the other."""
+"""Plays a case: a host on one end of a line, a printer on the other."""
+import collections
 import os
 import pathlib
 import re
@@ -12,6 +13,7 @@ import programs
 from case import by_kind
 from printer import FINE, Printer
 
+MOST_CASES = 25  # of a host
 FIRST_PORT, LAST_PORT = 20, 256  # Wine itself deals out the low ones
 
 # The log's date and time: as the system's user has them, there; in one form here and in the cases.
@@ -27,12 +29,19 @@ class Ended(Exception):
     pass
 
 
+def end(host):
+    """Ends it by itself; its result."""
+    host.call.shutdown(socket.SHUT_WR)
+    return host.wait(programs.PATIENCE)
+
+
 class World:
     """What the cases of one run have in common: the host's program, and how it is started."""
 
     def __init__(self, program, wine=""):
         self.program, self.wine = program, wine
         self.patience = {}  # {line: seconds} for those that are known to hang
+        self.idle = collections.deque()  # hosts
         self.environment = {**os.environ, "LC_ALL": "C.UTF-8" if wine else "C"}
 
     def new_line(self, folder):
@@ -51,11 +60,34 @@ class World:
                 pass
         raise OSError("no COM port is free")
 
-    def start(self, folder, settings):
-        command = [self.program, *settings]
+    def take_host(self, folder):
+        """One that has played a case and left the library, or a new one: the library begins afresh in either,
+        and under Wine a new program costs more than a case."""
+        try:
+            return self.idle.pop()
+        except IndexError:
+            return self.start(folder)
+
+    def start(self, folder):
         if self.wine:
-            return programs.Program(command, folder, self.environment, talk=True)
-        return programs.Native(command, folder, self.environment)
+            host = programs.Program([self.program], folder, self.environment, talk=True)
+        else:
+            host = programs.Native([self.program], folder, self.environment)
+        host.cases = 0
+        return host
+
+    def give_back(self, host):
+        """After a case without faults that left no library behind."""
+        host.cases += 1
+        if host.cases < MOST_CASES:
+            self.idle.append(host)
+            return True
+        return False
+
+    def close(self):
+        """What the hosts that are left ended with, if it is not 0."""
+        codes = [end(self.idle.pop()) for _ in list(self.idle)]
+        return [f"a host ended with {code}" for code in codes if code != 0]
 
 
 class Player:
@@ -63,9 +95,10 @@ class Player:
         self.world, self.folder, self.printer = world, folder, printer
         self.log, self.log_read = folder / "fiscal.log", 0
         self.heard = b""
-        self.host = world.start(folder, settings)
+        self.host = world.take_host(folder)
         if self.host.call is None:
             raise Ended(self.last_words())
+        self.begin = " ".join(["begin", str(folder), *settings])
 
     # -- The host --
 
@@ -100,11 +133,20 @@ class Player:
         return f"the host has ended by itself with {code}: {words}{self.host.wines_words()}"
 
     def stop(self):
-        """Ends the host: by itself."""
-        self.host.call.shutdown(socket.SHUT_WR)
-        return self.host.wait(programs.PATIENCE)
+        """Ends the case: the faults of that."""
+        said = self.tell("end")
+        if self.world.wine and said != ["gone"]:
+            return [f"the library does not go when it is left: {said}"]
+        if self.world.wine and self.world.give_back(self.host):
+            self.host = None
+            return []
+        code = end(self.host)
+        return [] if code == 0 else [f"the host ended with {code}"]
 
     def kill(self):
+        """Unless it was given back."""
+        if self.host is None:
+            return
         self.host.kill()
         self.host.wait()
         self.host.call.close()
@@ -185,12 +227,11 @@ def differences(step, lines):
 
 
 def play_inputs(case, player):
-    faults = []
+    faults = player.tell(player.begin)
     for step in case.inputs:
         faults += differences(step, player.play(step))
     faults += player.leftovers()
-    code = player.stop()
-    return faults + ([] if code == 0 else [f"the host ended with {code}"])
+    return faults or player.stop()
 
 
 def play_on(case, world, folder, setting, printer):

@@ -8,8 +8,9 @@
 #include "hostile/posix/call.hpp"
 #include "hostile/posix/printer.hpp"
 #include "hostile/posix/shop.hpp"
-#include "hostile/posix/stories.hpp"
-#include "hostile/posix/values.hpp"
+#include "hostile/shared/values.hpp"
+#include "kestra/kestra.h"
+#include "programs/stories.hpp"
 
 namespace kestra::hostile {
 namespace {
@@ -53,7 +54,7 @@ class Assault {
   bool traps_;
   int calls_ = 0;
   std::vector<LonePage> pages_{exports::kMostParameters};
-  Places places_;
+  Places places_{reinterpret_cast<const void*>(&EP_Init)};
 };
 
 Values Assault::SaneValues(const std::vector<Argument>& parameters) {
@@ -145,15 +146,15 @@ void Play(bool with_printer, bool traps) {
 
 }  // namespace
 
-void ArgumentsWithAPrinter() {
+STORY(arguments_with_a_printer) {
   Play(true, false);
 }
 
-void ArgumentsWithoutAPrinter() {
+STORY(arguments_without_a_printer) {
   Play(false, false);
 }
 
-void ArgumentsWithTraps() {
+STORY(arguments_with_traps) {
   Play(false, true);
   Play(true, true);
 }

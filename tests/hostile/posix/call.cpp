@@ -6,7 +6,7 @@
 #include <string>
 
 #include "hostile/posix/shop.hpp"
-#include "hostile/posix/values.hpp"
+#include "hostile/shared/values.hpp"
 
 namespace kestra::hostile {
 namespace {

@@ -18,8 +18,8 @@
 #include "hostile/posix/call.hpp"
 #include "hostile/posix/printer.hpp"
 #include "hostile/posix/shop.hpp"
-#include "hostile/posix/stories.hpp"
 #include "kestra/kestra.h"
+#include "programs/stories.hpp"
 
 namespace kestra::hostile {
 namespace {
@@ -128,7 +128,7 @@ void WorkWithout(std::vector<int> streams, Line line, bool prints) {
 
 // A host without standard streams has some of the descriptors 0 to 2 free. What is written to them, by
 // itself or by the library's notes to nobody, must not go down the printer's line.
-void StandardStreamsClosed() {
+STORY(standard_streams_closed) {
   const std::vector<std::vector<int>> streams{{0}, {1}, {2}, {0, 1}, {0, 2}, {1, 2}, {0, 1, 2}};
   for (const auto& closed : streams) {
     for (const Line line : {Line::kTerminal, Line::kNetwork}) {
@@ -138,7 +138,7 @@ void StandardStreamsClosed() {
   }
 }
 
-void SignalsAllTheTime() {
+STORY(signals_all_the_time) {
   Printer printer;
   const Shop shop(printer.Device(), kTalkative);
   struct sigaction action = {};
@@ -149,7 +149,7 @@ void SignalsAllTheTime() {
   Expect(printer.Strays() == 0, "bytes that are no frames came to the printer");
 }
 
-void SmallStacks() {
+STORY(small_stacks) {
   constexpr std::size_t size = std::size_t{128} * 1024;
   Printer printer;
   const Shop shop(printer.Device(), kTalkative);
@@ -161,7 +161,7 @@ void SmallStacks() {
   ::pthread_join(thread, nullptr);
 }
 
-void NoDescriptorsLeft() {
+STORY(no_descriptors_left) {
   Printer printer;
   const Shop shop(printer.Device(), kTalkative);
   Expect(SaneCall(Find("EP_Init")) == 1, "the start");
@@ -176,7 +176,7 @@ void NoDescriptorsLeft() {
   Find("EP_Kill").call({});
 }
 
-void NoCurrentDirectory() {
+STORY(no_current_directory) {
   Printer printer;
   const Shop shop(printer.Device(), kTalkative);
   std::filesystem::remove_all(shop.Folder());

@@ -2,7 +2,6 @@
 
 #include <stdlib.h>
 
-#include <cstdio>
 #include <fstream>
 
 #include "golden/base_configuration.hpp"
@@ -10,9 +9,6 @@
 
 namespace kestra::hostile {
 namespace {
-
-int shown = 0;
-int failures = 0;
 
 constexpr std::int32_t kOk = 1;
 constexpr std::int32_t kYes = 6;
@@ -22,20 +18,16 @@ constexpr std::int32_t kStyleRetry = 4;
 
 std::int32_t KESTRA_CALL Answer(void* /*context*/, const char* /*text*/, const char* /*title*/,
                                 std::int32_t style) {
-  ++shown;
   if (style == kStyleOk) return kOk;
   return style == kStyleRetry ? kNo : kYes;
 }
 
 std::int32_t KESTRA_CALL Report(void* /*context*/, const char* /*printer*/, const char* /*fiscal*/,
                                 const KestraFila* /*rows*/, std::int32_t /*count*/) {
-  ++shown;
   return 0;
 }
 
-void KESTRA_CALL MemoryFull(void* /*context*/) {
-  ++shown;
-}
+void KESTRA_CALL MemoryFull(void* /*context*/) {}
 
 }  // namespace
 
@@ -61,23 +53,6 @@ Shop::~Shop() {
 void TakeTheOperatorsPlace() {
   static const KestraOperador record{sizeof record, nullptr, Answer, Report, MemoryFull};
   Kestra_DefinirOperador(&record);
-}
-
-int Shown() {
-  return shown;
-}
-
-void Fail(const std::string& what) {
-  ++failures;
-  std::printf("failed: %s\n", what.c_str());
-}
-
-int Failures() {
-  return failures;
-}
-
-void Expect(bool held, const std::string& what) {
-  if (!held) Fail(what);
 }
 
 }  // namespace kestra::hostile

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string>
 
+#include "programs/stories.hpp"
+
 namespace kestra::hostile {
 
 // A folder of its own with a Fiscal.ini, which becomes the current one, and an operator who says yes,
@@ -24,11 +26,5 @@ class Shop {
 };
 
 void TakeTheOperatorsPlace();
-int Shown();  // boxes, to that operator
-
-// What went wrong, so far; each is written down as it comes.
-void Fail(const std::string& what);
-int Failures();
-void Expect(bool held, const std::string& what);
 
 }  // namespace kestra::hostile

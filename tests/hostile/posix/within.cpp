@@ -1,4 +1,4 @@
-#include "hostile/posix/stories.hpp"
+#include "programs/stories.hpp"
 
 #include <fenv.h>
 
@@ -134,7 +134,7 @@ std::vector<std::string> WithoutNumbers(std::vector<std::string> texts) {
 
 }  // namespace
 
-void CallsFromWithin() {
+STORY(calls_from_within) {
   for (const Way& way : kWays) {
     const auto quiet = WithoutNumbers(Play(way, false));
     const auto noisy = WithoutNumbers(Play(way, true));

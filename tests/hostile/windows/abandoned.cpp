@@ -9,7 +9,7 @@
 #include <string>
 
 #include "library.hpp"
-#include "stories.hpp"
+#include "programs/stories.hpp"
 
 namespace armour {
 namespace {
@@ -93,7 +93,7 @@ void CallByCall(const Way& way, const char* name) {
 }  // namespace
 
 // The settings show every answer, while the port is open, and have a bad key, while the classes are registered.
-void AbandonedCalls() {
+STORY(abandoned) {
   LoadLibraryUnderTest();
   for (const Way& way : kWays) {
     TakeTheOperatorsPlace();

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "library.hpp"
-#include "stories.hpp"
+#include "programs/stories.hpp"
 
 namespace armour {
 namespace {
@@ -61,7 +61,7 @@ Seen Play(const Habit& habit, bool spoil) {
 
 }  // namespace
 
-void Callbacks() {
+STORY(callbacks) {
   constexpr std::uint16_t kAllMasked = 0x3F;
   constexpr std::uint32_t kVectorMasks = 0x1F80;
   LoadLibraryUnderTest();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -11,8 +12,7 @@
 #include <vector>
 
 #include "library.hpp"
-#include "memory.hpp"
-#include "stories.hpp"
+#include "programs/stories.hpp"
 
 namespace armour {
 namespace {
@@ -70,14 +70,6 @@ constexpr std::array kRefused = {
 
 enum class World { kPrinter, kNoPrinter, kNoSettings };
 
-std::uint64_t BitsOf(const std::string& number) {
-  const double value = std::stod(number);
-  std::uint64_t bits = 0;
-  static_assert(sizeof bits == sizeof value);
-  std::copy_n(reinterpret_cast<const char*>(&value), sizeof bits, reinterpret_cast<char*>(&bits));
-  return bits;
-}
-
 // The step's call, with each text and each result on a page of its own.
 class Call {
  public:
@@ -103,7 +95,7 @@ class Call {
     if (argument.kind == Kind::kInteger) {
       words_.Integer(std::stoi(argument.words));
     } else if (argument.kind == Kind::kAmount) {
-      words_.Number(BitsOf(argument.words));
+      words_.Number(std::bit_cast<std::uint64_t>(std::stod(argument.words)));
     } else {
       words_.Address(Place(argument));
     }
@@ -113,7 +105,7 @@ class Call {
     constexpr std::size_t kSizeOfAClass = 16;
     LonePage& page = pages_[used_];
     results_[used_] = argument.kind == Kind::kResult;
-    if (results_[used_++]) return page.RoomAtFront(argument.size);
+    if (results_[used_++]) return page.RoomAt(0, argument.size);
     if (argument.kind == Kind::kClass) return page.AtEnd(std::string(kSizeOfAClass, '\x77'));
     return page.AtEnd(argument.words);
   }
@@ -218,7 +210,7 @@ bool IsCalledByDay(std::string_view name) {
 
 }  // namespace
 
-void EveryExportIsInTheTable() {
+STORY(table) {
   LoadLibraryUnderTest();
   const auto names = NamesInFile();
   Expect(names.size() == Exports().size(), "table", "the file exports another count");
@@ -231,15 +223,15 @@ void EveryExportIsInTheTable() {
   }
 }
 
-void ADayWithAPrinter() {
+STORY(day_with_a_printer) {
   PlayDays(World::kPrinter);
 }
 
-void ADayWithoutAPrinter() {
+STORY(day_without_a_printer) {
   PlayDays(World::kNoPrinter);
 }
 
-void ADayWithoutSettings() {
+STORY(day_without_settings) {
   PlayDays(World::kNoSettings);
 }
 

@@ -37,15 +37,6 @@ struct Vector {
   std::uint64_t low = 0, high = 0;
 };
 
-// What the processor holds around the call.
-struct Machine {
-  std::uintptr_t stack = 0;
-  std::array<std::uintptr_t, kKeptRegisters> registers{};
-  std::uintptr_t flags = 0;
-  FloatingPoint floating;
-  std::array<Vector, kKeptVectors + 1> vectors{};
-};
-
 }  // namespace armour
 
 extern "C" {

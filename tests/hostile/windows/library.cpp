@@ -3,6 +3,7 @@
 #include <kestra/kestra.h>
 #include <windows.h>
 
+#include <bit>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -84,6 +85,22 @@ Words& Words::Address(const void* value) {
 
 Target Words::For(std::string_view name) const {
   return {name, AddressOf(name), words_};
+}
+
+Target Words::Of(const Export& exported, const kestra::exports::Values& values) {
+  Words words;
+  const auto* value = values.data();
+  for (const Parameter& parameter : exported.Parameters()) {
+    if (parameter.kind == Kind::kAmount) {
+      words.Number(std::bit_cast<std::uint64_t>(value->number));
+    } else if (parameter.kind == Kind::kInteger) {
+      words.Integer(value->integer);
+    } else {
+      words.Address(value->pointer);
+    }
+    ++value;
+  }
+  return words.For(exported.name);
 }
 
 void TakeTheOperatorsPlace() {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "exports/exports.hpp"
+#include "hostile/shared/lone_page.hpp"
 #include "watch.hpp"
 
 namespace armour {
@@ -16,6 +17,7 @@ using kestra::exports::Find;
 using kestra::exports::Kind;
 using kestra::exports::Nature;
 using kestra::exports::Parameter;
+using kestra::hostile::LonePage;
 
 // Every name that the loaded file itself exports.
 std::vector<std::string_view> NamesInFile();
@@ -31,6 +33,8 @@ class Words {
   Words& Number(std::uint64_t bits);
   Words& Address(const void* value);
   [[nodiscard]] Target For(std::string_view name) const;
+  // The call of an export with those values.
+  static Target Of(const Export& exported, const kestra::exports::Values& values);
 
  private:
   std::vector<std::uintptr_t> words_;

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "memory.hpp"
-#include "stories.hpp"
+#include "hostile/shared/lone_page.hpp"
+#include "programs/stories.hpp"
 #include "watch.hpp"
 
 extern "C" {
@@ -111,10 +111,10 @@ void ExpectFaults() {
 }
 
 void ExpectWritesSeen() {
-  LonePage page;
-  page.RoomAtFront(8)[7] = 'x';
+  kestra::hostile::LonePage page;
+  page.RoomAt(0, 8)[7] = 'x';
   Expect(page.RestUntouched(), "memory", "a write within the room is taken for one outside");
-  page.RoomAtFront(8)[8] = 'x';
+  page.RoomAt(0, 8)[8] = 'x';
   Expect(!page.RestUntouched(), "memory", "a write behind the room is not seen");
   page.RoomAtEnd(8)[-1] = 'x';
   Expect(!page.RestUntouched(), "memory", "a write before the room is not seen");
@@ -122,7 +122,7 @@ void ExpectWritesSeen() {
 
 }  // namespace
 
-void TheWatchSeesDamage() {
+STORY(watch) {
   for (const Habit& habit : Habits()) {
     const Outcome outcome = CallUnderWatch(Of("nothing", does_nothing), habit);
     Expect(outcome.fault == 0, habit.name, "doing nothing is a fault");

@@ -3,182 +3,54 @@
 #include <kestra/kestra.h>
 #include <windows.h>
 
-#include <array>
 #include <cstdint>
-#include <cstdio>
-#include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "hostile/shared/values.hpp"
 #include "library.hpp"
-#include "memory.hpp"
-#include "stories.hpp"
+#include "programs/stories.hpp"
 
 namespace armour {
 namespace {
 
-struct Amount {
-  const char* name;
-  std::uint64_t bits;
-};
+using kestra::exports::Arguments;
+using kestra::exports::Values;
+using kestra::hostile::Hostile;
+using kestra::hostile::HostileTo;
+using kestra::hostile::kPage;
+using kestra::hostile::Places;
+using kestra::hostile::Sane;
 
-constexpr std::array kAmounts = {
-    Amount{"no number", 0x7FF8000000000000},
-    Amount{"no number, that signals", 0x7FF4000000000000},
-    Amount{"no number, that signals, negative", 0xFFF0000000000001},
-    Amount{"infinity", 0x7FF0000000000000},
-    Amount{"negative infinity", 0xFFF0000000000000},
-    Amount{"the greatest", 0x7FEFFFFFFFFFFFFF},
-    Amount{"the least", 0xFFEFFFFFFFFFFFFF},
-    Amount{"the smallest", 0x0000000000000001},
-    Amount{"the smallest, negative", 0x8000000000000001},
-    Amount{"the greatest of the small", 0x000FFFFFFFFFFFFF},
-    Amount{"zero", 0},
-    Amount{"negative zero", 0x8000000000000000},
-    Amount{"a third", 0x3FD5555555555555},
-    Amount{"beyond whole cents", 0x4340000000000001},
-};
-
-// Every text and result of a call is in its room, every amount is the one given.
-Target With(const Export& exported, const Amount& amount, LonePage& page) {
-  Words words;
-  for (const Parameter& parameter : exported.Parameters()) {
-    if (parameter.kind == Kind::kAmount) {
-      words.Number(amount.bits);
-    } else if (parameter.IsPointer()) {
-      words.Address(page.RoomAtFront(kPage));
-    } else {
-      words.Integer(1);
-    }
-  }
-  return words.For(exported.name);
+const void* Code() {
+  return reinterpret_cast<const void*>(AddressOf("EP_Init"));
 }
 
-bool TakesAmounts(const Export& exported) {
-  return exported.Has(Kind::kAmount);
-}
+// ---- Numbers: every one of a kind is the one given, every text and result in a page of its own ----
 
-void PassAmount(const Amount& amount, const Habit& habit) {
+void PassNumber(Kind kind, const Hostile& hostile, const Habit& habit, Places& places) {
   LonePage page;
   for (const Export& exported : Exports()) {
-    if (!TakesAmounts(exported)) continue;
-    const auto result = CallIntact(With(exported, amount, page), habit);
-    Expect(result == 0 || result == 1, exported.name, amount.name);
-  }
-}
-
-// ---- Counts ----
-
-constexpr std::array<std::int32_t, 9> kCounts = {
-    -0x7FFFFFFF - 1, 0x7FFFFFFF, -1, 0, 32767, 32768, -32768, -32769, 65536,
-};
-
-Target With(const Export& exported, std::int32_t count, LonePage& page) {
-  Words words;
-  for (const Parameter& parameter : exported.Parameters()) {
-    if (parameter.kind == Kind::kAmount) {
-      words.Number(0);
-    } else if (parameter.IsPointer()) {
-      words.Address(page.RoomAtFront(kPage));
-    } else {
-      words.Integer(count);
+    if (!exported.Has(kind)) continue;
+    Values values;
+    auto* value = values.data();
+    for (const auto& argument : Arguments(exported, exported.sane)) {
+      const bool here = argument.kind == kind;
+      *value++ = here ? hostile.make(argument, places) : Sane(argument, page.RoomAt(0, kPage));
     }
-  }
-  return words.For(exported.name);
-}
-
-void PassCount(std::int32_t count, const Habit& habit) {
-  LonePage page;
-  for (const Export& exported : Exports()) {
-    if (!exported.Has(Kind::kInteger)) continue;
-    const auto result = CallIntact(With(exported, count, page), habit);
-    Expect(result == 0 || result == 1, exported.name, std::to_string(count));
+    const auto result = CallIntact(Words::Of(exported, values), habit);
+    Expect(result == 0 || result == 1, exported.name, hostile.name);
   }
 }
 
 // ---- Pointers ----
 
-struct BadPointer {
-  const char* name;
-  const void* address;
-};
-
-const void* At(std::uint64_t address) {
-  return reinterpret_cast<const void*>(static_cast<std::uintptr_t>(address));
-}
-
-// Memory of many kinds that a host's pointer may lead to.
-class Places {
- public:
-  Places() {
-    text_.RoomAtFront(kPage);
-    locked_.RoomAtFront(0);
-    locked_.MayBeWritten(false);
-    last_.RoomAtEnd(1);
-    std::memcpy(code_.data(), Code(), code_.size());
-  }
-
-  [[nodiscard]] std::vector<BadPointer> All() const {
-    std::vector<BadPointer> all = {
-        {"null", nullptr},
-        {"the first byte of all", At(1)},
-        {"no memory", text_.Nowhere()},
-        {"memory that nobody may write", locked_.Nowhere() - kPage},
-        {"the library's code", Code()},
-        {"the last byte that there is", last_.Nowhere() - 1},
-        {"the end of the system's memory", At(~std::uint64_t{0})},
-        {"the system's memory", At(~std::uint64_t{0} - 0xFFFF)},
-    };
-#ifndef __i386__
-    all.push_back({"an address that is none", At(0x0123456789ABCDEF)});
-#endif
-    return all;
-  }
-
-  char* Good() {
-    return text_.RoomAtFront(kPage);
-  }
-
-  void ExpectUntouched(const std::string& what) const {
-    Expect(locked_.RestUntouched(), what, "wrote where nobody may");
-    Expect(last_.RestUntouched(), what, "wrote before the pointer");
-    Expect(std::memcmp(code_.data(), Code(), code_.size()) == 0, what, "wrote over code");
-  }
-
- private:
-  static const void* Code() {
-    return At(AddressOf("EP_Init"));
-  }
-
-  std::array<char, 120> code_{};
-  LonePage text_, locked_, last_;
-};
-
 constexpr std::size_t kAllOfThem = 99;
 
-// The call with the pointer of that position bad, the others good.
-Target With(const Export& exported, const BadPointer& bad, std::size_t position, Places& places) {
-  Words words;
-  std::size_t i = 0;
-  for (const Parameter& parameter : exported.Parameters()) {
-    const bool here = position == i++ || position == kAllOfThem;
-    if (parameter.kind == Kind::kAmount) {
-      words.Number(kAmounts.back().bits);
-    } else if (parameter.kind == Kind::kInteger) {
-      words.Integer(1);
-    } else {
-      words.Address(here ? bad.address : places.Good());
-    }
-  }
-  return words.For(exported.name);
-}
-
-void ExpectSurvived(const Export& exported, const BadPointer& bad, std::size_t position,
-                    Places& places) {
-  const std::string what =
-      std::string(exported.name).append(", ").append(bad.name).append(" as its argument ") +
-      std::to_string(position);
-  Target target = With(exported, bad, position, places);
+void ExpectSurvived(const Export& exported, const std::string& what, const Values& values,
+                    const Places& places) {
+  Target target = Words::Of(exported, values);
   target.name = what;
   const auto result = CallIntact(target, EverythingTraps());
   if (exported.name == "Kestra_DefinirOperador") {
@@ -188,18 +60,36 @@ void ExpectSurvived(const Export& exported, const BadPointer& bad, std::size_t p
   } else {
     Expect(result == 0 || result == 1, what, "gave no result");
   }
-  places.ExpectUntouched(what);
+  Expect(places.Untouched(), what, "wrote where nobody may");
+}
+
+// The call with the pointer of that position bad, the others good; or all of them, each in its turn.
+void PassBadPointers(const Export& exported, std::size_t position) {
+  const auto arguments = Arguments(exported, exported.sane);
+  const std::size_t most = position == kAllOfThem ? 20 : HostileTo(arguments[position]).size();
+  std::vector<LonePage> pages(arguments.size());
+  Places places(Code());
+  for (std::size_t turn = 0; turn < most; ++turn) {
+    std::string what = std::string(exported.name) + ", argument " + std::to_string(position) + ":";
+    Values values;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+      const auto& list = HostileTo(arguments[i]);
+      const auto& hostile = list[turn % list.size()];
+      const bool here = arguments[i].IsPointer() && (position == i || position == kAllOfThem);
+      values[i] = here ? hostile.make(arguments[i], places)
+                       : Sane(arguments[i], pages[i].RoomAt(0, arguments[i].size));
+      if (here) what += " " + hostile.name;
+    }
+    ExpectSurvived(exported, what, values, places);
+  }
 }
 
 void PassBadPointers(const Export& exported) {
-  Places places;
   const auto parameters = exported.Parameters();
-  for (const BadPointer& bad : places.All()) {
-    for (std::size_t i = 0; i < parameters.size(); ++i) {
-      if (parameters[i].IsPointer()) ExpectSurvived(exported, bad, i, places);
-    }
-    if (!parameters.empty()) ExpectSurvived(exported, bad, kAllOfThem, places);
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    if (parameters[i].IsPointer()) PassBadPointers(exported, i);
   }
+  if (!parameters.empty()) PassBadPointers(exported, kAllOfThem);
 }
 
 // A class that there is, its factory to be written to a place that is none: nothing may stay behind.
@@ -213,34 +103,38 @@ void AskForAClass() {
   const bool known = SUCCEEDED(from_name(L"Kestra.InitClass", &id));
   CallIntact(Words().For("DllUnregisterServer"), EverythingTraps());
   Expect(known, "DllRegisterServer", "its class has no name");
-  const Places places;
-  for (const BadPointer& bad : places.All()) {
+  Places places(Code());
+  for (const Hostile& bad : HostileTo({Kind::kResult})) {
+    if (bad.is_sound) continue;
+    const void* const there = bad.make({{Kind::kResult, 1}}, places).pointer;
     const auto target =
-        Words().Address(&id).Address(&kUnknown).Address(bad.address).For("DllGetClassObject");
+        Words().Address(&id).Address(&kUnknown).Address(there).For("DllGetClassObject");
     Expect(CallIntact(target, EverythingTraps()) < 0, bad.name, "received a class");
     Expect(CallIntact(Words().For("DllCanUnloadNow"), EverythingTraps()) == 0, bad.name,
            "a factory stayed behind");
-    places.ExpectUntouched(bad.name);
+    Expect(places.Untouched(), bad.name, "wrote where nobody may");
   }
 }
 
 }  // namespace
 
-void Numbers() {
+STORY(numbers) {
   LoadLibraryUnderTest();
   TakeTheOperatorsPlace();
   Expect(CallIntact(Words().For("EP_Init"), EverythingTraps()) == 1, "EP_Init", "failed");
+  Places places(Code());
   for (const Habit& habit : Habits()) {
     const int shown = Shown();
-    for (const Amount& amount : kAmounts) PassAmount(amount, habit);
-    for (const std::int32_t count : kCounts) PassCount(count, habit);
+    for (const Kind kind : {Kind::kAmount, Kind::kInteger}) {
+      for (const Hostile& hostile : HostileTo({kind})) PassNumber(kind, hostile, habit, places);
+    }
     Expect(Shown() > shown, habit.name, "no amount was told to be none");
   }
   CallIntact(Words().For("EP_Kill"), EverythingTraps());
 }
 
 // The printer answers: there is something to write.
-void BadPointersForResults() {
+STORY(result_pointers) {
   LoadLibraryUnderTest();
   TakeTheOperatorsPlace();
   Expect(CallIntact(Words().For("EP_Init"), EverythingTraps()) == 1, "EP_Init", "failed");
@@ -259,7 +153,7 @@ void BadPointersForResults() {
   CallIntact(Words().For("EP_Kill"), EverythingTraps());
 }
 
-void BadPointers() {
+STORY(pointers) {
   LoadLibraryUnderTest();
   TakeTheOperatorsPlace();
   AskForAClass();

@@ -47,7 +47,6 @@ constexpr FloatingPoint Units(std::uint32_t control, std::uint32_t vector, std::
 volatile bool inside = false;
 volatile DWORD inside_thread = 0;
 volatile DWORD fault = 0;
-int failures = 0;
 
 // Of those that a processor raises; a thrown C++ exception is none of them.
 bool IsFault(DWORD code) {
@@ -177,20 +176,6 @@ Outcome CallUnderWatch(const Target& target, const Habit& habit, std::uintptr_t 
 
 void BeginWatch() {
   AddVectoredExceptionHandler(1, LeadOut);
-}
-
-int Failures() {
-  return failures;
-}
-
-void Fail(std::string_view story, std::string_view what) {
-  std::printf("%.*s: %.*s\n", static_cast<int>(story.size()), story.data(),
-              static_cast<int>(what.size()), what.data());
-  ++failures;
-}
-
-void Expect(bool holds, std::string_view story, std::string_view what) {
-  if (!holds) Fail(story, what);
 }
 
 std::int32_t CallIntact(const Target& target, const Habit& habit, std::uintptr_t misalignment) {

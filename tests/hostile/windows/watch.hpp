@@ -6,8 +6,12 @@
 #include <vector>
 
 #include "guarded_call.hpp"
+#include "programs/stories.hpp"
 
 namespace armour {
+
+using kestra::Expect;
+using kestra::Fail;
 
 // How a host has its floating-point units when it calls.
 struct Habit {
@@ -38,13 +42,6 @@ Outcome CallUnderWatch(const Target& target, const Habit& habit, std::uintptr_t 
 
 // Catches what the function raises, from here to the end of the process.
 void BeginWatch();
-
-// ---- What is wrong, counted ----
-
-// The result of a story: the count of its broken promises, each printed.
-int Failures();
-void Fail(std::string_view story, std::string_view what);
-void Expect(bool holds, std::string_view story, std::string_view what);
 
 // Fails for each damage and for a fault. A fault in a function leaves it half done: nothing that it does
 // afterwards tells anything, so that the process ends there.

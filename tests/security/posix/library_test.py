@@ -1,7 +1,4 @@
-"""What surrounds libkestra.so cannot be used against its host: how the file is loaded, and what it touches.
-
-    library_test.py LIBRARY PRINTER SETTINGS
-"""
+"""What surrounds libkestra.so cannot be used against its host: how the file is loaded, and what it touches."""
 import ctypes
 import os
 import pathlib
@@ -9,9 +6,11 @@ import re
 import struct
 import subprocess
 import sys
-import tempfile
-import time
 import unittest
+
+from shop import ENV, Shop
+
+LIBRARY = ENV["KESTRA_LIBRARY"]
 
 # Functions that load code or start programs.
 NOT_CALLED = {"dlopen", "dlmopen", "dlsym", "system", "popen", "fork", "vfork", "posix_spawn", "execv",
@@ -90,58 +89,50 @@ class Watch:
         os.close(self.fd)
 
 
-class TheCurrentDirectory(unittest.TestCase):
-    def setUp(self):
-        scratch = tempfile.TemporaryDirectory(prefix="kestra-")
-        self.addCleanup(scratch.cleanup)
-        self.folder = os.path.join(scratch.name, "caja")
-        self.device = os.path.join(scratch.name, "impresora")
-        os.mkdir(self.folder)
-        for name in BAIT:
-            pathlib.Path(self.folder, name).write_text("this is bait\n", encoding="ascii")
-
-    def settle(self, **values):
-        text = pathlib.Path(SETTINGS).read_text(encoding="cp1252")
-        for key, value in values.items():
-            text = re.sub(rf"(?m)^;?{key}=.*$", f"{key}={value}", text)
-        pathlib.Path(self.folder, "Fiscal.ini").write_text(text, encoding="cp1252")
+class TheCurrentDirectory(Shop):
+    """A till in a folder of its own, with bait beside its settings."""
 
     def start_printer(self):
-        printer = subprocess.Popen([PRINTER, "--familia", "TQ", "--enlace", self.device, "--papel",
-                                    os.devnull], stdout=subprocess.DEVNULL)
-        self.addCleanup(printer.wait, 20)
-        self.addCleanup(printer.terminate)
-        deadline = time.monotonic() + 20
-        while not os.path.exists(self.device) and time.monotonic() < deadline:
-            time.sleep(0.01)
+        self.till = self.path("caja")
+        os.mkdir(self.till)
+        for name in BAIT:
+            pathlib.Path(self.till, name).write_text("this is bait\n", encoding="ascii")
+
+    def path(self, name):
+        return super().path("caja/Fiscal.ini" if name == "Fiscal.ini" else name)
+
+    def write_settings(self, **values):
+        """None until a test asks for them."""
+        if values:
+            super().write_settings(**values)
 
     def touched(self):
-        watch = Watch(self.folder)
+        watch = Watch(self.till)
         self.addCleanup(watch.close)
-        with open(os.path.join(self.folder, "hosts"), encoding="ascii"):
+        with open(os.path.join(self.till, "hosts"), encoding="ascii"):
             pass
         self.assertEqual(watch.names(), {"hosts"})  # the watch sees what is to be seen
         # Isolated: Python itself looks at nothing here. In a session of its own: nobody is asked.
-        ended = subprocess.run([sys.executable, "-I", "-B", "-c", HOST, LIBRARY], cwd=self.folder,
+        ended = subprocess.run([sys.executable, "-I", "-B", "-c", HOST, LIBRARY], cwd=self.till,
                                capture_output=True, text=True, timeout=100, check=True,
                                start_new_session=True, env=dict(os.environ, LC_ALL="C.UTF-8"))
         return ended.stdout, watch.names()
 
     def test_a_working_till_touches_its_settings_and_its_log(self):
-        self.start_printer()
-        self.settle(ImpresoraDispositivo=self.device)
+        super().start_printer()
+        self.write_settings(ImpresoraDispositivo=self.device)
         said, names = self.touched()
         self.assertEqual(said, "1 [0, 0, 0] 0\n")
         self.assertEqual(names, {"Fiscal.ini", "fiscal.log"})
 
     def test_a_till_on_the_network_that_finds_nobody_touches_no_more(self):
-        self.settle(ImpresoraDispositivo="tcp:localhost:1")
+        self.write_settings(ImpresoraDispositivo="tcp:localhost:1")
         said, names = self.touched()
         self.assertEqual(said, "1 [1, 1, 1] 1\n")
         self.assertEqual(names, {"Fiscal.ini", "fiscal.log"})
 
     def test_a_till_without_a_log_touches_its_settings_alone(self):
-        self.settle(ImpresoraDispositivo="tcp:localhost:1", LogComandos=0)
+        self.write_settings(ImpresoraDispositivo="tcp:localhost:1", LogComandos=0)
         self.assertEqual(self.touched()[1], {"Fiscal.ini"})
 
     def test_a_till_without_settings_looks_for_them_in_other_letters(self):
@@ -151,5 +142,4 @@ class TheCurrentDirectory(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    LIBRARY, PRINTER, SETTINGS = (os.path.abspath(path) for path in sys.argv[1:4])
-    unittest.main(argv=sys.argv[:1] + sys.argv[4:], verbosity=2)
+    unittest.main()

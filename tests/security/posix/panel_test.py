@@ -1,35 +1,25 @@
-"""What a page from elsewhere, a neighbour on the machine or a flood can do to the panel: nothing that lasts.
-
-    panel_test.py LIBRARY PRINTER SETTINGS
-"""
+"""What a page from elsewhere, a neighbour on the machine or a flood can do to the panel: nothing that lasts."""
 import json
 import os
-import pathlib
 import re
 import socket
 import subprocess
-import sys
-import tempfile
 import threading
 import time
 import unittest
 import xml.etree.ElementTree as xml
+
+from shop import ENV, Shop, read, until
 
 WAIT = 20.0
 REQUEST_TIME = 10.0  # seconds that the panel gives a request to arrive whole
 ROOM = 4096          # kB that the printer may have more after a flood than before
 SCRIPT = "<script>alert(1)</script>"
 TICKET = """
-import ctypes, sys
-lib = ctypes.CDLL(sys.argv[1])
-def t(text, length): return text.encode("cp1252").ljust(length)[:length]
-D, blank = ctypes.c_double, t("", 40)
 assert lib.EP_Init() == 1
-assert lib.EP_AbrirComprobanteFiscal(b"FC", b"B", blank, blank, t("", 6), t("", 11), b"F", *[blank] * 5, 1) == 0
-assert lib.EP_ImprimirItem(t(sys.argv[2], 50), D(1), D(10), D(21), D(0), *[t("", 22)] * 3) == 0
-number = ctypes.create_string_buffer(9)
-assert lib.EP_CerrarComprobanteFiscal(b"FC", b"B", number) == 0
-print(number.value.decode())
+assert open_document("FC", "B") == 0
+assert item(%r, 1, 10) == 0
+print(close("FC", "B")[1])
 """
 
 
@@ -43,33 +33,26 @@ def read_all(connection):
     return answer.decode("utf-8", "replace")
 
 
-class PanelTest(unittest.TestCase):
+class PanelTest(Shop):
     address = "127.0.0.1"
-    said = ""
 
-    def setUp(self):
-        scratch = tempfile.TemporaryDirectory(prefix="kestra-")
-        self.addCleanup(scratch.cleanup)
-        self.folder = scratch.name
-        self.device = os.path.join(self.folder, "impresora")
-        self.log = open(os.path.join(self.folder, "errores.txt"), "w+", encoding="utf-8")
-        self.addCleanup(self.log.close)
-        self.printer = subprocess.Popen(
-            [PRINTER, "--familia", "TQ", "--enlace", self.device, "--papel", os.devnull, "--panel",
-             self.address + ":0"], stdout=subprocess.PIPE, stderr=self.log, text=True)
-        self.addCleanup(self.stop)
-        self.said = self.printer.stdout.readline() + self.printer.stdout.readline()
-        self.port = int(re.search(r"Panel: http://[^/]*:(\d+)/", self.said)[1])
+    def start_printer(self):
+        command = [ENV["KESTRA_PRINTER"], "--familia", "TQ", "--enlace", self.device, "--papel",
+                   os.devnull, "--panel", self.address + ":0"]
+        with open(self.path("errores.txt"), "w", encoding="utf-8") as errors:
+            printer = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=errors, text=True)
+        self.addCleanup(self.stop, printer)
+        said = printer.stdout.readline() + printer.stdout.readline()
+        self.port = int(re.search(r"Panel: http://[^/]*:(\d+)/", said)[1])
         self.own = f"127.0.0.1:{self.port}"
+        return printer
 
-    def stop(self):
-        self.printer.terminate()
-        self.assertEqual(self.printer.wait(WAIT), 0)
-        self.printer.stdout.close()
+    def stop(self, printer):
+        self.assertEqual(self.stop_printer(printer), 0)
+        printer.stdout.close()
 
     def errors(self):
-        self.log.seek(0)
-        return self.log.read()
+        return read(self.path("errores.txt"))
 
     def connect(self):
         connection = socket.create_connection(("127.0.0.1", self.port), timeout=WAIT)
@@ -100,23 +83,12 @@ class PanelTest(unittest.TestCase):
         return json.loads(answer.partition("\r\n\r\n")[2])
 
     def print_ticket(self, words="Pan"):
-        text = pathlib.Path(SETTINGS).read_text(encoding="cp1252")
-        text = re.sub(r"(?m)^;?ImpresoraDispositivo=.*$", "ImpresoraDispositivo=impresora", text)
-        pathlib.Path(self.folder, "Fiscal.ini").write_text(text, encoding="cp1252")
-        return subprocess.run([sys.executable, "-I", "-B", "-c", TICKET, LIBRARY, words], check=True,
-                              cwd=self.folder, capture_output=True, text=True, timeout=60,
-                              start_new_session=True).stdout.strip()
+        return self.run_host(TICKET % words)[0].strip()
 
     def footprint(self):
         with open(f"/proc/{self.printer.pid}/status", encoding="ascii") as status:
             resident = int(re.search(r"VmRSS:\s+(\d+)", status.read())[1])
         return resident, len(os.listdir(f"/proc/{self.printer.pid}/fd"))
-
-    def until(self, condition, what):
-        deadline = time.monotonic() + WAIT
-        while not condition():
-            self.assertLess(time.monotonic(), deadline, what)
-            time.sleep(0.05)
 
 
 class Methods(PanelTest):
@@ -261,8 +233,8 @@ class Crowds(PanelTest):
                     pass
             for connection in crowd:
                 connection.close()
-        self.until(lambda: self.footprint()[1] <= descriptors, "the end of the last connection")
-        self.until(lambda: self.ask("GET", "/api/estado")[0] == 200, "an answer after the flood")
+        until(lambda: self.footprint()[1] <= descriptors, "the end of the last connection")
+        until(lambda: self.ask("GET", "/api/estado")[0] == 200, "an answer after the flood")
         self.assertLess(self.footprint()[0], resident + ROOM)
         self.assertEqual(self.print_ticket(), "00000002")
 
@@ -284,7 +256,7 @@ class OnThisMachineAlone(PanelTest):
             self.assertEqual(status, 403, host)
 
     def test_the_port_cannot_be_shared(self):
-        second = subprocess.run([PRINTER, "--panel", self.own, "--papel", os.devnull], text=True,
+        second = subprocess.run([ENV["KESTRA_PRINTER"], "--panel", self.own, "--papel", os.devnull], text=True,
                                 capture_output=True, timeout=WAIT, check=False)
         self.assertEqual(second.returncode, 1)
         self.assertIn("no se puede abrir el panel", second.stderr)
@@ -294,12 +266,11 @@ class OnTheNetwork(PanelTest):
     address = "0.0.0.0"
 
     def test_it_is_said_and_names_still_do_not_get_in(self):
-        self.until(lambda: "red" in self.errors(), "the warning")
+        until(lambda: "red" in self.errors(), "the warning")
         self.assertEqual(self.ask("GET", "/api/estado")[0], 200)
         status, _ = self.say(f"GET /api/estado HTTP/1.1\r\nHost: malo.example:{self.port}\r\n\r\n")
         self.assertEqual(status, 403)
 
 
 if __name__ == "__main__":
-    LIBRARY, PRINTER, SETTINGS = (os.path.abspath(path) for path in sys.argv[1:4])
-    unittest.main(argv=sys.argv[:1] + sys.argv[4:], verbosity=2)
+    unittest.main()

@@ -105,8 +105,8 @@ class TheLibrarysFile(unittest.TestCase):
     def test_is_asked_for_by_full_path_wherever_the_library_loads_anything(self):
         """Every call in the sources that takes a library's or a class's name, and what it is given."""
         known = {
-            "LoadLibraryW(path.c_str())": "components/module.cpp",       # the library's own full path
-            "LoadTypeLibEx(ModulePath().c_str(),": "components/automation.cpp",  # the same
+            "LoadLibraryW(path.c_str())": "components/start_up.cpp",  # the library's own full path
+            "LoadTypeLibEx(ModulePath().c_str(),": "components/public_classes.cpp",  # the same
         }
         loading = ("LoadLibrary", "LoadTypeLib", "LoadModule", "WinExec", "CreateProcess", "ShellExecute",
                    "SearchPath", "LoadPackagedLibrary", "CoLoadLibrary", "LdrLoadDll")

@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "fakes/fake_operator.hpp"
-#include "unit/rows.hpp"
 
 namespace kestra {
 namespace {
@@ -67,6 +66,11 @@ class HostsOperator : public testing::Test {
     return {sizeof(KestraOperador), &host_, OnMessage, OnReport, OnMemoryFull};
   }
 
+  void TakeThePlace() {
+    const auto record = Record();
+    operator_.Set(&record);
+  }
+
   void RaiseAll() {
     operator_.Message("text", "title", kBoxOk);
     operator_.StatusReport({"4000", "0600", {}});
@@ -89,12 +93,9 @@ class HostsOperator : public testing::Test {
 
 const std::vector<Happening> kAll{Happening::kBox, Happening::kReport, Happening::kMemoryFull};
 
-TEST_F(HostsOperator, WithoutOneTheDefaultAnswersEverything) {
+TEST_F(HostsOperator, WithoutOneTheDefaultAnswersEverythingAndItsAnswersCount) {
   RaiseAll();
   EXPECT_EQ(LeftToTheDefault(), kAll);
-}
-
-TEST_F(HostsOperator, WithoutOneTheDefaultsAnswersCount) {
   fallback_.Queue(Answer::kYes);
   fallback_.Queue(Answer::kRetry);
   EXPECT_EQ(operator_.Message("text", "", kBoxYesNo), kAnswerYes);
@@ -102,8 +103,7 @@ TEST_F(HostsOperator, WithoutOneTheDefaultsAnswersCount) {
 }
 
 TEST_F(HostsOperator, AWholeRecordAnswersEverything) {
-  const auto record = Record();
-  operator_.Set(&record);
+  TakeThePlace();
   RaiseAll();
   EXPECT_TRUE(LeftToTheDefault().empty());
   EXPECT_EQ(host_.texts, std::vector<std::string>{"text"});
@@ -113,8 +113,7 @@ TEST_F(HostsOperator, AWholeRecordAnswersEverything) {
 }
 
 TEST_F(HostsOperator, NullBringsTheDefaultBack) {
-  const auto record = Record();
-  operator_.Set(&record);
+  TakeThePlace();
   operator_.Set(nullptr);
   RaiseAll();
   EXPECT_EQ(LeftToTheDefault(), kAll);
@@ -140,16 +139,14 @@ TEST_F(HostsOperator, ANewRecordReplacesTheOldOneWhole) {
 }
 
 TEST_F(HostsOperator, EachNullMemberIsLeftToTheDefault) {
-  auto without_message = Record();
-  without_message.mensaje = nullptr;
-  auto without_report = Record();
-  without_report.informe_estados = nullptr;
-  auto without_warning = Record();
-  without_warning.memoria_llena = nullptr;
-  const KestraOperador* const records[] = {&without_message, &without_report, &without_warning};
+  const KestraOperador records[] = {
+      {sizeof(KestraOperador), &host_, nullptr, OnReport, OnMemoryFull},
+      {sizeof(KestraOperador), &host_, OnMessage, nullptr, OnMemoryFull},
+      {sizeof(KestraOperador), &host_, OnMessage, OnReport, nullptr},
+  };
   for (std::size_t i = 0; i < kAll.size(); ++i) {
     journal_.Take();
-    operator_.Set(records[i]);
+    operator_.Set(&records[i]);
     RaiseAll();
     EXPECT_EQ(LeftToTheDefault(), std::vector{kAll[i]});
   }
@@ -159,97 +156,62 @@ TEST_F(HostsOperator, EachNullMemberIsLeftToTheDefault) {
 
 constexpr std::size_t kPointer = sizeof(void*);
 
-struct SizeRow {
-  const char* sentence;
-  std::size_t size;
-  std::size_t answered;  // of the three
-};
-
-class RecordSize : public testing::WithParamInterface<SizeRow>, public HostsOperator {};
-
-TEST_P(RecordSize, MembersBeyondItCountAsNull) {
-  // A record of that very size, so that reading beyond it shows.
-  const auto record = Record();
-  const auto length = std::max(sizeof record.tamano, std::min(GetParam().size, sizeof record));
-  std::vector<std::max_align_t> room((length + sizeof(std::max_align_t) - 1) /
-                                     sizeof(std::max_align_t));
-  auto* const told = reinterpret_cast<KestraOperador*>(room.data());
-  std::memcpy(room.data(), &record, length);
-  const auto size = static_cast<std::uint32_t>(GetParam().size);
-  std::memcpy(room.data(), &size, sizeof size);
-  operator_.Set(told);
-  RaiseAll();
-  EXPECT_EQ(LeftToTheDefault(),
-            std::vector<Happening>(kAll.begin() + static_cast<std::ptrdiff_t>(GetParam().answered),
-                                   kAll.end()));
-}
-
 constexpr std::size_t kMessageAt = offsetof(KestraOperador, mensaje);
 constexpr std::size_t kReportAt = offsetof(KestraOperador, informe_estados);
 constexpr std::size_t kWarningAt = offsetof(KestraOperador, memoria_llena);
 
-constexpr std::array kSizes{
-    SizeRow{"no size at all", 0, 0},
-    SizeRow{"one byte", 1, 0},
-    SizeRow{"the size alone", sizeof(std::uint32_t), 0},
-    SizeRow{"as far as the context", kMessageAt, 0},
-    SizeRow{"half of the message callback", kMessageAt + kPointer / 2, 0},
-    SizeRow{"as far as the message callback", kReportAt, 1},
-    SizeRow{"all but a byte of the report callback", kWarningAt - 1, 1},
-    SizeRow{"as far as the report callback", kWarningAt, 2},
-    SizeRow{"all but a byte of the whole", sizeof(KestraOperador) - 1, 2},
-    SizeRow{"the whole", sizeof(KestraOperador), 3},
-    SizeRow{"more than the whole", sizeof(KestraOperador) + 64, 3},
-    SizeRow{"the greatest size", 0xFFFFFFFF, 3},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, RecordSize, testing::ValuesIn(kSizes), unit::BySentence());
-
-struct AnswerRow {
+constexpr struct {
   const char* sentence;
-  std::int32_t style;
-  std::int32_t answer;  // of the host
-  std::int32_t result;
+  std::size_t size;
+  std::ptrdiff_t answered;  // of the three
+} kSizes[] = {
+    {"no size at all", 0, 0},
+    {"one byte", 1, 0},
+    {"the size alone", sizeof(std::uint32_t), 0},
+    {"as far as the context", kMessageAt, 0},
+    {"half of the message callback", kMessageAt + kPointer / 2, 0},
+    {"as far as the message callback", kReportAt, 1},
+    {"all but a byte of the report callback", kWarningAt - 1, 1},
+    {"as far as the report callback", kWarningAt, 2},
+    {"all but a byte of the whole", sizeof(KestraOperador) - 1, 2},
+    {"the whole", sizeof(KestraOperador), 3},
+    {"more than the whole", sizeof(KestraOperador) + 64, 3},
+    {"the greatest size", 0xFFFFFFFF, 3},
 };
 
-class HostsAnswer : public testing::WithParamInterface<AnswerRow>, public HostsOperator {};
-
-TEST_P(HostsAnswer, IsUnderstood) {
-  const auto record = Record();
-  operator_.Set(&record);
-  host_.answer = GetParam().answer;
-  EXPECT_EQ(operator_.Message("text", "", GetParam().style), GetParam().result);
-  EXPECT_EQ(host_.styles, std::vector{GetParam().style});
+TEST_F(HostsOperator, MembersBeyondTheSizeOfTheRecordCountAsNull) {
+  for (const auto& row : kSizes) {
+    SCOPED_TRACE(row.sentence);
+    // A record of that very size, so that reading beyond it shows.
+    const auto record = Record();
+    const auto length = std::max(sizeof record.tamano, std::min(row.size, sizeof record));
+    std::vector<std::max_align_t> room((length + sizeof(std::max_align_t) - 1) /
+                                       sizeof(std::max_align_t));
+    std::memcpy(room.data(), &record, length);
+    const auto size = static_cast<std::uint32_t>(row.size);
+    std::memcpy(room.data(), &size, sizeof size);
+    operator_.Set(reinterpret_cast<KestraOperador*>(room.data()));
+    journal_.Take();
+    RaiseAll();
+    EXPECT_EQ(LeftToTheDefault(), std::vector<Happening>(kAll.begin() + row.answered, kAll.end()));
+  }
 }
 
-constexpr std::array kAnswers{
-    AnswerRow{"yes to a question", 4, 6, 6},
-    AnswerRow{"no to a question", 4, 7, 7},
-    AnswerRow{"yes to a question with its icon", 36, 6, 6},
-    AnswerRow{"no to a question with its icon", 36, 7, 7},
-    AnswerRow{"OK to a question counts as no", 36, 1, 7},
-    AnswerRow{"cancel to a question counts as no", 36, 2, 7},
-    AnswerRow{"zero to a question counts as no", 4, 0, 7},
-    AnswerRow{"minus one to a question counts as no", 4, -1, 7},
-    AnswerRow{"OK to a message", 0, 1, 1},
-    AnswerRow{"anything to a message counts as OK", 0, 7, 1},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, HostsAnswer, testing::ValuesIn(kAnswers), unit::BySentence());
-
 TEST_F(HostsOperator, AQuestionIsYesForSixAloneAndAMessageIsAlwaysAccepted) {
-  const auto record = Record();
-  operator_.Set(&record);
+  TakeThePlace();
   for (const std::int32_t answer : {-1, 0, 1, 2, 5, 6, 7, 8}) {
     host_.answer = answer;
     for (const std::int32_t style : {kBoxYesNo, kBoxYesNoQuestion}) {
       EXPECT_EQ(operator_.Message("a", "", style), answer == 6 ? kAnswerYes : kAnswerNo);
+      EXPECT_EQ(host_.styles.back(), style);
     }
     EXPECT_EQ(operator_.Message("a", "", kBoxOk), kAnswerOk);
+    EXPECT_EQ(host_.styles.back(), kBoxOk);
   }
 }
 
 TEST_F(HostsOperator, AZeroByteInsideATextComesAsABlank) {
-  const auto record = Record();
-  operator_.Set(&record);
+  TakeThePlace();
   operator_.Message({"a\0b", 3}, {"\0t", 2}, kBoxOk);
   EXPECT_EQ(host_.texts, std::vector<std::string>{"a b"});
   EXPECT_EQ(host_.titles, std::vector<std::string>{" t"});
@@ -259,8 +221,7 @@ TEST_F(HostsOperator, AZeroByteInsideATextComesAsABlank) {
 }
 
 TEST_F(HostsOperator, TextsNeedNoZeroByteBehindThem) {
-  const auto record = Record();
-  operator_.Set(&record);
+  TakeThePlace();
   operator_.Message(std::string_view("Envia?x").substr(0, 6), std::string_view("ab").substr(0, 1),
                     kBoxOk);
   EXPECT_EQ(host_.texts, std::vector<std::string>{"Envia?"});
@@ -268,8 +229,7 @@ TEST_F(HostsOperator, TextsNeedNoZeroByteBehindThem) {
 }
 
 TEST_F(HostsOperator, TheReportComesRowByRow) {
-  const auto record = Record();
-  operator_.Set(&record);
+  TakeThePlace();
   Report report{"4000", "0600", {}};
   for (std::int32_t i = 0; i < 23; ++i) {
     report.rows.push_back({.group = i % 2,
@@ -294,8 +254,7 @@ TEST_F(HostsOperator, TheReportComesRowByRow) {
 }
 
 TEST_F(HostsOperator, AnythingButZeroSendsTheCommandAgain) {
-  const auto record = Record();
-  operator_.Set(&record);
+  TakeThePlace();
   for (const std::int32_t answer : {0, 1, -1, 6}) {
     host_.answer = answer;
     EXPECT_EQ(operator_.StatusReport({"0000", "0000", {}}), answer != 0) << answer;

@@ -10,53 +10,49 @@
 #include <string>
 #include <string_view>
 
-#include "unit/failing.hpp"
-#include "unit/rows.hpp"
+#include "fakes/failure_number.hpp"
 
 namespace kestra {
 namespace {
 
-struct FitRow {
+constexpr struct {
   const char* sentence;
   std::string_view text;
   std::int32_t width;
   std::string_view field;
+} kFitted[] = {
+    {"three blanks are an empty field", "   ", 10, "\x7F"},
+    {"no text at all is an empty field", "", 10, "\x7F"},
+    {"an empty field needs no width", "  ", 0, "\x7F"},
+    {"an empty field does not mind a negative width", "", -1, "\x7F"},
+    {"a short text is padded", "ABC", 5, "ABC  "},
+    {"a text of the very width stays", "ABCDE", 5, "ABCDE"},
+    {"a long text is cut", "ABCDEF", 4, "ABCD"},
+    {"blanks around a text go first", "  ABC  ", 5, "ABC  "},
+    {"blanks inside stay", " A C ", 4, "A C "},
+    {"what is cut may leave blanks behind", "AB  CD", 3, "AB "},
+    {"a width of zero leaves nothing", "ABC", 0, ""},
+    {"a tab is no blank", "\tA", 4, "\tA  "},
+    {"letters beyond ASCII count one each", "\xD1\xE1", 3, "\xD1\xE1 "},
+    {"a zero byte is a character", {"A\0B", 3}, 4, {"A\0B ", 4}},
 };
 
-class FittedText : public testing::TestWithParam<FitRow> {};
-
-TEST_P(FittedText, FillsItsField) {
-  EXPECT_EQ(AjustarTexto(GetParam().text, GetParam().width), GetParam().field);
+TEST(FittedText, FillsItsField) {
+  for (const auto& row : kFitted) {
+    EXPECT_EQ(AjustarTexto(row.text, row.width), row.field) << row.sentence;
+  }
 }
-
-constexpr std::array kFitted{
-    FitRow{"three blanks are an empty field", "   ", 10, "\x7F"},
-    FitRow{"no text at all is an empty field", "", 10, "\x7F"},
-    FitRow{"an empty field needs no width", "  ", 0, "\x7F"},
-    FitRow{"an empty field does not mind a negative width", "", -1, "\x7F"},
-    FitRow{"a short text is padded", "ABC", 5, "ABC  "},
-    FitRow{"a text of the very width stays", "ABCDE", 5, "ABCDE"},
-    FitRow{"a long text is cut", "ABCDEF", 4, "ABCD"},
-    FitRow{"blanks around a text go first", "  ABC  ", 5, "ABC  "},
-    FitRow{"blanks inside stay", " A C ", 4, "A C "},
-    FitRow{"what is cut may leave blanks behind", "AB  CD", 3, "AB "},
-    FitRow{"a width of zero leaves nothing", "ABC", 0, ""},
-    FitRow{"a tab is no blank", "\tA", 4, "\tA  "},
-    FitRow{"letters beyond ASCII count one each", "\xD1\xE1", 3, "\xD1\xE1 "},
-    FitRow{"a zero byte is a character", {"A\0B", 3}, 4, {"A\0B ", 4}},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, FittedText, testing::ValuesIn(kFitted), unit::BySentence());
 
 TEST(FittedText, TheWidestFieldHas32767Characters) {
   EXPECT_EQ(AjustarTexto("A", 32767), "A" + std::string(32766, ' '));
 }
 
 TEST(FittedText, WidthsThatNoFieldHasFail) {
-  EXPECT_EQ(unit::FailureOf([] { return AjustarTexto("A", -1); }), 5);
-  EXPECT_EQ(unit::FailureOf([] { return AjustarTexto("A", -32768); }), 5);
+  EXPECT_EQ(FailureNumber([] { return AjustarTexto("A", -1); }), 5);
+  EXPECT_EQ(FailureNumber([] { return AjustarTexto("A", -32768); }), 5);
   for (const std::int32_t width : {32768, -32769, std::numeric_limits<std::int32_t>::max(),
                                    std::numeric_limits<std::int32_t>::min()}) {
-    EXPECT_EQ(unit::FailureOf([&] { return AjustarTexto("A", width); }), 6) << width;
+    EXPECT_EQ(FailureNumber([&] { return AjustarTexto("A", width); }), 6) << width;
   }
 }
 
@@ -81,32 +77,29 @@ TEST(CleanedText, AllCodesAtOnceKeepTheirPlaces) {
   EXPECT_EQ(LimpiarCaracteres(clean), clean);
 }
 
-struct CleanRow {
+constexpr struct {
   const char* sentence;
   std::string_view text;
   std::string_view clean;
+} kCleaned[] = {
+    {"the small n with tilde passes", "a\xF1o", "a\xF1o"},
+    {"a capital A with acute accent does not", "\xC1rbol", "-rbol"},
+    {"a tab does not", "a\tb", "a-b"},
+    {"the mark of an empty field passes", "\x7F", "\x7F"},
+    {"a separator does not",
+     "a\x1C"
+     "b",
+     "a-b"},
+    {"a zero byte does not", {"a\0b", 3}, "a-b"},
+    {"the same character twice goes twice", "\xC1\xC1", "--"},
+    {"nothing stays nothing", "", ""},
 };
 
-class CleanedText : public testing::TestWithParam<CleanRow> {};
-
-TEST_P(CleanedText, HasDashesForTheRest) {
-  EXPECT_EQ(LimpiarCaracteres(std::string(GetParam().text)), GetParam().clean);
+TEST(CleanedText, HasDashesForTheRest) {
+  for (const auto& row : kCleaned) {
+    EXPECT_EQ(LimpiarCaracteres(std::string(row.text)), row.clean) << row.sentence;
+  }
 }
-
-constexpr std::array kCleaned{
-    CleanRow{"the small n with tilde passes", "a\xF1o", "a\xF1o"},
-    CleanRow{"a capital A with acute accent does not", "\xC1rbol", "-rbol"},
-    CleanRow{"a tab does not", "a\tb", "a-b"},
-    CleanRow{"the mark of an empty field passes", "\x7F", "\x7F"},
-    CleanRow{"a separator does not",
-             "a\x1C"
-             "b",
-             "a-b"},
-    CleanRow{"a zero byte does not", {"a\0b", 3}, "a-b"},
-    CleanRow{"the same character twice goes twice", "\xC1\xC1", "--"},
-    CleanRow{"nothing stays nothing", "", ""},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, CleanedText, testing::ValuesIn(kCleaned), unit::BySentence());
 
 TEST(TrimmedText, LosesBlanksOnly) {
   EXPECT_EQ(TrimBlanks("  a b  "), "a b");

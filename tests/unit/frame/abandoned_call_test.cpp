@@ -16,7 +16,6 @@
 #include "frame/instance.hpp"
 #include "kestra/kestra.h"
 #include "unit/lost_memory.hpp"
-#include "unit/rows.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
@@ -108,6 +107,7 @@ struct AbandonedRow {
 class Abandoned : public testing::TestWithParam<AbandonedRow> {
  protected:
   static CountingPlatform& ShopOfRow(Host& host) {
+    SCOPED_TRACE(GetParam().sentence);
     auto& world = Shop();
     EXPECT_EQ(EP_Init(), 1);
     world.GetProfile().Set(GetParam().key, GetParam().value);
@@ -174,7 +174,21 @@ const AbandonedRow kRows[] = {
     {"from the warning of a nearly full memory", "DelayComandos", "0", "0000", "0100", EP_ReporteZ},
     {"from the message of a bad key while starting", "EntPrecio", "x", "0000", "0600", EP_Init},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, Abandoned, testing::ValuesIn(kRows), unit::BySentence());
+INSTANTIATE_TEST_SUITE_P(Rows, Abandoned, testing::ValuesIn(kRows));
+
+// ---- Before the start, out of the box that says so: there is no port to let go of ----
+
+TEST(AbandonedBeforeTheStart, AnotherCallFailsAsTheFirstOneDidAndTheStartAndWhatFollowsWork) {
+  auto& world = Shop();
+  Host host;
+  Abandon(host, EP_CortaPapel);
+  Kestra_DefinirOperador(nullptr);
+  EXPECT_EQ(EP_CortaPapel(), 1);
+  EXPECT_EQ(unit::Wire(world.GetJournal()), "");
+  EXPECT_EQ(EP_Init(), 1);
+  EXPECT_EQ(EP_CortaPapel(), 0);
+  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kOpen).size(), 1u);
+}
 
 // ---- What begins with start-up ends with it ----
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -12,92 +13,92 @@
 
 #include "fakes/fake_platform.hpp"
 #include "state/library.hpp"
-#include "unit/rows.hpp"
-#include "unit/settings.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
 namespace {
 
-using unit::Kind;
-using unit::kSettings;
-using unit::Setting;
+enum class Kind {
+  kNumber,    // must be there; 32 bits
+  kShort,     // must be there; 16 bits
+  kOptional,  // may be left out; 32 bits
+  kOptionalShort,
+  kText,
+};
 
-// Where each number of the file ends up.
-struct NumberField {
+// A key, and where its value ends up.
+struct Setting {
   std::string_view key;
-  std::int32_t (*read)(const State&);
+  Kind kind;
+  std::string (*read)(const State& state);
 };
 
-#define FIELD(name)                                                      \
-  NumberField {                                                          \
-#name, [](const State& state) -> std::int32_t { return state.name; } \
+#define TEXT(name, kind)                                             \
+  {                                                                  \
+#name, Kind::kind, [](const State& state) { return state.name; } \
+  }
+#define NUMBER(name, kind)                                                           \
+  {                                                                                  \
+#name, Kind::kind, [](const State& state) { return std::to_string(state.name); } \
   }
 
-constexpr std::array kNumberFields{
-    FIELD(ImpresoraPuerto),
-    FIELD(CanDecimales),
-    FIELD(CanMaxima),
-    FIELD(LonObsFac),
-    FIELD(LonLinFac),
-    FIELD(LonPagFac),
-    FIELD(LonLinNoF),
-    FIELD(LonLinPag),
-    FIELD(ErrorMostrar),
-    FIELD(MostrarComandos),
-    FIELD(EmiteTIC),
-    FIELD(EmiteTIF),
-    FIELD(EmiteFAC),
-    FIELD(EmiteRTO),
-    FIELD(EmitePAG),
-    FIELD(EmiteCRE),
-    FIELD(EmiteDEB),
-    FIELD(EntCantidad),
-    FIELD(DecCantidad),
-    FIELD(EntPrecio),
-    FIELD(DecPrecio),
-    FIELD(IncluirPuntoPrecio),
-    FIELD(EntDesc),
-    FIELD(DecDesc),
-    FIELD(EntIVA),
-    FIELD(DecIVA),
-    FIELD(EntImpInt),
-    FIELD(DecImpInt),
-    FIELD(EntPercepcion),
-    FIELD(DecPercepcion),
-    FIELD(LonDescripcionT),
-    FIELD(LonTextoFiscalT),
-    FIELD(LonEncabezadoT),
-    FIELD(LonTextoNoFiscalT),
-    FIELD(LonDatosClienteT),
-    FIELD(LonDescripcionF),
-    FIELD(LonTextoFiscalF),
-    FIELD(LonEncabezadoF),
-    FIELD(LonTextoNoFiscalF),
-    FIELD(LonDatosClienteF),
-    FIELD(Transporte),
-    FIELD(AjusteRedondeo),
-    FIELD(QuitarCaracNoValidos),
-    FIELD(MostrarRespuestas),
-    FIELD(CPI),
-    FIELD(LogComandos),
-    FIELD(UtilizaTransporte),
-    FIELD(DelayComandos),
-};
-#undef FIELD
-// All keys but the speed and the three texts.
-static_assert(kNumberFields.size() == kSettings.size() - 4);
-
-std::string FieldOf(const State& state, std::string_view key) {
-  if (key == "ImpresoraConfig") return state.ImpresoraConfig;
-  if (key == "TipoComprobante") return state.TipoComprobante;
-  if (key == "ModeloNombre") return state.ModeloNombre;
-  if (key == "TipoIVA") return state.TipoIVA;
-  for (const auto& field : kNumberFields) {
-    if (field.key == key) return std::to_string(field.read(state));
-  }
-  return "no such field";
-}
+// In the order in which they are read.
+constexpr std::array<Setting, 52> kSettings{{
+    NUMBER(ImpresoraPuerto, kNumber),
+    TEXT(ImpresoraConfig, kNumber),
+    TEXT(TipoComprobante, kText),
+    TEXT(ModeloNombre, kText),
+    TEXT(TipoIVA, kText),
+    NUMBER(CanDecimales, kNumber),
+    NUMBER(CanMaxima, kNumber),
+    NUMBER(LonObsFac, kNumber),
+    NUMBER(LonLinFac, kNumber),
+    NUMBER(LonPagFac, kNumber),
+    NUMBER(LonLinNoF, kNumber),
+    NUMBER(LonLinPag, kNumber),
+    NUMBER(ErrorMostrar, kNumber),
+    NUMBER(MostrarComandos, kNumber),
+    NUMBER(EmiteTIC, kNumber),
+    NUMBER(EmiteTIF, kNumber),
+    NUMBER(EmiteFAC, kNumber),
+    NUMBER(EmiteRTO, kNumber),
+    NUMBER(EmitePAG, kNumber),
+    NUMBER(EmiteCRE, kNumber),
+    NUMBER(EmiteDEB, kNumber),
+    NUMBER(EntCantidad, kShort),
+    NUMBER(DecCantidad, kShort),
+    NUMBER(EntPrecio, kShort),
+    NUMBER(DecPrecio, kShort),
+    NUMBER(IncluirPuntoPrecio, kShort),
+    NUMBER(EntDesc, kShort),
+    NUMBER(DecDesc, kShort),
+    NUMBER(EntIVA, kShort),
+    NUMBER(DecIVA, kShort),
+    NUMBER(EntImpInt, kShort),
+    NUMBER(DecImpInt, kShort),
+    NUMBER(EntPercepcion, kShort),
+    NUMBER(DecPercepcion, kShort),
+    NUMBER(LonDescripcionT, kNumber),
+    NUMBER(LonTextoFiscalT, kNumber),
+    NUMBER(LonEncabezadoT, kNumber),
+    NUMBER(LonTextoNoFiscalT, kNumber),
+    NUMBER(LonDatosClienteT, kNumber),
+    NUMBER(LonDescripcionF, kNumber),
+    NUMBER(LonTextoFiscalF, kNumber),
+    NUMBER(LonEncabezadoF, kNumber),
+    NUMBER(LonTextoNoFiscalF, kNumber),
+    NUMBER(LonDatosClienteF, kNumber),
+    NUMBER(Transporte, kNumber),
+    NUMBER(AjusteRedondeo, kNumber),
+    NUMBER(QuitarCaracNoValidos, kNumber),
+    NUMBER(MostrarRespuestas, kNumber),
+    NUMBER(CPI, kOptionalShort),
+    NUMBER(LogComandos, kOptional),
+    NUMBER(UtilizaTransporte, kOptional),
+    NUMBER(DelayComandos, kOptional),
+}};
+#undef NUMBER
+#undef TEXT
 
 bool Required(const Setting& setting) {
   return setting.kind == Kind::kNumber || setting.kind == Kind::kShort;
@@ -118,12 +119,22 @@ class Settings : public testing::Test {
     }
   }
 
-  // The keys before `failing` have the second reading's values, those from it on the first's.
-  void ExpectReadUpTo(std::size_t failing) {
+  // A good reading, and a second one with a key spoilt: it ends there. The keys before have the second
+  // reading's values, those from it on the first's.
+  void ExpectReadingToEndAt(std::size_t failing, const char* spoilt, std::string_view failure) {
+    const auto key = kSettings[failing].key;
+    SCOPED_TRACE(key);
+    WriteSamples(1);
+    Lee_Ini(library_);
+    WriteSamples(2);
+    spoilt != nullptr ? world_.GetProfile().Set(key, spoilt) : world_.GetProfile().Remove(key);
+    world_.GetJournal().Take();
+    Lee_Ini(library_);
     for (std::size_t i = 0; i < kSettings.size(); ++i) {
-      EXPECT_EQ(FieldOf(library_.state, kSettings[i].key), Sample(i, i < failing ? 2 : 1))
+      EXPECT_EQ(kSettings[i].read(library_.state), Sample(i, i < failing ? 2 : 1))
           << kSettings[i].key;
     }
+    ExpectBox(failure, key);
   }
 
   void ExpectBox(std::string_view failure, std::string_view key) {
@@ -147,40 +158,18 @@ TEST_F(Settings, All52KeysFillTheirFields) {
   WriteSamples(1);
   Lee_Ini(library_);
   for (std::size_t i = 0; i < kSettings.size(); ++i) {
-    EXPECT_EQ(FieldOf(library_.state, kSettings[i].key), Sample(i, 1)) << kSettings[i].key;
+    EXPECT_EQ(kSettings[i].read(library_.state), Sample(i, 1)) << kSettings[i].key;
   }
   EXPECT_TRUE(world_.GetJournal().Events().empty());
 }
 
-TEST_F(Settings, EachRequiredKeyThatIsMissingEndsTheReadingThere) {
-  for (std::size_t missing = 0; missing < kSettings.size(); ++missing) {
-    if (!Required(kSettings[missing])) continue;
-    SCOPED_TRACE(kSettings[missing].key);
-    WriteSamples(1);
-    Lee_Ini(library_);
-    WriteSamples(2);
-    world_.GetProfile().Remove(kSettings[missing].key);
-    world_.GetJournal().Take();
-    Lee_Ini(library_);
-    ExpectReadUpTo(missing);
-    ExpectBox("13 (Type mismatch)", kSettings[missing].key);
-  }
-}
-
-TEST_F(Settings, EachKeyThatIsTooGreatEndsTheReadingThere) {
-  for (std::size_t great = 0; great < kSettings.size(); ++great) {
-    const auto& setting = kSettings[great];
-    if (setting.kind == Kind::kText) continue;
-    const bool narrow = setting.kind == Kind::kShort || setting.kind == Kind::kOptionalShort;
-    SCOPED_TRACE(setting.key);
-    WriteSamples(1);
-    Lee_Ini(library_);
-    WriteSamples(2);
-    world_.GetProfile().Set(setting.key, narrow ? "32768" : "2147483648");
-    world_.GetJournal().Take();
-    Lee_Ini(library_);
-    ExpectReadUpTo(great);
-    ExpectBox("6 (Overflow)", setting.key);
+TEST_F(Settings, EachKeyThatIsMissingOrTooGreatEndsTheReadingThere) {
+  for (std::size_t i = 0; i < kSettings.size(); ++i) {
+    const auto kind = kSettings[i].kind;
+    const bool narrow = kind == Kind::kShort || kind == Kind::kOptionalShort;
+    if (Required(kSettings[i])) ExpectReadingToEndAt(i, nullptr, "13 (Type mismatch)");
+    if (kind == Kind::kText) continue;
+    ExpectReadingToEndAt(i, narrow ? "32768" : "2147483648", "6 (Overflow)");
   }
 }
 
@@ -210,52 +199,53 @@ TEST_F(Settings, TheFirst48KeysAreEnough) {
 TEST_F(Settings, WithoutAFileTheFirstKeyFailsAndNothingChanges) {
   Lee_Ini(library_);
   ExpectBox("13 (Type mismatch)", "ImpresoraPuerto");
-  for (const auto& field : kNumberFields) EXPECT_EQ(field.read(library_.state), 0) << field.key;
+  for (const auto& setting : kSettings) {
+    EXPECT_EQ(setting.read(library_.state), setting.read(State{})) << setting.key;
+  }
+  EXPECT_EQ(library_.state.ImpresoraPuerto + library_.state.DelayComandos, 0);
 }
 
-struct ValueRow {
+constexpr struct {
   const char* sentence;
   std::string_view key;
   std::string_view value;
   std::string_view field;
+} kValues[] = {
+    {"a family of three letters is cut", "TipoComprobante", "TFX", "TF"},
+    {"a family of one letter is padded", "TipoComprobante", "T", "T "},
+    {"an empty family is two blanks", "TipoComprobante", "", "  "},
+    {"a family in lower case stays so", "TipoComprobante", "tf", "tf"},
+    {"a tax condition is one letter", "TipoIVA", "EX", "E"},
+    {"an empty tax condition is I", "TipoIVA", "", "I"},
+    {"a blank tax condition is I", "TipoIVA", "\"   \"", "I"},
+    {"a model keeps the blanks inside", "ModeloNombre", "\" TM  U220 \"", "TM  U220"},
+    {"an empty model is empty", "ModeloNombre", "", ""},
+    {"a speed loses its zeros and its sign", "ImpresoraConfig", "+0019200", "19200"},
+    {"a negative speed stays one", "ImpresoraConfig", "-9600", "-9600"},
+    {"characters per inch of abc are 12", "CPI", "abc", "12"},
+    {"characters per inch of 15 are 15", "CPI", "15", "15"},
+    {"characters per inch of nothing are 12", "CPI", "", "12"},
+    {"a log of yes is off", "LogComandos", "si", "0"},
+    {"a log of 2 is 2", "LogComandos", "2", "2"},
+    {"transport sheets of 1.5 are off", "UtilizaTransporte", "1.5", "0"},
+    {"a delay of nothing is none", "DelayComandos", "", "0"},
+    {"a negative delay is kept", "DelayComandos", "-1", "-1"},
+    {"the greatest length is kept", "LonDescripcionT", "2147483647", "2147483647"},
+    {"the least digit count is kept", "EntDesc", "-32768", "-32768"},
 };
 
-class SettingValue : public testing::TestWithParam<ValueRow> {};
-
-TEST_P(SettingValue, FillsTheFieldSo) {
-  FakePlatform world;
-  Library library{world};
-  unit::FillProfile(world);
-  world.GetProfile().Set(GetParam().key, GetParam().value);
-  Lee_Ini(library);
-  EXPECT_EQ(FieldOf(library.state, GetParam().key), GetParam().field);
-  EXPECT_TRUE(world.GetJournal().Events().empty());
+TEST_F(Settings, FillTheirFieldsSo) {
+  for (const auto& row : kValues) {
+    SCOPED_TRACE(row.sentence);
+    unit::FillProfile(world_);
+    world_.GetProfile().Set(row.key, row.value);
+    Lee_Ini(library_);
+    const auto* const setting = std::find_if(kSettings.begin(), kSettings.end(),
+                                             [&](auto& one) { return one.key == row.key; });
+    EXPECT_EQ(setting->read(library_.state), row.field);
+  }
+  EXPECT_TRUE(world_.GetJournal().Events().empty());
 }
-
-constexpr std::array kValues{
-    ValueRow{"a family of three letters is cut", "TipoComprobante", "TFX", "TF"},
-    ValueRow{"a family of one letter is padded", "TipoComprobante", "T", "T "},
-    ValueRow{"an empty family is two blanks", "TipoComprobante", "", "  "},
-    ValueRow{"a family in lower case stays so", "TipoComprobante", "tf", "tf"},
-    ValueRow{"a tax condition is one letter", "TipoIVA", "EX", "E"},
-    ValueRow{"an empty tax condition is I", "TipoIVA", "", "I"},
-    ValueRow{"a blank tax condition is I", "TipoIVA", "\"   \"", "I"},
-    ValueRow{"a model keeps the blanks inside", "ModeloNombre", "\" TM  U220 \"", "TM  U220"},
-    ValueRow{"an empty model is empty", "ModeloNombre", "", ""},
-    ValueRow{"a speed loses its zeros and its sign", "ImpresoraConfig", "+0019200", "19200"},
-    ValueRow{"a negative speed stays one", "ImpresoraConfig", "-9600", "-9600"},
-    ValueRow{"characters per inch of abc are 12", "CPI", "abc", "12"},
-    ValueRow{"characters per inch of 15 are 15", "CPI", "15", "15"},
-    ValueRow{"characters per inch of nothing are 12", "CPI", "", "12"},
-    ValueRow{"a log of yes is off", "LogComandos", "si", "0"},
-    ValueRow{"a log of 2 is 2", "LogComandos", "2", "2"},
-    ValueRow{"transport sheets of 1.5 are off", "UtilizaTransporte", "1.5", "0"},
-    ValueRow{"a delay of nothing is none", "DelayComandos", "", "0"},
-    ValueRow{"a negative delay is kept", "DelayComandos", "-1", "-1"},
-    ValueRow{"the greatest length is kept", "LonDescripcionT", "2147483647", "2147483647"},
-    ValueRow{"the least digit count is kept", "EntDesc", "-32768", "-32768"},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, SettingValue, testing::ValuesIn(kValues), unit::BySentence());
 
 }  // namespace
 }  // namespace kestra

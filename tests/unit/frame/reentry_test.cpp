@@ -12,7 +12,6 @@
 #include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
 #include "kestra/kestra.h"
-#include "unit/rows.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
@@ -69,10 +68,10 @@ struct ReentryRow {
   const char* printer;  // words of its answers; null: it is silent
   const char* fiscal;
   std::int32_t(KESTRA_CALL* call)();
-  std::int32_t answer;
-  std::int32_t retries;
-  int dialogs;
   std::int32_t result;
+  int dialogs = 1;
+  std::int32_t answer = 6;  // yes
+  std::int32_t retries = 0;
 };
 
 struct Story {
@@ -108,64 +107,55 @@ Story Play(const ReentryRow& row, bool calls_back) {
   return story;
 }
 
-class Reentry : public testing::TestWithParam<ReentryRow> {};
-
-TEST_P(Reentry, TheOuterCallIsTheSameWithAndWithoutIt) {
-  const auto quiet = Play(GetParam(), false);
-  const auto noisy = Play(GetParam(), true);
-  EXPECT_EQ(noisy.wire, quiet.wire);
-  EXPECT_EQ(noisy.log, quiet.log);
-  EXPECT_EQ(noisy.opened, quiet.opened);
-  EXPECT_EQ(noisy.host.texts, quiet.host.texts);
-  EXPECT_EQ(noisy.released, quiet.released);
-  EXPECT_EQ(noisy.result, GetParam().result);
-  EXPECT_EQ(quiet.result, GetParam().result);
-  EXPECT_EQ(quiet.host.dialogs, GetParam().dialogs);
-}
-
-TEST_P(Reentry, TheCallsFromWithinAreTurnedAway) {
-  std::vector<std::int32_t> refused;
-  for (int dialog = 0; dialog < GetParam().dialogs; ++dialog) {
-    for (const auto& exported : exports::Exports()) {
-      if (exported.nature == exports::Nature::kBeside) continue;
-      refused.push_back(exported.failed);
-    }
-  }
-  EXPECT_EQ(Play(GetParam(), true).host.results, refused);
-}
-
-constexpr std::int32_t kYes = 6;
 constexpr std::int32_t kNo = 7;
 
 std::int32_t KESTRA_CALL PayAThousand() {
   return EP_ImprimirPago(nullptr, 1000);
 }
 
-const std::array kReentries{
-    ReentryRow{"from the question before a command", "MostrarComandos", "1", "0000", "0600",
-               EP_CortaPapel, kYes, 0, 3, 0},
-    ReentryRow{"from a question that is answered no", "MostrarComandos", "1", "0000", "0600",
-               EP_CortaPapel, kNo, 0, 1, 1},
-    ReentryRow{"from the boxes around a frame", "MostrarComandos", "2", "0000", "0600",
-               EP_CortaPapel, kYes, 0, 2, 0},
-    ReentryRow{"from the listing of an answer", "MostrarRespuestas", "1", "0000", "0600",
-               EP_CortaPapel, kYes, 0, 1, 0},
-    ReentryRow{"from the report that is closed", "DelayComandos", "0", "4000", "0600",
-               EP_CortaPapel, kYes, 0, 1, 0},
-    ReentryRow{"from the report of a refused command", "DelayComandos", "0", "0000", "0610",
-               EP_CortaPapel, kYes, 0, 1, 1},
-    ReentryRow{"from the report that sends the command again", "DelayComandos", "0", "4000", "0600",
-               EP_CortaPapel, kYes, 2, 3, 0},
-    ReentryRow{"from the warning of a nearly full memory", "DelayComandos", "0", "0000", "0100",
-               EP_ReporteZ, kYes, 0, 1, 0},
-    ReentryRow{"from the question after silence", "DelayComandos", "0", nullptr, nullptr,
-               EP_CortaPapel, kNo, 0, 1, 1},
-    ReentryRow{"from the message of a field that does not fit", "EntDesc", "0", "0000", "0600",
-               PayAThousand, kYes, 0, 1, 0},
-    ReentryRow{"from the message of a bad key while starting", "EntPrecio", "x", "0000", "0600",
-               EP_Init, kYes, 0, 1, 1},
+const ReentryRow kReentries[] = {
+    {"from the question before a command", "MostrarComandos", "1", "0000", "0600", EP_CortaPapel, 0,
+     3},
+    {"from a question that is answered no", "MostrarComandos", "1", "0000", "0600", EP_CortaPapel,
+     1, 1, kNo},
+    {"from the boxes around a frame", "MostrarComandos", "2", "0000", "0600", EP_CortaPapel, 0, 2},
+    {"from the listing of an answer", "MostrarRespuestas", "1", "0000", "0600", EP_CortaPapel, 0},
+    {"from the report that is closed", "DelayComandos", "0", "4000", "0600", EP_CortaPapel, 0},
+    {"from the report of a refused command", "DelayComandos", "0", "0000", "0610", EP_CortaPapel,
+     1},
+    {"from the report that sends the command again", "DelayComandos", "0", "4000", "0600",
+     EP_CortaPapel, 0, 3, 6, 2},
+    {"from the warning of a nearly full memory", "DelayComandos", "0", "0000", "0100", EP_ReporteZ,
+     0},
+    {"from the question after silence", "DelayComandos", "0", nullptr, nullptr, EP_CortaPapel, 1, 1,
+     kNo},
+    {"from the message of a field that does not fit", "EntDesc", "0", "0000", "0600", PayAThousand,
+     0},
+    {"from the message of a bad key while starting", "EntPrecio", "x", "0000", "0600", EP_Init, 1},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, Reentry, testing::ValuesIn(kReentries), unit::BySentence());
+
+TEST(Reentry, TheOuterCallIsTheSameWithAndWithoutItAndTheCallsFromWithinAreTurnedAway) {
+  for (const auto& row : kReentries) {
+    SCOPED_TRACE(row.sentence);
+    const auto quiet = Play(row, false);
+    const auto noisy = Play(row, true);
+    EXPECT_EQ(noisy.wire, quiet.wire);
+    EXPECT_EQ(noisy.log, quiet.log);
+    EXPECT_EQ(noisy.opened, quiet.opened);
+    EXPECT_EQ(noisy.host.texts, quiet.host.texts);
+    EXPECT_EQ(noisy.released, quiet.released);
+    EXPECT_EQ(noisy.result, row.result);
+    EXPECT_EQ(quiet.result, row.result);
+    EXPECT_EQ(quiet.host.dialogs, row.dialogs);
+    std::vector<std::int32_t> refused;
+    for (int dialog = 0; dialog < row.dialogs; ++dialog) {
+      for (const auto& exported : exports::Exports()) {
+        if (exported.nature != exports::Nature::kBeside) refused.push_back(exported.failed);
+      }
+    }
+    EXPECT_EQ(noisy.host.results, refused);
+  }
+}
 
 // From inside a callback the host may hand over to another operator, or to none.
 
@@ -182,33 +172,28 @@ std::int32_t KESTRA_CALL HandOver(void* context, const char* /*text*/, const cha
   return 6;
 }
 
-FakePlatform& AskingShop() {
+FakePlatform& AskingShop(std::string_view asked = "1") {
   auto& world = unit::ExportsOnFakes();
-  world.GetProfile().Set("MostrarComandos", "1");
+  world.GetProfile().Set("MostrarComandos", asked);
   EXPECT_EQ(EP_Init(), 1);
   return world;
 }
 
-TEST(Reentry, ANewOperatorFromWithinAnswersTheNextDialog) {
-  AskingShop();
+TEST(Reentry, ANewOperatorOrTheDefaultFromWithinAnswersTheNextDialog) {
   Host second;
-  const auto next = RecordOf(second);
-  Handover first{.next = &next};
-  const KestraOperador record{sizeof(KestraOperador), &first, HandOver, nullptr, nullptr};
-  Kestra_DefinirOperador(&record);
-  EXPECT_EQ(EP_CortaPapel(), 0);
-  EXPECT_EQ(first.messages, 1);
-  EXPECT_EQ(second.dialogs, 2);  // the boxes around the frame
-}
-
-TEST(Reentry, TheDefaultOperatorFromWithinAnswersTheNextDialog) {
-  auto& world = AskingShop();
-  Handover first;
-  const KestraOperador record{sizeof(KestraOperador), &first, HandOver, nullptr, nullptr};
-  Kestra_DefinirOperador(&record);
-  EXPECT_EQ(EP_CortaPapel(), 0);
-  EXPECT_EQ(first.messages, 1);
-  EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kBox).size(), 2u);
+  const auto other = RecordOf(second);
+  for (const KestraOperador* const next : {&other, static_cast<const KestraOperador*>(nullptr)}) {
+    auto& world = AskingShop();
+    Handover first{.next = next};
+    const KestraOperador record{sizeof(KestraOperador), &first, HandOver, nullptr, nullptr};
+    Kestra_DefinirOperador(&record);
+    EXPECT_EQ(EP_CortaPapel(), 0);
+    EXPECT_EQ(first.messages, 1);
+    // The boxes around the frame.
+    const auto of_the_default = unit::TextsOf(world.GetJournal(), Happening::kBox).size();
+    EXPECT_EQ(of_the_default, next == nullptr ? 2u : 0u);
+    EXPECT_EQ(second.dialogs, 2);
+  }
 }
 
 // A host written in C++ may let an exception out of its callback.
@@ -247,24 +232,16 @@ class ThrowingHost : public testing::Test {
 };
 TYPED_TEST_SUITE(ThrowingHost, Throwers);
 
-TYPED_TEST(ThrowingHost, FromTheQuestion) {
-  auto& world = AskingShop();
-  this->ExpectOneFailure(
-      world, {sizeof(KestraOperador), nullptr, ThrowingMessage<TypeParam>, nullptr, nullptr});
-}
-
-TYPED_TEST(ThrowingHost, FromTheBoxesAroundTheFrame) {
-  auto& world = unit::ExportsOnFakes();
-  world.GetProfile().Set("MostrarComandos", "2");
-  EXPECT_EQ(EP_Init(), 1);
-  this->ExpectOneFailure(
-      world, {sizeof(KestraOperador), nullptr, ThrowingMessage<TypeParam>, nullptr, nullptr});
+TYPED_TEST(ThrowingHost, FromTheQuestionAndFromTheBoxesAroundTheFrame) {
+  for (const auto* asked : {"1", "2"}) {
+    this->ExpectOneFailure(AskingShop(asked), {sizeof(KestraOperador), nullptr,
+                                               ThrowingMessage<TypeParam>, nullptr, nullptr});
+  }
 }
 
 TYPED_TEST(ThrowingHost, FromTheReport) {
-  auto& world = unit::ExportsOnFakes();
+  auto& world = AskingShop("0");
   world.Line().SetDefault(unit::Answering("4000", "0600"));
-  EXPECT_EQ(EP_Init(), 1);
   this->ExpectOneFailure(
       world, {sizeof(KestraOperador), nullptr, nullptr, ThrowingReport<TypeParam>, nullptr});
 }

@@ -9,8 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "unit/rows.hpp"
-
 namespace kestra {
 namespace {
 
@@ -51,46 +49,38 @@ TEST(HostText, ANullPointerReadsAsBlanks) {
 constexpr std::size_t kBufferSize = 12;
 constexpr char kUntouched = '#';
 
-struct GiveRow {
+constexpr struct {
   const char* sentence;
   std::string_view text;
   std::int32_t size;
   std::int32_t count;
   std::string_view copied;
+} kGiven[] = {
+    {"a longer text is cut to the buffer", "ABCDE", 3, 3, "ABC"},
+    {"a text of the very size", "ABC", 3, 3, "ABC"},
+    {"a shorter text leaves the rest as it was", "AB", 8, 2, "AB"},
+    {"trailing blanks are not copied", "AB      ", 8, 2, "AB"},
+    {"a leading blank shifts what is copied", " AB", 8, 2, " A"},
+    {"blanks on both sides shift it too", "  AB  ", 8, 2, "  "},
+    {"blanks alone are nothing", "    ", 8, 0, ""},
+    {"no text is nothing", "", 8, 0, ""},
+    {"no room copies nothing", "ABC", 0, 0, ""},
+    {"a negative size copies nothing", "ABC", -3, -3, ""},
+    {"the least size copies nothing", "ABC", kLeast, kLeast, ""},
+    {"a huge size is bounded by the text", "ABC", kMost, 3, "ABC"},
+    {"a zero byte is copied like any other", {"A\0B", 3}, 8, 3, {"A\0B", 3}},
 };
 
-class ResultText : public testing::TestWithParam<GiveRow> {
- protected:
-  static std::string Untouched() { return std::string(kBufferSize, kUntouched); }
-};
-
-TEST_P(ResultText, FillsTheHostsBufferOnlySoFar) {
-  const auto& row = GetParam();
-  std::string buffer = Untouched();
-  EXPECT_EQ(DevolverCadena(buffer.data(), row.text, row.size), row.count);
-  EXPECT_EQ(buffer, std::string(row.copied) + std::string(kBufferSize - row.copied.size(), '#'));
+TEST(ResultText, FillsTheHostsBufferOnlySoFarAndIsCountedForANullPointerToo) {
+  for (const auto& row : kGiven) {
+    SCOPED_TRACE(row.sentence);
+    std::string buffer(kBufferSize, kUntouched);
+    EXPECT_EQ(DevolverCadena(buffer.data(), row.text, row.size), row.count);
+    EXPECT_EQ(buffer,
+              std::string(row.copied) + std::string(kBufferSize - row.copied.size(), kUntouched));
+    EXPECT_EQ(DevolverCadena(nullptr, row.text, row.size), row.count);
+  }
 }
-
-TEST_P(ResultText, IsCountedForANullPointerToo) {
-  EXPECT_EQ(DevolverCadena(nullptr, GetParam().text, GetParam().size), GetParam().count);
-}
-
-constexpr std::array kGiven{
-    GiveRow{"a longer text is cut to the buffer", "ABCDE", 3, 3, "ABC"},
-    GiveRow{"a text of the very size", "ABC", 3, 3, "ABC"},
-    GiveRow{"a shorter text leaves the rest as it was", "AB", 8, 2, "AB"},
-    GiveRow{"trailing blanks are not copied", "AB      ", 8, 2, "AB"},
-    GiveRow{"a leading blank shifts what is copied", " AB", 8, 2, " A"},
-    GiveRow{"blanks on both sides shift it too", "  AB  ", 8, 2, "  "},
-    GiveRow{"blanks alone are nothing", "    ", 8, 0, ""},
-    GiveRow{"no text is nothing", "", 8, 0, ""},
-    GiveRow{"no room copies nothing", "ABC", 0, 0, ""},
-    GiveRow{"a negative size copies nothing", "ABC", -3, -3, ""},
-    GiveRow{"the least size copies nothing", "ABC", kLeast, kLeast, ""},
-    GiveRow{"a huge size is bounded by the text", "ABC", kMost, 3, "ABC"},
-    GiveRow{"a zero byte is copied like any other", {"A\0B", 3}, 8, 3, {"A\0B", 3}},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, ResultText, testing::ValuesIn(kGiven), unit::BySentence());
 
 }  // namespace
 }  // namespace kestra

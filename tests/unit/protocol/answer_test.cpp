@@ -9,8 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include "unit/rows.hpp"
-
 namespace kestra {
 namespace {
 
@@ -18,40 +16,37 @@ namespace {
 #define STX "\x02"
 #define ETX "\x03"
 
-struct CutRow {
+constexpr struct {
   const char* sentence;
   std::string_view answers;
   std::string_view field;
   std::string_view left;
+} kCuts[] = {
+    {"what stands before the first separator is skipped", STX " K" FS "0000" FS "0600" ETX, "0000",
+     FS "0600" ETX},
+    {"the separator left behind begins the next field", FS "0600" FS "x" ETX, "0600", FS "x" ETX},
+    {"the last field ends at the end byte", FS "last" ETX "0123", "last", ETX "0123"},
+    {"behind the last field there is an empty one", ETX "0123", "", ETX "0123"},
+    {"without a separator everything before the end byte is a field", "abc" ETX "0123", "abc",
+     ETX "0123"},
+    {"two separators enclose an empty field", FS FS "x" ETX, "", FS "x" ETX},
+    {"a separator right before the end byte has an empty field", FS ETX, "", ETX},
+    {"without an end nothing is cut", FS "abc", "", FS "abc"},
+    {"without separator and end nothing is cut", "abc", "", "abc"},
+    {"a separator beats an end byte before it", FS "a" ETX "b" FS "c", "a" ETX "b", FS "c"},
+    {"an end byte before the first separator is skipped with the rest", "a" ETX "b" FS "c" ETX, "c",
+     ETX},
+    {"nothing is nothing", "", "", ""},
 };
 
-class NextField : public testing::TestWithParam<CutRow> {};
-
-TEST_P(NextField, IsCutOffTheFront) {
-  std::string answers(GetParam().answers);
-  EXPECT_EQ(SiguienteCampo(answers), GetParam().field);
-  EXPECT_EQ(answers, GetParam().left);
+TEST(NextField, IsCutOffTheFront) {
+  for (const auto& row : kCuts) {
+    SCOPED_TRACE(row.sentence);
+    std::string answers(row.answers);
+    EXPECT_EQ(SiguienteCampo(answers), row.field);
+    EXPECT_EQ(answers, row.left);
+  }
 }
-
-constexpr std::array kCuts{
-    CutRow{"what stands before the first separator is skipped", STX " K" FS "0000" FS "0600" ETX,
-           "0000", FS "0600" ETX},
-    CutRow{"the separator left behind begins the next field", FS "0600" FS "x" ETX, "0600",
-           FS "x" ETX},
-    CutRow{"the last field ends at the end byte", FS "last" ETX "0123", "last", ETX "0123"},
-    CutRow{"behind the last field there is an empty one", ETX "0123", "", ETX "0123"},
-    CutRow{"without a separator everything before the end byte is a field", "abc" ETX "0123", "abc",
-           ETX "0123"},
-    CutRow{"two separators enclose an empty field", FS FS "x" ETX, "", FS "x" ETX},
-    CutRow{"a separator right before the end byte has an empty field", FS ETX, "", ETX},
-    CutRow{"without an end nothing is cut", FS "abc", "", FS "abc"},
-    CutRow{"without separator and end nothing is cut", "abc", "", "abc"},
-    CutRow{"a separator beats an end byte before it", FS "a" ETX "b" FS "c", "a" ETX "b", FS "c"},
-    CutRow{"an end byte before the first separator is skipped with the rest",
-           "a" ETX "b" FS "c" ETX, "c", ETX},
-    CutRow{"nothing is nothing", "", "", ""},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, NextField, testing::ValuesIn(kCuts), unit::BySentence());
 
 // Fields as the answer of a printer carries them.
 std::string AnswerWith(const std::vector<std::string>& fields) {

@@ -22,9 +22,10 @@ class Exchange : public testing::Test {
   Library library_{world_};
 };
 
-TEST_F(Exchange, AnAcceptedCommandIsTrue) {
+TEST_F(Exchange, AnAcceptedCommandIsTrueAndLeftFramed) {
   world_.Line().SetDefault(unit::Answering("0000", "0600"));
   EXPECT_TRUE(Enviar(library_, "K"));
+  EXPECT_EQ(library_.state.ComandoActual.substr(2), "K\x03");
 }
 
 TEST_F(Exchange, ARefusedCommandIsFalse) {
@@ -37,21 +38,10 @@ TEST_F(Exchange, ALineThatDoesNotOpenIsFalse) {
   EXPECT_FALSE(Enviar(library_, "K"));
 }
 
-TEST_F(Exchange, WithoutALineItIsFalse) {
+TEST_F(Exchange, WithoutALineItIsFalseAndTheCurrentCommandAllTheSame) {
   library_.state.Puerto.reset();
   EXPECT_FALSE(Enviar(library_, "K"));
-}
-
-TEST_F(Exchange, ACommandThatNeverLeftIsTheCurrentOneAllTheSame) {
-  library_.state.Puerto.reset();
-  Enviar(library_, "K");
   EXPECT_EQ(library_.state.ComandoActual, "K");
-}
-
-TEST_F(Exchange, TheCurrentCommandIsLeftFramed) {
-  world_.Line().SetDefault(unit::Answering("0000", "0600"));
-  Enviar(library_, "K");
-  EXPECT_EQ(library_.state.ComandoActual.substr(2), "K\x03");
 }
 
 }  // namespace

@@ -5,44 +5,41 @@
 #include <array>
 
 #include "protocol/packet.hpp"
-#include "unit/rows.hpp"
 
 namespace kestra {
 namespace {
 
-struct SequenceRow {
+constexpr struct {
   const char* sentence;
   SequenceNumbers before;
   int second;
   SequenceNumbers after;
+} kSequences[] = {
+    {"70 at second 7 is seeded to 39", {70, 0}, 7, {39, 39}},
+    {"a freshly loaded library at second 0 starts at 36", {0, 0}, 0, {36, 36}},
+    {"a pair that nobody set is that of a freshly loaded library", {}, 0, {36, 36}},
+    {"a freshly loaded library at second 7 starts at 43", {0, 0}, 7, {43, 43}},
+    {"a freshly loaded library at second 40 starts at 41", {0, 0}, 40, {41, 41}},
+    {"the seconds alone may lead beyond the range and be halved", {70, 0}, 59, {65, 65}},
+    {"35 and a half goes to the even 36", {70, 0}, 0, {36, 36}},
+    {"36 and a half goes to the even 36", {70, 0}, 2, {36, 36}},
+    {"37 and a half goes to the even 38", {70, 0}, 4, {38, 38}},
+    {"a seed equal to the last one is seeded on", {70, 39}, 7, {46, 46}},
+    {"in range it counts up and remembers the seed", {39, 39}, 7, {40, 39}},
+    {"it may meet the last seed while counting", {38, 39}, 7, {39, 39}},
+    {"it counts up to 70", {69, 39}, 7, {70, 39}},
+    {"31 counts up to the first in range", {31, 0}, 7, {32, 0}},
+    {"30 is seeded", {30, 0}, 7, {38, 38}},
 };
 
-class Sequence : public testing::TestWithParam<SequenceRow> {};
-
-TEST_P(Sequence, GoesOn) {
-  const auto next = NextSequence(GetParam().before, GetParam().second);
-  EXPECT_EQ(next.current, GetParam().after.current);
-  EXPECT_EQ(next.previous, GetParam().after.previous);
+TEST(Sequence, GoesOn) {
+  for (const auto& row : kSequences) {
+    SCOPED_TRACE(row.sentence);
+    const auto next = NextSequence(row.before, row.second);
+    EXPECT_EQ(next.current, row.after.current);
+    EXPECT_EQ(next.previous, row.after.previous);
+  }
 }
-
-constexpr std::array kSequences{
-    SequenceRow{"70 at second 7 is seeded to 39", {70, 0}, 7, {39, 39}},
-    SequenceRow{"a freshly loaded library at second 0 starts at 36", {0, 0}, 0, {36, 36}},
-    SequenceRow{"a pair that nobody set is that of a freshly loaded library", {}, 0, {36, 36}},
-    SequenceRow{"a freshly loaded library at second 7 starts at 43", {0, 0}, 7, {43, 43}},
-    SequenceRow{"a freshly loaded library at second 40 starts at 41", {0, 0}, 40, {41, 41}},
-    SequenceRow{"the seconds alone may lead beyond the range and be halved", {70, 0}, 59, {65, 65}},
-    SequenceRow{"35 and a half goes to the even 36", {70, 0}, 0, {36, 36}},
-    SequenceRow{"36 and a half goes to the even 36", {70, 0}, 2, {36, 36}},
-    SequenceRow{"37 and a half goes to the even 38", {70, 0}, 4, {38, 38}},
-    SequenceRow{"a seed equal to the last one is seeded on", {70, 39}, 7, {46, 46}},
-    SequenceRow{"in range it counts up and remembers the seed", {39, 39}, 7, {40, 39}},
-    SequenceRow{"it may meet the last seed while counting", {38, 39}, 7, {39, 39}},
-    SequenceRow{"it counts up to 70", {69, 39}, 7, {70, 39}},
-    SequenceRow{"31 counts up to the first in range", {31, 0}, 7, {32, 0}},
-    SequenceRow{"30 is seeded", {30, 0}, 7, {38, 38}},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, Sequence, testing::ValuesIn(kSequences), unit::BySentence());
 
 bool InRange(int number) {
   return number >= 32 && number <= 70;

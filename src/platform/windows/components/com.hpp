@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <atomic>
 #include <new>
 #include <utility>
 
@@ -45,5 +46,31 @@ HRESULT ComGuard(Body body) noexcept {
     return E_FAIL;
   }
 }
+
+// What keeps the library in memory: live objects, and locks that clients hold on their factories.
+class Use {
+ public:
+  static void Add() { ++count_; }
+  static void Remove() { --count_; }
+  static bool Any() { return count_ > 0; }
+
+ private:
+  static inline std::atomic<long> count_ = 0;
+};
+
+// Counts the references to an object, and the object among those in use.
+class References {
+ public:
+  References() { Use::Add(); }
+  References(const References&) = delete;
+  References& operator=(const References&) = delete;
+  ~References() { Use::Remove(); }
+
+  ULONG Add() { return ++count_; }
+  ULONG Remove() { return --count_; }
+
+ private:
+  std::atomic<ULONG> count_ = 1;
+};
 
 }  // namespace kestra

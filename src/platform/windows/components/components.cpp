@@ -1,16 +1,58 @@
-#include "platform/seam/components.hpp"
-
 #include <windows.h>
 
+#include <unknwn.h>
+
 #include "platform/seam/host.hpp"
-#include "platform/windows/components/class_factory.hpp"
+#include "platform/seam/platform.hpp"
 #include "platform/windows/components/com.hpp"
-#include "platform/windows/components/module.hpp"
 #include "platform/windows/components/public_classes.hpp"
 #include "platform/windows/components/registration.hpp"
+#include "platform/windows/module.hpp"
 
 namespace kestra {
 namespace {
+
+// Makes the objects of one public class.
+class ClassFactory final : public IClassFactory {
+ public:
+  explicit ClassFactory(const PublicClass& row) : row_(row) {}
+  ClassFactory(const ClassFactory&) = delete;
+  ClassFactory& operator=(const ClassFactory&) = delete;
+  virtual ~ClassFactory() = default;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    const bool known = IsEqualGUID(id, IID_IUnknown) || IsEqualGUID(id, IID_IClassFactory);
+    *object = known ? static_cast<IClassFactory*>(this) : nullptr;
+    if (known) references_.Add();
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = references_.Remove();
+    if (left == 0) delete this;
+    return left;
+  }
+
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    return ComGuard([&] { return row_.create(id, object); });
+  }
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
+    if (lock != FALSE) {
+      Use::Add();
+    } else {
+      Use::Remove();
+    }
+    return S_OK;
+  }
+
+ private:
+  References references_;
+  const PublicClass& row_;
+};
 
 HRESULT MakeFactory(REFCLSID class_id, REFIID interface_id, void** object) {
   for (const auto& row : PublicClasses()) {

@@ -6,12 +6,35 @@
 
 #include "base/failure.hpp"
 #include "platform/windows/components/com.hpp"
-#include "platform/windows/components/module.hpp"
 #include "platform/windows/components/public_classes.hpp"
 #include "platform/windows/components/registration.hpp"
+#include "platform/windows/module.hpp"
 
 namespace kestra {
 namespace {
+
+using EntryPoint = HRESULT(STDAPICALLTYPE*)();
+
+// A reference to a loaded library file.
+class LoadedLibrary {
+ public:
+  explicit LoadedLibrary(const std::wstring& path) : module_(LoadLibraryW(path.c_str())) {}
+  LoadedLibrary(const LoadedLibrary&) = delete;
+  LoadedLibrary& operator=(const LoadedLibrary&) = delete;
+  ~LoadedLibrary() {
+    if (module_ != nullptr) FreeLibrary(module_);
+  }
+
+  // Calls an entry point without arguments. E_NOINTERFACE when the file or the entry is missing.
+  [[nodiscard]] HRESULT Call(const char* entry) const {
+    if (module_ == nullptr) return E_NOINTERFACE;
+    const auto address = reinterpret_cast<void*>(GetProcAddress(module_, entry));
+    return address == nullptr ? E_NOINTERFACE : reinterpret_cast<EntryPoint>(address)();
+  }
+
+ private:
+  HMODULE module_;
+};
 
 Failure CannotCreate() {
   return {429, "ActiveX component can't create object"};

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "platform/seam/dialog_words.hpp"
-#include "platform/windows/dialogs/host_program.hpp"
 #include "platform/windows/dialogs/resource_ids.h"
+#include "platform/windows/module.hpp"
 #include "platform/windows/text.hpp"
 
 namespace kestra {
@@ -28,7 +28,7 @@ Hints::Hints(HWND dialog) : dialog_(dialog) {
   ::InitCommonControlsEx(&controls);
   window_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
                               WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, dialog, nullptr,
-                              OwnInstance(), nullptr);
+                              OwnModule(), nullptr);
   // With a width given, longer texts break into lines.
   ::SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, kWidthInCharacters * CharacterWidth(dialog));
   ::SendMessageW(window_, TTM_SETDELAYTIME, TTDT_AUTOPOP, kMillisecondsShown);

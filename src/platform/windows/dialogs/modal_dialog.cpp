@@ -1,7 +1,7 @@
 #include "platform/windows/dialogs/modal_dialog.hpp"
 
 #include "base/failure.hpp"
-#include "platform/windows/dialogs/host_program.hpp"
+#include "platform/windows/module.hpp"
 #include "platform/windows/text.hpp"
 
 namespace kestra {
@@ -9,7 +9,7 @@ namespace kestra {
 Icon LoadIconResource(int number, IconSize size) {
   const bool small_one = size == IconSize::kSmall;
   return Icon(static_cast<HICON>(
-      ::LoadImageW(OwnInstance(), MAKEINTRESOURCEW(number), IMAGE_ICON,
+      ::LoadImageW(OwnModule(), MAKEINTRESOURCEW(number), IMAGE_ICON,
                    ::GetSystemMetrics(small_one ? SM_CXSMICON : SM_CXICON),
                    ::GetSystemMetrics(small_one ? SM_CYSMICON : SM_CYICON), LR_DEFAULTCOLOR)));
 }
@@ -21,7 +21,7 @@ ModalDialog::ModalDialog(int dialog, int icon)
 
 int ModalDialog::Show() {
   const INT_PTR answer =
-      ::DialogBoxParamW(OwnInstance(), MAKEINTRESOURCEW(dialog_), ::GetActiveWindow(), Procedure,
+      ::DialogBoxParamW(OwnModule(), MAKEINTRESOURCEW(dialog_), ::GetActiveWindow(), Procedure,
                         reinterpret_cast<LPARAM>(this));
   if (!opened_) throw OutOfMemory();
   return static_cast<int>(answer);

@@ -3,12 +3,29 @@
 #include <windows.h>
 
 #include "platform/shared/text.hpp"
-#include "platform/windows/dialogs/host_program.hpp"
 #include "platform/windows/dialogs/library_dialogs.hpp"
+#include "platform/windows/module.hpp"
 #include "platform/windows/text.hpp"
 
 namespace kestra {
 namespace {
+
+// Name of the host's program: its file without folder and extension. The title of every box that has
+// none of its own.
+std::wstring HostName() {
+  const std::wstring path = PathOf(nullptr);
+  const std::wstring file = path.substr(path.find_last_of(L"\\/") + 1);
+  return file.substr(0, file.rfind(L'.'));
+}
+
+// Is there somebody who could see a window of this process? A service's windows are on a desktop that
+// no screen shows, and would wait there for ever.
+bool DesktopIsSeen() {
+  USEROBJECTFLAGS flags{};
+  const bool told = ::GetUserObjectInformationW(::GetProcessWindowStation(), UOI_FLAGS, &flags,
+                                                sizeof flags, nullptr) != 0;
+  return !told || (flags.dwFlags & WSF_VISIBLE) != 0;
+}
 
 // Texts break their lines with a lone carriage return, which not every system shows as a break.
 std::string WithLineEnds(std::string_view text) {

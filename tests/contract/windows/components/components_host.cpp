@@ -10,7 +10,6 @@
 #include <ole2.h>
 
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <string>
 
@@ -56,13 +55,13 @@ Interface* Create(REFCLSID id, REFIID interface_id) {
 
 // ---- Stories ----
 
-void ClassesComeFromTheirFactories() {
+STORY(classes_come_from_their_factories) {
   CHECK(CanUnload());
   const auto get = Entry<GetClassObject>("DllGetClassObject");
-  void* object = &failures;
+  void* object = &library_path;
   CHECK(get(&IID_IDispatch, &IID_IClassFactory, &object) == CLASS_E_CLASSNOTAVAILABLE);
   CHECK(object == nullptr);
-  object = &failures;
+  object = &library_path;
   CHECK(get(&kInitClass, &IID_IDispatch, &object) == E_NOINTERFACE);
   CHECK(object == nullptr);
   CHECK(get(&kInitClass, &IID_IClassFactory, nullptr) == E_POINTER);
@@ -70,7 +69,7 @@ void ClassesComeFromTheirFactories() {
   CHECK(get(&kInitClass, nullptr, &object) == E_INVALIDARG);
 
   auto* const factory = Factory(kExampleClass);
-  object = &failures;
+  object = &library_path;
   CHECK(factory->CreateInstance(factory, IID_IUnknown, &object) == CLASS_E_NOAGGREGATION);
   CHECK(object == nullptr);
   CHECK(factory->CreateInstance(nullptr, kInitInterface, &object) == E_NOINTERFACE);
@@ -88,7 +87,7 @@ void CheckInterfaces(REFCLSID id, REFIID own, REFIID foreign) {
   CHECK(object->QueryInterface(own, reinterpret_cast<void**>(&dual)) == S_OK);
   CHECK(dual->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&again)) == S_OK);
   CHECK(identity == again);
-  void* none = &failures;
+  void* none = &library_path;
   CHECK(object->QueryInterface(foreign, &none) == E_NOINTERFACE);
   CHECK(none == nullptr);
   CHECK(object->QueryInterface(IID_IUnknown, nullptr) == E_POINTER);
@@ -102,12 +101,12 @@ void CheckInterfaces(REFCLSID id, REFIID own, REFIID foreign) {
   CHECK(CanUnload());
 }
 
-void ObjectsFollowTheRulesOfInterfaces() {
+STORY(objects_follow_the_rules_of_interfaces) {
   CheckInterfaces(kInitClass, kInitInterface, kExampleInterface);
   CheckInterfaces(kExampleClass, kExampleInterface, kInitInterface);
 }
 
-void WhatIsInUseKeepsTheLibrary() {
+STORY(what_is_in_use_keeps_the_library) {
   CHECK(CanUnload());
   auto* const factory = Factory(kInitClass);
   CHECK(!CanUnload());
@@ -135,7 +134,7 @@ HRESULT Run(IDispatch* object, DISPID id, DISPPARAMS arguments, REFIID reserved 
                         nullptr, nullptr);
 }
 
-void ScriptsFindTheMethodByName() {
+STORY(scripts_find_the_method_by_name) {
   auto* const object = Create<IDispatch>(kInitClass, IID_IDispatch);
   CHECK(NameOf(object, L"InitVBCall", S_OK) == 1);
   CHECK(NameOf(object, L"initvbcall", S_OK) == 1);
@@ -167,12 +166,12 @@ void CheckDescription(REFCLSID id, REFIID own) {
   CHECK(object->Release() == 0);
 }
 
-void ObjectsDescribeThemselves() {
+STORY(objects_describe_themselves) {
   CheckDescription(kInitClass, kInitInterface);
   CheckDescription(kExampleClass, kExampleInterface);
 }
 
-void CompiledClientsCallTheMethodDirectly() {
+STORY(compiled_clients_call_the_method_directly) {
   auto* const object = Create<InitInterface>(kInitClass, kInitInterface);
   CHECK(object->InitVBCall() == S_OK);
   CHECK(object->Release() == 0);
@@ -190,7 +189,7 @@ HRESULT CreateByName(const wchar_t* name) {
 }
 
 // Names of classes work while they are registered, the versioned ones too.
-void NamesWorkWhileRegistered() {
+STORY(names_work_while_registered) {
   const wchar_t* const names[] = {L"Kestra.InitClass", L"Kestra.ExampleClass",
                                   L"Kestra.InitClass.1", L"Kestra.ExampleClass.1"};
   CoInitialize(nullptr);
@@ -204,7 +203,7 @@ void NamesWorkWhileRegistered() {
   CoUninitialize();
 }
 
-void HostWithoutComponents() {
+STORY(host_without_components) {
   CHECK(Here() == Apartment::kNone);
   CHECK(Call("EP_Init") == 1);
   CHECK(!CanUnload());
@@ -214,7 +213,7 @@ void HostWithoutComponents() {
   CHECK(Here() == Apartment::kNone);
 }
 
-void StartedTwiceEndedTwice() {
+STORY(started_twice_ended_twice) {
   CHECK(Call("EP_Init") == 1);
   CHECK(Call("EP_Init") == 1);
   Call("EP_Kill");
@@ -226,7 +225,7 @@ void StartedTwiceEndedTwice() {
   CHECK(Here() == Apartment::kNone);
 }
 
-void EndedWithoutStart() {
+STORY(ended_without_start) {
   CoInitialize(nullptr);
   Call("EP_Kill");
   CHECK(Here() == Apartment::kSingle);
@@ -234,7 +233,7 @@ void EndedWithoutStart() {
   CHECK(Here() == Apartment::kNone);
 }
 
-void HostInASingleThreadedApartment() {
+STORY(host_in_a_single_threaded_apartment) {
   CHECK(CoInitialize(nullptr) == S_OK);
   CHECK(Call("EP_Init") == 1);
   CHECK(Call("EP_Init") == 1);
@@ -245,7 +244,7 @@ void HostInASingleThreadedApartment() {
   CHECK(Here() == Apartment::kNone);
 }
 
-void HostInTheMultithreadedApartment() {
+STORY(host_in_the_multithreaded_apartment) {
   CHECK(CoInitializeEx(nullptr, COINIT_MULTITHREADED) == S_OK);
   CHECK(Call("EP_Init") == 1);
   CHECK(Here() == Apartment::kMulti);
@@ -258,7 +257,7 @@ void HostInTheMultithreadedApartment() {
 }
 
 // The host leaves while the library is in use: the library's share stays.
-void HostLeavesBeforeTheLibrary() {
+STORY(host_leaves_before_the_library) {
   CHECK(CoInitialize(nullptr) == S_OK);
   CHECK(Call("EP_Init") == 1);
   CoUninitialize();
@@ -282,7 +281,7 @@ DWORD WINAPI OtherThread(void*) {
   return 0;
 }
 
-void EndedOnAnotherThread() {
+STORY(ended_on_another_thread) {
   CHECK(Call("EP_Init") == 1);
   RunThread(OtherThread);
   // Nobody but this thread can leave.
@@ -311,7 +310,7 @@ DWORD WINAPI NextTicket(void*) {
 }
 
 // A thread for each ticket, and none of them ends the library. The system gives their numbers again.
-void StartedOnAThreadWithTheNumberOfOneThatEnded() {
+STORY(started_on_a_thread_with_the_number_of_one_that_ended) {
   constexpr int kThreads = 20000;
   RunThread(FirstTicket);
   for (int i = 0; i < kThreads; ++i) {
@@ -321,67 +320,23 @@ void StartedOnAThreadWithTheNumberOfOneThatEnded() {
 }
 
 // The file in the current directory names a port that cannot be.
-void FailedStartLeavesNoRegistration() {
+STORY(failed_start_leaves_no_registration) {
   CHECK(Call("EP_Init") == 0);
   Call("EP_Kill");
   CHECK(Here() == Apartment::kNone);
 }
 
 // Leaves at once, as a till does when it is switched off: nothing may hang.
-void LeavesWithoutEnding() {
+STORY(leaves_without_ending) {
   CHECK(Call("EP_Init") == 1);
-}
-
-struct Story {
-  const char* name;
-  void (*tell)();
-};
-
-constexpr Story kStories[] = {
-    {"classes_come_from_their_factories", ClassesComeFromTheirFactories},
-    {"objects_follow_the_rules_of_interfaces", ObjectsFollowTheRulesOfInterfaces},
-    {"what_is_in_use_keeps_the_library", WhatIsInUseKeepsTheLibrary},
-    {"scripts_find_the_method_by_name", ScriptsFindTheMethodByName},
-    {"objects_describe_themselves", ObjectsDescribeThemselves},
-    {"compiled_clients_call_the_method_directly", CompiledClientsCallTheMethodDirectly},
-    {"names_work_while_registered", NamesWorkWhileRegistered},
-    {"host_without_components", HostWithoutComponents},
-    {"started_twice_ended_twice", StartedTwiceEndedTwice},
-    {"ended_without_start", EndedWithoutStart},
-    {"host_in_a_single_threaded_apartment", HostInASingleThreadedApartment},
-    {"host_in_the_multithreaded_apartment", HostInTheMultithreadedApartment},
-    {"host_leaves_before_the_library", HostLeavesBeforeTheLibrary},
-    {"ended_on_another_thread", EndedOnAnotherThread},
-    {"started_on_a_thread_with_the_number_of_one_that_ended",
-     StartedOnAThreadWithTheNumberOfOneThatEnded},
-    {"failed_start_leaves_no_registration", FailedStartLeavesNoRegistration},
-    {"user_without_rights_registers_for_himself", UserWithoutRightsRegistersForHimself},
-    {"user_without_rights_starts", UserWithoutRightsStarts},
-    {"start_without_rights", StartWithoutRights},
-    {"start_that_cannot_take_its_registration_back", StartThatCannotTakeItsRegistrationBack},
-    {"another_copy_serves", AnotherCopyServes},
-    {"leaves_without_ending", LeavesWithoutEnding},
-};
-
-int Tell(const char* name) {
-  for (const auto& story : kStories) {
-    if (std::strcmp(story.name, name) != 0) continue;
-    story.tell();
-    return failures;
-  }
-  std::printf("no story %s\n", name);
-  return 99;
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count == 2 && std::strcmp(arguments[1], "list") == 0) {
-    for (const auto& story : kStories) std::printf("%s\n", story.name);
-    return 0;
-  }
+  if (count == 2 && std::strcmp(arguments[1], "list") == 0) return kestra::Story::List(), 0;
   if (count != 3) return 99;
   const std::string path = arguments[2];
   library_path.assign(path.begin(), path.end());
-  return Tell(arguments[1]);
+  return kestra::Story::Tell(arguments[1]);
 }

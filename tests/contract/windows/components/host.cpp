@@ -4,14 +4,7 @@
 
 #include <cstdio>
 
-int failures = 0;
 std::wstring library_path;
-
-void Check(bool holds, const char* promise, int line) {
-  if (holds) return;
-  std::printf("line %d: broken: %s\n", line, promise);
-  ++failures;
-}
 
 namespace {
 

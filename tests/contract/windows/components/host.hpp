@@ -5,14 +5,13 @@
 #include <cstdint>
 #include <string>
 
-// What the stories share: the library under test, and the count of broken promises.
+#include "programs/stories.hpp"
 
-extern int failures;
+// What the stories share: the library under test.
+
 extern std::wstring library_path;
 
-void Check(bool holds, const char* promise, int line);
-
-#define CHECK(promise) Check((promise), #promise, __LINE__)
+#define CHECK(promise) kestra::Expect((promise), #promise, "line " + std::to_string(__LINE__))
 
 // The library's function of that name; without it there is no story to tell.
 void* Address(const char* name);
@@ -29,11 +28,3 @@ bool CanUnload();
 // How the component system stands on this thread: none, or as the host or the library left it.
 enum class Apartment { kNone, kSingle, kMulti };
 Apartment Here();
-
-// ---- Stories of rights and registrations ----
-
-void UserWithoutRightsRegistersForHimself();
-void UserWithoutRightsStarts();
-void StartWithoutRights();
-void StartThatCannotTakeItsRegistrationBack();
-void AnotherCopyServes();

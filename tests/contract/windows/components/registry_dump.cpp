@@ -1,13 +1,17 @@
 // Writes every key and value of the classes in the registry, machine's and user's, both widths, to two files
 // in Wine's own form: what is the same before and after was left as it was.
 //
-//   registry_dump DIRECTORY    makes machine.reg and user.reg there
+//   registry_dump    makes machine.reg and user.reg in each directory that its test tells it, and says when
 //
 // One request to Wine for each: key by key it would be thousands, each of which waits for its turn.
 #include <windows.h>
 
 #include <cstdio>
 #include <string>
+
+extern "C" {
+#include "programs/talk.h"
+}
 
 namespace {
 
@@ -31,11 +35,24 @@ bool Save(HKEY root, const std::string& file) {
   return saved == ERROR_SUCCESS;
 }
 
+void Dump(const std::string& folder) {
+  const bool done = Save(HKEY_LOCAL_MACHINE, folder + "\\machine.reg") &&
+                    Save(HKEY_CURRENT_USER, folder + "\\user.reg");
+  talk_say(done ? "1" : "0", 1);
+}
+
 }  // namespace
 
-int main(int count, char** arguments) {
-  const std::string folder = count == 2 ? arguments[1] : ".";
-  const bool done = ClaimRight() && Save(HKEY_LOCAL_MACHINE, folder + "\\machine.reg") &&
-                    Save(HKEY_CURRENT_USER, folder + "\\user.reg");
-  return done ? 0 : 1;
+int main() {
+  if (talk_begin() == 0 || !ClaimRight()) return 1;
+  std::string heard;
+  for (char c = 0; talk_hear(&c, 1) == 1;) {
+    if (c != '\n') {
+      heard += c;
+    } else {
+      Dump(heard);
+      heard.clear();
+    }
+  }
+  return 0;
 }

@@ -10,28 +10,42 @@
 
 namespace {
 
-// Stands in for missing rights: nothing can be written below a root that leads to a removed key.
-class UnwritableRoot {
+// Puts another key in a root's place.
+class OtherRoot {
  public:
-  explicit UnwritableRoot(HKEY root) : root_(root) {
-    const wchar_t* const name = L"Software\\KestraUnwritable";
-    RegCreateKeyExW(HKEY_CURRENT_USER, name, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &removed_,
+  OtherRoot(HKEY root, const wchar_t* name, DWORD how) : root_(root), name_(name) {
+    RegCreateKeyExW(HKEY_CURRENT_USER, name, 0, nullptr, how, KEY_ALL_ACCESS, nullptr, &other_,
                     nullptr);
-    RegDeleteKeyW(HKEY_CURRENT_USER, name);
   }
-  UnwritableRoot(const UnwritableRoot&) = delete;
-  UnwritableRoot& operator=(const UnwritableRoot&) = delete;
-  ~UnwritableRoot() {
+  OtherRoot(const OtherRoot&) = delete;
+  OtherRoot& operator=(const OtherRoot&) = delete;
+  ~OtherRoot() {
     Allow();
-    RegCloseKey(removed_);
+    RegCloseKey(other_);
+    RegDeleteKeyW(HKEY_CURRENT_USER, name_);
   }
 
-  void Forbid() { CHECK(RegOverridePredefKey(root_, removed_) == ERROR_SUCCESS); }
+  void Forbid() { CHECK(RegOverridePredefKey(root_, other_) == ERROR_SUCCESS); }
   void Allow() { RegOverridePredefKey(root_, nullptr); }
 
  private:
   HKEY root_;
-  HKEY removed_ = nullptr;
+  const wchar_t* name_;
+  HKEY other_ = nullptr;
+};
+
+// Stands in for missing rights: nothing can be written below a root that leads to a removed key.
+struct UnwritableRoot : OtherRoot {
+  explicit UnwritableRoot(HKEY root) : OtherRoot(root, L"Software\\KestraUnwritable", 0) {
+    RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\KestraUnwritable");
+  }
+};
+
+// Stands in for a user who may read but not write: what lies below lasts no longer than the system runs, and
+// nothing that lasts can be put there.
+struct ReadOnlyRoot : OtherRoot {
+  explicit ReadOnlyRoot(HKEY root)
+      : OtherRoot(root, L"Software\\KestraReadOnly", REG_OPTION_VOLATILE) {}
 };
 
 bool UserHas(const wchar_t* key) {
@@ -49,32 +63,6 @@ constexpr const wchar_t* kInUserHive[] = {
     L"CLSID\\{EB34D3E4-7800-4767-BB09-02831A681970}\\InprocServer32",
     L"Interface\\{EAAF22B2-563C-43FA-AAA4-A12D7778C727}\\TypeLib",
     L"TypeLib\\{09A546AC-7EB8-47CA-9848-E59672A0AB91}\\1.0",
-};
-
-// Stands in for a user who may read but not write: what lies below lasts no longer than the system runs, and
-// nothing that lasts can be put there.
-class ReadOnlyRoot {
- public:
-  explicit ReadOnlyRoot(HKEY root) : root_(root) {
-    RegCreateKeyExW(HKEY_CURRENT_USER, kName, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
-                    nullptr, &empty_, nullptr);
-  }
-  ReadOnlyRoot(const ReadOnlyRoot&) = delete;
-  ReadOnlyRoot& operator=(const ReadOnlyRoot&) = delete;
-  ~ReadOnlyRoot() {
-    Allow();
-    RegCloseKey(empty_);
-    RegDeleteKeyW(HKEY_CURRENT_USER, kName);
-  }
-
-  void Forbid() { CHECK(RegOverridePredefKey(root_, empty_) == ERROR_SUCCESS); }
-  void Allow() { RegOverridePredefKey(root_, nullptr); }
-
- private:
-  static constexpr const wchar_t* kName = L"Software\\KestraReadOnly";
-
-  HKEY root_;
-  HKEY empty_ = nullptr;
 };
 
 // What the registry's keys of the library's own lie in.
@@ -107,9 +95,7 @@ int32_t WINAPI OnMessage(void*, const char*, const char*, int32_t style) {
   return style == 0 ? 1 : 7;
 }
 
-}  // namespace
-
-void UserWithoutRightsRegistersForHimself() {
+STORY(user_without_rights_registers_for_himself) {
   UnwritableRoot machine(HKEY_LOCAL_MACHINE);
   machine.Forbid();
   CHECK(Call("DllRegisterServer") == S_OK);
@@ -119,7 +105,7 @@ void UserWithoutRightsRegistersForHimself() {
   for (const auto* const key : kInUserHive) CHECK(!UserHas(key));
 }
 
-void UserWithoutRightsStarts() {
+STORY(user_without_rights_starts) {
   UnwritableRoot machine(HKEY_LOCAL_MACHINE);
   machine.Forbid();
   for (int round = 0; round < 2; ++round) {
@@ -131,7 +117,7 @@ void UserWithoutRightsStarts() {
 }
 
 // Nobody may write to the registry: start-up fails, and undoes what it began.
-void StartWithoutRights() {
+STORY(start_without_rights) {
   UnwritableRoot machine(HKEY_LOCAL_MACHINE);
   UnwritableRoot user(HKEY_CURRENT_USER);
   machine.Forbid();
@@ -149,7 +135,7 @@ void StartWithoutRights() {
 }
 
 // The settings have a bad key: its message comes while the classes are registered.
-void StartThatCannotTakeItsRegistrationBack() {
+STORY(start_that_cannot_take_its_registration_back) {
   const KestraOperador record = {sizeof record, nullptr, OnMessage, nullptr, nullptr};
   Entry<void(WINAPI*)(const KestraOperador*)>("Kestra_DefinirOperador")(&record);
   obstructs = false;
@@ -166,7 +152,7 @@ void StartThatCannotTakeItsRegistrationBack() {
 }
 
 // The component system itself knows another copy, which is registered for good.
-void AnotherCopyServes() {
+STORY(another_copy_serves) {
   ReadOnlyRoot machine(HKEY_LOCAL_MACHINE);
   ReadOnlyRoot user(HKEY_CURRENT_USER);
   machine.Forbid();
@@ -179,3 +165,5 @@ void AnotherCopyServes() {
   user.Allow();
   machine.Allow();
 }
+
+}  // namespace

@@ -16,15 +16,19 @@ SYSTEMS = {"ja_JP": 932, "ru_RU": 1251}  # one whose characters take two bytes, 
 class OtherSystems(Till):
     """Wine has the code page of the user's locale, and the machine may have none but its own."""
 
-    def setUp(self):
-        super().setUp()
+    @classmethod
+    def setUpClass(cls):
+        """Once: a locale takes long to make, and programs of one environment have one starter."""
         dialogs_test.PROGRAM = os.path.join(ENV["KESTRA_BIN"], "show_dialog.exe")
-        folder = tempfile.TemporaryDirectory(prefix="kestra-")
-        self.addCleanup(folder.cleanup)
+        cls.locales = tempfile.TemporaryDirectory(prefix="kestra-")
+        cls.addClassCleanup(cls.locales.cleanup)
         for locale in SYSTEMS:
             subprocess.run(["localedef", "-i", locale, "-f", "UTF-8",
-                            os.path.join(folder.name, locale + ".UTF-8")], check=True)
-        self.change("LOCPATH", folder.name)
+                            os.path.join(cls.locales.name, locale + ".UTF-8")], check=True)
+
+    def setUp(self):
+        super().setUp()
+        self.change("LOCPATH", self.locales.name)
 
     def change(self, name, value):
         before = os.environ.get(name)

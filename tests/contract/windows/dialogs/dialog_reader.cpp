@@ -5,8 +5,7 @@
 #include <array>
 #include <cstdio>
 #include <string>
-
-namespace {
+#include <vector>
 
 std::string Utf8(const std::wstring& wide) {
   const int units = static_cast<int>(wide.size());
@@ -20,10 +19,14 @@ std::string Utf8(const std::wstring& wide) {
   return utf8;
 }
 
+// By a message, as the window itself tells it; a window that hangs tells nothing.
 std::wstring TextOf(HWND window) {
-  std::wstring text(1024, L'\0');
-  const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
+  constexpr UINT kPatience = 600000;
+  std::wstring text(4096, L'\0');
+  DWORD_PTR length = 0;
+  SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
+                      SMTO_ABORTIFHUNG, kPatience, &length);
+  text.resize(length);
   return text;
 }
 
@@ -32,6 +35,8 @@ std::wstring ClassOf(HWND window) {
   GetClassNameW(window, name.data(), static_cast<int>(name.size()));
   return name.data();
 }
+
+namespace {
 
 LONG_PTR StyleOf(HWND window) {
   return GetWindowLongPtrW(window, GWL_STYLE);
@@ -103,7 +108,7 @@ class Canvas {
 };
 
 // The window of a dialog's hints.
-HWND HintsOf(HWND dialog) {
+HWND HintWindowOf(HWND dialog) {
   HWND found = nullptr;
   for (;;) {
     found = FindWindowExW(nullptr, found, TOOLTIPS_CLASSW, nullptr);
@@ -111,13 +116,15 @@ HWND HintsOf(HWND dialog) {
   }
 }
 
-// The hint shown over the middle of a control.
-std::wstring HintOf(HWND dialog, HWND control) {
-  const HWND hints = HintsOf(dialog);
-  RECT place{};
-  GetWindowRect(control, &place);
-  POINT middle{.x = (place.left + place.right) / 2, .y = (place.top + place.bottom) / 2};
-  ScreenToClient(dialog, &middle);
+struct Hint {
+  RECT place;
+  std::wstring text;
+};
+
+// Asked for once: each question waits for the dialog's own thread.
+std::vector<Hint> HintsOf(HWND dialog) {
+  const HWND hints = HintWindowOf(dialog);
+  std::vector<Hint> all;
   std::array<wchar_t, 256> text{};
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;
@@ -125,7 +132,25 @@ std::wstring HintOf(HWND dialog, HWND control) {
   const auto count = static_cast<WPARAM>(SendMessageW(hints, TTM_GETTOOLCOUNT, 0, 0));
   for (WPARAM i = 0; hints != nullptr && i < count; ++i) {
     SendMessageW(hints, TTM_ENUMTOOLSW, i, reinterpret_cast<LPARAM>(&tool));
-    if (tool.hwnd == dialog && PtInRect(&tool.rect, middle)) return text.data();
+    if (tool.hwnd == dialog) all.push_back({.place = tool.rect, .text = text.data()});
+  }
+  return all;
+}
+
+// A dialog while it is described.
+struct Described {
+  HWND window;
+  std::vector<Hint> hints;
+};
+
+// The hint shown over the middle of a control.
+std::wstring HintOf(const Described& dialog, HWND control) {
+  RECT place{};
+  GetWindowRect(control, &place);
+  POINT middle{.x = (place.left + place.right) / 2, .y = (place.top + place.bottom) / 2};
+  ScreenToClient(dialog.window, &middle);
+  for (const Hint& hint : dialog.hints) {
+    if (PtInRect(&hint.place, middle)) return hint.text;
   }
   return {};
 }
@@ -152,7 +177,8 @@ std::string PictureOf(HWND control, const Canvas& canvas) {
 }
 
 BOOL CALLBACK DescribeControl(HWND control, LPARAM parent) {
-  const auto dialog = reinterpret_cast<HWND>(parent);
+  const Described& described = *reinterpret_cast<const Described*>(parent);
+  const HWND dialog = described.window;
   RECT place{};
   GetWindowRect(control, &place);
   MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
@@ -161,7 +187,7 @@ BOOL CALLBACK DescribeControl(HWND control, LPARAM parent) {
   std::printf("control\t%d\t%s\t%ld\t%ld\t%ld\t%ld\t%ld\t%ld\t%06lx\t%s\t%s\t%s\n",
               GetDlgCtrlID(control), Utf8(ClassOf(control)).c_str(), place.left, place.top,
               place.right - place.left, place.bottom - place.top, size.cx, size.cy, colour,
-              PictureOf(control, canvas).c_str(), Utf8(HintOf(dialog, control)).c_str(),
+              PictureOf(control, canvas).c_str(), Utf8(HintOf(described, control)).c_str(),
               Utf8(TextOf(control)).c_str());
   return TRUE;
 }
@@ -192,5 +218,6 @@ void DescribeWindow(HWND window) {
               place.top, place.right - place.left, place.bottom - place.top, ownership,
               CaptionWidth(TextOf(window)));
   std::printf("client\t%ld\t%ld\n", client.right, client.bottom);
-  EnumChildWindows(window, DescribeControl, reinterpret_cast<LPARAM>(window));
+  const Described described{.window = window, .hints = HintsOf(window)};
+  EnumChildWindows(window, DescribeControl, reinterpret_cast<LPARAM>(&described));
 }

@@ -8,7 +8,7 @@ import urllib.request
 
 import ticket_test
 from shop import until
-from till_operator import CLOSE, NO, OK, RETRY, YES, AttendedTill, shown
+from till_operator import CLOSE, LOOK, NO, OK, RETRY, YES, AttendedTill, shown
 
 
 class TheQuestionBeforeEachCommand(AttendedTill):
@@ -22,7 +22,7 @@ class TheQuestionBeforeEachCommand(AttendedTill):
             return self.till.poll() is not None
 
         while True:
-            until(lambda: over() or shown("Envia?"), "the next question or the end")
+            until(lambda: over() or shown("Envia?"), "the next question or the end", LOOK)
             if over():
                 return
             self.see("Envia?").press(NO)

@@ -6,6 +6,8 @@
 PROGRAM_DIRECTORY holds show_dialog.exe. The Wine prefix and the display are the environment's; a window
 manager is up and xdotool is installed.
 """
+import functools
+import os
 import pathlib
 import re
 import subprocess
@@ -20,45 +22,18 @@ RED, BLACK = "0000ff", "000000"  # blue, green, red
 FINE, DENSE = 96, 144  # dots per inch
 DESKTOP = r"HKCU\Control Panel\Desktop"
 
-CONTROLLER = "Error del controlador. Consulte a su técnico fiscal."
-PAPER = ("Verifique el abastecimiento y la colocacion correcta del papel, si se repite consulte a su "
-         "técnico fiscal.")
-INTERNAL = "Información Interna."
-TERMINAL = "Información interna."
-TECHNICIAN = "Consulte a su técnico fiscal."
-# Number of the row, is it an error, caption, hint.
-PRINTER = [
-    (2, True, "Error y/o falla de impresora", CONTROLLER),
-    (3, True, "Impresora fuera de linea",
-     'Verificar que se encuentre en modo "En Linea" el controlador fiscal.'),
-    (4, True, "Falta Papel del diario", PAPER),
-    (5, True, "Falta Papel de tickets", PAPER),
-    (6, False, "Buffer de impresora lleno", INTERNAL),
-    (7, False, "Buffer de impresora vacio", INTERNAL),
-    (8, False, "Entrada de hojas sueltas frontal preparada", INTERNAL),
-    (9, False, "Hoja suelta frontal preparada", INTERNAL),
-    (14, True, "Impresora sin papel", PAPER),
-]
-FISCAL = [
-    (0, True, "Error de comprobacion de memoria fiscal", CONTROLLER),
-    (1, True, "Error de comprobacion de memoria de trabajo", CONTROLLER),
-    (2, False, "Bateria Baja", TECHNICIAN),
-    (3, True, "Comando no reconocido", "Error interno."),
-    (4, True, "Campo de datos invalido",
-     'Verificar que se encuentre activado "Quitar caracateres no validos" en la configuración'),
-    (5, True, "Comando no valido para estado fiscal",
-     "Verificar que no se encuentre trabado un comprobante fiscal."),
-    (6, True, "Desbordamiento de totales",
-     "Las cantidades o montos de la factura no son soportados. Verificar limites."),
-    (7, True, "Memoria Fiscal llena", CONTROLLER),
-    (8, False, "Memoria Fiscal casi llena (restan menos de 30 cierres)", TECHNICIAN),
-    (9, False, "Terminal Fiscal Certificada", TERMINAL),
-    (10, False, "Terminal Fiscal Fiscalizada", TERMINAL),
-    (11, True, "Es necesario hacer un cierre de la jornada (pasaron mas de 24 hs)",
-     "Debe hacer un cierre de la jornada (Cierre Z), ya que pasaron mas de 24 hs."),
-    (12, False, "Documento fiscal abierto", INTERNAL),
-    (13, False, "Factura o Impresión en hoja suelta inicializada", INTERNAL),
-]
+EVERY_ROW = pathlib.Path(__file__).resolve().parents[3] / "golden/cases/dialogs/every_row.golden"
+
+
+def rows(group):
+    """Number of each row of the report, is it an error, caption, hint: as the golden session has them."""
+    found = re.findall(rf'^>   lit  {group} (\d+) \((error|info)\) "(.*)" hint "(.*)"$',
+                       EVERY_ROW.read_text("utf-8"), re.MULTILINE)
+    return [(int(number), kind == "error", *texts) for number, kind, *texts in dict.fromkeys(found)]
+
+
+PRINTER, FISCAL = rows("printer"), rows("fiscal")
+assert (len(PRINTER), len(FISCAL)) == (9, 14)
 # Number of the control of row 0, its picture and its label; the rows.
 WORDS = {"printer": (400, 500, PRINTER), "fiscal": (600, 700, FISCAL)}
 FIXED = {301: "Estado Impresora", 302: "Estado Fiscal", 303: "Estados", 304: "Impresora:",
@@ -127,7 +102,7 @@ class Dialog:
 
     def press(self, *keys):
         """Once it has the keyboard."""
-        until(lambda: xdotool("getwindowfocus", "getwindowname") == self.shown.caption, "the focus")
+        until(lambda: xdotool("getwindowfocus", "getwindowname") == self.shown.caption, "the focus", 0.05)
         xdotool("key", *keys)
 
     def end(self):
@@ -139,6 +114,12 @@ class Dialog:
 
 
 def show(*arguments):
+    """What a dialog showed and how it ended: once for all who look at the same one."""
+    return shown_at(tuple(sorted(os.environ.items())), Density.now, arguments)
+
+
+@functools.cache
+def shown_at(_environment, _density, arguments):
     dialog = Dialog(*arguments)
     return dialog.shown, dialog.end()
 
@@ -163,14 +144,18 @@ def xdotool(*arguments):
 class Density:
     """A system set to so many dots per inch, for programs that start meanwhile."""
 
+    now = None
+
     def __init__(self, density):
         self.density = density
 
     def __enter__(self):
         assert wine("reg", "add", DESKTOP, "/v", "LogPixels", "/t", "REG_DWORD", "/d",
                     str(self.density), "/f") == 0
+        Density.now = self.density
 
     def __exit__(self, *_):
+        Density.now = None
         assert wine("reg", "delete", DESKTOP, "/v", "LogPixels", "/f") == 0
 
 

@@ -2,49 +2,27 @@
 //
 //   control  number class middle_x middle_y text
 //
-//   read_window CAPTION     exits with 1 when there is no dialog of that caption to be answered
+//   read_window CAPTION     exits with 1 when there is no dialog of that caption to be answered, in its place
+//                           and painted
 #include <windows.h>
 
-#include <array>
 #include <cstdio>
 #include <string>
 
+#include "dialog_reader.hpp"
+
 namespace {
-
-constexpr UINT kPatience = 600000;
-
-std::string Utf8(const std::wstring& wide) {
-  const int units = static_cast<int>(wide.size());
-  std::string utf8(wide.size() * 3, '\0');
-  const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, utf8.data(),
-                                         static_cast<int>(utf8.size()), nullptr, nullptr);
-  utf8.resize(static_cast<std::size_t>(length));
-  for (char& c : utf8) {
-    if (c == '\n' || c == '\r' || c == '\t') c = '|';
-  }
-  return utf8;
-}
-
-// By a message, as the window itself tells it; a window that hangs tells nothing.
-std::wstring TextOf(HWND window) {
-  std::wstring text(4096, L'\0');
-  DWORD_PTR length = 0;
-  SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
-                      SMTO_ABORTIFHUNG, kPatience, &length);
-  text.resize(length);
-  return text;
-}
-
-std::wstring ClassOf(HWND window) {
-  std::array<wchar_t, 64> name{};
-  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  return name.data();
-}
 
 struct Search {
   std::wstring caption;
   HWND found = nullptr;
 };
+
+// While the window manager takes it into its frame, its place is told relative to that.
+bool IsInItsPlace(HWND window) {
+  RECT place{};
+  return GetWindowRect(window, &place) != FALSE && place.left >= 0 && place.top >= 0;
+}
 
 BOOL CALLBACK KeepDialog(HWND window, LPARAM told) {
   auto& search = *reinterpret_cast<Search*>(told);
@@ -72,7 +50,8 @@ int main() {
   if (count != 2) return 2;
   Search search{.caption = words[1]};
   EnumWindows(KeepDialog, reinterpret_cast<LPARAM>(&search));
-  if (search.found == nullptr) return 1;
+  if (search.found == nullptr || !IsInItsPlace(search.found)) return 1;
+  RedrawWindow(search.found, nullptr, nullptr, RDW_ALLCHILDREN | RDW_INVALIDATE | RDW_UPDATENOW);
   EnumChildWindows(search.found, PrintControl, 0);
   return 0;
 }

@@ -72,11 +72,9 @@ void SeeEveryPixel() {
 // ---- The one who answers ----
 
 BOOL CALLBACK KeepDialog(HWND window, LPARAM found) {
-  wchar_t name[16] = {};
-  GetClassNameW(window, name, 16);
   DWORD process = 0;
   GetWindowThreadProcessId(window, &process);
-  const bool dialog = std::wstring(name) == L"#32770" && process == GetCurrentProcessId();
+  const bool dialog = ClassOf(window) == L"#32770" && process == GetCurrentProcessId();
   if (!dialog || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
   *reinterpret_cast<HWND*>(found) = window;
   return FALSE;

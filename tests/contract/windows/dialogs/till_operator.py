@@ -2,13 +2,13 @@
 
 import os
 import subprocess
-import time
 
 import programs
 from shop import ENV, until
 from till import Till
 
 PICTURES = os.path.join(ENV["KESTRA_BUILD"], "tests/contract/windows/dialogs/pictures")
+LOOK = 0.1  # seconds between looks at the display, each of which is a program
 CLOSE, RETRY, YES, NO, OK = 2, 4, 6, 7, 1
 
 
@@ -36,7 +36,7 @@ class Window:
     def press(self, button):
         """Clicks, and sees the window go."""
         xdotool("mousemove", *self.middles[button], "click", 1)
-        until(lambda: self.number not in shown(self.caption), f"the end of {self.caption}")
+        until(lambda: self.number not in shown(self.caption), f"the end of {self.caption}", LOOK)
 
 
 class AttendedTill(Till):
@@ -52,9 +52,8 @@ class AttendedTill(Till):
         self.till.kill()
 
     def see(self, caption, *texts):
-        until(lambda: shown(caption) or self.till.poll() is not None, f"the window {caption}")
+        until(lambda: shown(caption) or self.till.poll() is not None, f"the window {caption}", LOOK)
         self.assertIsNone(self.till.poll(), f"the till ended without the window {caption}")
-        time.sleep(0.2)  # until it is painted
         window = Window(caption, next(iter(shown(caption))), self.read(caption))
         for text in texts:
             self.assertTrue([each for each in window.texts if text in each], f"{text}: {window.texts}")
@@ -62,7 +61,14 @@ class AttendedTill(Till):
 
     def read(self, caption):
         program = os.path.join(ENV["KESTRA_BIN"], "read_window.exe")
-        told = programs.run([program, caption])
+        told = None
+
+        def is_there():
+            nonlocal told
+            told = programs.run([program, caption])
+            return told.returncode == 0 or self.till.poll() is not None
+
+        until(is_there, f"the window {caption} in its place", LOOK)
         self.assertEqual(told.returncode, 0, told.wines_words())
         # Frames have control bytes that would pass for line ends.
         return [line for line in told.output().decode("utf-8").split("\r\n") if line]
