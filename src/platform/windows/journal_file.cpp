@@ -1,7 +1,5 @@
 #include "platform/windows/journal_file.hpp"
 
-#include <algorithm>
-
 #include "base/failure.hpp"
 #include "platform/windows/files.hpp"
 #include "platform/windows/text.hpp"
@@ -90,8 +88,7 @@ void WindowsJournalFile::BeginAnew(std::string_view suffix) {
 }
 
 std::vector<std::string> WindowsJournalFile::Kept() {
-  const std::size_t folder = path_.find_last_of(L"\\/") + 1;
-  const std::size_t length = path_.size() - folder;
+  const std::wstring own = path_.substr(path_.find_last_of(L"\\/") + 1);
   std::vector<std::string> suffixes;
   WIN32_FIND_DATAW found = {};
   const HANDLE search = ::FindFirstFileW((path_ + L"*").c_str(), &found);
@@ -99,10 +96,10 @@ std::vector<std::string> WindowsJournalFile::Kept() {
   do {
     // The search also goes by the short names of old programs.
     const std::wstring name = found.cFileName;
-    const bool alike = ::CompareStringOrdinal(
-                           name.c_str(), static_cast<int>(std::min(length, name.size())),
-                           path_.c_str() + folder, static_cast<int>(length), TRUE) == CSTR_EQUAL;
-    if (alike && name.size() > length) suffixes.push_back(AnsiFromWide(name.substr(length)));
+    const bool alike = ::lstrcmpiW(name.substr(0, own.size()).c_str(), own.c_str()) == 0;
+    if (alike && name.size() > own.size()) {
+      suffixes.push_back(AnsiFromWide(name.substr(own.size())));
+    }
   } while (::FindNextFileW(search, &found) != 0);
   ::FindClose(search);
   return suffixes;
