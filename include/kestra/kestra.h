@@ -376,6 +376,7 @@ enum KestraCausa {
   KESTRA_CAUSA_HOJA_CAMBIADA = 604,
   KESTRA_CAUSA_YA_CERRADO = 605,
   KESTRA_CAUSA_OLVIDADA = 606,
+  KESTRA_CAUSA_SIN_NUMERO = 607,
   /* the journal */
   KESTRA_CAUSA_DIARIO_NO_SE_ESCRIBE = 701,
   KESTRA_CAUSA_DIARIO_AJENO = 702,
@@ -385,6 +386,93 @@ enum KestraCausa {
   /* the log */
   KESTRA_CAUSA_LOG_NO_SE_ESCRIBE = 801
 };
+
+/*
+ * Rules that hold for all functions of this group: they show nothing to the operator, may be called at any
+ * time, also before EP_Init and after one that failed, and give -1, touching nothing, while another call
+ * is under way. A text is written to a buffer of `longitud` bytes: as many bytes as fit, in
+ * windows-1252, and a zero behind them when there is room for one. The length of the whole text comes
+ * back, so that a text that did not fit can be told; 0 for none. A null pointer receives nothing.
+ *
+ * The first five tell of the last call that works for a till: an operation, EP_Init, EP_Kill, or one
+ * of Kestra_Estado, Kestra_Subtotal and Kestra_Numeracion. They ask nobody and change nothing. The
+ * exports that do nothing (EP_DatosCliente and its like) leave what they tell as it is.
+ */
+
+/* What became of it: a number of KestraDesenlace. */
+KESTRA_API int32_t KESTRA_CALL Kestra_Desenlace(void);
+
+/* Why: a number of KestraCausa; 0 when there is nothing to say. */
+KESTRA_API int32_t KESTRA_CALL Kestra_Causa(void);
+
+/* The same for the operator, in Spanish: what happened, whether it was done, what to do now. */
+KESTRA_API int32_t KESTRA_CALL Kestra_CausaTexto(char* texto, int32_t longitud);
+
+/*
+ * Field `numero` of the last answer that came whole to a frame of that call: 1 and 2 are the status words
+ * of printer and fiscal memory, 3 to 15 its data. Empty for any other number, and when no answer came.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_Respuesta(int32_t numero, char* texto, int32_t longitud);
+
+/* How many frames that call sent, repetitions and questions included. */
+KESTRA_API int32_t KESTRA_CALL Kestra_Intentos(void);
+
+/*
+ * Asks the printer how it is and prints nothing; it may be asked under every condition: battery low, daily
+ * closing due, no paper. Result: 0 it answered (Kestra_Respuesta has the status words, Kestra_Causa
+ * its first condition), 1 it did not. A printer that says nothing is waited for five seconds.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_Estado(void);
+
+/* Documents, and what else the printer numbers. */
+enum KestraDocumento {
+  KESTRA_DOCUMENTO_NINGUNO = 0,
+  KESTRA_DOCUMENTO_FACTURA = 1,
+  KESTRA_DOCUMENTO_TIQUE = 2,
+  KESTRA_DOCUMENTO_NOTA_DEBITO = 3,
+  KESTRA_DOCUMENTO_NOTA_CREDITO = 4,
+  KESTRA_DOCUMENTO_REMITO = 5,
+  KESTRA_DOCUMENTO_VALE = 6,
+  KESTRA_DOCUMENTO_NO_FISCAL = 7,
+  KESTRA_DOCUMENTO_OTRO = 15,         /* open, and not opened by this program */
+  KESTRA_NUMERO_CIERRE_Z = 16,        /* for Kestra_Numeracion alone, as the next two */
+  KESTRA_NUMERO_CANCELADOS = 17,      /* today */
+  KESTRA_NUMERO_NO_FISCALES = 18,     /* today */
+  KESTRA_DOCUMENTO_DESCONOCIDO = 255, /* nobody knows whether one is open: ask Kestra_Estado */
+  /* How far a document is, added to its kind. */
+  KESTRA_ETAPA_ABIERTO = 256,   /* nothing is in it */
+  KESTRA_ETAPA_CON_ITEMS = 512, /* it has lines */
+  KESTRA_ETAPA_EN_PAGO = 768    /* it has payments */
+};
+
+/*
+ * The document in hand, as the last answer told: its kind in the low eight bits, its stage (or 0, when that
+ * is not known) above. Ask Kestra_Estado first where something may have happened since.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_DocumentoAbierto(void);
+
+/*
+ * Asks for the total of the open document, such as "1234.50". Nothing (0) when the printer does not tell:
+ * no document of that sort is open, or no answer came.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_Subtotal(char* texto, int32_t longitud);
+
+/*
+ * Asks for the number of the last document of a kind, in eight digits; also where EP_Numeracion gives 1 and
+ * writes nothing although the printer answers (battery low, daily closing due).
+ *   clase   a number of KestraDocumento
+ *   letra   the code of 'A', 'B' or 'C'; what is no invoice and no note has none
+ * Nothing (0) for a kind that the printer does not number, for a model whose numbers stand in another order
+ * (TM300AF), and when no answer came.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_Numeracion(int32_t clase, int32_t letra, char* texto,
+                                                 int32_t longitud);
+
+/*
+ * Whether an earlier call is still open: 1 when the printer may have done it and has not told yet, 0 when
+ * there is none. The text is that call with its arguments.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_Pendiente(char* texto, int32_t longitud);
 
 /* ---- The operator --------------------------------------------------------------------------- */
 

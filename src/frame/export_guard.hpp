@@ -25,15 +25,24 @@ std::int32_t WithoutFailing(std::int32_t failure, Body body) noexcept {
   }
 }
 
-// Runs the body of an operation. Whatever goes wrong in it ends here: in the log and as `failure`.
-template <typename Operation>
-std::int32_t Export(std::string_view name, std::int32_t failure, Operation operation) noexcept {
+// Runs what needs the library for itself; without its turn it is `failure`.
+template <typename Body>
+std::int32_t InTurn(std::int32_t failure, Body body) noexcept {
   const Turn turn;
   if (!turn) return failure;
   const FloatingPoint ours;
   return WithoutFailing(failure, [&] {
     auto& library = Instance();
     if (turn.Inherited()) ReleaseAbandoned(library);
+    return body(library);
+  });
+}
+
+// Runs the body of an operation. Whatever goes wrong in it ends here: in the log and as `failure`.
+template <typename Operation>
+std::int32_t Export(std::string_view name, std::int32_t failure, std::int32_t turned_away,
+                    Operation operation) noexcept {
+  return InTurn(turned_away, [&](Library& library) {
     BeginCall(library, name);
     try {
       return operation(library);
@@ -43,6 +52,11 @@ std::int32_t Export(std::string_view name, std::int32_t failure, Operation opera
       return failure;
     }
   });
+}
+
+template <typename Operation>
+std::int32_t Export(std::string_view name, std::int32_t failure, Operation operation) noexcept {
+  return Export(name, failure, failure, operation);
 }
 
 }  // namespace kestra

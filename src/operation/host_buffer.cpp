@@ -34,4 +34,13 @@ std::int32_t DevolverCadena(void* pointer, std::string_view text, std::int32_t s
   return count;
 }
 
+std::int32_t HandOver(void* pointer, std::string_view text, std::int32_t size) {
+  if (size > 0 && pointer != nullptr) {
+    std::string bytes(text);
+    bytes += '\0';
+    WriteHostMemory(pointer, bytes.data(), std::min(bytes.size(), static_cast<std::size_t>(size)));
+  }
+  return static_cast<std::int32_t>(text.size());
+}
+
 }  // namespace kestra

@@ -17,4 +17,8 @@ std::string ReadTerminatedText(const char* pointer);
 // bytes are taken from the text itself.
 std::int32_t DevolverCadena(void* pointer, std::string_view text, std::int32_t size);
 
+// Gives the host a text: at most `size` bytes of it, and a zero behind them where there is room for it.
+// The length of the whole text.
+std::int32_t HandOver(void* pointer, std::string_view text, std::int32_t size);
+
 }  // namespace kestra

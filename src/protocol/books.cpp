@@ -66,7 +66,6 @@ constexpr std::array kCounterRows{
     CounterRow{"MN", 'A', 7}, CounterRow{"MN", 'B', 8}, CounterRow{"D", 'A', 9},
     CounterRow{"D", 'B', 10},
 };
-constexpr std::size_t kTickets = 1;
 
 // Bytes of commands, and of the subtotal in their family.
 constexpr std::string_view kTicketBytes = "@BCDE";

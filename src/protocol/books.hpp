@@ -80,6 +80,7 @@ std::optional<Counters> ReadCounters(const Fields& answer, std::string_view mode
 
 // Places in the counters.
 inline constexpr std::size_t kDailyClosings = 0;
+inline constexpr std::size_t kTickets = 1;
 inline constexpr std::size_t kCancelledToday = 5;
 inline constexpr std::size_t kNonFiscalToday = 6;
 

@@ -1,13 +1,16 @@
 #include "protocol/frame_report.hpp"
 
+#include <utility>
+
+#include "protocol/ledger.hpp"
 #include "protocol/packet.hpp"
 #include "protocol/verdict.hpp"
 #include "state/library.hpp"
 
 namespace kestra {
 
-FrameReport::FrameReport(Library& library, std::string_view command)
-    : library_(library), errand_(ErrandOf(command)) {}
+FrameReport::FrameReport(Library& library, std::string command)
+    : library_(library), command_(std::move(command)), errand_(ErrandOf(command_)) {}
 
 void FrameReport::Begin() {
   concluded_ = false;
@@ -24,14 +27,35 @@ void FrameReport::Sending() {
 void FrameReport::Judge(std::string_view header, std::string_view waiting) {
   heard_ += waiting;
   const auto heard = Listen(heard_, header);
-  if (!heard.answer.empty()) NoteAnswer(library_, FieldsOf(heard.answer));
-  Conclude(JudgeHeard(heard, heard_.find_first_not_of(kDc2) != std::string::npos));
+  if (!heard.answer.empty()) Learn(FieldsOf(heard.answer));
+  Conclude(JudgeHeard(heard, heard_.find_first_not_of(kDc2) != std::string::npos, errand_));
 }
 
 void FrameReport::Fail(const Failure& failure) {
   const auto outcome = sent_ ? Outcome::kUnknown : Outcome::kNotSent;
   if (!concluded_) Conclude({outcome, CauseOf(failure)});
   End();
+}
+
+void FrameReport::End() {
+  NoteVerdict(library_, verdict_, errand_);
+  if (verdict_.outcome != Outcome::kUnknown) return;
+  // Nobody knows what the printer is doing now, until it is asked.
+  auto& ledger = library_.certainty.ledger;
+  ledger.open.reset();
+  ledger.lines.reset();
+  ledger.paid.reset();
+  ledger.total.reset();
+}
+
+// What the answer says of the document in hand.
+void FrameReport::Learn(const Fields& answer) {
+  NoteAnswer(library_, answer);
+  auto& ledger = library_.certainty.ledger;
+  const auto words = WordsOf(answer);
+  const bool done = JudgeWords(words, errand_).outcome == Outcome::kDone;
+  if (done) Enter(ledger, command_, library_.state);
+  EnterWords(ledger, words);
 }
 
 // A question that is not answered has had nothing done.

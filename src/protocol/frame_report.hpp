@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "protocol/answer.hpp"
 #include "state/report.hpp"
 
 namespace kestra {
@@ -13,7 +14,7 @@ struct Library;
 // what is done next.
 class FrameReport {
  public:
-  FrameReport(Library& library, std::string_view command);
+  FrameReport(Library& library, std::string command);
 
   // A sending begins; its frame is about to be written; bytes have come.
   void Begin();
@@ -25,13 +26,15 @@ class FrameReport {
   void Judge(std::string_view header, std::string_view waiting);
 
   // The exchange is over, by itself or by a failure.
-  void End() { NoteVerdict(library_, verdict_, errand_); }
+  void End();
   void Fail(const Failure& failure);
 
  private:
   void Conclude(Verdict verdict);
+  void Learn(const Fields& answer);
 
   Library& library_;
+  std::string command_;
   Errand errand_;
   Verdict verdict_;         // on all sendings so far
   bool concluded_ = false;  // the newest one is part of it

@@ -91,7 +91,7 @@ void AddToTotal(Ledger& ledger, std::optional<std::int64_t> cents, std::int64_t 
 void EnterOpening(Ledger& ledger, std::string_view command) {
   const auto first = [](std::string_view field) { return field.empty() ? '\0' : field.front(); };
   ledger.open = true;
-  ledger.kind = first(command.starts_with('`') ? CommandField(command, 1) : "");
+  ledger.kind = first(command.starts_with('`') ? CommandField(command, 1) : command);
   ledger.letter = first(command.starts_with('`') ? CommandField(command, 3) : "");
   ledger.lines = ledger.paid = ledger.perceptions = ledger.net = ledger.iva = 0;
   ledger.total = Amount{};

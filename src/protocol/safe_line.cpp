@@ -8,6 +8,7 @@
 #include "protocol/strict_answer.hpp"
 #include "state/library.hpp"
 #include "state/log.hpp"
+#include "state/report.hpp"
 
 namespace kestra {
 namespace {
@@ -98,6 +99,7 @@ bool SafeLine::Write(const NumberedFrame& frame) {
   const auto bytes = frame.packet + ChecksumOf(frame.packet);
   return OnPort([&] {
     Port().DiscardInput();
+    NoteSending(library_);
     Port().Output(bytes);
   });
 }

@@ -11,11 +11,12 @@ namespace kestra {
 // Whether a command has the printer do something or only tell something.
 Errand ErrandOf(std::string_view command);
 
-// What the two status words of an answer say of its command.
-Verdict JudgeWords(const Words& words);
+// What the two status words of an answer say of its command. A question is answered by a machine that
+// does nothing else.
+Verdict JudgeWords(const Words& words, Errand errand);
 
 // What can be known of a frame from what the line brought after it, `leftover` of which became neither an
 // answer nor a word of the printer.
-Verdict JudgeHeard(const Heard& heard, bool leftover);
+Verdict JudgeHeard(const Heard& heard, bool leftover, Errand errand);
 
 }  // namespace kestra

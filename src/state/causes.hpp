@@ -82,6 +82,7 @@ enum class Cause : std::int32_t {
   kSheetTurned = 604,    // instead of the item
   kAlreadyClosed = 605,  // what was to be cancelled
   kForgotten = 606,      // dropped by Kestra_Olvidar
+  kNoSuchNumber = 607,
 
   // The journal.
   kJournalUnwritable = 701,
@@ -229,6 +230,8 @@ inline constexpr std::array kCauses = {
              "Si corresponde, haga una nota de crédito."_ansi},
     CauseRow{Cause::kForgotten, "La operación pendiente se dejó de lado."_ansi,
              causes::kLookAtPaper},
+
+    CauseRow{Cause::kNoSuchNumber, "La impresora no lleva ese número."_ansi, ""_ansi},
 
     CauseRow{Cause::kJournalUnwritable, "No se puede escribir el diario."_ansi, causes::kJournal},
     CauseRow{Cause::kJournalForeign, "El diario es de otra impresora."_ansi,

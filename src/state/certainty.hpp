@@ -85,7 +85,8 @@ constexpr std::size_t kCounters = 11;  // of the printer's numbering
 // What nobody has told it is not there.
 struct Ledger {
   std::optional<bool> open;  // a document; as the last answer said
-  char kind = '\0';  // the open document's letter of its kind, 0 for a ticket or when not known
+  // The open document's letter of its kind, for one without the byte that opens it; 0 when not known.
+  char kind = '\0';
   char letter = '\0';
   std::optional<std::int64_t> lines;
   std::optional<std::int64_t> paid;  // hundredths

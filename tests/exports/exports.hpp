@@ -17,6 +17,7 @@ enum class Kind : char {
   kTerminated = 'z',
   kResult = 'o',  // room for so many bytes
   kInteger = 'i',
+  kRoom = 'n',  // an integer: how many bytes the result before it may have
   kAmount = 'd',
   kOperator = 'k',  // the operator's record
   kClass = 'g',     // the name of a class or interface
@@ -30,7 +31,7 @@ struct Parameter {
     return kind == Kind::kText || kind == Kind::kTerminated;
   }
   [[nodiscard]] constexpr bool IsPointer() const {
-    return kind != Kind::kInteger && kind != Kind::kAmount;
+    return kind != Kind::kInteger && kind != Kind::kRoom && kind != Kind::kAmount;
   }
 };
 
@@ -44,8 +45,9 @@ struct Value {
 constexpr std::size_t kMostParameters = 13;
 using Values = std::array<Value, kMostParameters>;
 
-// Does the call reach for the printer, for the port alone, for nothing at all, or is it none of the till's?
-enum class Nature { kOperation, kLifetime, kFixed, kBeside };
+// Does the call reach for the printer, for the port alone, for nothing at all, does it tell of what was
+// (and give what there is to tell, -1 when it is turned away), or is it none of the till's?
+enum class Nature { kOperation, kLifetime, kFixed, kReport, kBeside };
 
 struct Export {
   std::string_view name;

@@ -27,6 +27,7 @@ template <class Type>
 constexpr bool Declares(Kind kind) {
   switch (kind) {
     case Kind::kInteger:
+    case Kind::kRoom:
       return std::is_same_v<Type, std::int32_t>;
     case Kind::kAmount:
       return std::is_same_v<Type, double>;
@@ -85,6 +86,7 @@ struct Results {
 constexpr std::int32_t kNotImplemented = static_cast<std::int32_t>(0x80004001U);
 constexpr Results kOperation{Nature::kOperation, 0, 1};
 constexpr Results kFixed{Nature::kFixed, 0, 0};
+constexpr Results kReport{Nature::kReport, 0, -1};
 constexpr Results kComponents{Nature::kBeside, kNotImplemented, kNotImplemented};
 
 template <bool kIsLinked, auto Function>
@@ -165,6 +167,16 @@ inline constexpr std::array kTable{
     ROW(DllUnregisterServer, kComponents),
     ROW(DllGetClassObject, kComponents, "g g o8"),
     ROW(Kestra_DefinirOperador, {Nature::kBeside, 0, 0}, "k"),
+    ROW(Kestra_Desenlace, kReport),
+    ROW(Kestra_Causa, kReport),
+    ROW(Kestra_CausaTexto, kReport, "o200 n", "200"),
+    ROW(Kestra_Respuesta, kReport, "i o40 n", "1|40"),
+    ROW(Kestra_Intentos, kReport),
+    ROW(Kestra_Estado, kReport),
+    ROW(Kestra_DocumentoAbierto, kReport),
+    ROW(Kestra_Subtotal, kReport, "o20 n", "20"),
+    ROW(Kestra_Numeracion, kReport, "i i o10 n", "1|66|10"),
+    ROW(Kestra_Pendiente, kReport, "o100 n", "100"),
 };
 #undef ROW
 

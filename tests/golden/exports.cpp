@@ -47,12 +47,22 @@ std::vector<char> BufferBytes(std::string_view word, const Parameter& parameter)
 }
 
 exports::Value ReadValue(std::string_view word, const Parameter& parameter, Room& room) {
-  if (parameter.kind == Kind::kInteger) return {.integer = ToInteger(word)};
+  if (parameter.kind == Kind::kInteger || parameter.kind == Kind::kRoom)
+    return {.integer = ToInteger(word)};
   if (parameter.kind == Kind::kAmount) return {.number = ToNumber(word)};
   if (word == "null") return {};
   room.is_result = parameter.kind == Kind::kResult;
   room.bytes = room.is_result ? BufferBytes(word, parameter) : TextBytes(word, parameter);
   return {.pointer = room.bytes.data()};
+}
+
+// A result that the host gives so many bytes for has those and no more.
+Parameter WithRoom(const Export& row, const std::vector<std::string_view>& arguments,
+                   std::size_t place) {
+  Parameter parameter = row.places[place];
+  const bool chosen = place + 1 < row.count && row.places[place + 1].kind == Kind::kRoom;
+  if (chosen) parameter.size = static_cast<std::size_t>(ToInteger(arguments[place + 1]));
+  return parameter;
 }
 
 std::string ResultText(const Room& room) {
@@ -82,7 +92,7 @@ CallOutcome CallExport(std::string_view name, const std::vector<std::string_view
   exports::Values values{};
   Rooms rooms{};
   for (std::size_t i = 0; i < row.count; ++i) {
-    values[i] = ReadValue(arguments[i], row.places[i], rooms[i]);
+    values[i] = ReadValue(arguments[i], WithRoom(row, arguments, i), rooms[i]);
   }
   CallOutcome outcome{Watched(row, values, onlooker), {}};
   for (const Room& room : rooms) {

@@ -17,6 +17,7 @@
 #include "golden/transcript.hpp"
 #include "golden/visible.hpp"
 #include "golden/words.hpp"
+#include "state/causes.hpp"
 #include "state/library.hpp"
 
 namespace kestra::golden {
@@ -36,7 +37,7 @@ class Session {
     std::string_view name;
     void (*handler)(Session& session, std::string_view rest);
   };
-  static const std::array<Input, 18> kInputs;
+  static const std::array<Input, 19> kInputs;
 
   void Run(std::string_view line);
   void Ini(std::string_view rest);
@@ -47,6 +48,7 @@ class Session {
   void Meanwhile(std::string_view rest);
   void Call(std::string_view rest);
   void ShowState(std::string_view rest);
+  void ShowOutcome();
 
   void Print(const std::string& line) { output_ += OutputLine(line); }
   void PrintEvents();
@@ -87,7 +89,7 @@ constexpr std::array<Named<Disk>, 4> kDisks{{{"ok", {}},
                                              {"readonly", {.read_only = true}},
                                              {"busy", {.busy = true}}}};
 
-const std::array<Session::Input, 18> Session::kInputs{{
+const std::array<Session::Input, 19> Session::kInputs{{
     {"#", [](Session&, std::string_view) {}},
     {"ini", [](Session& s, std::string_view rest) { s.Ini(rest); }},
     {"clock", [](Session& s,
@@ -108,6 +110,7 @@ const std::array<Session::Input, 18> Session::kInputs{{
     {"meanwhile", [](Session& s, std::string_view rest) { s.Meanwhile(rest); }},
     {"call", [](Session& s, std::string_view rest) { s.Call(rest); }},
     {"state", [](Session& s, std::string_view rest) { s.ShowState(rest); }},
+    {"outcome", [](Session& s, std::string_view) { s.ShowOutcome(); }},
     {"showseq", [](Session& s, std::string_view) { s.detail_.sequence = true; }},
     {"showdate", [](Session& s, std::string_view) { s.detail_.date = true; }},
     {"showrows", [](Session& s, std::string_view) { s.detail_.rows = true; }},
@@ -256,6 +259,13 @@ void Session::ShowState(std::string_view rest) {
   for (const std::string_view name : Words(rest)) {
     Print(std::string(name) + " = " + ShowField(Instance().state, name));
   }
+}
+
+void Session::ShowOutcome() {
+  const auto& report = Instance().certainty.report;
+  const auto number = [](auto value) { return std::to_string(static_cast<int>(value)); };
+  Print("outcome " + number(report.outcome) + " cause " + number(report.cause) + " sent " +
+        number(report.attempts) + " \"" + Visible(CauseText(report.cause, report.outcome)) + "\"");
 }
 
 void Session::PrintEvents() {

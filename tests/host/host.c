@@ -150,6 +150,24 @@ static void call_device(void) {
   READ(EP_AutodetectarModelo, (result()), 14, 1);
 }
 
+/* No printer ever answers in this shop. */
+static void call_report(void) {
+  long length = 0;
+  CALL(Kestra_Estado, (), 1);
+  CALL(Kestra_Desenlace, (), KESTRA_DESENLACE_NO_ENVIADO);
+  INVOKE(length, Kestra_Causa, ());
+  expect("a cause of the missing printer", length > 0, 1);
+  INVOKE(length, Kestra_CausaTexto, (result(), 20));
+  expect("a sentence about the missing printer", length > 20, 1);
+  expect_guards("Kestra_CausaTexto", 20);
+  READ(Kestra_Respuesta, (1, result(), 20), 1, 0);
+  CALL(Kestra_Intentos, (), 0);
+  CALL(Kestra_DocumentoAbierto, (), KESTRA_DOCUMENTO_DESCONOCIDO);
+  READ(Kestra_Subtotal, (result(), 20), 1, 0);
+  READ(Kestra_Numeracion, (KESTRA_DOCUMENTO_FACTURA, 'B', result(), 20), 1, 0);
+  READ(Kestra_Pendiente, (result(), 20), 1, 0);
+}
+
 static void call_fixed(void) {
   CALL(EP_Chequear_Error, (), 0);
   CALL(EP_ReimprimirComprobante, (), 0);
@@ -169,6 +187,7 @@ static void call_fixed(void) {
 static void call_everything(int32_t in_use) {
   call_documents();
   call_device();
+  call_report();
   call_fixed();
   call_components();
   CALL(DllCanUnloadNow, (), in_use);

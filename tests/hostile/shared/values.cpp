@@ -160,6 +160,16 @@ std::vector<Hostile> Integers() {
   return list;
 }
 
+// A host that claims more than it gives has its own memory written.
+std::vector<Hostile> Rooms() {
+  std::vector<Hostile> list;
+  for (const std::int32_t number : {std::numeric_limits<std::int32_t>::min(), -1, 0, 1}) {
+    list.push_back({std::to_string(number), false,
+                    [=](const Argument&, Places&) { return Value{.integer = number}; }});
+  }
+  return list;
+}
+
 // An operator's record of so many bytes at the end of a page, that claims another size.
 Hostile Record(std::string name, std::size_t bytes, std::uint32_t claimed) {
   return {std::move(name), false, [=](const Argument&, Places& places) {
@@ -199,6 +209,7 @@ const std::vector<Hostile>& HostileTo(const exports::Parameter& parameter) {
   static const auto results = Results();
   static const auto amounts = Amounts();
   static const auto integers = Integers();
+  static const auto rooms = Rooms();
   static const auto records = Records();
   static const auto nowhere = Nowhere();
   switch (parameter.kind) {
@@ -211,6 +222,8 @@ const std::vector<Hostile>& HostileTo(const exports::Parameter& parameter) {
       return amounts;
     case Kind::kInteger:
       return integers;
+    case Kind::kRoom:
+      return rooms;
     case Kind::kOperator:
       return records;
     default:
@@ -223,6 +236,7 @@ Value Sane(const Argument& argument, char* room) {
     case Kind::kAmount:
       return {.number = std::stod(argument.words)};
     case Kind::kInteger:
+    case Kind::kRoom:
       return {.integer = std::stoi(argument.words)};
     case Kind::kText:
     case Kind::kTerminated:

@@ -92,7 +92,7 @@ class Call {
   static constexpr std::size_t kMost = kestra::exports::kMostParameters;
 
   void Add(const kestra::exports::Argument& argument) {
-    if (argument.kind == Kind::kInteger) {
+    if (argument.kind == Kind::kInteger || argument.kind == Kind::kRoom) {
       words_.Integer(std::stoi(argument.words));
     } else if (argument.kind == Kind::kAmount) {
       words_.Number(std::bit_cast<std::uint64_t>(std::stod(argument.words)));
@@ -172,6 +172,8 @@ void PlayDay(const Habit& habit, World world) {
   for (const Step& step : kAlways) ExpectResult(step, habit, step.result);
   for (const Export& row : Exports()) {
     if (row.nature == Nature::kFixed) ExpectResult({row.name}, habit, 0);
+    if (row.nature == Nature::kReport)
+      Expect(Do({row.name}, habit) >= 0, row.name, "was turned away");
   }
   ExpectResult({"EP_Kill"}, habit, 0);
   ExpectResult({"DllCanUnloadNow"}, habit, 0);
@@ -204,6 +206,7 @@ bool IsCalledByDay(std::string_view name) {
                                      "Kestra_DefinirOperador"};
   return Has(kStart, name) || Has(kDocuments, name) || Has(kEnd, name) || Has(kAlways, name) ||
          Has(kRefused, name) || Find(name).nature == Nature::kFixed ||
+         Find(name).nature == Nature::kReport ||
          std::any_of(kElsewhere.begin(), kElsewhere.end(),
                      [&](auto other) { return other == name; });
 }

@@ -19,6 +19,7 @@ inline std::int32_t Call(const exports::Export& exported, const Passed& passed) 
   for (std::size_t i = 0; i < exported.count; ++i) {
     const auto& place = exported.places[i];
     values[i] = {nullptr, passed.amount, passed.count};
+    if (place.kind == exports::Kind::kRoom) values[i].integer = passed.buffer != nullptr ? 20 : 0;
     if (place.IsText()) values[i].pointer = passed.text;
     if (place.kind == exports::Kind::kResult) values[i].pointer = passed.buffer;
   }
