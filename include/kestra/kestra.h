@@ -32,6 +32,8 @@
 
 #include <stdint.h>
 
+#include "causas.h"
+
 #if defined(_WIN32) && !defined(_WIN64)
 #define KESTRA_CALL __stdcall
 #else
@@ -311,82 +313,6 @@ enum KestraDesenlace {
   KESTRA_DESENLACE_NO_HECHO = 6     /* it may have been sent, and was for certain not done */
 };
 
-/* Why. A number keeps its meaning for ever; docs/causas.md says what to do about each. */
-enum KestraCausa {
-  KESTRA_CAUSA_NINGUNA = 0,
-  /* not sent */
-  KESTRA_CAUSA_DECLINADA = 101,
-  KESTRA_CAUSA_SIN_COMANDO = 102,
-  KESTRA_CAUSA_SIN_INICIAR = 103,
-  KESTRA_CAUSA_SIN_RESOLVER = 104,
-  KESTRA_CAUSA_TOTAL_DISTINTO = 105,
-  KESTRA_CAUSA_SOLO_CONSUMIDOR_FINAL = 106,
-  KESTRA_CAUSA_CLAVE_ILEGIBLE = 107,
-  KESTRA_CAUSA_FALLA_INTERNA = 108,
-  KESTRA_CAUSA_SIN_MEMORIA = 109,
-  KESTRA_CAUSA_ABANDONADA = 110,
-  /* the port; from 214 on, a port behind a network */
-  KESTRA_CAUSA_PUERTO_NUMERO = 201,
-  KESTRA_CAUSA_PUERTO_CONFIGURACION = 202,
-  KESTRA_CAUSA_PUERTO_INEXISTENTE = 203,
-  KESTRA_CAUSA_PUERTO_SIN_EQUIPO = 204,
-  KESTRA_CAUSA_PUERTO_NO_SERIE = 205,
-  KESTRA_CAUSA_PUERTO_SIN_PERMISO = 206,
-  KESTRA_CAUSA_PUERTO_EN_USO = 207,
-  KESTRA_CAUSA_PUERTO_NO_ABRE = 208,
-  KESTRA_CAUSA_PUERTO_YA_ABIERTO = 209,
-  KESTRA_CAUSA_PUERTO_NO_ABIERTO = 210,
-  KESTRA_CAUSA_PUERTO_PERDIDO = 211,
-  KESTRA_CAUSA_PUERTO_TRABADO = 212,
-  KESTRA_CAUSA_PUERTO_TRANSFERENCIA = 213,
-  KESTRA_CAUSA_RED_DIRECCION = 214,
-  KESTRA_CAUSA_RED_EQUIPO_DESCONOCIDO = 215,
-  KESTRA_CAUSA_RED_NADIE_ATIENDE = 216,
-  KESTRA_CAUSA_RED_NO_RESPONDE = 217,
-  KESTRA_CAUSA_RED_SIN_CAMINO = 218,
-  KESTRA_CAUSA_RED_CORTADA = 219,
-  /* the line */
-  KESTRA_CAUSA_SILENCIO = 301,
-  KESTRA_CAUSA_RESPUESTA_DANADA = 302,
-  KESTRA_CAUSA_RESPUESTAS_AJENAS = 303,
-  KESTRA_CAUSA_COMANDO_DANADO = 304,
-  KESTRA_CAUSA_REPETIDO = 305,
-  KESTRA_CAUSA_RESPUESTA_INESPERADA = 306,
-  /* conditions of the printer's status word: 400 and the bit */
-  KESTRA_CAUSA_FALLA_IMPRESORA = 402,
-  KESTRA_CAUSA_FUERA_DE_LINEA = 403,
-  KESTRA_CAUSA_SIN_PAPEL_DIARIO = 404,
-  KESTRA_CAUSA_SIN_PAPEL_TICKETS = 405,
-  KESTRA_CAUSA_SIN_PAPEL = 414,
-  /* conditions of the fiscal status word: 500 and the bit */
-  KESTRA_CAUSA_MEMORIA_FISCAL = 500,
-  KESTRA_CAUSA_MEMORIA_TRABAJO = 501,
-  KESTRA_CAUSA_BATERIA_BAJA = 502,
-  KESTRA_CAUSA_COMANDO_DESCONOCIDO = 503,
-  KESTRA_CAUSA_CAMPO_INVALIDO = 504,
-  KESTRA_CAUSA_ESTADO_INVALIDO = 505,
-  KESTRA_CAUSA_DESBORDE = 506,
-  KESTRA_CAUSA_MEMORIA_LLENA = 507,
-  KESTRA_CAUSA_MEMORIA_CASI_LLENA = 508,
-  KESTRA_CAUSA_CIERRE_NECESARIO = 511,
-  /* the printer's own books */
-  KESTRA_CAUSA_SIN_REGISTRO = 601,
-  KESTRA_CAUSA_REGISTROS_NO_COINCIDEN = 602,
-  KESTRA_CAUSA_REGISTROS_ILEGIBLES = 603,
-  KESTRA_CAUSA_HOJA_CAMBIADA = 604,
-  KESTRA_CAUSA_YA_CERRADO = 605,
-  KESTRA_CAUSA_OLVIDADA = 606,
-  KESTRA_CAUSA_SIN_NUMERO = 607,
-  /* the journal */
-  KESTRA_CAUSA_DIARIO_NO_SE_ESCRIBE = 701,
-  KESTRA_CAUSA_DIARIO_AJENO = 702,
-  KESTRA_CAUSA_DIARIO_EN_USO = 703,
-  KESTRA_CAUSA_DIARIO_DANADO = 704,
-  KESTRA_CAUSA_DIARIO_OMITIDO = 705,
-  /* the log */
-  KESTRA_CAUSA_LOG_NO_SE_ESCRIBE = 801
-};
-
 /*
  * Rules that hold for all functions of this group: they show nothing to the operator, may be called at any
  * time, also before EP_Init and after one that failed, and give -1, touching nothing, while another call
@@ -402,7 +328,7 @@ enum KestraCausa {
 /* What became of it: a number of KestraDesenlace. */
 KESTRA_API int32_t KESTRA_CALL Kestra_Desenlace(void);
 
-/* Why: a number of KestraCausa; 0 when there is nothing to say. */
+/* Why: a number of KestraCausa, in causas.h; 0 when there is nothing to say. */
 KESTRA_API int32_t KESTRA_CALL Kestra_Causa(void);
 
 /* The same for the operator, in Spanish: what happened, whether it was done, what to do now. */
@@ -473,6 +399,22 @@ KESTRA_API int32_t KESTRA_CALL Kestra_Numeracion(int32_t clase, int32_t letra, c
  * there is none. The text is that call with its arguments.
  */
 KESTRA_API int32_t KESTRA_CALL Kestra_Pendiente(char* texto, int32_t longitud);
+
+/*
+ * Asks the printer's books what became of that call, for as long as PacienciaSegura says; it prints nothing and
+ * sends nothing again. Result: a number of KestraDesenlace. 0: nothing was pending; 1 done; 6 not done; 4: the
+ * books cannot tell, or, where Kestra_Pendiente still gives 1, the printer does not answer.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_Resolver(void);
+
+/* The number of the document that the call which Kestra_Resolver found to be done had closed. */
+KESTRA_API int32_t KESTRA_CALL Kestra_ResolverNumero(char* texto, int32_t longitud);
+
+/*
+ * Drops what is pending without asking, with a line in the log and in the journal: for the hands of a
+ * technician. Result: 1 dropped, 0 there was nothing.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_Olvidar(void);
 
 /* ---- The operator --------------------------------------------------------------------------- */
 

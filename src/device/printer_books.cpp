@@ -8,6 +8,7 @@
 #include "protocol/books.hpp"
 #include "protocol/ledger.hpp"
 #include "protocol/question.hpp"
+#include "protocol/settlement.hpp"
 #include "protocol/verdict.hpp"
 #include "state/library.hpp"
 #include "state/report.hpp"
@@ -153,6 +154,27 @@ std::string AskNumber(Library& library, std::int32_t kind, std::int32_t letter) 
     return {};
   }
   return PaddedInteger(std::to_string(*(*counters)[*place]), kNumberDigits);
+}
+
+std::int32_t Settle(Library& library) {
+  auto& certainty = library.certainty;
+  certainty.settled_number.clear();
+  if (!certainty.pending) return static_cast<std::int32_t>(Outcome::kNothingAsked);
+  NameCall(library, certainty.pending->call);
+  const bool closes = MethodOf(certainty.pending->command).method == Method::kClosing;
+  const auto settlement = SettlePending(library);
+  NoteVerdict(library, {settlement.outcome, settlement.cause});
+  if (closes && settlement.outcome == Outcome::kDone) {
+    certainty.settled_number = settlement.fields[2];
+  }
+  return static_cast<std::int32_t>(certainty.report.outcome);
+}
+
+std::int32_t Forget(Library& library) {
+  if (!library.certainty.pending) return 0;
+  ForgetPending(library);
+  NoteCause(library, Cause::kForgotten);
+  return 1;
 }
 
 }  // namespace kestra

@@ -43,4 +43,11 @@ std::string AskTotal(Library& library);
 // The last number of a kind of document, or of what else is numbered, in eight digits; empty likewise.
 std::string AskNumber(Library& library, std::int32_t kind, std::int32_t letter);
 
+// Finds out what became of the pending command; the outcome's number. The number of a document that it closed
+// is kept.
+std::int32_t Settle(Library& library);
+
+// Drops it. 1: there was one.
+std::int32_t Forget(Library& library);
+
 }  // namespace kestra

@@ -80,3 +80,18 @@ int32_t KESTRA_CALL Kestra_Pendiente(char* texto, int32_t longitud) {
     return pending ? 1 : 0;
   });
 }
+
+int32_t KESTRA_CALL Kestra_Resolver() {
+  return Export(__func__, KESTRA_DESENLACE_DESCONOCIDO, kRefused,
+                [](Library& library) { return kestra::Settle(library); });
+}
+
+int32_t KESTRA_CALL Kestra_ResolverNumero(char* texto, int32_t longitud) {
+  return InTurn(kRefused, [=](const Library& library) {
+    return HandOver(texto, library.certainty.settled_number, longitud);
+  });
+}
+
+int32_t KESTRA_CALL Kestra_Olvidar() {
+  return Export(__func__, 0, kRefused, [](Library& library) { return kestra::Forget(library); });
+}

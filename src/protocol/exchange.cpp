@@ -110,7 +110,7 @@ Exchange::Step Exchange::Attempt() {
   NumberPacket();
   Send();
   const auto arrival = Wait();
-  report_.Judge(header_, Puerto().Waiting());
+  report_.Judge(Puerto().Waiting());
   EscribirLog(library_, " - Respuesta : " + library_.state.RespuestaActual);
   switch (arrival) {
     case Arrival::kForeign:
@@ -147,7 +147,7 @@ void Exchange::Send() {
   // answer must not be lost to it.
   state.Respuestas = packet;  // what is summed
   Puerto().DiscardInput();
-  report_.Sending();
+  report_.Sending(header_);
   Puerto().Output(packet + ChecksumOf(state.Respuestas));
   foreign_ = 1;
   seen_ = 0;

@@ -18,22 +18,27 @@ void FrameReport::Begin() {
   heard_.clear();
 }
 
-void FrameReport::Sending() {
+void FrameReport::Sending(std::string_view header) {
+  header_ = header;
   sent_ = true;
   NoteSending(library_);
   NoteSoFar(library_, AfterRepetition(verdict_, {Outcome::kUnknown, Cause::kAbandoned}), errand_);
 }
 
-void FrameReport::Judge(std::string_view header, std::string_view waiting) {
+void FrameReport::Judge(std::string_view waiting) {
   heard_ += waiting;
-  const auto heard = Listen(heard_, header);
+  const auto heard = Listen(heard_, header_);
   if (!heard.answer.empty()) Learn(FieldsOf(heard.answer));
   Conclude(JudgeHeard(heard, heard_.find_first_not_of(kDc2) != std::string::npos, errand_));
 }
 
 void FrameReport::Fail(const Failure& failure) {
-  const auto outcome = sent_ ? Outcome::kUnknown : Outcome::kNotSent;
-  if (!concluded_) Conclude({outcome, CauseOf(failure)});
+  if (!concluded_) {
+    // It may fail behind its answer: in acknowledging it.
+    const bool answered = sent_ && !Listen(heard_, header_).answer.empty();
+    const auto outcome = sent_ ? Outcome::kUnknown : Outcome::kNotSent;
+    answered ? Judge({}) : Conclude({outcome, CauseOf(failure)});
+  }
   End();
 }
 

@@ -16,14 +16,14 @@ class FrameReport {
  public:
   FrameReport(Library& library, std::string command);
 
-  // A sending begins; its frame is about to be written; bytes have come.
+  // A sending begins; its frame is about to be written, to which `header` begins the answer; bytes have come.
   void Begin();
-  void Sending();
+  void Sending(std::string_view header);
   void Heard(std::string_view bytes) { heard_ += bytes; }
 
-  // The wait is over. What the line brought says what became of this sending; `header` begins the answer to
-  // it, and `waiting` has come but was not taken.
-  void Judge(std::string_view header, std::string_view waiting);
+  // The wait is over. What the line brought says what became of this sending; `waiting` has come but was not
+  // taken.
+  void Judge(std::string_view waiting);
 
   // The exchange is over, by itself or by a failure.
   void End();
@@ -39,7 +39,8 @@ class FrameReport {
   Verdict verdict_;         // on all sendings so far
   bool concluded_ = false;  // the newest one is part of it
   bool sent_ = false;       // its frame is on the line, or a part of it
-  std::string heard_;       // since then
+  std::string header_;
+  std::string heard_;  // since then
 };
 
 }  // namespace kestra

@@ -132,6 +132,7 @@ struct Certainty {
   // The last command may still lie on the line: nothing goes out before the printer answers a question.
   bool unheard = false;
   std::vector<std::string> accepted;  // commands of the call under way that are done
+  std::string settled_number;  // of the document whose closing Kestra_Resolver found to be done
   // Commands of the same call, made before, that are done: they are not sent again.
   std::vector<std::string> done_before;
 };

@@ -177,6 +177,9 @@ inline constexpr std::array kTable{
     ROW(Kestra_Subtotal, kReport, "o20 n", "20"),
     ROW(Kestra_Numeracion, kReport, "i i o10 n", "1|66|10"),
     ROW(Kestra_Pendiente, kReport, "o100 n", "100"),
+    ROW(Kestra_Resolver, kReport),
+    ROW(Kestra_ResolverNumero, kReport, "o10 n", "10"),
+    ROW(Kestra_Olvidar, kReport),
 };
 #undef ROW
 

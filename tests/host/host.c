@@ -166,6 +166,9 @@ static void call_report(void) {
   READ(Kestra_Subtotal, (result(), 20), 1, 0);
   READ(Kestra_Numeracion, (KESTRA_DOCUMENTO_FACTURA, 'B', result(), 20), 1, 0);
   READ(Kestra_Pendiente, (result(), 20), 1, 0);
+  CALL(Kestra_Resolver, (), KESTRA_DESENLACE_NADA);
+  READ(Kestra_ResolverNumero, (result(), 20), 1, 0);
+  CALL(Kestra_Olvidar, (), 0);
 }
 
 static void call_fixed(void) {

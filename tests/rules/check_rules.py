@@ -221,6 +221,37 @@ def exports_are_documented():
               if line.startswith("KESTRA_API") and not lines[i - 1].rstrip().endswith(("*/", ";"))]
 
 
+def cause_rows():
+    """The driver's table of causes: (number, what happened, what to do)."""
+    code = (root / "src/state/causes.hpp").read_text(encoding="utf-8")
+    numbers = dict(re.findall(r"^  (k\w+) = (\d+),", code, re.MULTILINE))
+    words = {name: text_of(value) for name, value in re.findall(
+        r"constexpr auto (k\w+) =\s*((?:\"[^\"]*\"\s*)+)_ansi", code)}
+    rows = re.findall(r"CauseRow\{Cause::(k\w+),\s*((?:\"[^\"]*\"\s*)+)_ansi,\s*"
+                      r"(?:causes::(k\w+)|((?:\"[^\"]*\"\s*)+)_ansi)\}", code)
+    return [(int(numbers[name]), text_of(what), words[shared] if shared else text_of(own))
+            for name, what, shared, own in rows], len(numbers)
+
+
+def text_of(literals):
+    return "".join(re.findall(r"\"([^\"]*)\"", literals))
+
+
+def causes_are_told():
+    """The driver's causes, the public header's numbers and the manual's page are one list."""
+    rows, count = cause_rows()
+    header = re.findall(r"^  (KESTRA_CAUSA_\w+) = (\d+)",
+                        (root / "include/kestra/causas.h").read_text(encoding="utf-8"), re.MULTILINE)
+    if len(rows) < 50 or len(rows) != count or len(header) != count:
+        return [f"{count} causes, {len(rows)} with sentences, {len(header)} in the header"]
+    names = {int(number): name for name, number in header}
+    wanted = [f"| {number} | `{names.get(number)}` | {what or '-'} | {advice or '-'} |"
+              for number, what, advice in rows]
+    page = [line for line in lines_of(root / "docs/causas.md") if re.match(r"\| \d", line)]
+    return ([f"docs/causas.md: lacks {line}" for line in wanted if line not in page] +
+            [f"docs/causas.md: has {line}" for line in page if line not in wanted])
+
+
 def without_text(code):
     """The code with directives, comments, strings and characters blanked out, line ends kept."""
     pattern = re.compile(
@@ -331,8 +362,8 @@ def inventions_are_english():
 
 RULES = [no_papers, no_machine_paths, platform_conditionals, platform_twins, simulator_stands_alone,
          simulator_looks_down, driver_includes_downwards, packets_are_pure, registers_have_one_owner,
-         standard_output_is_the_hosts, files_are_small, exports_are_documented, functions_are_short,
-         inventions_are_english]
+         standard_output_is_the_hosts, files_are_small, exports_are_documented, causes_are_told,
+         functions_are_short, inventions_are_english]
 
 
 def main():

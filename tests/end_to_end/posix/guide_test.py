@@ -42,7 +42,7 @@ class Guide(Shop):
 class ATicketPrinter(Guide):
     def test_every_example_is_run_here(self):
         tried = ["tique.c", "kestra.py", "tique.py", "factura_a.py", "nota_de_credito.py",
-                 "nota_de_credito_formulario.py", "cierre_z.py", "cierre_seguro.py"]
+                 "nota_de_credito_formulario.py", "cierre_z.py", "que_paso.py", "cierre_seguro.py"]
         self.assertEqual(list(examples()), tried)
 
     def test_a_ticket_from_c(self):
@@ -96,6 +96,23 @@ class Doubt(Guide):
         self.assertIn(words, self.run_example("cierre_seguro.py", ends_with=1))
         self.assertNotIn("RECIBI(MOS)", self.paper())
         self.assertNotIn("documento abierto", read(self.path("traza.txt")).splitlines()[-1])
+
+
+class TheOutcomeOfAReport(Doubt):
+    rule = "comando 2 de 9: bateria_baja\nrespuesta 3 de 9: callar"
+
+    def test_is_told_in_a_sentence(self):
+        done = self.run_example("que_paso.py")
+        self.assertEqual(done, "El informe está en el papel. La operación se hizo.\n")
+        low = self.run_example("que_paso.py")
+        self.assertTrue(low.startswith("El informe está en el papel. La impresora tiene la batería baja."), low)
+        lost = self.run_example("que_paso.py")
+        self.assertTrue(lost.startswith("Hay que mirar el papel. La impresora no contestó."), lost)
+
+    def test_of_a_printer_that_is_not_there(self):
+        self.stop_printer()
+        none = self.run_example("que_paso.py")
+        self.assertRegex(none, r"^No se imprimió \(causa 2\d\d\)\. .* La operación no se mandó a la impresora\.")
 
 
 # What befalls the closing, the rule that makes it so, and the document that there is all the same.

@@ -102,6 +102,7 @@ struct AbandonedRow {
   const char* printer;
   const char* fiscal;
   Call call;
+  std::int32_t outcome;  // as far as it came
 };
 
 class Abandoned : public testing::TestWithParam<AbandonedRow> {
@@ -132,6 +133,12 @@ TEST_P(Abandoned, TheNextCallWorksAndNothingStaysOpen) {
   EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kOpen).size(),
             unit::TextsOf(world.GetJournal(), Happening::kClose).size());
   EXPECT_GE(world.ended, world.begun);
+}
+
+TEST_P(Abandoned, TheNextCallIsToldHowFarItCame) {
+  Host host;
+  ShopOfRow(host);
+  EXPECT_EQ(Kestra_Desenlace(), GetParam().outcome);
 }
 
 // Whatever it has to remember in its own frame.
@@ -168,11 +175,16 @@ TEST_P(Abandoned, TheNextCallHasATurnOfItsOwn) {
 }
 
 const AbandonedRow kRows[] = {
-    {"from the question before a command", "MostrarComandos", "1", "0000", "0600", EP_CortaPapel},
-    {"from the listing of an answer", "MostrarRespuestas", "1", "0000", "0600", EP_CortaPapel},
-    {"from the report", "DelayComandos", "0", "4000", "0600", EP_CortaPapel},
-    {"from the warning of a nearly full memory", "DelayComandos", "0", "0000", "0100", EP_ReporteZ},
-    {"from the message of a bad key while starting", "EntPrecio", "x", "0000", "0600", EP_Init},
+    {"from the question before a command", "MostrarComandos", "1", "0000", "0600", EP_CortaPapel,
+     KESTRA_DESENLACE_NADA},
+    {"from the listing of an answer", "MostrarRespuestas", "1", "0000", "0600", EP_CortaPapel,
+     KESTRA_DESENLACE_HECHO},
+    {"from the report", "DelayComandos", "0", "4000", "0600", EP_CortaPapel,
+     KESTRA_DESENLACE_HECHO},
+    {"from the warning of a nearly full memory", "DelayComandos", "0", "0000", "0100", EP_ReporteZ,
+     KESTRA_DESENLACE_HECHO},
+    {"from the message of a bad key while starting", "EntPrecio", "x", "0000", "0600", EP_Init,
+     KESTRA_DESENLACE_NADA},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, Abandoned, testing::ValuesIn(kRows));
 

@@ -82,5 +82,32 @@ TEST(ResultText, FillsTheHostsBufferOnlySoFarAndIsCountedForANullPointerToo) {
   }
 }
 
+constexpr struct {
+  const char* sentence;
+  std::string_view text;
+  std::int32_t size;
+  std::string_view written;
+} kHanded[] = {
+    {"a shorter text has its zero", "AB ", 8, {"AB \0", 4}},
+    {"a text of the very size has none", "ABC", 3, "ABC"},
+    {"a longer text is cut and tells its length", "ABCDE", 3, "ABC"},
+    {"no text is a zero", "", 8, {"\0", 1}},
+    {"no room is not written to", "ABC", 0, ""},
+    {"a negative size neither", "ABC", kLeast, ""},
+    {"a huge size is bounded by the text", "ABC", kMost, {"ABC\0", 4}},
+};
+
+TEST(HandedText, EndsWithAZeroWhereThereIsRoomForOne) {
+  for (const auto& row : kHanded) {
+    SCOPED_TRACE(row.sentence);
+    std::string buffer(kBufferSize, kUntouched);
+    const auto length = static_cast<std::int32_t>(row.text.size());
+    EXPECT_EQ(HandOver(buffer.data(), row.text, row.size), length);
+    EXPECT_EQ(buffer,
+              std::string(row.written) + std::string(kBufferSize - row.written.size(), kUntouched));
+    EXPECT_EQ(HandOver(nullptr, row.text, row.size), length);
+  }
+}
+
 }  // namespace
 }  // namespace kestra

@@ -99,6 +99,16 @@ TEST_F(CallReports, KeepWhatWasDoneWhenTheCallFailsLater) {
   Expect(Outcome::kDone, Cause::kNoMemory);
 }
 
+TEST_F(CallReports, TellHowFarAFrameHasComeUntilItIsOver) {
+  BeginCall(library_, "EP_CortaPapel");
+  NoteSoFar(library_, {Outcome::kUnknown, Cause::kAbandoned});
+  Expect(Outcome::kUnknown, Cause::kAbandoned);
+  NoteSoFar(library_, kDone);
+  Expect(Outcome::kDone, Cause::kNone);
+  NoteVerdict(library_, kRefused);
+  Expect(Outcome::kRefused, Cause::kWrongState);
+}
+
 TEST_F(CallReports, BeginAnewWithEachCall) {
   BeginCall(library_, "EP_ImprimirPago");
   NameCall(library_, "EP_ImprimirPago(Efectivo,5)");
