@@ -6,7 +6,6 @@
 
 #include "fields/number_field.hpp"
 #include "protocol/books.hpp"
-#include "protocol/ledger.hpp"
 #include "protocol/question.hpp"
 #include "protocol/settlement.hpp"
 #include "protocol/verdict.hpp"
@@ -68,6 +67,11 @@ Reply AskFor(Library& library, const std::string& question) {
   return reply;
 }
 
+// It answered, and not with what was asked for.
+void NoteUnreadable(Library& library) {
+  NoteVerdict(library, {Outcome::kNotDone, Cause::kBookUnreadable}, Errand::kQuestion);
+}
+
 // Empty for a family that the printers do not have.
 std::string TotalQuestion(const State& state) {
   const bool ticket = state.TipoComprobante == "TQ";
@@ -83,7 +87,7 @@ std::optional<Subtotal> AskSubtotal(Library& library) {
   }
   const auto reply = AskFor(library, question);
   const auto subtotal = reply.answered ? ReadSubtotal(reply.fields) : std::nullopt;
-  if (subtotal) EnterSubtotal(library.certainty.ledger, *subtotal);
+  if (reply.answered && !subtotal) NoteUnreadable(library);
   return subtotal;
 }
 
@@ -94,9 +98,7 @@ void CompleteLedger(Library& library) {
   if (!ledger.open.value_or(false) || ledger.lines) return;
   const auto question = TotalQuestion(library.state);
   if (question.empty()) return;
-  const auto reply = Ask(library, question);
-  const auto subtotal = reply.answered ? ReadSubtotal(reply.fields) : std::nullopt;
-  if (subtotal) EnterSubtotal(library.certainty.ledger, *subtotal);
+  Ask(library, question);
 }
 
 DocumentKind KindOf(const Ledger& ledger) {
@@ -150,7 +152,7 @@ std::string AskNumber(Library& library, std::int32_t kind, std::int32_t letter) 
   if (!reply.answered) return {};
   const auto counters = ReadCounters(reply.fields, library.state.ModeloNombre);
   if (!counters || !(*counters)[*place]) {
-    NoteCause(library, Cause::kBookUnreadable);
+    NoteUnreadable(library);
     return {};
   }
   return PaddedInteger(std::to_string(*(*counters)[*place]), kNumberDigits);

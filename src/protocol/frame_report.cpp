@@ -4,6 +4,7 @@
 
 #include "protocol/ledger.hpp"
 #include "protocol/packet.hpp"
+#include "protocol/question.hpp"
 #include "protocol/verdict.hpp"
 #include "state/library.hpp"
 
@@ -56,11 +57,9 @@ void FrameReport::End() {
 // What the answer says of the document in hand.
 void FrameReport::Learn(const Fields& answer) {
   NoteAnswer(library_, answer);
-  auto& ledger = library_.certainty.ledger;
-  const auto words = WordsOf(answer);
-  const bool done = JudgeWords(words, errand_).outcome == Outcome::kDone;
-  if (done) Enter(ledger, command_, library_.state);
-  EnterWords(ledger, words);
+  const bool done = JudgeWords(WordsOf(answer), errand_).outcome == Outcome::kDone;
+  if (done) Enter(library_.certainty.ledger, command_, library_.state);
+  kestra::Learn(library_, command_, answer);
 }
 
 // A question that is not answered has had nothing done.

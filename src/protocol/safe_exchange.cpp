@@ -145,7 +145,6 @@ SafeExchange::Step SafeExchange::Send() {
 }
 
 SafeExchange::Step SafeExchange::Put() {
-  NoteSending(library_);
   // A host may jump out of a box in the middle of it.
   NoteSoFar(library_, {Outcome::kUnknown, Cause::kAbandoned}, ErrandOf(ending_.GetCommand()));
   library_.certainty.unheard = written_ = true;

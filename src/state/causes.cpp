@@ -23,7 +23,7 @@ constexpr std::array kOutcomeTexts = {
     ""_ansi,
     "La operación se hizo."_ansi,
     "La impresora no hizo la operación."_ansi,
-    "No se mandó nada a la impresora."_ansi,
+    "La operación no se mandó a la impresora."_ansi,
     "No se sabe si la operación se hizo: mire el papel antes de repetirla."_ansi,
     "La operación se hizo solo en parte: mire el papel antes de seguir."_ansi,
     "La operación no se hizo."_ansi,
@@ -42,6 +42,7 @@ Cause CauseOf(const Failure& failure) {
   if (failure.Reason() != 0) return static_cast<Cause>(kFirstOfPorts + failure.Reason());
   if (failure.Number() == NoObject().Number()) return Cause::kNotStarted;
   if (failure.Number() == OutOfMemory().Number()) return Cause::kNoMemory;
+  if (failure.Number() == TypeMismatch().Number()) return Cause::kUnexpected;
   return Cause::kInternal;
 }
 

@@ -72,11 +72,11 @@ TEST(WhatWasHeard, WithoutAnAnswerIsADoubtWithAName) {
     return verdict.cause;
   };
   EXPECT_EQ(cause({}, false), Cause::kSilence);
-  EXPECT_EQ(cause({.busy = true}, false), Cause::kSilence);
+  EXPECT_EQ(cause({.answer = {}, .busy = true}, false), Cause::kSilence);
   EXPECT_EQ(cause({}, true), Cause::kDamaged);
-  EXPECT_EQ(cause({.refused = true}, true), Cause::kNotUnderstood);
-  EXPECT_EQ(cause({.refused = true, .damaged = true}, true), Cause::kDamaged);
-  EXPECT_EQ(cause({.damaged = true, .foreign = true}, true), Cause::kForeign);
+  EXPECT_EQ(cause({.answer = {}, .refused = true}, true), Cause::kNotUnderstood);
+  EXPECT_EQ(cause({.answer = {}, .refused = true, .damaged = true}, true), Cause::kDamaged);
+  EXPECT_EQ(cause({.answer = {}, .damaged = true, .foreign = true}, true), Cause::kForeign);
 }
 
 }  // namespace

@@ -34,7 +34,8 @@ TEST(Causes, TellPortsApartThatAreOneNumberInTheLog) {
 TEST(Causes, OfOtherFailures) {
   EXPECT_EQ(CauseOf(NoObject()), Cause::kNotStarted);
   EXPECT_EQ(CauseOf(OutOfMemory()), Cause::kNoMemory);
-  EXPECT_EQ(CauseOf(TypeMismatch()), Cause::kInternal);
+  EXPECT_EQ(CauseOf(TypeMismatch()), Cause::kUnexpected);  // an answer's field that is no number
+  EXPECT_EQ(CauseOf(InvalidCall()), Cause::kInternal);
 }
 
 TEST(Causes, EveryOneHasASentence) {
