@@ -31,17 +31,20 @@ class Failure : public std::exception {
 inline Failure Overflow() {
   return {6, "Overflow"};
 }
+constexpr std::int32_t kOutOfMemory = 7;
 inline Failure OutOfMemory() {
-  return {7, "Out of memory"};
+  return {kOutOfMemory, "Out of memory"};
 }
+constexpr std::int32_t kTypeMismatch = 13;
 inline Failure TypeMismatch() {
-  return {13, "Type mismatch"};
+  return {kTypeMismatch, "Type mismatch"};
 }
 inline Failure InvalidCall() {
   return {5, "Invalid procedure call or argument"};
 }
+constexpr std::int32_t kNoObject = 91;
 inline Failure NoObject() {
-  return {91, "Object variable or With block variable not set"};
+  return {kNoObject, "Object variable or With block variable not set"};
 }
 
 // Any exception in the library's own terms.

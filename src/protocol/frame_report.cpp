@@ -1,5 +1,6 @@
 #include "protocol/frame_report.hpp"
 
+#include <exception>
 #include <utility>
 
 #include "protocol/ledger.hpp"
@@ -17,6 +18,7 @@ void FrameReport::Begin() {
   concluded_ = false;
   sent_ = false;
   heard_.clear();
+  deaf_ = false;
 }
 
 void FrameReport::Sending(std::string_view header) {
@@ -26,21 +28,40 @@ void FrameReport::Sending(std::string_view header) {
   NoteSoFar(library_, AfterRepetition(verdict_, {Outcome::kUnknown, Cause::kAbandoned}), errand_);
 }
 
-void FrameReport::Judge(std::string_view waiting) {
-  heard_ += waiting;
-  const auto heard = Listen(heard_, header_);
-  if (!heard.answer.empty()) Learn(FieldsOf(heard.answer));
-  Conclude(JudgeHeard(heard, heard_.find_first_not_of(kDc2) != std::string::npos, errand_));
+void FrameReport::Heard(std::string_view bytes) noexcept {
+  try {
+    heard_ += bytes;
+  } catch (const std::exception&) {
+    deaf_ = true;
+  }
 }
 
-void FrameReport::Fail(const Failure& failure) {
+void FrameReport::Judge(std::string_view waiting) noexcept {
+  Heard(waiting);
+  Conclude(Known({}));
+}
+
+// It may fail behind its answer: in acknowledging it.
+void FrameReport::Fail(const Failure& failure) noexcept {
   if (!concluded_) {
-    // It may fail behind its answer: in acknowledging it.
-    const bool answered = sent_ && !Listen(heard_, header_).answer.empty();
-    const auto outcome = sent_ ? Outcome::kUnknown : Outcome::kNotSent;
-    answered ? Judge({}) : Conclude({outcome, CauseOf(failure)});
+    const auto cause = CauseOf(failure);
+    Conclude(sent_ ? Known({Outcome::kUnknown, cause}) : Verdict{Outcome::kNotSent, cause});
   }
   End();
+}
+
+// Where no answer came `without_answer` says what happened, or else what the line brought does.
+Verdict FrameReport::Known(const Verdict& without_answer) noexcept {
+  try {
+    const auto heard = Listen(heard_, header_);
+    const bool told = without_answer.outcome != Outcome::kNothingAsked;
+    if (heard.answer.empty() && told) return without_answer;
+    if (!heard.answer.empty()) Learn(FieldsOf(heard.answer));
+    const bool leftover = heard_.find_first_not_of(kDc2) != std::string::npos;
+    if (!deaf_ || !heard.answer.empty()) return JudgeHeard(heard, leftover, errand_);
+  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): nothing is known
+  }
+  return {Outcome::kUnknown, Cause::kNoMemory};
 }
 
 void FrameReport::End() {

@@ -11,7 +11,7 @@ namespace kestra {
 struct Library;
 
 // Watches an exchange and tells the call's report what becomes of its command. It looks on and has no say in
-// what is done next.
+// what is done next: without memory it knows nothing, and the exchange goes on.
 class FrameReport {
  public:
   FrameReport(Library& library, std::string command);
@@ -19,17 +19,18 @@ class FrameReport {
   // A sending begins; its frame is about to be written, to which `header` begins the answer; bytes have come.
   void Begin();
   void Sending(std::string_view header);
-  void Heard(std::string_view bytes) { heard_ += bytes; }
+  void Heard(std::string_view bytes) noexcept;
 
   // The wait is over. What the line brought says what became of this sending; `waiting` has come but was not
   // taken.
-  void Judge(std::string_view waiting);
+  void Judge(std::string_view waiting) noexcept;
 
   // The exchange is over, by itself or by a failure.
   void End();
-  void Fail(const Failure& failure);
+  void Fail(const Failure& failure) noexcept;
 
  private:
+  Verdict Known(const Verdict& without_answer) noexcept;
   void Conclude(Verdict verdict);
   void Learn(const Fields& answer);
 
@@ -41,6 +42,7 @@ class FrameReport {
   bool sent_ = false;       // its frame is on the line, or a part of it
   std::string header_;
   std::string heard_;  // since then
+  bool deaf_ = false;  // to some of it
 };
 
 }  // namespace kestra

@@ -40,9 +40,9 @@ const CauseRow& RowOf(Cause cause) {
 
 Cause CauseOf(const Failure& failure) {
   if (failure.Reason() != 0) return static_cast<Cause>(kFirstOfPorts + failure.Reason());
-  if (failure.Number() == NoObject().Number()) return Cause::kNotStarted;
-  if (failure.Number() == OutOfMemory().Number()) return Cause::kNoMemory;
-  if (failure.Number() == TypeMismatch().Number()) return Cause::kUnexpected;
+  if (failure.Number() == kNoObject) return Cause::kNotStarted;
+  if (failure.Number() == kOutOfMemory) return Cause::kNoMemory;
+  if (failure.Number() == kTypeMismatch) return Cause::kUnexpected;
   return Cause::kInternal;
 }
 
