@@ -64,7 +64,7 @@ class Shop : public testing::Test {
     return done;
   }
 
-  static const CallReport& Report() { return Instance().certainty.report; }
+  static const kestra::CallReport& Report() { return Instance().certainty.report; }
   static bool IsPending() { return Instance().certainty.pending.has_value(); }
 
   std::size_t Reports() { return Count(Happening::kReport); }
