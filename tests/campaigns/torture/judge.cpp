@@ -73,7 +73,7 @@ bool TookTooLong(const CallRecord& call) {
   if (call.name == kEndless) return call.passed > kEndlessEndsWithin;
   if (call.near_midnight) return false;
   const auto waits = static_cast<std::int64_t>(call.frames.size()) + call.busy_bytes;
-  return call.passed > call.slept + waits * kPatience + kOverhead;
+  return call.passed > call.slept + call.patience + waits * kPatience + kOverhead;
 }
 
 }  // namespace
@@ -90,6 +90,8 @@ std::string Verdict(const CallRecord& call, const QuietCall& quiet, const Strike
   const bool pardoned = call.tried_to_close || failed_to_close || call.port_was_open;
   if (call.port_open && !pardoned) return "left the port open";
   if (!struck || ToldFailure(call)) return {};
+  // A safe exchange asks and sends again: whether what it told is true, line_faults judges on the paper.
+  if (call.patience > 0) return {};
   if (!MaySucceed(call, strike)) return "told success";
   return SentTheSame(call, quiet) ? std::string() : "told success and sent something else";
 }

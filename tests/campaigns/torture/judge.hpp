@@ -36,6 +36,7 @@ struct CallRecord {
   bool tried_to_close = false;  // last of all; the case itself may keep it from closing
   int failures = 0;             // of the struck target
   bool first_struck = false;    // up to here nothing had failed
+  std::int64_t patience = 0;    // of a safe exchange; 0 for any other
 };
 
 bool ToldFailure(const CallRecord& call);

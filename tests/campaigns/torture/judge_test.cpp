@@ -49,6 +49,14 @@ constexpr auto kNothing = [](Call&) {};
 const std::array kRows{
     Row{"a failure that is told", 1, At(Point::kWrite), kNothing, ""},
     Row{"a failure that is not told", 0, At(Point::kWrite), kNothing, "told success"},
+    Row{"a safe exchange that came through", 0, At(Point::kWrite),
+        [](Call& call) { call.patience = kMicrosPerSecond; }, ""},
+    Row{"a safe exchange that waits beyond its patience", 1, At(Point::kWrite),
+        [](Call& call) {
+          call.patience = 20 * kMicrosPerSecond;
+          call.passed = 27 * kMicrosPerSecond;
+        },
+        "took 27000 ms"},
     Row{"a log line that is lost", 0, At(Point::kLog), kNothing, ""},
     Row{"a log line and a frame that are lost", 0, At(Point::kLog),
         [](Call& call) { call.frames = {kOtherFrame}; }, "told success and sent something else"},

@@ -14,6 +14,7 @@
 #include "golden/onlooker.hpp"
 #include "golden/replies.hpp"
 #include "golden/session.hpp"
+#include "protocol/settlement.hpp"
 #include "state/library.hpp"
 
 namespace kestra::torture {
@@ -119,6 +120,8 @@ CallRecord Torturer::RecordOf(std::string_view name, std::int32_t result) {
                   .port_was_open = port_was_open_,
                   .failures = Failures(),
                   .first_struck = outcome_.failures == 0};
+  const auto& settings = Instance().certainty.settings;
+  if (settings.ModoSeguro == 1) call.patience = settings.PacienciaSegura * kMicrosPerSecond;
   const auto& frames = watch.World().Line().Frames();
   for (std::size_t i = frames_before_; i < frames.size(); ++i) call.frames.push_back(frames[i]);
   for (std::size_t i = events_before_; i < events.size(); ++i) {
@@ -166,6 +169,8 @@ void Torturer::Heal() {
   world.Line().Forget();
   world.Line().SetDevice(DeviceState::kReady);
   world.Line().SetDefault(golden::ReadReply("ok 0000|0000"));
+  // What a safe exchange has to settle first would come before the command that is looked at.
+  ForgetPending(Instance());
 }
 
 void Torturer::ExpectAWorkingLibrary() {
