@@ -71,13 +71,14 @@ bool Adjust(Library& library, Line line, double difference) {
   return Run(library, {.command = line(HundredthsDigits(difference))}) == kSuccess;
 }
 
-// In the safe mode a line that was accepted is not asked about for ever.
-constexpr int kSafeRounds = 3;
+// The safe mode is content with so many lines. A total that is another still is told as not done.
+constexpr int kSafeLines = 3;
 
 void EqualizeSafely(Library& library, const Adjuster& adjuster, double total) {
-  for (int round = 0; round < kSafeRounds; ++round) {
+  for (int lines = 0;; ++lines) {
     const auto [printed, answered] = ReadTotal(library, adjuster);
     if (!answered || total == printed) return;
+    if (lines == kSafeLines) break;
     const auto line = total > printed ? adjuster.raise : adjuster.lower;
     if (!Adjust(library, line, std::abs(total - printed))) return;
   }

@@ -71,9 +71,11 @@ bool SafeLine::OnPort(Action action) {
     action();
     return true;
   } catch (const Failure& failure) {
-    LogFailure(library_, failure, "Enviar", "seguro");
-    why_ = CauseOf(failure);
-    lost_ = true;
+    const auto cause = CauseOf(failure);
+    // A device that stays away is looked for many times.
+    if (cause != why_) LogFailure(library_, failure, "Enviar", "seguro");
+    why_ = cause;
+    lost_ = lost_ || open_;
     Close();
     return false;
   }
@@ -82,6 +84,7 @@ bool SafeLine::OnPort(Action action) {
 bool SafeLine::Open() {
   if (open_) return true;
   open_ = OnPort([&] { OpenPort(library_); });
+  if (open_) why_ = Cause::kNone;
   return open_;
 }
 

@@ -70,8 +70,9 @@ constexpr std::string_view kAcknowledge = "\x06";
 constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kDigits{
     {{"EntDesc", "7"}, {"EntImpInt", "7"}, {"DecImpInt", "2"}, {"EntPercepcion", "7"}}};
 
-impresora::Settings PrinterOf(const CanonicalDocument& document) {
+impresora::Settings PrinterOf(const CanonicalDocument& document, Mode mode) {
   impresora::Settings settings;
+  settings.knows_repeats = mode != Mode::kSafeForgetful;
   settings.family = document.family;
   for (const char command : kSlowCommands) {
     settings.work_milliseconds[static_cast<unsigned char>(command)] = kSlow;
@@ -91,7 +92,7 @@ std::int64_t HourOf(Mode mode) {
 LineWorld::LineWorld(const CanonicalDocument& document, std::span<const ByteFault> faults,
                      Mode mode)
     : local_seconds_(HourOf(mode)),
-      session_(PrinterOf(document), *this, {.baud = kBaud}),
+      session_(PrinterOf(document, mode), *this, {.baud = kBaud}),
       to_printer_(Direction::kToPrinter, faults),
       to_host_(Direction::kToHost, faults) {
   clock_.SetDate(21, 11, 2026);

@@ -24,8 +24,9 @@
 
 namespace kestra::line_faults {
 
-// How the driver is set up: with ModoSeguro, and with ReconoceRepetidas too.
-enum class Mode { kBase, kSafe, kSafeWithRepeats };
+// How the driver is set up: with ModoSeguro, and with ReconoceRepetidas too. The forgetful printer takes each
+// frame for a new command.
+enum class Mode { kBase, kSafe, kSafeForgetful, kSafeWithRepeats };
 
 // The virtual printer at the end of a line that fails as told, on a clock that moves when somebody
 // waits for the line.

@@ -15,6 +15,7 @@
 //   --insiste     the operator tries again, once
 //   --seguro      the driver with ModoSeguro
 //   --repetidas   the same with ReconoceRepetidas
+//   --sin-repetidas  the same without it, and with a printer that knows no repeated frame
 // The number in KESTRA_SHARE says at which of the first N bytes --cada begins, and is the seed if none is given:
 // each commit may try others.
 namespace kestra::line_faults {
@@ -32,6 +33,10 @@ CampaignSettings ReadOptions(int argc, char** argv) {
     }
     if (name == "--seguro") {
       settings.mode = Mode::kSafe;
+      continue;
+    }
+    if (name == "--sin-repetidas") {
+      settings.mode = Mode::kSafeForgetful;
       continue;
     }
     if (name == "--repetidas") {

@@ -86,7 +86,7 @@ void Trial::Check(const RunReport& run, Verdict verdict, std::span<const ByteFau
 // What passes is no failure; only what no book shows may stay unknown, and is told as not done.
 void Trial::CheckSafe(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults) {
   if (faults.size() > 1) return;
-  const bool may_doubt = mode_ == Mode::kSafe && verdict == Verdict::kAmbiguous;
+  const bool may_doubt = mode_ != Mode::kSafeWithRepeats && verdict == Verdict::kAmbiguous;
   if (verdict != Verdict::kAgreed && !may_doubt) {
     Breach(kVerdictNames[static_cast<std::size_t>(verdict)], faults);
   }
