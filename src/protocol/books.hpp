@@ -67,7 +67,8 @@ inline constexpr std::uint16_t kPaper = 0x4030;  // of any of its rolls
 namespace fiscal_word {
 inline constexpr std::uint16_t kWrongState = 0x0020;
 inline constexpr std::uint16_t kRefusal = 0x0078;  // what says that the command was not carried out
-inline constexpr std::uint16_t kMachine = 0x0887;  // what says something of the machine
+inline constexpr std::uint16_t kNotUnderstood = 0x0018;  // of that, what a zero byte in it can do
+inline constexpr std::uint16_t kMachine = 0x0887;        // what says something of the machine
 inline constexpr std::uint16_t kDocumentOpen = 0x1000;
 }  // namespace fiscal_word
 

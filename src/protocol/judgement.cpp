@@ -28,14 +28,27 @@ Judgement JudgeMechanism(const MethodRow& row, const Words& words, Cause conditi
   return Reads(row, {.if_absent = {Outcome::kUnknown, condition}, .then_cure = true});
 }
 
+// A zero byte that the line puts into a command is seen by no sum: what the printer does not understand goes
+// out once more.
+Judgement JudgeRefusal(const MethodRow& row, const Words& words, const Before& before,
+                       Cause condition) {
+  const unsigned refusal = words.fiscal & fiscal_word::kRefusal;
+  const bool not_understood = (refusal & ~unsigned{fiscal_word::kNotUnderstood}) == 0;
+  const Verdict refused{Outcome::kRefused, condition};
+  if (not_understood && !before.refused) {
+    return {Next::kSendOnceMore, {.if_absent = refused, .answered = true}};
+  }
+  if (!before.doubted) return Ends(refused);
+  return Reads(row, {.if_not_done = refused, .if_absent = refused});
+}
+
 }  // namespace
 
-Judgement JudgeAnswer(const MethodRow& row, const Words& words, bool sent_before) {
+Judgement JudgeAnswer(const MethodRow& row, const Words& words, const Before& before) {
   const auto condition = JudgeWords(words).cause;
   const Verdict done{Outcome::kDone, condition};
   if ((words.fiscal & fiscal_word::kRefusal) != 0) {
-    const Verdict refused{Outcome::kRefused, condition};
-    return sent_before ? Reads(row, {.if_not_done = refused, .if_absent = refused}) : Ends(refused);
+    return JudgeRefusal(row, words, before, condition);
   }
   if (row.method == Method::kQuestion) return Ends(done);
   const unsigned mechanism = printer_word::kFailure | printer_word::kOffLine;

@@ -16,16 +16,22 @@ struct Reading {
   bool answered = false;   // its own answer came: only what it means is to be found out
 };
 
-enum class Next { kEnd, kAskBooks, kCure };
+enum class Next { kEnd, kAskBooks, kCure, kSendOnceMore };
 
 struct Judgement {
   Next next = Next::kEnd;
   Reading reading{};  // where it ends, `if_absent` is the verdict
 };
 
-// What a command's own answer says of it. `sent_before`: this is not the first frame of the command, though
-// the books said of the others that nothing was done.
-Judgement JudgeAnswer(const MethodRow& row, const Words& words, bool sent_before);
+// What has come before an answer.
+struct Before {
+  bool doubted =
+      false;  // another frame of the command, of which the books said that nothing was done
+  bool refused = false;  // another frame, as one that the printer does not understand
+};
+
+// What a command's own answer says of it.
+Judgement JudgeAnswer(const MethodRow& row, const Words& words, const Before& before);
 
 // Whether the mechanism of a printer that says this can print.
 bool CanPrint(const Words& words);

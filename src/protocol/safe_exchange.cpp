@@ -68,6 +68,7 @@ class SafeExchange {
   int sendings_ = 0;      // under numbers of their own
   bool written_ = false;  // a frame may have reached the printer, and nothing is known of it yet
   Cause doubt_ = Cause::kNone;
+  Before heard_before_;
   Reading reading_;
   Fields fields_;  // of its own answer
 };
@@ -165,6 +166,7 @@ bool SafeExchange::MayRepeat() {
 
 SafeExchange::Step SafeExchange::Doubted(Cause cause) {
   doubt_ = cause;
+  heard_before_.doubted = true;
   patience_.Begin();
   if (HasBook()) return Step::kAskBooks;
   if (row_.method == Method::kNoBook) {
@@ -222,10 +224,21 @@ SafeExchange::Step SafeExchange::AskOperator(Step again, const Verdict& verdict)
 }
 
 SafeExchange::Step SafeExchange::Judge() {
-  const auto judgement = JudgeAnswer(row_, WordsOf(fields_), sendings_ > 1);
+  const auto judgement = JudgeAnswer(row_, WordsOf(fields_), heard_before_);
   reading_ = judgement.reading;
-  if (judgement.next == Next::kEnd) return End(reading_.if_absent);
-  return judgement.next == Next::kCure ? Step::kCure : Step::kAskBooks;
+  switch (judgement.next) {
+    case Next::kAskBooks:
+      return Step::kAskBooks;
+    case Next::kCure:
+      return Step::kCure;
+    case Next::kSendOnceMore:
+      heard_before_.refused = true;
+      written_ = false;
+      return Step::kSend;
+    case Next::kEnd:
+      break;
+  }
+  return End(reading_.if_absent);
 }
 
 SafeExchange::Step SafeExchange::Cure() {

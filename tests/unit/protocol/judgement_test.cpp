@@ -22,25 +22,31 @@ struct Row {
   Words words;
   Next next;
   Outcome if_absent;
-  bool sent_before = false;
+  Before before{};
 };
 
 const Row kRows[] = {
     {"all is well", kItem, {0x0080, 0x1600}, Next::kEnd, Outcome::kDone},
     {"paper that ended with it", kItem, {0xC080, 0x1600}, Next::kEnd, Outcome::kDone},
-    {"a field that is wrong", kItem, {0x0080, 0x9610}, Next::kEnd, Outcome::kRefused},
+    {"a field that is wrong may have been spoilt on its way",
+     kItem,
+     {0x0080, 0x9610},
+     Next::kSendOnceMore,
+     Outcome::kRefused},
+    {"but not twice", kItem, {0x0080, 0x9610}, Next::kEnd, Outcome::kRefused, {.refused = true}},
+    {"a wrong moment is no damage", kItem, {0x0080, 0x9620}, Next::kEnd, Outcome::kRefused},
     {"refused though another frame went before",
      kItem,
      {0x0080, 0x9620},
      Next::kAskBooks,
      Outcome::kRefused,
-     true},
+     {.doubted = true}},
     {"a text that is refused has no book to ask",
      kText,
      {0x0080, 0x9620},
      Next::kEnd,
      Outcome::kRefused,
-     true},
+     {.doubted = true}},
     {"a low battery: the books decide", kItem, {0x0080, 0x9604}, Next::kAskBooks, Outcome::kDone},
     {"a low battery: nothing refuses the text",
      kText,
@@ -74,7 +80,7 @@ const Row kRows[] = {
 TEST(Judgement, AnAnswerSaysWhatCameOfItsCommandOrWhoMayTell) {
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.sentence);
-    const auto judgement = JudgeAnswer(MethodOf(row.command), row.words, row.sent_before);
+    const auto judgement = JudgeAnswer(MethodOf(row.command), row.words, row.before);
     EXPECT_EQ(judgement.next, row.next);
     EXPECT_EQ(judgement.reading.if_absent.outcome, row.if_absent);
     EXPECT_TRUE(judgement.reading.answered);
