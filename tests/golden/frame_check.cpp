@@ -1,6 +1,7 @@
 #include "golden/frame_check.hpp"
 
 #include <array>
+#include <cstdint>
 #include <cstdio>
 
 namespace kestra::golden {
@@ -10,6 +11,17 @@ std::string Checksum(std::string_view bytes) {
   for (const char c : bytes) sum += static_cast<unsigned char>(c);
   std::array<char, 5> digits{};
   (void)std::snprintf(digits.data(), digits.size(), "%04X", sum & 0xFFFFU);
+  return digits.data();
+}
+
+std::string JournalSum(std::string_view line) {
+  std::uint32_t rest = 0xFFFFFFFFU;
+  for (const char c : line) {
+    rest ^= static_cast<unsigned char>(c);
+    for (int bit = 0; bit < 8; ++bit) rest = (rest >> 1U) ^ (0xEDB88320U & (0U - (rest & 1U)));
+  }
+  std::array<char, 9> digits{};
+  (void)std::snprintf(digits.data(), digits.size(), "%08X", static_cast<unsigned>(~rest));
   return digits.data();
 }
 

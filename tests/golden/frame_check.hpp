@@ -9,6 +9,9 @@ namespace kestra::golden {
 // mistake in one of them shows.
 std::string Checksum(std::string_view bytes);
 
+// The sum of a journal's line (CRC-32) as eight hexadecimal digits; written apart, too.
+std::string JournalSum(std::string_view line);
+
 // True when the bytes are one whole frame: start, sequence 32 to 70, a command, end, right
 // checksum.
 bool IsFrame(std::string_view bytes);

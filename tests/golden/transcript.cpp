@@ -7,7 +7,6 @@
 #include "golden/frame_check.hpp"
 #include "golden/visible.hpp"
 #include "golden/words.hpp"
-#include "state/journal_fields.hpp"
 
 namespace kestra::golden {
 namespace {
@@ -125,7 +124,7 @@ std::string DescribeJournal(const Event& event) {
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     const auto parts = Split(line, "\t");
     const auto body = line.substr(0, line.rfind('\t'));
-    if (parts.size() < 4 || parts.back() != SumText(body)) {
+    if (parts.size() < 4 || parts.back() != JournalSum(body)) {
       return shown + OutputLine("malformed journal line: " + Visible(line));
     }
     std::string text = "journal";

@@ -29,7 +29,7 @@ constexpr std::string_view kClose = R"(EP_CerrarComprobanteFiscal "FC" "B" out)"
 class Shop : public testing::Test {
  protected:
   explicit Shop(Mode mode = Mode::kSafe) : Shop({}, mode) {}
-  Shop(std::vector<Override> settings, Mode mode) {
+  Shop(std::vector<std::pair<std::string, std::string>> settings, Mode mode) {
     settings.insert(settings.begin(), {"TipoComprobante", "TQ"});
     document_ = {"a day", impresora::Family::kTicket, std::move(settings), {}};
     auto owned = std::make_unique<LineWorld>(document_, std::span<const ByteFault>{}, mode);
