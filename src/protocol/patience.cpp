@@ -41,6 +41,8 @@ bool Patience::Over() const {
 }
 
 bool OpenInTime(Library& library, SafeLine& line, Patience& patience, bool in_doubt) {
+  // A port that opens and breaks down at once would have everything tried again without a pause.
+  if (line.WasLost() && !line.IsOpen()) library.platform.GetClock().Sleep(kReopenMs);
   while (!line.Open()) {
     patience.Begin();
     const bool passing = in_doubt ? !Has(kLasting, line.Why()) : Has(kPassing, line.Why());

@@ -54,6 +54,8 @@ class SafeLine {
   // Waits until nothing comes any more, and drops what came.
   bool Rest();
 
+  [[nodiscard]] bool IsOpen() const { return open_; }
+
   // Why the last of these failed, and whether the port has broken down since the line was made.
   [[nodiscard]] Cause Why() const { return why_; }
   [[nodiscard]] bool WasLost() const { return lost_; }

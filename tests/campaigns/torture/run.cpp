@@ -171,6 +171,7 @@ void Torturer::Heal() {
   world.Line().SetDefault(golden::ReadReply("ok 0000|0000"));
   // What a safe exchange has to settle first would come before the command that is looked at.
   ForgetPending(Instance());
+  Instance().certainty.unheard = false;
 }
 
 void Torturer::ExpectAWorkingLibrary() {
