@@ -21,7 +21,7 @@ std::string JournalSum(std::string_view line) {
     for (int bit = 0; bit < 8; ++bit) rest = (rest >> 1U) ^ (0xEDB88320U & (0U - (rest & 1U)));
   }
   std::array<char, 9> digits{};
-  (void)std::snprintf(digits.data(), digits.size(), "%08X", static_cast<unsigned>(~rest));
+  (void)std::snprintf(digits.data(), digits.size(), "%08x", static_cast<unsigned>(~rest));
   return digits.data();
 }
 

@@ -109,12 +109,13 @@ class Host {
     std::string_view name;
     void (Host::*handler)(std::string_view rest);
   };
-  static const std::array<Input, 8> kInputs;
+  static const std::array<Input, 9> kInputs;
 
   void Ini(std::string_view rest) { settings_.Change(rest); }
   void QueueAnswers(std::string_view rest);
   void Meanwhile(std::string_view rest);
   void Call(std::string_view rest);
+  void ShowOutcome(std::string_view);
   void ShowRows(std::string_view) { detail_.rows = true; }
   void ShowWrite(std::string_view rest) { Show({Happening::kWrite, FromHex(rest), {}}); }
   void ShowLog(std::string_view rest) { Show({Happening::kLog, FromHex(rest), kLogFile}); }
@@ -128,11 +129,12 @@ class Host {
   golden::Detail detail_;
 };
 
-const std::array<Host::Input, 8> Host::kInputs{{
+const std::array<Host::Input, 9> Host::kInputs{{
     {"ini", &Host::Ini},
     {"operator", &Host::QueueAnswers},
     {"meanwhile", &Host::Meanwhile},
     {"call", &Host::Call},
+    {"outcome", &Host::ShowOutcome},
     {"showrows", &Host::ShowRows},
     {"wire", &Host::ShowWrite},
     {"log", &Host::ShowLog},
@@ -169,6 +171,18 @@ void Host::Call(std::string_view rest) {
     talk_.Say(OutputLine("buffer \"" + golden::Visible(buffer) + "\""));
   }
   talk_.Say(OutputLine(name == "EP_Kill" ? "done" : "= " + std::to_string(outcome.result)));
+}
+
+// As the library tells it to every host.
+void Host::ShowOutcome(std::string_view) {
+  const auto number = [](std::string_view name) {
+    return std::to_string(golden::CallExport(name, {}).result);
+  };
+  const auto text = golden::CallExport("Kestra_CausaTexto", {"out", "1000"});
+  const auto sentence = text.buffers.front().substr(0, static_cast<std::size_t>(text.result));
+  talk_.Say(OutputLine("outcome " + number("Kestra_Desenlace") + " cause " +
+                       number("Kestra_Causa") + " sent " + number("Kestra_Intentos") + " \"" +
+                       golden::Visible(sentence) + "\""));
 }
 
 void Host::Leftover(std::string_view) {
