@@ -45,12 +45,12 @@ add_subdirectory(contract/windows/components)
 kestra_story(components contract/windows/components components_test.py ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
 set_tests_properties(components PROPERTIES RUN_SERIAL ON)
 
-# The windows that the operator sees: these have the one display for themselves.
+# The windows that the operator sees: whoever shows some has the one display, its keyboard and its mouse alone.
 add_subdirectory(contract/windows/dialogs)
 kestra_story(dialogs contract/windows/dialogs dialogs_test.py ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
 kestra_story(dialogs.library contract/windows/dialogs -m unittest -v dialogs_of_the_library_test)
 kestra_story(dialogs.code_pages contract/windows/dialogs -m unittest -v code_pages_test)
-set_tests_properties(dialogs dialogs.library dialogs.code_pages PROPERTIES RUN_SERIAL ON)
+set_tests_properties(dialogs dialogs.library dialogs.code_pages PROPERTIES RESOURCE_LOCK display)
 
 # What the file itself shows: names, imports, size.
 kestra_story(library.imports host/windows imports_test.py $<TARGET_FILE:kestra>)

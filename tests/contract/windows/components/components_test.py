@@ -71,16 +71,15 @@ class Wine:
         return listed.output().decode().split()
 
     def registry(self):
-        """Every key of the classes, and every value as "key @ value"."""
+        """Every key and value of the classes, the machine's and the user's, as texts of many lines."""
         if self.dump is None:
             self.dump = programs.Program([self.hosts / "registry_dump.exe"], talk=True)
         with tempfile.TemporaryDirectory(prefix="kestra-registry-") as folder:
             self.dump.call.sendall(windows_path(folder).encode() + b"\n")
             assert self.dump.call.recv(1) == b"1", self.dump.output()
-            lines = [line for hive in ("machine", "user")
-                     for line in entries(hive, pathlib.Path(folder, hive + ".reg"))]
-        assert len(lines) > 100, "the registry cannot be read"
-        return lines
+            hives = [without_times(pathlib.Path(folder, hive + ".reg")) for hive in ("machine", "user")]
+        assert hives[0].count("\n") > 100, "the registry cannot be read"
+        return hives
 
     def close(self):
         self.dump.call.shutdown(socket.SHUT_WR)
@@ -93,15 +92,26 @@ class Wine:
         return self.run("cscript", "//nologo", windows_path(HERE / name))
 
 
-def entries(hive, file):
-    """Of a saved part of the registry: keys, and lines of values with the key that they are in; no times."""
-    key = hive
-    for line in file.read_text("utf-8", "replace").splitlines():
-        if line.startswith("["):
-            key = hive + " " + line.rpartition(" ")[0]
-            yield key
-        elif line and not line.startswith(("#", ";;")):
-            yield f"{key} @ {line}"
+def without_times(file):
+    """A saved part of the registry."""
+    return re.sub(r"(?m)(?<=\]) \d+$|^#time=.*\n", "", file.read_text("utf-8", "replace"))
+
+
+def entries(hives):
+    """Keys, and lines of values with the key that they are in."""
+    for number, text in enumerate(hives):
+        key = ""
+        for line in text.splitlines():
+            if line.startswith("["):
+                key = f"{number} {line}"
+                yield key
+            elif line and not line.startswith(("#", ";;")):
+                yield f"{key} @ {line}"
+
+
+def changes(before, after):
+    """What is in one of them alone. Most are the same to the letter."""
+    return [] if before == after else sorted(set(entries(before)) ^ set(entries(after)))
 
 
 wine = None
@@ -120,7 +130,7 @@ class Components(unittest.TestCase):
 
     @classmethod
     def tearDownClass(cls):
-        changed = sorted(set(cls.everything) ^ set(wine.registry()))
+        changed = changes(cls.everything, wine.registry())
         wine.close()
         assert not changed, f"left behind in the registry: {changed}"
 
@@ -131,8 +141,7 @@ class Components(unittest.TestCase):
         self.before = self.everything  # as each case found it and has to leave it
 
     def unchanged_since(self, before):
-        after = wine.registry()
-        self.assertEqual(sorted(set(before) ^ set(after)), [])
+        self.assertEqual(changes(before, wine.registry()), [])
 
     def tell(self, story):
         told = wine.tell(story, self.directory)
@@ -171,7 +180,7 @@ class Components(unittest.TestCase):
         self.assertEqual(wine.regsvr32(windows_path(registered)), 0)
         try:
             lasting = wine.registry()
-            self.assertNotEqual(lasting, self.before)
+            self.assertTrue(changes(self.before, lasting))
             for story in ("host_without_components", "started_twice_ended_twice"):
                 self.tell(story)
                 self.unchanged_since(lasting)
