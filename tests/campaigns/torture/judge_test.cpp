@@ -63,6 +63,14 @@ const std::array kRows{
     Row{"a result that is none", 7, At(Point::kWrite), kNothing, "gave 7"},
     Row{"an adjustment, which tells nothing", 0, At(Point::kWrite),
         [](Call& call) { call.name = kEndless; }, ""},
+    Row{"a cause that is asked for", 505, At(Point::kWrite),
+        [](Call& call) { call.name = "Kestra_Causa"; }, ""},
+    Row{"a question that leaves the port open", 0, At(Point::kWrite),
+        [](Call& call) {
+          call.name = "Kestra_Estado";
+          call.port_open = true;
+        },
+        "left the port open"},
     Row{"an item whose own frame is lost", 0, At(Point::kWrite),
         [](Call& call) {
           call.name = "EP_ImprimirItem";
