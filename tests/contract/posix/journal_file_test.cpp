@@ -9,8 +9,8 @@
 #include <filesystem>
 
 #include "contract/posix/surroundings.hpp"
-#include "fakes/failure_number.hpp"
 #include "contract/shared/scratch.hpp"
+#include "fakes/failure_number.hpp"
 #include "platform/posix/journal_file.hpp"
 
 namespace kestra {
