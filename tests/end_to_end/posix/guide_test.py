@@ -5,7 +5,7 @@ import re
 import subprocess
 import sys
 
-from shop import ENV, Shop, read
+from shop import ENV, Shop, read, until
 
 
 def examples():
@@ -26,10 +26,11 @@ class Guide(Shop):
                 text = text.replace('FAMILIA = "TQ"', f'FAMILIA = "{self.family}"')
                 file.write(text.replace("ESPERA = 6 ", "ESPERA = 0 "))  # no frame is on its way here
 
+    def host_environment(self):
+        return dict(super().host_environment(), LD_LIBRARY_PATH=os.path.dirname(ENV["KESTRA_LIBRARY"]))
+
     def run_program(self, *command, ends_with=0):
-        environment = dict(self.host_environment(),
-                           LD_LIBRARY_PATH=os.path.dirname(ENV["KESTRA_LIBRARY"]))
-        ended = subprocess.run(command, cwd=self.folder, env=environment, text=True, timeout=90,
+        ended = subprocess.run(command, cwd=self.folder, env=self.host_environment(), text=True, timeout=90,
                                capture_output=True, start_new_session=True, check=False)
         self.assertEqual(ended.returncode, ends_with, ended.stderr)
         self.assertNotIn("Traceback", ended.stderr)
@@ -42,7 +43,8 @@ class Guide(Shop):
 class ATicketPrinter(Guide):
     def test_every_example_is_run_here(self):
         tried = ["tique.c", "kestra.py", "tique.py", "factura_a.py", "nota_de_credito.py",
-                 "nota_de_credito_formulario.py", "cierre_z.py", "que_paso.py", "cierre_seguro.py"]
+                 "nota_de_credito_formulario.py", "cierre_z.py", "que_paso.py",
+                 "tras_un_corte.py", "cierre_seguro.py"]
         self.assertEqual(list(examples()), tried)
 
     def test_a_ticket_from_c(self):
@@ -113,6 +115,28 @@ class TheOutcomeOfAReport(Doubt):
         self.stop_printer()
         none = self.run_example("que_paso.py")
         self.assertRegex(none, r"^No se imprimió \(causa 2\d\d\)\. .* La operación no se mandó a la impresora\.")
+
+
+class ATillThatDiesAtTheClosing(Doubt):
+    rule = "en la 1ra respuesta de E: callar"
+
+    def write_settings(self, **changes):
+        super().write_settings(**changes)
+        with open(self.path("Fiscal.ini"), "a", encoding="cp1252") as file:
+            file.write("ModoSeguro=1\nDiario=diario.txt\n")
+
+    def test_learns_at_its_next_start_that_the_ticket_was_issued(self):
+        till = subprocess.Popen([sys.executable, "tique.py"], cwd=self.folder, env=self.host_environment(),
+                                start_new_session=True)
+        self.addCleanup(till.wait)
+        self.addCleanup(till.kill)
+        until(lambda: "Cerrar tique" in read(self.path("traza.txt")), "the closing")
+        till.kill()
+        self.assertRegex(self.run_example("tras_un_corte.py"),
+                         r"^EP_Cerr+arComprobanteFiscal\('FC','B'\) 1 00000001\n$")
+        self.assertEqual(self.run_example("tras_un_corte.py"), "Nada pendiente\n")
+        paper = self.paper()
+        self.assertEqual(paper.count("TIQUE\n"), 1, paper)
 
 
 # What befalls the closing, the rule that makes it so, and the document that there is all the same.
