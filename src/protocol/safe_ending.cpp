@@ -15,6 +15,11 @@
 #include "state/library.hpp"
 
 namespace kestra {
+namespace {
+
+constexpr auto kQuestion = "Error de Comunicación con la fiscal. Reintentar?\r\r"_ansi;
+
+}  // namespace
 
 SafeEnding::SafeEnding(Library& library, std::string command)
     : library_(library), command_(std::move(command)) {
@@ -48,8 +53,7 @@ Cause SafeEnding::Condition() const {
 }
 
 bool SafeEnding::OperatorInsists(const Verdict& verdict) {
-  const auto text = std::string("Error de Comunicación con la fiscal. Reintentar?\r\r"_ansi) +
-                    CauseText(verdict.cause, verdict.outcome);
+  const auto text = std::string(kQuestion) + CauseText(verdict.cause, verdict.outcome);
   const auto answer = library_.platform.GetOperator().Message(text, "Error !", kBoxYesNo);
   return answer == kAnswerYes;
 }

@@ -140,7 +140,8 @@ TEST(JournalRecord, ComesBackAsItWent) {
                                  })},
       RoundTrip{"what looks like parts",
                 Of(Intent(1), [](auto& r) { r.call = "a\tllamada=b=<1c>"; })},
-      RoundTrip{"large numbers", Of(Result(9223372036854775807), [](auto& r) {
+      RoundTrip{"large numbers", Of(Result(1), [](auto& r) {
+                  r.number = 9223372036854775807;
                   r.outcome = 6;
                   r.cause = 705;
                   r.ledger.total = Amount{-9223372036854775807, 3};
