@@ -79,7 +79,7 @@ void TakePending(Library& library, const JournalRecord& intent) {
 void TakeUp(Library& library, JournalReading& reading) {
   auto& certainty = library.certainty;
   const bool known = certainty.ledger.open.has_value();
-  if (!known && !certainty.pending) certainty.ledger = std::move(reading.ledger);
+  if (!known && !certainty.pending) certainty.ledger = reading.ledger;
   if (reading.open && (!known || certainty.pending)) TakePending(library, *reading.open);
 }
 
