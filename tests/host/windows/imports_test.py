@@ -12,7 +12,7 @@ import pe_file
 
 HERE = pathlib.Path(__file__).resolve().parent
 SOURCE = HERE.parents[2]
-LARGEST = 700 * 1024
+LARGEST = 1024 * 1024
 # The bytes that an argument takes on the stack of a 32-bit program.
 WIDTHS = {"double": 8}
 
