@@ -166,6 +166,7 @@ std::int32_t Settle(Library& library) {
   const bool closes = MethodOf(certainty.pending->command).method == Method::kClosing;
   const auto settlement = SettlePending(library);
   NoteVerdict(library, {settlement.outcome, settlement.cause});
+  TellSettled(library);
   if (closes && settlement.outcome == Outcome::kDone) {
     certainty.settled_number = settlement.fields[2];
   }

@@ -27,47 +27,37 @@ Admission NotSent(Cause cause) {
   return {.verdict = {Outcome::kNotSent, cause}, .done = false, .fields = {}};
 }
 
-// The pending command of an earlier call.
-class Earlier {
- public:
-  Earlier(Library& library, const std::string& command) : library_(library), command_(command) {}
+// What was to be cancelled may have been closed by the call before.
+Admission ForAnother(const Settled& settled, Method method) {
+  const bool closed = settled.verdict.outcome == Outcome::kDone &&
+                      MethodOf(settled.command).method == Method::kClosing;
+  if (!closed || method != Method::kCancel) return {};
+  return {.verdict = {Outcome::kRefused, Cause::kAlreadyClosed}, .done = false, .fields = {}};
+}
 
-  Admission Settle(SafeLine& line, Patience& patience) {
-    auto& certainty = library_.certainty;
-    const auto pending = *certainty.pending;
-    const auto settlement = SettleOn(line, library_, patience);
-    if (!settlement.settled) return NotSent(Cause::kUnsettled);
-    const bool done = settlement.outcome == Outcome::kDone;
-    if (pending.call != certainty.report.call) return ForAnother(pending, done);
-    // The host makes the call again: what is done of it is done.
-    certainty.done_before = pending.accepted;
-    if (done) certainty.done_before.push_back(pending.command);
-    if (done && pending.command == command_) return {.verdict = {}, .fields = settlement.fields};
-    return {};
+// The host makes the call again: what is done of it is done.
+Admission ForTheSame(Settled& settled, const std::string& command) {
+  if (settled.verdict.outcome == Outcome::kUnknown) {
+    settled.told = true;
+    return {.verdict = settled.verdict, .done = false, .fields = {}};
   }
+  const auto& done = settled.done;
+  const bool same = settled.taken < done.size() && done[settled.taken] == command;
+  settled.taken = same ? settled.taken + 1 : done.size();
+  const bool all = settled.taken == done.size() && settled.verdict.outcome == Outcome::kDone;
+  return {.verdict = {}, .done = same, .fields = same && all ? settled.answer : Fields{}};
+}
 
- private:
-  // What was to be cancelled may have been closed by the call before.
-  [[nodiscard]] Admission ForAnother(const Pending& pending, bool done) const {
-    const bool closed = done && MethodOf(pending.command).method == Method::kClosing;
-    if (!closed || MethodOf(command_).method != Method::kCancel) return {};
-    return {.verdict = {Outcome::kRefused, Cause::kAlreadyClosed}, .done = false, .fields = {}};
-  }
+Admission AfterSettled(Library& library, const std::string& command) {
+  auto& settled = library.certainty.settled;
+  const auto method = MethodOf(command).method;
+  if (!settled || method == Method::kQuestion) return {};
+  const bool same = settled->call == library.certainty.report.call;
+  return same ? ForTheSame(*settled, command) : ForAnother(*settled, method);
+}
 
-  Library& library_;
-  const std::string& command_;
-};
-
-bool TakeDoneBefore(Library& library, const std::string& command) {
-  auto& before = library.certainty.done_before;
-  if (before.empty() || MethodOf(command).method == Method::kQuestion) return false;
-  const bool same = before.front() == command;
-  if (same) {
-    before.erase(before.begin());
-  } else {
-    before.clear();
-  }
-  return same;
+bool IsDecided(const Admission& admission) {
+  return admission.done || admission.verdict.outcome != Outcome::kNothingAsked;
 }
 
 // After a command of which nothing was heard: whatever of it is still under way has arrived when a question
@@ -123,17 +113,16 @@ Cause WriteIntent(Library& library, const std::string& command) {
 Admission Admit(Library& library, SafeLine& line, Patience& patience, const std::string& command) {
   if (!CanBeSent(command)) return NotSent(Cause::kNoCommand);
   PrepareJournal(library);
-  Admission admission;
-  if (library.certainty.pending) admission = Earlier(library, command).Settle(line, patience);
-  if (admission.verdict.outcome != Outcome::kNothingAsked) return admission;
+  if (library.certainty.pending && !SettleOn(line, library, patience).settled) {
+    return NotSent(Cause::kUnsettled);
+  }
   if (const auto cause = HearThePrinter(library, line, patience); cause != Cause::kNone) {
     return NotSent(cause);
   }
-  admission.done = TakeDoneBefore(library, command);
-  if (admission.done) return admission;
+  auto admission = AfterSettled(library, command);
+  if (IsDecided(admission)) return admission;
   admission = ControlTotal(library, line, patience, command);
-  if (admission.verdict.outcome != Outcome::kNothingAsked) return admission;
-  admission.fields = {};
+  if (IsDecided(admission)) return admission;
   if (const auto cause = WriteIntent(library, command); cause != Cause::kNone) {
     return NotSent(cause);
   }

@@ -149,6 +149,7 @@ SafeExchange::Step SafeExchange::Put() {
   // A host may jump out of a box in the middle of it.
   NoteSoFar(library_, {Outcome::kUnknown, Cause::kAbandoned}, ErrandOf(ending_.GetCommand()));
   library_.certainty.unheard = written_ = true;
+  if (row_.method != Method::kQuestion) library_.certainty.settled.reset();
   if (!line_.Write(frame_)) return Doubted(line_.Why());
   auto reception = line_.Wait(frame_);
   if (reception.answer.empty()) return Doubted(reception.cause);

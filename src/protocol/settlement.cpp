@@ -1,7 +1,9 @@
 #include "protocol/settlement.hpp"
 
 #include <string>
+#include <utility>
 
+#include "protocol/books.hpp"
 #include "protocol/consultation.hpp"
 #include "protocol/ledger.hpp"
 #include "protocol/patience.hpp"
@@ -28,6 +30,16 @@ Outcome OutcomeOf(Finding finding) {
   }
 }
 
+void Remember(Library& library, const Pending& pending, const Settlement& settlement) {
+  Settled settled{.call = pending.call,
+                  .done = pending.accepted,
+                  .command = pending.command,
+                  .verdict = {settlement.outcome, settlement.cause},
+                  .answer = settlement.fields};
+  if (settlement.outcome == Outcome::kDone) settled.done.push_back(pending.command);
+  library.certainty.settled = std::move(settled);
+}
+
 }  // namespace
 
 Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
@@ -47,6 +59,7 @@ Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
   settlement.outcome = OutcomeOf(found.finding);
   settlement.cause = found.cause;
   settlement.fields = found.fields;
+  Remember(library, *pending, settlement);
   NoteAnswer(library, settlement.fields);
   pending.reset();
   library.certainty.unheard = false;
@@ -59,6 +72,15 @@ Settlement SettlePending(Library& library) {
   SafeLine line(library);
   Patience patience(library);
   return SettleOn(line, library, patience);
+}
+
+void TellSettled(Library& library) {
+  auto& settled = library.certainty.settled;
+  if (!settled) return;
+  const auto method = MethodOf(settled->command).method;
+  const bool may_be_two = method >= Method::kLine && method <= Method::kPerception;
+  const auto outcome = settled->verdict.outcome;
+  if (outcome == Outcome::kUnknown || (outcome == Outcome::kDone && may_be_two)) settled.reset();
 }
 
 void ForgetPending(Library& library) {

@@ -23,6 +23,10 @@ struct Settlement {
 Settlement SettlePending(Library& library);
 Settlement SettleOn(SafeLine& line, Library& library, Patience& patience);
 
+// The host has been told of what was settled. The same call made now is no retry where a sale may have two
+// alike, and of what nobody knows it need not be told again.
+void TellSettled(Library& library);
+
 // Drops what is pending, with a line in log and journal.
 void ForgetPending(Library& library);
 

@@ -108,6 +108,18 @@ struct Pending {
   Ledger before;
 };
 
+// A command that was pending and is no more. Its call may be made again, as long as no command of another one
+// has gone out.
+struct Settled {
+  std::string call;
+  std::vector<std::string> done;  // of the call's commands
+  std::string command;            // the one that was pending
+  Verdict verdict;
+  std::array<std::string, kReportedFields> answer;  // what that one's own would have been
+  std::size_t taken = 0;  // of `done`, by the call under way: they are not sent again
+  bool told = false;      // to the same call, that nobody knows
+};
+
 // How the journal stands. Written by state/journal.cpp alone.
 struct JournalState {
   std::string printer;           // whose it is
@@ -133,8 +145,7 @@ struct Certainty {
   bool unheard = false;
   std::vector<std::string> accepted;  // commands of the call under way that are done
   std::string settled_number;  // of the document whose closing Kestra_Resolver found to be done
-  // Commands of the same call, made before, that are done: they are not sent again.
-  std::vector<std::string> done_before;
+  std::optional<Settled> settled;
 };
 
 }  // namespace kestra

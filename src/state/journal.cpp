@@ -117,6 +117,7 @@ void ForgetOtherPrinter(Library& library, std::string_view printer) {
       EscribirLog(library, " - Pendiente de otra impresora : " + certainty.pending->call);
     }
     certainty.pending.reset();
+    certainty.settled.reset();
     certainty.ledger = {};
   }
 }

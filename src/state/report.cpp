@@ -58,6 +58,15 @@ void Conclude(CallReport& report) {
   if (report.cause == Cause::kNone) report.cause = report.aside;
 }
 
+// What became of an earlier call is told once to the same call: the one that is over may have heard it.
+void LeaveSettled(Certainty& certainty) {
+  auto& settled = certainty.settled;
+  if (!settled) return;
+  const bool taken = settled->taken > 0 && !Met(certainty.report.commands, Outcome::kNotSent);
+  if (taken || settled->told) return settled.reset();
+  settled->taken = 0;
+}
+
 // A report that lacks a text for want of memory is better than a call that fails for it.
 template <typename Action>
 void WithoutFailing(Action action) noexcept {
@@ -85,9 +94,9 @@ Verdict AfterRepetition(const Verdict& before, const Verdict& now) {
 
 void BeginCall(Library& library, std::string_view name) noexcept {
   auto& report = library.certainty.report;
+  LeaveSettled(library.certainty);
   report = {};
   library.certainty.accepted.clear();
-  library.certainty.done_before.clear();
   WithoutFailing([&] { report.call = name; });
 }
 

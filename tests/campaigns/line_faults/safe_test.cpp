@@ -24,6 +24,7 @@ constexpr std::string_view kCoffee = R"(EP_ImprimirItem "Cafe" 2 1500 21 0 "" ""
 constexpr std::string_view kBread = R"(EP_ImprimirItem "Pan" 1 800.5 10.5 0 "Negro" "De molde" "")";
 constexpr std::string_view kPay = R"(EP_ImprimirPago "Efectivo" 5000)";
 constexpr std::string_view kClose = R"(EP_CerrarComprobanteFiscal "FC" "B" out)";
+constexpr std::string_view kNumbers = "EP_Numeracion out";
 
 // A till with the virtual printer at the end of its cable, on a clock of its own.
 class Shop : public testing::Test {
@@ -62,6 +63,13 @@ class Shop : public testing::Test {
       }
     }
     return done;
+  }
+
+  // The cable is out from so many bytes on for longer than anybody waits.
+  void CallInDoubt(std::string_view call, std::size_t bytes = LineWorld::kWholeFrame) {
+    World().Unplug(bytes);
+    EXPECT_EQ(Call(call), 1) << call;
+    World().PlugIn();
   }
 
   static const kestra::CallReport& Report() { return Instance().certainty.report; }
@@ -196,6 +204,17 @@ TEST_P(ShopWithBadCable, AnotherCallSettlesItAndGoesItsOwnWay) {
   EXPECT_EQ(Done(), arrived ? "@BAABDE" : "@AABDE");
 }
 
+TEST_P(ShopWithBadCable, AQuestionBetweenTheDoubtAndTheRetryForgetsNothing) {
+  for (const auto call : {kOpen, kCoffee, kPay, kClose}) {
+    CallInDoubt(call, GetParam());
+    Sell({kNumbers});
+    EXPECT_FALSE(IsPending());
+    Sell({kNumbers, call});
+  }
+  EXPECT_EQ(number_, "00000001");
+  EXPECT_EQ(Done(), "@BDE");
+}
+
 TEST_P(ShopWithBadCable, CancellingWhatMayBeClosedTellsWhichItIs) {
   Sell({kOpen, kCoffee});
   World().Unplug(GetParam());
@@ -209,6 +228,84 @@ TEST_P(ShopWithBadCable, CancellingWhatMayBeClosedTellsWhichItIs) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Bytes, ShopWithBadCable, testing::Values(0, 1, 9, LineWorld::kWholeFrame));
+
+TEST_F(Shop, TheRetryIsOneItemAndTheNextOneAlikeIsAnother) {
+  Sell({kOpen});
+  CallInDoubt(kCoffee);
+  Sell({kNumbers, kCoffee, kCoffee, kClose});
+  EXPECT_EQ(Done(), "@BBE");
+}
+
+TEST_F(Shop, ACommandOfAnotherCallEndsTheRetry) {
+  Sell({kOpen});
+  CallInDoubt(kCoffee);
+  Sell({kNumbers, kBread, kCoffee, kClose});
+  EXPECT_EQ(Done(), "@BAABBE");
+}
+
+TEST_F(Shop, WhatKestraResolverHasToldIsClosedOnceAndSoldAsOftenAsAsked) {
+  Sell({kOpen});
+  for (const auto call : {kCoffee, kPay}) {
+    CallInDoubt(call);
+    EXPECT_EQ(Call("Kestra_Resolver"), 1);
+    Sell({call});
+  }
+  CallInDoubt(kClose);
+  EXPECT_EQ(Call("Kestra_Resolver"), 1);
+  Sell({kClose});
+  EXPECT_EQ(number_, "00000001");
+  EXPECT_EQ(Done(), "@BBDDE");
+}
+
+TEST_F(Shop, WhatIsClosedCannotBeCancelledBehindAQuestionEither) {
+  Sell({kOpen, kCoffee});
+  CallInDoubt(kClose);
+  Sell({kNumbers});
+  EXPECT_EQ(Call("EP_Cancelar"), 1);
+  EXPECT_EQ(Report().cause, Cause::kAlreadyClosed);
+  Sell({kClose});
+  EXPECT_EQ(number_, "00000001");
+  EXPECT_EQ(Done(), "@BE");
+}
+
+TEST_F(Shop, AnItemThatWasNotDoneKeepsTheLinesThatWere) {
+  Sell({kOpen});
+  const auto before = World().ToPrinter().Carried();
+  Sell({kBread});
+  constexpr std::size_t kEndOfTheItem = 6;
+  CallInDoubt(kBread, World().ToPrinter().Carried() - before - kEndOfTheItem);
+  EXPECT_EQ(Call("Kestra_Resolver"), 6);
+  World().Unplug();
+  EXPECT_EQ(Call(kBread), 1);
+  World().PlugIn();
+  Sell({kBread, kBread, kClose});
+  EXPECT_EQ(Done(), "@AABAABAABE");
+}
+
+TEST_F(Shop, WhatTheBooksCannotTellIsToldToTheSameCallOnce) {
+  Sell({kOpen});
+  for (const bool asked : {false, true}) {
+    CallInDoubt(kCoffee);
+    World().Printer().document->lines += 1;
+    if (asked) Sell({kNumbers});
+    EXPECT_EQ(Call(kCoffee), 1);
+    EXPECT_EQ(Report().outcome, Outcome::kUnknown);
+    EXPECT_EQ(Report().cause, Cause::kBooksDisagree);
+    EXPECT_FALSE(IsPending());
+    Sell({kCoffee});
+  }
+  Sell({kClose});
+  EXPECT_EQ(Done(), "@BBBBE");
+}
+
+TEST_F(Shop, WhatKestraResolverCannotTellIsToldOnce) {
+  Sell({kOpen});
+  CallInDoubt(kCoffee);
+  World().Printer().document->lines += 1;
+  EXPECT_EQ(Call("Kestra_Resolver"), 4);
+  Sell({kCoffee, kClose});
+  EXPECT_EQ(Done(), "@BBE");
+}
 
 TEST_F(Shop, ATextThatMayHaveBeenPrintedIsToldOnceAndHoldsNobodyUp) {
   Sell({kOpen});
