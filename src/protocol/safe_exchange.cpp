@@ -209,7 +209,8 @@ SafeExchange::Step SafeExchange::Untold(Cause cause) {
 }
 
 SafeExchange::Step SafeExchange::Unanswered(Cause cause) {
-  if (reading_.answered) return End(reading_.if_absent);
+  const bool told = reading_.answered && reading_.if_absent.outcome != Outcome::kUnknown;
+  if (told) return End(reading_.if_absent);
   return AskOperator(Step::kAskBooks, {Outcome::kUnknown, cause});
 }
 
