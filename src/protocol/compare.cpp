@@ -42,8 +42,10 @@ std::optional<std::int64_t> Cents(const Case& c) {
 Finding Opening(const Case& c) {
   if (!c.books.open) return Finding::kNotDone;
   if (c.before.open) return *c.before.open ? Finding::kNotDone : Finding::kDone;
-  // Nothing was heard of the printer before: a document that has lines already is another one.
-  if (!c.books.subtotal) return Finding::kDone;
+  // Nothing was heard of the printer before: a document that has lines already is another one, and one
+  // without a subtotal may be.
+  const bool fiscal = !c.command.starts_with('H');
+  if (!c.books.subtotal) return fiscal ? Finding::kAbsent : Finding::kDone;
   return c.books.subtotal->lines == 0 ? Finding::kDone : Finding::kNotDone;
 }
 

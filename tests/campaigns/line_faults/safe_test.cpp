@@ -243,16 +243,12 @@ TEST_F(Shop, ACommandOfAnotherCallEndsTheRetry) {
   EXPECT_EQ(Done(), "@BAABBE");
 }
 
-TEST_F(Shop, WhatKestraResolverHasToldIsClosedOnceAndSoldAsOftenAsAsked) {
-  Sell({kOpen});
-  for (const auto call : {kCoffee, kPay}) {
+TEST_F(Shop, WhatKestraResolverHasToldIsOpenedAndClosedOnceAndSoldAsOftenAsAsked) {
+  for (const auto call : {kOpen, kCoffee, kPay, kClose}) {
     CallInDoubt(call);
     EXPECT_EQ(Call("Kestra_Resolver"), 1);
     Sell({call});
   }
-  CallInDoubt(kClose);
-  EXPECT_EQ(Call("Kestra_Resolver"), 1);
-  Sell({kClose});
   EXPECT_EQ(number_, "00000001");
   EXPECT_EQ(Done(), "@BBDDE");
 }
@@ -305,6 +301,17 @@ TEST_F(Shop, WhatKestraResolverCannotTellIsToldOnce) {
   EXPECT_EQ(Call("Kestra_Resolver"), 4);
   Sell({kCoffee, kClose});
   EXPECT_EQ(Done(), "@BBE");
+}
+
+TEST_F(Shop, AnOpeningIsNotDoneForAnotherProgramsDocument) {
+  Sell({"EP_AbrirComprobanteNoFiscal"});
+  Instance().certainty.ledger = {};  // as a program has it that comes after that one
+  World().Unplug(9);
+  World().In(kMoment, [&] { World().PlugIn(); });
+  EXPECT_EQ(Call(kOpen), 1);
+  EXPECT_EQ(Report().outcome, Outcome::kUnknown);
+  EXPECT_EQ(Report().cause, Cause::kNoBook);
+  EXPECT_EQ(Done(), "H");
 }
 
 TEST_F(Shop, ATextThatMayHaveBeenPrintedIsToldOnceAndHoldsNobodyUp) {
