@@ -396,14 +396,16 @@ KESTRA_API int32_t KESTRA_CALL Kestra_Numeracion(int32_t clase, int32_t letra, c
 
 /*
  * Whether an earlier call is still open: 1 when the printer may have done it and has not told yet, 0 when
- * there is none. The text is that call with its arguments.
+ * there is none, -1 also while the journal that Diario names cannot be read: then nobody knows. It is tried
+ * again each time. The text is that call with its arguments.
  */
 KESTRA_API int32_t KESTRA_CALL Kestra_Pendiente(char* texto, int32_t longitud);
 
 /*
  * Asks the printer's books what became of that call, for as long as PacienciaSegura says; it prints nothing and
  * sends nothing again. Result: a number of KestraDesenlace. 0: nothing was pending; 1 done; 6 not done; 4: the
- * books cannot tell, or, where Kestra_Pendiente still gives 1, the printer does not answer.
+ * books cannot tell, or, where Kestra_Pendiente still gives 1, the printer does not answer, or, where it gives
+ * -1, the journal cannot be read (Kestra_Causa says why).
  */
 KESTRA_API int32_t KESTRA_CALL Kestra_Resolver(void);
 

@@ -9,6 +9,7 @@
 #include "protocol/question.hpp"
 #include "protocol/settlement.hpp"
 #include "protocol/verdict.hpp"
+#include "state/journal.hpp"
 #include "state/library.hpp"
 #include "state/report.hpp"
 
@@ -161,7 +162,11 @@ std::string AskNumber(Library& library, std::int32_t kind, std::int32_t letter) 
 std::int32_t Settle(Library& library) {
   auto& certainty = library.certainty;
   certainty.settled_number.clear();
-  if (!certainty.pending) return static_cast<std::int32_t>(Outcome::kNothingAsked);
+  const bool known = KnowsJournal(library);
+  if (!certainty.pending) {
+    if (!known) NoteVerdict(library, {Outcome::kUnknown, certainty.journal.trouble});
+    return static_cast<std::int32_t>(certainty.report.outcome);
+  }
   NameCall(library, certainty.pending->call);
   const bool closes = MethodOf(certainty.pending->command).method == Method::kClosing;
   const auto settlement = SettlePending(library);

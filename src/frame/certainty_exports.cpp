@@ -8,6 +8,7 @@
 #include "kestra/kestra.h"
 #include "operation/host_buffer.hpp"
 #include "state/causes.hpp"
+#include "state/journal.hpp"
 
 using kestra::Export;
 using kestra::HandOver;
@@ -17,6 +18,7 @@ using kestra::Library;
 namespace {
 
 constexpr std::int32_t kRefused = -1;  // another call is under way
+constexpr std::int32_t kNotKnown = -1;
 
 }  // namespace
 
@@ -74,10 +76,12 @@ int32_t KESTRA_CALL Kestra_Numeracion(int32_t clase, int32_t letra, char* texto,
 }
 
 int32_t KESTRA_CALL Kestra_Pendiente(char* texto, int32_t longitud) {
-  return InTurn(kRefused, [=](const Library& library) {
+  return InTurn(kRefused, [=](Library& library) {
+    const bool known = kestra::KnowsJournal(library);
     const auto& pending = library.certainty.pending;
     HandOver(texto, pending ? pending->call : "", longitud);
-    return pending ? 1 : 0;
+    if (pending) return 1;
+    return known ? 0 : kNotKnown;
   });
 }
 

@@ -80,7 +80,7 @@ void TakeUp(Library& library, JournalReading& reading) {
   auto& certainty = library.certainty;
   const bool known = certainty.ledger.open.has_value();
   if (!known && !certainty.pending) certainty.ledger = reading.ledger;
-  if (reading.open && (!known || certainty.pending)) TakePending(library, *reading.open);
+  if (reading.open) TakePending(library, *reading.open);
 }
 
 void Adopt(Library& library, const std::string& text) {
@@ -146,6 +146,12 @@ void OpenJournal(Library& library, std::string_view printer) noexcept {
 void PrepareJournal(Library& library) noexcept {
   if (!IsAskedFor(library) || FileOf(library).IsOpen()) return;
   Succeeds(library, [&] { TakeFile(library); });
+}
+
+bool KnowsJournal(Library& library) noexcept {
+  if (library.certainty.journal.trouble == Cause::kNone) return true;
+  PrepareJournal(library);
+  return FileOf(library).IsOpen();
 }
 
 Cause JournalIntent(Library& library, const Pending& intent, IntentKind kind) noexcept {

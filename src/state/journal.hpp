@@ -29,6 +29,9 @@ void OpenJournal(Library& library, std::string_view printer) noexcept;
 // be opened before.
 void PrepareJournal(Library& library) noexcept;
 
+// False while the journal cannot be read: what an earlier program left behind is not known. Tries again.
+bool KnowsJournal(Library& library) noexcept;
+
 // Puts the intent on the disk; a command that is sent again stays with its first intent. The cause, if any,
 // forbids the command. One that goes on without the journal has that cause in its report.
 Cause JournalIntent(Library& library, const Pending& intent, IntentKind kind) noexcept;

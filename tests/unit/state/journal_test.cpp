@@ -290,6 +290,23 @@ TEST_F(JournalOfATill, TwoProgramsDoNotShareOne) {
   EXPECT_EQ(second->Intend("@", kOpening), Cause::kNone);
 }
 
+TEST_F(JournalOfATill, WhatWasInFlightIsTakenUpHoweverLateTheJournalCanBeRead) {
+  auto hung = Program();
+  hung->Start();
+  hung->library.certainty.ledger.lines = 4;
+  hung->Intend("B");
+  auto till = Program();
+  till->Start();
+  till->library.certainty.ledger.open = true;  // the printer was asked meanwhile
+  EXPECT_FALSE(KnowsJournal(till->library));
+  EXPECT_EQ(till->Pending(), "");
+  Die(hung);
+  EXPECT_TRUE(KnowsJournal(till->library));
+  EXPECT_EQ(till->Pending(), "B");
+  EXPECT_EQ(till->library.certainty.pending->before.lines, 4);
+  EXPECT_TRUE(KnowsJournal(till->library));
+}
+
 TEST_F(JournalOfATill, TheDailyClosingBeginsAFileAndKeepsTheOldOne) {
   auto till = Program();
   till->Start();
