@@ -23,6 +23,9 @@ wine_start() {
   mkdir -p "$WINEPREFIX"
   : >"$wine_directory/once_more.txt"
   wine_start_display || return 1
+  # Where the server of a prefix is found stands in a file that the first who asks writes. Two who ask first at
+  # the same time write two, and never find each other: so one asks alone.
+  wineserver -k0 || true
   # In the foreground of this script: as a daemon it may take the first line that it opens for its terminal,
   # and end with it.
   wineserver -f -p >"$wine_directory/wineserver.log" 2>&1 &
@@ -79,14 +82,18 @@ wine_start_display() {
 
 # wine_wait_for WHAT PROCESS COMMAND...: until the command succeeds; not beyond the process's end.
 wine_wait_for() {
-  local what=$1 process=$2
+  local what=$1 process=$2 status=0
   shift 2
   for _ in $(seq 400); do
     "$@" && return 0
-    kill -0 "$process" 2>/dev/null || break
+    kill -0 "$process" 2>/dev/null || { wait "$process" || status=$?; break; }
     sleep 0.05
   done
-  echo "$what did not start:" >&2
+  if kill -0 "$process" 2>/dev/null; then
+    echo "$what runs, but does not answer:" >&2
+  else
+    echo "$what did not start, and ended with $status:" >&2
+  fi
   tail -n 5 "$wine_directory"/*.log >&2 2>/dev/null || true
   return 1
 }
