@@ -63,16 +63,12 @@ bool IsDecided(const Admission& admission) {
 // After a command of which nothing was heard: whatever of it is still under way has arrived when a question
 // is answered.
 Cause HearThePrinter(Library& library, SafeLine& line, Patience& patience) {
-  while (library.certainty.unheard) {
-    const bool open = OpenInTime(library, line, patience, false);
-    if (!open) return line.Why();
-    patience.Begin();
-    const auto reply =
-        line.Rest() ? AskOn(line, library, CountersQuestion()) : Reply{.cause = line.Why()};
-    library.certainty.unheard = !reply.answered;
-    if (!reply.answered && patience.Over()) return reply.cause;
-  }
-  return Cause::kNone;
+  if (!library.certainty.unheard) return Cause::kNone;
+  patience.Begin();
+  const auto reply = AskInTime(library, line, patience, false,
+                               [&] { return AskOn(line, library, CountersQuestion()); });
+  library.certainty.unheard = !reply.answered;
+  return reply.answered ? Cause::kNone : reply.cause;
 }
 
 // Whether the printer's total is the sum of what it has accepted.
@@ -81,19 +77,12 @@ Admission ControlTotal(Library& library, SafeLine& line, Patience& patience,
   const auto expected = library.certainty.ledger.total;
   const bool wanted = library.certainty.settings.ControlarTotal == 1 && expected;
   if (!wanted || MethodOf(command).method != Method::kClosing || command.front() == 'J') return {};
-  while (true) {
-    const bool open = OpenInTime(library, line, patience, false);
-    auto reply = open ? AskOn(line, library, SubtotalQuestion(command)) : Reply{};
-    if (!reply.answered) {
-      patience.Begin();
-      if (!open || patience.Over()) return NotSent(open ? reply.cause : line.Why());
-      line.Rest();
-      continue;
-    }
-    const auto subtotal = ReadSubtotal(reply.fields);
-    if (!subtotal || std::llabs(subtotal->total - expected->cents) <= expected->slack) return {};
-    return NotSent(Cause::kTotalDiffers);
-  }
+  const auto reply = AskInTime(library, line, patience, false,
+                               [&] { return AskOn(line, library, SubtotalQuestion(command)); });
+  if (!reply.answered) return NotSent(reply.cause);
+  const auto subtotal = ReadSubtotal(reply.fields);
+  if (!subtotal || std::llabs(subtotal->total - expected->cents) <= expected->slack) return {};
+  return NotSent(Cause::kTotalDiffers);
 }
 
 Cause WriteIntent(Library& library, const std::string& command) {

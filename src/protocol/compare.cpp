@@ -103,8 +103,8 @@ Finding Day(const Case& c) {
 
 std::string_view WithoutEnd(std::string_view text) {
   if (text == std::string_view(&kEmptyField, 1)) return {};
-  const auto last = text.find_last_not_of(' ');
-  return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
+  return text.substr(0,
+                     text.find_last_not_of(' ') + 1);  // blanks alone leave nothing: npos + 1 is 0
 }
 
 Finding Header(const Case& c) {

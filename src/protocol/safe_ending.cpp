@@ -48,7 +48,6 @@ void SafeEnding::TakeBooks(std::string_view header, const Fields& fields) {
 }
 
 Cause SafeEnding::Condition() const {
-  if (answer_.empty()) return Cause::kNone;
   return JudgeWords(WordsOf(fields_)).cause;
 }
 

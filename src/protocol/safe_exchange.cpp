@@ -1,6 +1,7 @@
 #include "protocol/safe_exchange.hpp"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <utility>
 
@@ -39,9 +40,8 @@ class SafeExchange {
   bool Fail(const std::exception& error);
 
  private:
-  enum class Step { kSend, kRepeat, kAskBooks, kCure, kEnd };
+  enum class Step : std::uint8_t { kSend, kRepeat, kAskBooks, kCure, kEnd };
 
-  Step Take(Step step);
   Step Send();
   Step Put();
   Step Doubted(Cause cause);
@@ -55,6 +55,9 @@ class SafeExchange {
 
   [[nodiscard]] bool HasBook() const { return row_.method > Method::kNoBook; }
   [[nodiscard]] bool MayRepeat();
+  Consultation Consult() {
+    return kestra::Consult(line_, library_, {ending_.GetCommand(), before_, Now() - sent_});
+  }
   double Now() { return library_.platform.GetClock().Elapsed(); }
 
   Library& library_;
@@ -85,8 +88,12 @@ bool SafeExchange::Run() {
     ending_.EndUnsent(admission.verdict);
     return false;
   }
-  auto step = Step::kSend;
-  while (step != Step::kEnd) step = Take(step);
+  // In the order of the steps.
+  constexpr std::array kTake{&SafeExchange::Send, &SafeExchange::Put, &SafeExchange::AskBooks,
+                             &SafeExchange::Cure};
+  for (auto step = Step::kSend; step != Step::kEnd;) {
+    step = (this->*kTake.at(static_cast<std::size_t>(step)))();
+  }
   line_.Close();
   return ending_.IsDone();
 }
@@ -106,22 +113,6 @@ bool SafeExchange::Fail(const std::exception& error) {
     ending_.EndUnsent({Outcome::kNotSent, cause});
   }
   return false;
-}
-
-SafeExchange::Step SafeExchange::Take(Step step) {
-  switch (step) {
-    case Step::kSend:
-      return Send();
-    case Step::kRepeat:
-      return Put();
-    case Step::kAskBooks:
-      return AskBooks();
-    case Step::kCure:
-      return Cure();
-    case Step::kEnd:
-      break;
-  }
-  return Step::kEnd;
 }
 
 SafeExchange::Step SafeExchange::Send() {
@@ -181,14 +172,8 @@ SafeExchange::Step SafeExchange::Doubted(Cause cause) {
 
 SafeExchange::Step SafeExchange::AskBooks() {
   patience_.Begin();
-  if (!OpenInTime(library_, line_, patience_, true)) return Unanswered(line_.Why());
-  Consultation found;
-  if (line_.Rest()) {
-    found = Consult(line_, library_, {ending_.GetCommand(), before_, Now() - sent_});
-  } else {
-    found.cause = line_.Why();
-  }
-  if (!found.answered) return patience_.Over() ? Unanswered(found.cause) : Step::kAskBooks;
+  const auto found = AskInTime(library_, line_, patience_, true, [&] { return Consult(); });
+  if (!found.answered) return Unanswered(found.cause);
   if (found.finding == Finding::kDone) {
     ending_.BooksTold();
     if (!reading_.answered) ending_.TakeBooks(frame_.header, found.fields);
@@ -255,7 +240,7 @@ SafeExchange::Step SafeExchange::Cure() {
     const auto reply = AskOn(line_, library_, CountersQuestion());
     return reply.answered && CanPrint(WordsOf(reply.fields)) ? Step::kSend : Step::kCure;
   }
-  const auto found = Consult(line_, library_, {ending_.GetCommand(), before_, Now() - sent_});
+  const auto found = Consult();
   if (!found.answered) return Step::kCure;
   if (found.finding == Finding::kDisagree) return End({Outcome::kUnknown, found.cause});
   if (found.finding == Finding::kDone) {

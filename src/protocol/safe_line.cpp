@@ -57,7 +57,6 @@ void OpenPort(Library& library) {
 }
 
 SerialPort& SafeLine::Port() {
-  if (library_.state.Puerto == nullptr) throw NoObject();
   return *library_.state.Puerto;
 }
 

@@ -44,21 +44,13 @@ void Remember(Library& library, const Pending& pending, const Settlement& settle
 
 Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
   auto& pending = library.certainty.pending;
-  Settlement settlement;
-  if (!pending) return settlement;
   EscribirLog(library, " - Pendiente : " + pending->call);
   const Doubt doubt{pending->command, pending->before, kLongAgo};
   patience.Begin();
-  Consultation found;
-  while (!found.answered) {
-    const bool open = OpenInTime(library, line, patience, true);
-    if (open && line.Rest()) found = Consult(line, library, doubt);
-    if (found.answered || !patience.Over()) continue;
-    return {Outcome::kUnknown, open ? found.cause : line.Why(), false, {}};
-  }
-  settlement.outcome = OutcomeOf(found.finding);
-  settlement.cause = found.cause;
-  settlement.fields = found.fields;
+  const auto found =
+      AskInTime(library, line, patience, true, [&] { return Consult(line, library, doubt); });
+  if (!found.answered) return {Outcome::kUnknown, found.cause, false, {}};
+  const Settlement settlement{OutcomeOf(found.finding), found.cause, true, found.fields};
   Remember(library, *pending, settlement);
   NoteAnswer(library, settlement.fields);
   pending.reset();

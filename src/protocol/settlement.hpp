@@ -12,14 +12,14 @@ class SafeLine;
 
 // What became of the pending command.
 struct Settlement {
-  Outcome outcome = Outcome::kNothingAsked;  // there was none
+  Outcome outcome = Outcome::kUnknown;
   Cause cause = Cause::kNone;
   bool settled = true;  // false: the printer did not answer, and it is pending still
   Fields fields;        // what its own answer would have been; a closing's number is the third
 };
 
-// Asks the printer's books about the pending command until they answer or patience ends. No box is shown,
-// and nothing is printed.
+// For when there is one: asks the printer's books about it until they answer or patience ends. No box is
+// shown, and nothing is printed.
 Settlement SettlePending(Library& library);
 Settlement SettleOn(SafeLine& line, Library& library, Patience& patience);
 
