@@ -50,7 +50,7 @@ Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
   const auto found =
       AskInTime(library, line, patience, true, [&] { return Consult(line, library, doubt); });
   if (!found.answered) return {Outcome::kUnknown, found.cause, false, {}};
-  const Settlement settlement{OutcomeOf(found.finding), found.cause, true, found.fields};
+  Settlement settlement{OutcomeOf(found.finding), found.cause, true, found.fields};
   Remember(library, *pending, settlement);
   NoteAnswer(library, settlement.fields);
   pending.reset();

@@ -129,6 +129,7 @@ struct JournalState {
   std::int64_t unsettled = 0;    // intent without a result; 0: none
   bool closes_day = false;       // that intent does
   std::size_t length = 0;        // of the file's records that count
+  std::size_t last = 0;          // where the last of them begins; `length`: it is none to be marked
   bool torn = false;             // more may stand behind them
   std::string owed;              // records that could not be written when it was their time
 };

@@ -89,6 +89,7 @@ void Adopt(Library& library, const std::string& text) {
   RequireOurs(library, reading);
   journal.newest = reading.newest;
   journal.length = reading.length;
+  journal.last = reading.last;
   if (reading.length < text.size()) CutTail(library);
   if (reading.begun) {
     TakeUp(library, reading);
@@ -173,6 +174,7 @@ Cause JournalIntent(Library& library, const Pending& intent, IntentKind kind) no
     return Cause::kNone;
   }
   if (kind.opens && library.certainty.settings.DiarioObligatorio == 1) return journal.trouble;
+  WithoutFailing([&] { MarkGap(library); });
   NoteCause(library, Cause::kJournalSkipped);
   return Cause::kNone;
 }

@@ -44,7 +44,7 @@ struct KindRow {
 constexpr std::array kKinds = {
     KindRow{RecordKind::kBeginning, "inicio"},        KindRow{RecordKind::kIntent, "intento"},
     KindRow{RecordKind::kResult, "resultado"},        KindRow{RecordKind::kForgotten, "olvido"},
-    KindRow{RecordKind::kDayClosed, "cierre-de-dia"},
+    KindRow{RecordKind::kDayClosed, "cierre-de-dia"}, KindRow{RecordKind::kGap, "hueco"},
 };
 
 // What stands in a record of another kind is not written.
@@ -145,10 +145,11 @@ JournalReading ReadJournal(std::string_view text) {
     if (end == std::string_view::npos) break;
     auto record = RecordOf(text.substr(at, end - at));
     const bool first = at == 0;
-    at = end + 1;
+    const auto begin = std::exchange(at, end + 1);
     if (first && (!record || record->kind != RecordKind::kBeginning)) break;
     if (!record) continue;  // what stands behind it tells how it went on
     reading.begun = true;
+    reading.last = begin;
     reading.length = at;
     Take(reading, *std::move(record));
   }

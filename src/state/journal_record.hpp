@@ -22,6 +22,7 @@ enum class RecordKind : std::uint8_t {
   kResult,
   kForgotten,
   kDayClosed,  // the file's last one
+  kGap,        // in a record's place: records are missing from here on
 };
 
 struct JournalRecord {
@@ -53,7 +54,8 @@ struct JournalReading {
   std::int64_t newest = 0;            // intent's number
   std::optional<JournalRecord> open;  // the newest intent when nothing tells what became of it
   Ledger ledger;
-  std::size_t length = 0;  // up to the end of the last record that counts
+  std::size_t last = 0;    // where the last record that counts begins
+  std::size_t length = 0;  // and up to its end
 };
 JournalReading ReadJournal(std::string_view text);
 

@@ -67,7 +67,21 @@ void Write(Library& library, std::string_view record) {
     throw;
   }
   journal.torn = false;
+  journal.last = journal.length + text.rfind('\n', text.size() - 2) + 1;  // npos + 1 is 0
   journal.length += text.size();
+  journal.owed.clear();
+}
+
+void MarkGap(Library& library) {
+  auto& journal = library.certainty.journal;
+  const auto room = journal.length - journal.last;
+  if (room == 0) return;
+  const auto kind = journal.last == 0 ? RecordKind::kBeginning : RecordKind::kGap;
+  auto record = NewRecord(library, kind, journal.newest);
+  record.ledger = {};
+  record.moment.append(room - TextOf(record).size(), ' ');
+  FileOf(library).Overwrite(journal.last, TextOf(record));
+  journal.last = journal.length;
   journal.owed.clear();
 }
 
@@ -78,7 +92,7 @@ void BeginAnew(Library& library) {
   const auto kept = file.Kept();
   Write(library, TextOf(NewRecord(library, RecordKind::kDayClosed, journal.newest)));
   file.BeginAnew(FreeSuffix(day, kept));
-  journal.length = 0;
+  journal.length = journal.last = 0;
   Write(library, {});
   DeleteOutdated(library, kept, day);
 }

@@ -30,6 +30,10 @@ void CutTail(Library& library);
 // record. What gets there of one that fails is cut off, at once or before the next.
 void Write(Library& library, std::string_view record);
 
+// A command goes out without its intent: the last record, whose room needs no other, says instead that nothing
+// is known from here on. What could not be written before has no place behind it.
+void MarkGap(Library& library);
+
 // Keeps the file aside, goes on in an empty one, and deletes what was kept for long enough.
 void BeginAnew(Library& library);
 

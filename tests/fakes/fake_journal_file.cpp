@@ -48,6 +48,13 @@ void FakeJournalFile::Truncate(std::size_t length) {
   disk_->files.at(name_).resize(length);
 }
 
+void FakeJournalFile::Overwrite(std::size_t at, std::string_view bytes) {
+  trouble_.Reach(Point::kJournal);
+  RequireWritable();
+  disk_->files.at(name_).replace(at, bytes.size(), bytes);
+  journal_.Add({.kind = Happening::kJournal, .text = std::string(bytes), .detail = name_});
+}
+
 void FakeJournalFile::BeginAnew(std::string_view suffix) {
   trouble_.Reach(Point::kJournal);
   RequireWritable();

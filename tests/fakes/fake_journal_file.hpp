@@ -38,6 +38,7 @@ class FakeJournalFile : public JournalFile {
   std::string Read() override;
   void Append(std::string_view bytes) override;
   void Truncate(std::size_t length) override;
+  void Overwrite(std::size_t at, std::string_view bytes) override;
   void BeginAnew(std::string_view suffix) override;
   std::vector<std::string> Kept() override;
   void DeleteKept(std::string_view suffix) override;

@@ -41,7 +41,7 @@ bool StillCalled(const std::string& path, const struct stat& about) {
 
 // Not blocking: a pipe of that name must not stop the till.
 FileDescriptor TakeFile(const std::string& path, int flags) {
-  FileDescriptor file = OpenFile(path, O_RDWR | O_APPEND | O_CREAT | O_NONBLOCK | flags);
+  FileDescriptor file = OpenFile(path, O_RDWR | O_CREAT | O_NONBLOCK | flags);
   RequireOfFile(static_cast<bool>(file));
   const struct stat about = About(file.Get());
   const bool locked = ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0;
@@ -94,7 +94,16 @@ std::string PosixJournalFile::Read() {
 }
 
 void PosixJournalFile::Append(std::string_view bytes) {
+  WriteFrom(0, SEEK_END, bytes);
+}
+
+void PosixJournalFile::Overwrite(std::size_t at, std::string_view bytes) {
+  WriteFrom(static_cast<off_t>(at), SEEK_SET, bytes);
+}
+
+void PosixJournalFile::WriteFrom(off_t place, int from, std::string_view bytes) {
   const HeldSignals held;
+  RequireOfFile(::lseek(file_.Get(), place, from) >= 0);
   RequireOfFile(WriteAll(file_.Get(), bytes));
   ToDisk(file_.Get(), ::fdatasync);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,11 +20,14 @@ class PosixJournalFile : public JournalFile {
   std::string Read() override;
   void Append(std::string_view bytes) override;
   void Truncate(std::size_t length) override;
+  void Overwrite(std::size_t at, std::string_view bytes) override;
   void BeginAnew(std::string_view suffix) override;
   std::vector<std::string> Kept() override;
   void DeleteKept(std::string_view suffix) override;
 
  private:
+  void WriteFrom(off_t place, int from, std::string_view bytes);
+
   std::string path_;  // from the root: the host may change its directory
   FileDescriptor file_;
 };

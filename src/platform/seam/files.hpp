@@ -63,6 +63,9 @@ class JournalFile {
   virtual void Append(std::string_view bytes) = 0;
   virtual void Truncate(std::size_t length) = 0;
 
+  // Puts bytes in the place of as many that the file has: a full disk has room for that.
+  virtual void Overwrite(std::size_t at, std::string_view bytes) = 0;
+
   // The file gets its name with the suffix behind it, and an empty one takes its place.
   virtual void BeginAnew(std::string_view suffix) = 0;
 

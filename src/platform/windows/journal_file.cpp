@@ -59,7 +59,15 @@ std::string WindowsJournalFile::Read() {
 }
 
 void WindowsJournalFile::Append(std::string_view bytes) {
-  MoveTo(file_, 0, FILE_END);
+  WriteFrom(0, FILE_END, bytes);
+}
+
+void WindowsJournalFile::Overwrite(std::size_t at, std::string_view bytes) {
+  WriteFrom(static_cast<LONGLONG>(at), FILE_BEGIN, bytes);
+}
+
+void WindowsJournalFile::WriteFrom(LONGLONG place, DWORD from, std::string_view bytes) {
+  MoveTo(file_, place, from);
   while (!bytes.empty()) {
     DWORD written = 0;
     RequireOfFile(::WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,

@@ -18,11 +18,14 @@ class WindowsJournalFile : public JournalFile {
   std::string Read() override;
   void Append(std::string_view bytes) override;
   void Truncate(std::size_t length) override;
+  void Overwrite(std::size_t at, std::string_view bytes) override;
   void BeginAnew(std::string_view suffix) override;
   std::vector<std::string> Kept() override;
   void DeleteKept(std::string_view suffix) override;
 
  private:
+  void WriteFrom(LONGLONG place, DWORD from, std::string_view bytes);
+
   std::wstring path_;  // from the root: the host may change its directory
   Handle file_;
 };

@@ -15,6 +15,7 @@
 #include "golden/replies.hpp"
 #include "golden/session.hpp"
 #include "protocol/settlement.hpp"
+#include "state/journal.hpp"
 #include "state/library.hpp"
 
 namespace kestra::torture {
@@ -169,7 +170,9 @@ void Torturer::Heal() {
   world.Line().Forget();
   world.Line().SetDevice(DeviceState::kReady);
   world.Line().SetDefault(golden::ReadReply("ok 0000|0000"));
-  // What a safe exchange has to settle first would come before the command that is looked at.
+  // What a safe exchange has to settle first would come before the command that is looked at; a journal that
+  // could not be opened may have more of it.
+  PrepareJournal(Instance());
   ForgetPending(Instance());
   Instance().certainty.unheard = false;
 }

@@ -165,6 +165,9 @@ class TroubledJournalFile : public JournalFile {
   void Truncate(std::size_t length) override {
     watch_.At(Point::kJournal, [&] { journal_.Truncate(length); });
   }
+  void Overwrite(std::size_t at, std::string_view bytes) override {
+    watch_.At(Point::kJournal, [&] { journal_.Overwrite(at, bytes); });
+  }
   void BeginAnew(std::string_view suffix) override {
     watch_.At(Point::kJournal, [&] { journal_.BeginAnew(suffix); });
   }

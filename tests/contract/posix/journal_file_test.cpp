@@ -83,7 +83,7 @@ int InChild(Action action) {
   return status;
 }
 
-TEST_F(PosixJournalTest, OneThatMayNotGrowEndsNobodyAndIsCutWhereItWas) {
+TEST_F(PosixJournalTest, OneThatMayNotGrowEndsNobodyIsCutWhereItWasAndOverwritten) {
   EXPECT_EQ(InChild([] {
               const rlimit seven = {.rlim_cur = 7, .rlim_max = 7};
               ::setrlimit(RLIMIT_FSIZE, &seven);
@@ -92,10 +92,12 @@ TEST_F(PosixJournalTest, OneThatMayNotGrowEndsNobodyAndIsCutWhereItWas) {
               journal.Append("uno\n");
               const bool failed = FailureNumber([&] { journal.Append("dos tres\n"); }) == 75;
               journal.Truncate(4);
+              journal.Append("dos");
+              journal.Overwrite(4, "DOS");
               return failed;
             }),
             0);
-  EXPECT_EQ(ReadFile("diario.txt"), "uno\n");
+  EXPECT_EQ(ReadFile("diario.txt"), "uno\nDOS");
 }
 
 TEST_F(PosixJournalTest, AProgramThatWasKilledLeavesItToTheNext) {

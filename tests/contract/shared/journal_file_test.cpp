@@ -99,6 +99,16 @@ TEST_P(JournalContract, ATornTailIsCutOff) {
   EXPECT_EQ(journal_.Read(), "uno\ntres\n");
 }
 
+TEST_P(JournalContract, IsOverwrittenInItsMiddleAndGrowsAtItsEnd) {
+  journal_.Open(kName);
+  journal_.Append("uno\ndos\n");
+  journal_.Overwrite(4, "DOS\n");
+  EXPECT_EQ(journal_.Read(), "uno\nDOS\n");
+  journal_.Append("tres\n");
+  journal_.Overwrite(0, "U");
+  EXPECT_EQ(bench_->Text(), "Uno\nDOS\ntres\n");
+}
+
 TEST_P(JournalContract, AnotherProgramDoesNotGetItMeanwhile) {
   journal_.Open(kName);
   EXPECT_EQ(FailureNumber([&] { bench_->Other().Open(kName); }), kFileInUse);

@@ -266,6 +266,48 @@ TEST_F(JournalOfATill, AnOwedResultIsWrittenAtTheEndAtTheLatest) {
   EXPECT_FALSE(ReadJournal(Text()).open);
 }
 
+// Behind the first record, behind a result, behind one that found no room itself: what goes out without its
+// intent leaves a journal from which nothing is known, and one that goes on as it should.
+TEST_F(JournalOfATill, WhatWentOutWithoutItsIntentLeavesNothingKnown) {
+  for (const std::string before : {"", "B", "b"}) {
+    *disk_ = {};
+    auto till = Program();
+    till->library.certainty.ledger.lines = 4;
+    till->Start();
+    till->library.certainty.ledger.lines = 4;
+    if (!before.empty()) till->Intend(before);
+    if (before == "b") disk_->room = 0;
+    if (!before.empty()) JournalResult(till->library, kWasDone);
+    disk_->room = 3;
+    const auto size = Text().size();
+    till->Intend("B");
+    till->Intend("B");
+    EXPECT_EQ(Text().size(), size) << before;
+    disk_->room = 100000;
+    Die(till);
+    till = Program();
+    till->Start();
+    EXPECT_EQ(till->Pending(), "") << before;
+    EXPECT_EQ(till->library.certainty.ledger.lines, std::nullopt) << before;
+    EXPECT_EQ(till->Intend("D"), Cause::kNone);
+    EXPECT_EQ(ReadJournal(Text()).open->number, before.empty() ? 1 : 2);
+  }
+}
+
+TEST_F(JournalOfATill, AProgramThatLivesKeepsWhatItKnowsOverAFullDisk) {
+  auto till = Program();
+  till->Start();
+  disk_->room = 0;
+  till->Intend("B");
+  disk_->room = 100000;
+  till->library.certainty.ledger.lines = 5;
+  till->Intend("B");
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->library.certainty.ledger.lines, 5);
+}
+
 TEST_F(JournalOfATill, AnOpeningThatWasRefusedLeavesNoIntent) {
   auto till = Program();
   till->Start();
