@@ -91,6 +91,15 @@ Finding Ended(const Case& c, std::optional<std::size_t> counter, std::int64_t ca
   return Finding::kDone;
 }
 
+// What is cancelled spends its number too: the count of these alone tells which it was. Where nobody knew it,
+// none today says as much. What is not fiscal is never cancelled.
+Finding Closing(const Case& c) {
+  const auto ended = Ended(c, CounterOfClosing(c.command), 0);
+  if (ended != Finding::kDone || c.command.starts_with('J')) return ended;
+  const bool none = c.books.counters && c.books.counters->at(kCancelledToday) == 0;
+  return none || Moved(c, kCancelledToday) ? Finding::kDone : Finding::kAbsent;
+}
+
 Finding Day(const Case& c) {
   if (const auto moved = Moved(c, kDailyClosings)) return Either(*moved == 1, *moved == 0);
   if (!c.books.counters || !c.books.day_empty) return Finding::kAbsent;
@@ -158,7 +167,7 @@ Finding Compare(const Ledger& before, std::string_view command, const State& dig
     case Method::kCancel:
       return Ended(c, std::nullopt, 1);
     case Method::kClosing:
-      return Ended(c, CounterOfClosing(command), 0);
+      return Closing(c);
     case Method::kDay:
       return Day(c);
     case Method::kHeader:

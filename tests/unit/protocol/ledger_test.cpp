@@ -195,6 +195,7 @@ const auto kPayment = Fields("D", {"Efectivo", "00000005000", "T"});
 const auto kDiscount = Fields("D", {"Socio", "00000001000", "D"});
 const auto kCancel = Fields("D", {"\x7F", "\x7F", "C"});
 const auto kClosing = Fields("e", {"T", "B", "\x7F"});
+const auto kNonFiscalEnd = Fields("J", {});
 const auto kNote = Fields("e", {"E", "R", "\x7F"});
 const auto kDay = Fields("9", {"Z", "P"});
 const auto kHeader = Fields("]", {"11", "Gracias   "});
@@ -233,7 +234,26 @@ const CompareRow kFindings[] = {
      Finding::kNotDone},
     {"so rough a sum that it may be both", kDiscount, Selling(1, 10000, 600),
      Totals({.lines = 1, .total = 9500}), Finding::kDisagree},
-    {"closed", kClosing, Selling(1, 10000), {.open = false}, Finding::kDone},
+    {"closed, and none was cancelled today",
+     kClosing,
+     Selling(1, 10000),
+     {.open = false, .counters = Numbered(3, 8)},
+     Finding::kDone},
+    {"closed or cancelled: nobody knows of the count",
+     kClosing,
+     Selling(1, 10000),
+     {.open = false},
+     Finding::kAbsent},
+    {"closed or cancelled: a cancelled one spends its number too",
+     kClosing,
+     Counting(Selling(1, 0), 3, 7),
+     {.open = false, .counters = Counters{0, 0, 0, 8, 0, 1, 0, 0, 0, 0, 0}},
+     Finding::kAbsent},
+    {"a non-fiscal one is never cancelled",
+     kNonFiscalEnd,
+     Selling(0, 0),
+     {.open = false},
+     Finding::kDone},
     {"still open", kClosing, Selling(1, 10000), {.open = true}, Finding::kNotDone},
     {"closed, and the number is the next",
      kClosing,
