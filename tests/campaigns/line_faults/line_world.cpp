@@ -121,13 +121,37 @@ void LineWorld::Write(std::string_view bytes) {
   RequirePlug();
   if (bytes != kAcknowledge) frames_.emplace_back(bytes);
   const auto room = plug_holds_ ? *plug_holds_ - to_printer_.Carried() : bytes.size();
-  to_printer_.Push(bytes.substr(0, room), Now());
+  to_printer_.Push(UpToTheBreak(Direction::kToPrinter, bytes.substr(0, room)), Now());
   if (plug_holds_ == kWholeFrame) Unplug();
   Carry();
 }
 
 bool LineWorld::Unplugged() const {
-  return plug_holds_ && to_printer_.Carried() >= *plug_holds_;
+  const bool unplugged = broken_ && breakdown_->kind == Breakage::kUnplugged;
+  return unplugged || (plug_holds_ && to_printer_.Carried() >= *plug_holds_);
+}
+
+// What of these bytes still passes. With the first that does not, the line ends.
+std::string_view LineWorld::UpToTheBreak(Direction direction, std::string_view bytes) {
+  if (broken_) return {};
+  if (!breakdown_ || breakdown_->direction != direction) return bytes;
+  const auto carried = (direction == Direction::kToPrinter ? to_printer_ : to_host_).Carried();
+  if (breakdown_->byte >= carried + bytes.size()) return bytes;
+  broken_ = true;
+  if (breakdown_->kind == Breakage::kPowerless) PowerCycle();
+  if (mended_after_) In(*mended_after_, [this] { Mend(); });
+  return bytes.substr(0, breakdown_->byte - carried);
+}
+
+void LineWorld::Mend() {
+  if (!broken_) return;
+  if (breakdown_->kind == Breakage::kPowerless) PowerCycle();
+  broken_ = false;
+  breakdown_.reset();
+}
+
+void LineWorld::PowerCycle() {
+  session_.PowerCycle();
 }
 
 void LineWorld::RequirePlug() {
@@ -146,10 +170,11 @@ void LineWorld::Carry() {
   DoWhatIsDue();
   const Micros now = Now();
   const std::string arrived = to_printer_.Take(now);
-  if (!arrived.empty()) session_.Receive(arrived, now);
+  const bool powerless = broken_ && breakdown_->kind == Breakage::kPowerless;
+  if (!arrived.empty() && !powerless) session_.Receive(arrived, now);
   const std::string saying = session_.Advance(now).bytes;
   said_ += saying;
-  to_host_.Push(saying, now);
+  to_host_.Push(UpToTheBreak(Direction::kToHost, saying), now);
   const std::string leaving = to_host_.Take(now);
   if (!Unplugged()) received_ += leaving;
 }

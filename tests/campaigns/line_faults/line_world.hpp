@@ -28,6 +28,15 @@ namespace kestra::line_faults {
 // frame for a new command.
 enum class Mode { kBase, kSafe, kSafeForgetful, kSafeWithRepeats };
 
+// How a line ends. Whatever the printer does, nobody hears of it; without power it does nothing either, and
+// forgets the last frame.
+enum class Breakage { kCut, kUnplugged, kPowerless };
+struct Breakdown {
+  Direction direction = Direction::kToPrinter;
+  std::size_t byte = 0;  // the first one that does not pass, among all of its direction
+  Breakage kind = Breakage::kCut;
+};
+
 // The virtual printer at the end of a line that fails as told, on a clock that moves when somebody
 // waits for the line.
 class LineWorld : public Platform, private impresora::WallClock, private impresora::Observer {
@@ -59,6 +68,14 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   }
   void PlugIn() { plug_holds_.reset(); }
 
+  // The line ends with that byte, until somebody mends it, at once or so much later. The printer is switched on
+  // again with it.
+  void Break(const Breakdown& breakdown) { breakdown_ = breakdown; }
+  void MendAfter(Micros time) { mended_after_ = time; }
+  void Mend();
+  [[nodiscard]] bool Broken() const { return broken_; }
+  void PowerCycle();
+
   // What a person may do to the printer.
   impresora::Machine& Printer() { return session_.GetPrinter().GetMachine(); }
 
@@ -70,6 +87,9 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   [[nodiscard]] const std::vector<std::string>& Frames() const { return frames_; }
   [[nodiscard]] const std::vector<impresora::Exchange>& Exchanges() const { return exchanges_; }
 
+  // All that it printed.
+  [[nodiscard]] const std::vector<impresora::PaperLine>& Paper() const { return paper_; }
+
   // All that the printer said.
   [[nodiscard]] const std::string& Said() const { return said_; }
 
@@ -78,6 +98,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
 
   std::int64_t LocalSeconds() override;
   void Exchanged(const impresora::Exchange& exchange) override { exchanges_.push_back(exchange); }
+  void Printed(const impresora::PaperLine& line) override { paper_.push_back(line); }
 
   struct Deed {
     Micros when;
@@ -87,6 +108,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   void Write(std::string_view bytes);
   void WaitALittle();
   void DoWhatIsDue();
+  std::string_view UpToTheBreak(Direction direction, std::string_view bytes);
   [[nodiscard]] bool Unplugged() const;
   void RequirePlug();
   void Carry();
@@ -104,11 +126,15 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   FaultyWire to_printer_;
   FaultyWire to_host_;
   std::optional<std::size_t> plug_holds_;  // until the printer was sent so many bytes
+  std::optional<Breakdown> breakdown_;     // that is to come, or has
+  std::optional<Micros> mended_after_;
+  bool broken_ = false;
   std::vector<Deed> deeds_;
   std::string said_;
   std::string received_;
   std::vector<std::string> frames_;
   std::vector<impresora::Exchange> exchanges_;
+  std::vector<impresora::PaperLine> paper_;
 };
 
 }  // namespace kestra::line_faults

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string_view>
+
+#include "campaigns/crashes/story.hpp"
+
+namespace kestra::crashes {
+namespace {
+
+const CanonicalDocument& Ticket() {
+  return line_faults::CanonicalDocuments().front();
+}
+
+// The ticket with a disaster at each so-manieth place.
+template <typename Set>
+std::set<Ending> Endings(const Story& story, std::size_t places, Set set) {
+  constexpr std::size_t kEvery = 29;
+  std::set<Ending> endings;
+  for (std::size_t place = 0; place < places; place += kEvery) {
+    Disaster disaster;
+    set(disaster, place);
+    endings.insert(story.Play(disaster).ending);
+  }
+  return endings;
+}
+std::set<Ending> Deaths(const Story& story, bool asks = true) {
+  return Endings(story, story.Moments(), [asks](Disaster& disaster, std::size_t moment) {
+    disaster = {.death = moment, .asks = asks};
+  });
+}
+std::set<Ending> Cuts(const Story& story, Breakage kind, bool passes = false) {
+  const auto direction = Direction::kToPrinter;
+  return Endings(story, story.Bytes(direction), [&](Disaster& disaster, std::size_t byte) {
+    disaster = {.breakdown = Breakdown{direction, byte, kind}, .passes = passes};
+  });
+}
+
+TEST(Story, AHostMayDieAtAnyStep) {
+  const Story story(Ticket(), Mode::kSafe);
+  EXPECT_EQ(Deaths(story), (std::set{Ending::kDone, Ending::kNotDone, Ending::kUnknown,
+                                     Ending::kUnsent, Ending::kUnlearnt}));
+  EXPECT_EQ(Deaths(story, false),
+            (std::set{Ending::kRepeated, Ending::kUnknown, Ending::kUnsent, Ending::kUnlearnt}));
+}
+
+TEST(Story, ALineMayEndAtAnyByte) {
+  const Story story(Ticket(), Mode::kSafe);
+  EXPECT_EQ(Cuts(story, Breakage::kCut).count(Ending::kWrong), 0U);
+  EXPECT_EQ(Cuts(story, Breakage::kPowerless, true), (std::set{Ending::kPassed, Ending::kUnknown}));
+}
+
+TEST(Story, TheFirstStepOfAllSendsNothing) {
+  const auto told = Story(Ticket(), Mode::kSafe).Play({.death = 0});
+  EXPECT_EQ(told.ending, Ending::kUnsent);
+  EXPECT_EQ(told.last_act, Act::kJournal);
+}
+
+// What the campaign is there to find.
+TEST(Story, TheBaseModeIsFoundOut) {
+  EXPECT_EQ(Cuts(Story(Ticket(), Mode::kBase), Breakage::kCut).count(Ending::kWrong), 1U);
+}
+
+TEST(Story, AMissingJournalIsFoundOut) {
+  EXPECT_EQ(Deaths(Story(Ticket(), Mode::kSafe, false)).count(Ending::kWrong), 1U);
+}
+
+}  // namespace
+}  // namespace kestra::crashes

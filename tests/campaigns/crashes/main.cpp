@@ -1,0 +1,202 @@
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "campaigns/crashes/story.hpp"
+
+// Plays the canonical documents while the line ends, the power goes or the host dies at every byte and every
+// step, starts the till again, and says what it came to know, as tables.
+//   --cortes      line and printer alone
+//   --muertes     hosts alone
+//   --cada N      every N-th byte and step
+//   --repetidas   with ReconoceRepetidas
+//   --sin-repetidas  a printer that knows no repeated frame
+// The number in KESTRA_SHARE says at which of the first N bytes --cada begins.
+namespace kestra::crashes {
+namespace {
+
+struct Settings {
+  Mode mode = Mode::kSafe;
+  bool cuts = true, deaths = true;
+  std::size_t every = 1, first = 0;
+};
+
+Settings ReadOptions(int argc, char** argv) {
+  Settings settings;
+  if (const char* share = std::getenv("KESTRA_SHARE")) settings.first = std::stoul(share);
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view name = argv[i];
+    if (name == "--cortes") {
+      settings.deaths = false;
+    } else if (name == "--muertes") {
+      settings.cuts = false;
+    } else if (name == "--repetidas") {
+      settings.mode = Mode::kSafeWithRepeats;
+    } else if (name == "--sin-repetidas") {
+      settings.mode = Mode::kSafeForgetful;
+    } else if (name == "--cada" && i + 1 < argc && std::stoul(argv[i + 1]) > 0) {
+      settings.every = std::stoul(argv[++i]);
+    } else {
+      throw std::invalid_argument(std::string(name));
+    }
+  }
+  settings.first %= settings.every;
+  return settings;
+}
+
+struct Row {
+  std::size_t runs = 0;
+  std::array<std::size_t, kEndingNames.size()> endings{};
+};
+using Table = std::vector<std::pair<std::string, Row>>;
+
+struct Report {
+  Table kinds;
+  Table acts;
+  std::map<std::string, std::size_t> unknown;  // by operation
+  std::vector<std::string> wrong;
+};
+
+Row& RowOf(Table& table, std::string_view name) {
+  for (auto& [known, row] : table) {
+    if (known == name) return row;
+  }
+  table.emplace_back(name, Row{});
+  return table.back().second;
+}
+
+void Count(Row& row, Ending ending) {
+  ++row.runs;
+  ++row.endings[static_cast<std::size_t>(ending)];
+}
+
+class Campaign {
+ public:
+  explicit Campaign(const Settings& settings) : settings_(settings) {}
+
+  Report Run() {
+    for (const auto& document : line_faults::CanonicalDocuments()) {
+      const Story story(document, settings_.mode);
+      if (settings_.cuts) BreakEverywhere(document.name, story);
+      if (settings_.deaths) DieEverywhere(document.name, story);
+    }
+    return std::move(report_);
+  }
+
+ private:
+  struct Kind {
+    std::string_view name;
+    Disaster disaster;
+    Breakage breakage = Breakage::kCut;
+  };
+
+  // The places stand for `death` or the breakdown's byte.
+  template <typename Set>
+  void Everywhere(const std::string& document, const Story& story, Kind kind, std::size_t places,
+                  Set set) {
+    for (std::size_t place = settings_.first; place < places; place += settings_.every) {
+      set(kind.disaster, place);
+      const auto told = story.Play(kind.disaster);
+      Count(RowOf(report_.kinds, kind.name), told.ending);
+      if (kind.disaster.death != kNever) {
+        Count(RowOf(report_.acts, kActNames[static_cast<std::size_t>(told.last_act)]), told.ending);
+      }
+      if (told.ending == Ending::kUnknown) ++report_.unknown[told.operation];
+      if (told.ending != Ending::kWrong) continue;
+      report_.wrong.push_back(told.wrong + ": " + document + ", " + told.operation + ", " +
+                              std::string(kind.name) + ", place " + std::to_string(place));
+    }
+  }
+
+  void BreakEverywhere(const std::string& name, const Story& story) {
+    const Kind kinds[]{
+        {"line cut for ever", {}, Breakage::kCut},
+        {"line cut for ever, the call made again without asking", {.asks = false}, Breakage::kCut},
+        {"cable pulled, for longer than anybody waits", {}, Breakage::kUnplugged},
+        {"printer without power, for longer", {}, Breakage::kPowerless},
+        {"the same, the call made again without asking", {.asks = false}, Breakage::kPowerless},
+        {"printer off and on again within the patience", {.passes = true}, Breakage::kPowerless},
+        {"cable pulled and put back within the patience", {.passes = true}, Breakage::kUnplugged},
+    };
+    for (const auto& kind : kinds) {
+      for (const auto direction : {Direction::kToPrinter, Direction::kToHost}) {
+        Everywhere(name, story, kind, story.Bytes(direction),
+                   [&](Disaster& disaster, std::size_t byte) {
+                     disaster.breakdown = {direction, byte, kind.breakage};
+                   });
+      }
+    }
+  }
+
+  void DieEverywhere(const std::string& name, const Story& story) {
+    const Kind kinds[]{
+        {"host killed", {}},
+        {"host killed, started again at once", {.at_once = true}},
+        {"host killed, the call made again without asking", {.asks = false}},
+        {"host killed, at once and without asking", {.at_once = true, .asks = false}},
+        {"power cut: host and printer", {.printer_too = true}},
+        {"power cut, the call made again without asking", {.printer_too = true, .asks = false}},
+    };
+    for (const auto& kind : kinds) {
+      Everywhere(name, story, kind, story.Moments(),
+                 [](Disaster& disaster, std::size_t moment) { disaster.death = moment; });
+    }
+    // In so many moments a new host has settled what was pending.
+    constexpr std::size_t kRecovery = 900;
+    constexpr std::size_t kScatter = 7919;
+    Everywhere(name, story, {"host killed, and the next one too while it settles", {}},
+               story.Moments(), [](Disaster& disaster, std::size_t moment) {
+                 disaster.death = moment;
+                 disaster.again = moment * kScatter % kRecovery;
+               });
+  }
+
+  Settings settings_;
+  Report report_;
+};
+
+void PrintTable(std::string_view title, const Table& table) {
+  if (table.empty()) return;
+  std::cout << "\n| " << title << " | runs |";
+  for (const auto name : kEndingNames) std::cout << " " << name << " |";
+  std::cout << "\n|---|";
+  for (std::size_t i = 0; i <= kEndingNames.size(); ++i) std::cout << "---:|";
+  std::cout << "\n";
+  for (const auto& [name, row] : table) {
+    std::cout << "| " << name << " | " << row.runs << " |";
+    for (const auto count : row.endings) std::cout << " " << count << " |";
+    std::cout << "\n";
+  }
+}
+
+int Main(int argc, char** argv) {
+  const auto settings = ReadOptions(argc, argv);
+  std::cout << "every " << settings.every << ", from " << settings.first << "\n";
+  const auto report = Campaign(settings).Run();
+  PrintTable("what happened", report.kinds);
+  PrintTable("the host died in", report.acts);
+  std::cout << "\n| told: unknown | runs |\n|---|---:|\n";
+  for (const auto& [operation, runs] : report.unknown) {
+    std::cout << "| `" << operation << "` | " << runs << " |\n";
+  }
+  for (const auto& wrong : report.wrong) std::cerr << wrong << "\n";
+  return report.wrong.empty() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+}  // namespace kestra::crashes
+
+int main(int argc, char** argv) {
+  try {
+    return kestra::crashes::Main(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "crashes: " << error.what() << "\n";
+    return 2;
+  }
+}

@@ -1,0 +1,117 @@
+#include "campaigns/crashes/shop.hpp"
+
+#include <array>
+#include <span>
+
+#include "commands/commands.hpp"
+#include "fakes/fake_platform.hpp"
+#include "frame/instance.hpp"
+#include "golden/exports.hpp"
+#include "golden/words.hpp"
+#include "kestra/kestra.h"
+#include "machine/roll.hpp"
+
+namespace kestra::crashes {
+namespace {
+
+// Words of an answer by which the printer says that it has not done it.
+constexpr unsigned kRefused = 0x0078;
+constexpr unsigned kMechanismFailed = 0x0004;
+
+constexpr std::string_view kPowerCut = "CORTE DE ENERG";
+constexpr std::size_t kAnyWidth = 200;
+
+bool Changed(const impresora::Exchange& exchange) {
+  return exchange.kind == impresora::ExchangeKind::kExecuted &&
+         (exchange.answer.fiscal & kRefused) == 0 &&
+         (exchange.answer.printer & kMechanismFailed) == 0 && !impresora::OnlyAsks(exchange.packet);
+}
+
+std::size_t CountLines(std::string_view text, std::string_view beginning) {
+  std::size_t count = 0;
+  for (const auto line : golden::Split(text, "\n")) count += line.starts_with(beginning) ? 1 : 0;
+  return count;
+}
+
+template <typename Ask>
+std::int32_t WithText(std::string& text, Ask ask) {
+  std::array<char, 200> buffer{};
+  const auto result = ask(buffer.data(), static_cast<std::int32_t>(buffer.size()));
+  text.assign(buffer.data(), buffer.size());
+  text.erase(text.find_last_not_of(std::string_view(" \0", 2)) + 1);
+  return result;
+}
+
+}  // namespace
+
+Shop::Shop(const line_faults::CanonicalDocument& document, line_faults::Mode mode)
+    : world_(
+          std::make_unique<LineWorld>(document, std::span<const line_faults::ByteFault>{}, mode)) {}
+
+Shop::~Shop() {
+  ReplaceInstance(std::make_unique<FakePlatform>());
+}
+
+void Shop::Start(std::size_t death) {
+  auto life = std::make_unique<Life>(death);
+  ReplaceInstance(std::make_unique<MortalPlatform>(*world_, *life));
+  life_ = std::move(life);
+  EP_Init();
+}
+
+Told Shop::Call(std::string_view words) {
+  const auto operation = golden::TakeWord(words);
+  auto outcome = golden::CallExport(operation, golden::Words(words));
+  return {outcome.result, Kestra_Desenlace(), std::move(outcome.buffers)};
+}
+
+std::int32_t Shop::Pending(std::string& call) {
+  return WithText(call, Kestra_Pendiente);
+}
+
+std::int32_t Shop::Resolve(std::string& number) {
+  const auto outcome = Kestra_Resolver();
+  WithText(number, Kestra_ResolverNumero);
+  return outcome;
+}
+
+Words Shop::DeedsFrom(std::size_t exchange) {
+  world_->Settle();
+  Words deeds;
+  const auto& all = world_->Exchanges();
+  for (; exchange < all.size(); ++exchange) {
+    if (Changed(all[exchange])) deeds.push_back(all[exchange].packet.body.substr(1));
+  }
+  return deeds;
+}
+
+Words Shop::Paper() const {
+  Words lines;
+  for (const auto& line : world_->Paper()) {
+    if (line.text.find(kPowerCut) == std::string::npos) {
+      lines.push_back(impresora::AsText(line, kAnyWidth));
+    }
+  }
+  return lines;
+}
+
+std::string Shop::LastRecord() {
+  const auto& files = world_->GetJournalFile().Disk()->files;
+  const auto found = files.find(std::string(kJournalName));
+  const std::string_view text = found == files.end() ? std::string_view() : found->second;
+  const auto end = text.rfind('\n');
+  if (end == std::string_view::npos) return {};
+  const auto begin = end == 0 ? std::string_view::npos : text.rfind('\n', end - 1);
+  const auto from = begin == std::string_view::npos ? 0 : begin + 1;
+  return std::string(text.substr(from, end - from));
+}
+
+std::size_t Shop::Results() {
+  std::size_t count = 0;
+  for (const auto& [name, text] : world_->GetJournalFile().Disk()->files) {
+    count += CountLines(text, "resultado\t");
+  }
+  return count;
+}
+
+}  // namespace kestra::crashes
