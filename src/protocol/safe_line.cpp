@@ -91,7 +91,8 @@ void SafeLine::Close() noexcept {
   open_ = false;
   try {
     const auto& port = library_.state.Puerto;
-    if (port != nullptr && port->PortOpen()) port->PortOpen(false);
+    if (port == nullptr || !port->PortOpen()) return;
+    unanswered_ ? port->Abandon() : port->PortOpen(false);
   } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): one is told already
   }
 }
@@ -102,6 +103,7 @@ bool SafeLine::Write(const NumberedFrame& frame) {
   return OnPort([&] {
     Port().DiscardInput();
     NoteSending(library_);
+    unanswered_ = true;
     Port().Output(bytes);
   });
 }
@@ -132,6 +134,7 @@ Reception SafeLine::Wait(const NumberedFrame& frame) {
     }
   });
   const bool own = !heard.answer.empty();
+  unanswered_ = unanswered_ && !own;
   if (own || !received.empty()) {
     EscribirLog(library_, own ? " - Respuesta : " + heard.answer : " - Descartado : " + received);
   }

@@ -39,7 +39,8 @@ class SafeLine {
   SafeLine& operator=(const SafeLine&) = delete;
   ~SafeLine() { Close(); }
 
-  // Opens the device unless this line has it open.
+  // Opens the device unless this line has it open. Closed while a frame is unanswered, it takes that back as
+  // far as it has not gone.
   bool Open();
   void Close() noexcept;
 
@@ -73,6 +74,7 @@ class SafeLine {
   Library& library_;
   bool open_ = false;
   bool lost_ = false;
+  bool unanswered_ = false;  // a frame may be on its way still
   Cause why_ = Cause::kNone;
   std::optional<double> last_busy_;
 };

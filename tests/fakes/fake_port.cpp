@@ -119,6 +119,11 @@ void FakePort::PortOpen(bool open) {
   }
 }
 
+void FakePort::Abandon() {
+  ++line_.abandonings_;
+  PortOpen(false);
+}
+
 void FakePort::Output(std::string_view bytes) {
   RequireOpen();
   line_.Write(bytes);

@@ -53,6 +53,9 @@ class FakeLine {
   // Every frame written, without the acknowledgements.
   [[nodiscard]] const std::vector<std::string>& Frames() const { return frames_; }
 
+  // How often a port was closed by taking back what had not gone.
+  [[nodiscard]] int Abandonings() const { return abandonings_; }
+
  private:
   friend class FakePort;
 
@@ -81,6 +84,7 @@ class FakeLine {
   std::deque<Due> due_;
   std::string received_;
   std::vector<std::string> frames_;
+  int abandonings_ = 0;
 };
 
 class FakePort : public SerialPort {
@@ -92,6 +96,7 @@ class FakePort : public SerialPort {
 
   [[nodiscard]] bool PortOpen() const override { return open_; }
   void PortOpen(bool open) override;
+  void Abandon() override;
   void Output(std::string_view bytes) override;
   std::size_t InBufferCount() override;
   void DiscardInput() override;

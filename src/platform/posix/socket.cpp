@@ -151,6 +151,12 @@ void Socket::EndSending() const {
   ::shutdown(Descriptor(handle_), SHUT_WR);
 }
 
+void Socket::Abort() {
+  const linger at_once = {.l_onoff = 1, .l_linger = 0};
+  ::setsockopt(Descriptor(handle_), SOL_SOCKET, SO_LINGER, &at_once, sizeof at_once);
+  Close();
+}
+
 void Socket::Close() {
   if (*this) ::close(Descriptor(std::exchange(handle_, kNone)));
 }

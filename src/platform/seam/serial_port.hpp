@@ -32,6 +32,9 @@ class SerialPort {
   // or look. False closes it.
   virtual void PortOpen(bool open) = 0;
 
+  // Closes it. What the system has taken and not passed on yet goes nowhere, if there can be such a thing.
+  virtual void Abandon() { PortOpen(false); }
+
   // Writes all bytes; returns once the system has taken them.
   virtual void Output(std::string_view bytes) = 0;
 

@@ -86,6 +86,9 @@ class Socket {
   // Tells the far end that nothing more is coming.
   void EndSending() const;
 
+  // Closes it at once: what is on its way is dropped, and the far end learns that it is.
+  void Abort();
+
   void Close();
 
  private:

@@ -111,6 +111,12 @@ std::vector<SocketAddress> TcpPort::Addresses() const {
   return addresses;
 }
 
+void TcpPort::Abandon() {
+  if (PortOpen()) connection_->socket.Abort();
+  connection_.reset();
+  received_.clear();
+}
+
 void TcpPort::Close() {
   if (PortOpen() && !connection_->end.fault) Farewell();
   connection_.reset();

@@ -31,6 +31,7 @@ class TcpPort : public SerialPort {
 
   [[nodiscard]] bool PortOpen() const override { return connection_ != nullptr; }
   void PortOpen(bool open) override;
+  void Abandon() override;
   void Output(std::string_view bytes) override;
   std::size_t InBufferCount() override;
   void DiscardInput() override;

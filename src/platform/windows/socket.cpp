@@ -159,6 +159,13 @@ void Socket::EndSending() const {
   ::shutdown(Descriptor(handle_), SD_SEND);
 }
 
+void Socket::Abort() {
+  const linger at_once = {.l_onoff = 1, .l_linger = 0};
+  ::setsockopt(Descriptor(handle_), SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&at_once),
+               sizeof at_once);
+  Close();
+}
+
 void Socket::Close() {
   if (*this) ::closesocket(Descriptor(std::exchange(handle_, kNone)));
 }

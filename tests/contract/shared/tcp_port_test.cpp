@@ -148,6 +148,22 @@ TEST_F(TcpCall, TheLastWriteArrivesThoughThePortClosesOverUnreadBytes) {
   EXPECT_EQ(line.Receive(1), "\x06");
 }
 
+// What a line takes until it takes no more lies on both sides of it.
+TEST(TcpPort, WhatIsAbandonedDoesNotArriveLater) {
+  for (const bool abandoned : {false, true}) {
+    TcpLine line;
+    const auto port = line.MakePort(kHasty);
+    port->PortOpen(true);
+    const std::string piece(1 << 16, 'x');
+    std::size_t taken = 0;
+    while (FailureNumber([&] { port->Output(piece); }) == 0) taken += piece.size();
+    abandoned ? port->Abandon() : port->PortOpen(false);
+    EXPECT_FALSE(port->PortOpen());
+    const auto arrived = line.Receive(taken).size();
+    EXPECT_EQ(arrived < taken, abandoned) << arrived << " of " << taken;
+  }
+}
+
 TEST(TcpPort, ClosingHangsUpAndDoesNotWaitForAFarEndThatStays) {
   auto closing = std::chrono::milliseconds::max();
   auto seeing_it = closing;  // the end is seen, not waited for

@@ -149,7 +149,10 @@ class Server:
         received = b""
         caller = self.take_call()
         while caller and len(received) < count and select.select([caller], [], [], PATIENCE)[0]:
-            piece = caller.recv(count - len(received))
+            try:
+                piece = caller.recv(count - len(received))
+            except ConnectionResetError:
+                break
             if not piece:
                 break
             received += piece

@@ -44,5 +44,15 @@ TEST_F(Exchange, WithoutALineItIsFalseAndTheCurrentCommandAllTheSame) {
   EXPECT_EQ(library_.state.ComandoActual, "K");
 }
 
+TEST_F(Exchange, TheSafeModeTakesBackWhatNobodyAnswered) {
+  library_.certainty.settings.ModoSeguro = 1;
+  world_.Line().SetDefault(unit::Answering("0000", "0600"));
+  EXPECT_TRUE(Enviar(library_, "K"));
+  EXPECT_EQ(world_.Line().Abandonings(), 0);
+  world_.Line().SetDefault({});
+  EXPECT_FALSE(Enviar(library_, "K"));
+  EXPECT_EQ(world_.Line().Abandonings(), 1);
+}
+
 }  // namespace
 }  // namespace kestra
