@@ -153,7 +153,7 @@ SafeExchange::Step SafeExchange::Put() {
 bool SafeExchange::MayRepeat() {
   const auto since = std::max(sent_, line_.LastBusy().value_or(sent_));
   return library_.certainty.settings.ReconoceRepetidas == 1 && !line_.WasLost() &&
-         Now() - since <= kRepeatWithin;
+         Now() - since <= kRepeatWithin && !patience_.Over();
 }
 
 SafeExchange::Step SafeExchange::Doubted(Cause cause) {

@@ -18,6 +18,7 @@ constexpr double kPatience = 5.0;
 constexpr double kQuietAfterDamage = 0.5;
 constexpr double kQuietLine = 0.3;
 constexpr double kLongestRest = 5.0;
+constexpr double kLongestBusy = 900.0;  // no printout takes that long
 
 constexpr std::int32_t kBusyLookMs = 200;
 
@@ -123,7 +124,8 @@ Reception SafeLine::Wait(const NumberedFrame& frame) {
   const bool whole = OnPort([&] {
     double begin = Now();
     double last = begin;
-    while (Now() < begin + kPatience && heard.answer.empty()) {
+    const double latest = begin + kLongestBusy;
+    while (Now() < std::min(begin + kPatience, latest) && heard.answer.empty()) {
       if (TakeArrived(received)) {
         heard = Listen(received, frame.header);
         last = Now();

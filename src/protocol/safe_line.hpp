@@ -47,7 +47,8 @@ class SafeLine {
   // Drops what has arrived and writes the frame, with its lines in the log.
   bool Write(const NumberedFrame& frame);
 
-  // Five seconds from now or from the last busy byte; less after damage, once nothing more comes.
+  // Five seconds from now or from the last busy byte, and 15 minutes at most; less after damage, once nothing
+  // more comes.
   Reception Wait(const NumberedFrame& frame);
 
   void Acknowledge() noexcept;

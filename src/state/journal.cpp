@@ -113,14 +113,13 @@ void TakeFile(Library& library) {
 // What was known of another printer says nothing of this one.
 void ForgetOtherPrinter(Library& library, std::string_view printer) {
   auto& certainty = library.certainty;
-  if (!certainty.journal.printer.empty() && certainty.journal.printer != printer) {
-    if (certainty.pending) {
-      EscribirLog(library, " - Pendiente de otra impresora : " + certainty.pending->call);
-    }
-    certainty.pending.reset();
-    certainty.settled.reset();
-    certainty.ledger = {};
-  }
+  if (certainty.journal.printer.empty() || certainty.journal.printer == printer) return;
+  const auto pending = std::exchange(certainty.pending, std::nullopt);
+  certainty.settled.reset();
+  certainty.settled_number.clear();
+  certainty.ledger = {};
+  certainty.unheard = false;
+  if (pending) EscribirLog(library, " - Pendiente de otra impresora : " + pending->call);
 }
 
 }  // namespace

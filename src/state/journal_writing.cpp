@@ -1,5 +1,6 @@
 #include "state/journal_writing.hpp"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -18,10 +19,16 @@ std::string Beginning(Library& library) {
   return TextOf(NewRecord(library, RecordKind::kBeginning, library.certainty.journal.newest));
 }
 
-void DeleteOutdated(Library& library, const std::vector<std::string>& kept, std::string_view day) {
+// A clock that is years ahead for a day must not take all history along.
+constexpr int kMostDeletedAtOnce = 2;
+
+void DeleteOutdated(Library& library, std::vector<std::string> kept, std::string_view day) {
+  std::sort(kept.begin(), kept.end());
+  int deleted = 0;
   for (const auto& suffix : kept) {
+    if (deleted == kMostDeletedAtOnce) return;
     if (!IsOutdated(suffix, day, library.certainty.settings.DiarioDias)) continue;
-    WithoutFailing([&] { FileOf(library).DeleteKept(suffix); });
+    if (WithoutFailing([&] { FileOf(library).DeleteKept(suffix); })) ++deleted;
   }
 }
 

@@ -54,5 +54,26 @@ TEST_F(Exchange, TheSafeModeTakesBackWhatNobodyAnswered) {
   EXPECT_EQ(world_.Line().Abandonings(), 1);
 }
 
+// Of a printer that says that it is busy and nothing else, all day.
+TEST_F(Exchange, TheSafeModeGivesUpAPrinterThatIsBusyForEver) {
+  library_.certainty.settings.ModoSeguro = 1;
+  library_.certainty.settings.ReconoceRepetidas = 1;
+  world_.Line().SetDefault([](std::string_view) {
+    std::vector<Burst> busy;
+    for (std::int64_t second = 0; second < 12 * 3600; second += 4) {
+      busy.push_back({.delay = second * 1'000'000, .bytes = "\x12"});
+    }
+    return busy;
+  });
+  for (const char* const command : {"*", "A\x1CHola", "H"}) {
+    const auto begin = world_.GetClock().Elapsed();
+    EXPECT_FALSE(Enviar(library_, command)) << command;
+    EXPECT_LT(world_.GetClock().Elapsed() - begin, 3600) << command;
+    world_.Line().Forget();
+    library_.certainty.pending.reset();
+    library_.certainty.unheard = false;
+  }
+}
+
 }  // namespace
 }  // namespace kestra

@@ -405,6 +405,18 @@ TEST_F(JournalOfATill, DaysAreKeptAsLongAsTheKeySays) {
                                       "diario.txt-20261121-2", "diario.txt.copia"}));
 }
 
+TEST_F(JournalOfATill, AClockThatIsFarAheadTakesTheTwoOldestAlongAtMost) {
+  for (const char* const day : {"1023", "1021", "1022", "1020"}) {
+    disk_->files[std::string("diario.txt-2024").append(day)] = "x";
+  }
+  auto till = Program();
+  till->Start();
+  till->Intend("9\x1CZ\x1CP");
+  JournalResult(till->library, kWasDone);
+  EXPECT_EQ(disk_->files.size(), 4u) << "with today's, and the one in use";
+  EXPECT_EQ(disk_->files.count("diario.txt-20241022"), 1u);
+}
+
 TEST_F(JournalOfATill, WithoutDailyClosingsALargeOneIsKeptAsideAtAStart) {
   auto till = Program();
   till->Start();
