@@ -54,6 +54,17 @@ inline Failure ToFailure(const std::exception& error) {
   return {51, "Internal error"};
 }
 
+// False when the action failed, of which nobody is told.
+template <typename Action>
+bool WithoutFailing(Action action) noexcept {
+  try {
+    action();
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 // "Error 13 (Type mismatch)"
 inline std::string FailureText(const Failure& failure) {
   return "Error " + std::to_string(failure.Number()) + " (" + failure.Description() + ")";

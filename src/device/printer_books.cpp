@@ -118,11 +118,10 @@ DocumentStage StageOf(const Ledger& ledger) {
 }
 
 std::string WithPoint(std::int64_t hundredths) {
-  const bool negative = hundredths < 0;
-  auto digits = std::to_string(negative ? -hundredths : hundredths);
+  auto digits = std::to_string(hundredths);
   if (digits.size() < 3) digits.insert(0, 3 - digits.size(), '0');
   digits.insert(digits.size() - 2, 1, '.');
-  return negative ? "-" + digits : digits;
+  return digits;
 }
 
 }  // namespace
@@ -152,11 +151,11 @@ std::string AskNumber(Library& library, std::int32_t kind, std::int32_t letter) 
   const auto reply = AskFor(library, CountersQuestion());
   if (!reply.answered) return {};
   const auto counters = ReadCounters(reply.fields, library.state.ModeloNombre);
-  if (!counters || !(*counters)[*place]) {
+  if (!counters) {
     NoteUnreadable(library);
     return {};
   }
-  return PaddedInteger(std::to_string(*(*counters)[*place]), kNumberDigits);
+  return PaddedInteger(std::to_string((*counters)[*place].value_or(0)), kNumberDigits);
 }
 
 std::int32_t Settle(Library& library) {

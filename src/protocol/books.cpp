@@ -124,7 +124,7 @@ bool AsksForCounters(std::string_view command) {
 }
 
 bool AsksForSubtotal(std::string_view command) {
-  return (command.starts_with('C') || command.starts_with('c')) && CommandField(command, 1) == "N";
+  return command.starts_with('C') || command.starts_with('c');
 }
 
 std::string QuestionFor(std::string_view command) {

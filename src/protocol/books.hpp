@@ -70,6 +70,7 @@ inline constexpr std::uint16_t kRefusal = 0x0078;  // what says that the command
 inline constexpr std::uint16_t kNotUnderstood = 0x0018;  // of that, what a zero byte in it can do
 inline constexpr std::uint16_t kMachine = 0x0887;        // what says something of the machine
 inline constexpr std::uint16_t kDocumentOpen = 0x1000;
+inline constexpr std::uint16_t kSummary = 0x8000;  // some of them say so
 }  // namespace fiscal_word
 
 // A field of digits alone.

@@ -27,9 +27,9 @@ Finding Either(bool done, bool not_done) {
 
 // A sum that the command makes grow by so much.
 Finding Grown(std::optional<std::int64_t> before, std::optional<std::int64_t> by,
-              std::optional<std::int64_t> now) {
-  if (!before || !by || !now) return Finding::kAbsent;
-  return Either(*now == *before + *by, *now == *before);
+              std::int64_t now) {
+  if (!before || !by) return Finding::kAbsent;
+  return Either(now == *before + *by, now == *before);
 }
 
 std::optional<std::int64_t> Cents(const Case& c) {

@@ -67,9 +67,18 @@ std::string Money(std::int64_t cents) {
   return PadLeft(std::to_string(cents), kMoneyDigits, '0');
 }
 
+// That a question is refused, as between two sheets, says nothing of the command that it is about.
+std::string WithoutRefusal(std::uint16_t fiscal) {
+  const unsigned rest = fiscal & ~unsigned{fiscal_word::kRefusal | fiscal_word::kSummary};
+  std::string digits;
+  for (const unsigned shift : {12u, 8u, 4u, 0u}) digits += "0123456789ABCDEF"[rest >> shift & 0xF];
+  return digits;
+}
+
 // What the command's own answer would have told.
 Fields FieldsFor(const Doubt& doubt, const Shown& shown) {
-  Fields fields{shown.first[0], shown.first[1]};
+  Fields fields{shown.first[0],
+                shown.books.refused ? WithoutRefusal(WordsOf(shown.first).fiscal) : shown.first[1]};
   const auto method = MethodOf(doubt.command).method;
   if (method == Method::kClosing && shown.books.counters && !doubt.command.starts_with('J')) {
     if (const auto place = CounterOfClosing(doubt.command)) fields[2] = shown.first[*place + 2];

@@ -75,7 +75,6 @@ class Exchange {
 };
 
 SerialPort& Exchange::Puerto() {
-  if (library_.state.Puerto == nullptr) throw NoObject();
   return *library_.state.Puerto;
 }
 

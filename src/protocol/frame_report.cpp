@@ -1,8 +1,8 @@
 #include "protocol/frame_report.hpp"
 
-#include <exception>
 #include <utility>
 
+#include "base/failure.hpp"
 #include "protocol/ledger.hpp"
 #include "protocol/packet.hpp"
 #include "protocol/question.hpp"
@@ -18,7 +18,6 @@ void FrameReport::Begin() {
   concluded_ = false;
   sent_ = false;
   heard_.clear();
-  deaf_ = false;
 }
 
 void FrameReport::Sending(std::string_view header) {
@@ -28,12 +27,9 @@ void FrameReport::Sending(std::string_view header) {
   NoteSoFar(library_, AfterRepetition(verdict_, {Outcome::kUnknown, Cause::kAbandoned}), errand_);
 }
 
+// What there is no memory for is as if the line had spoilt it.
 void FrameReport::Heard(std::string_view bytes) noexcept {
-  try {
-    heard_ += bytes;
-  } catch (const std::exception&) {
-    deaf_ = true;
-  }
+  WithoutFailing([&] { heard_ += bytes; });
 }
 
 void FrameReport::Judge(std::string_view waiting) noexcept {
@@ -52,16 +48,15 @@ void FrameReport::Fail(const Failure& failure) noexcept {
 
 // Where no answer came `without_answer` says what happened, or else what the line brought does.
 Verdict FrameReport::Known(const Verdict& without_answer) noexcept {
-  try {
+  Verdict verdict{Outcome::kUnknown, Cause::kNoMemory};
+  WithoutFailing([&] {
     const auto heard = Listen(heard_, header_);
-    const bool told = without_answer.outcome != Outcome::kNothingAsked;
-    if (heard.answer.empty() && told) return without_answer;
     if (!heard.answer.empty()) Learn(FieldsOf(heard.answer));
+    const bool told = without_answer.outcome != Outcome::kNothingAsked;
     const bool leftover = heard_.find_first_not_of(kDc2) != std::string::npos;
-    if (!deaf_ || !heard.answer.empty()) return JudgeHeard(heard, leftover, errand_);
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): nothing is known
-  }
-  return {Outcome::kUnknown, Cause::kNoMemory};
+    verdict = heard.answer.empty() && told ? without_answer : JudgeHeard(heard, leftover, errand_);
+  });
+  return verdict;
 }
 
 void FrameReport::End() {

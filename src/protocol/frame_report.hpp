@@ -42,7 +42,6 @@ class FrameReport {
   bool sent_ = false;       // its frame is on the line, or a part of it
   std::string header_;
   std::string heard_;  // since then
-  bool deaf_ = false;  // to some of it
 };
 
 }  // namespace kestra

@@ -47,9 +47,8 @@ struct Line {
   std::int64_t slack = 0;
 };
 
-// Elsewhere than on letter A the price has everything in it.
+// Elsewhere than on letter A, which tickets do not have, the price has everything in it.
 std::optional<Line> LineOf(const Ledger& ledger, std::string_view command, const State& state) {
-  const bool ticket = command.starts_with('B');
   const auto quantity = ReadDecimal(CommandField(command, 2), state.DecCantidad);
   const auto price = ReadDecimal(CommandField(command, 3), state.DecPrecio);
   if (!quantity || !price) return std::nullopt;
@@ -59,7 +58,7 @@ std::optional<Line> LineOf(const Ledger& ledger, std::string_view command, const
   Line line{.net = amount->cents, .slack = amount->slack + (sold ? 0 : 1)};
   if (PricesAreNet(ledger)) {
     const auto rate = MoneyField(command, 4, state.DecIVA);
-    const auto each = ReadDecimal(CommandField(command, ticket ? 8 : 12), state.DecImpInt);
+    const auto each = ReadDecimal(CommandField(command, 12), state.DecImpInt);
     const auto taxes = each ? Product(*quantity, *each) : std::nullopt;
     const auto iva = rate ? Share(line.net, rate->cents, kRateUnit) : std::nullopt;
     if (!taxes || !iva) return std::nullopt;

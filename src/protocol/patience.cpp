@@ -29,7 +29,7 @@ bool Has(const Causes& causes, Cause cause) {
 }  // namespace
 
 void Patience::Begin() {
-  if (!until_) Anew();
+  if (!HasBegun()) Anew();
 }
 
 void Patience::Anew() {
@@ -37,7 +37,7 @@ void Patience::Anew() {
 }
 
 bool Patience::Over() const {
-  return until_ && library_.platform.GetClock().Elapsed() >= *until_;
+  return library_.platform.GetClock().Elapsed() >= until_;
 }
 
 bool OpenInTime(Library& library, SafeLine& line, Patience& patience, bool in_doubt) {

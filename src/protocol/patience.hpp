@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <limits>
 #include <type_traits>
 
 #include "protocol/safe_line.hpp"
@@ -15,12 +15,13 @@ class Patience {
   // From now on, unless it has begun already.
   void Begin();
   void Anew();
-  [[nodiscard]] bool HasBegun() const { return until_.has_value(); }
+  [[nodiscard]] bool HasBegun() const { return until_ < kNever; }
   [[nodiscard]] bool Over() const;
 
  private:
   Library& library_;
-  std::optional<double> until_;
+  static constexpr double kNever = std::numeric_limits<double>::infinity();
+  double until_ = kNever;
 };
 
 // Opens the line, again and again while that may come right and there is patience. `in_doubt`: a command may

@@ -7,12 +7,6 @@
 #include "state/library.hpp"
 
 namespace kestra {
-namespace {
-
-constexpr std::int32_t kBetweenQuestionsMs = 200;
-
-}  // namespace
-
 void Learn(Library& library, std::string_view command, const Fields& fields) noexcept {
   auto& ledger = library.certainty.ledger;
   EnterWords(ledger, WordsOf(fields));
@@ -29,11 +23,8 @@ Reply AskOn(SafeLine& line, Library& library, const std::string& command) {
   auto& clock = library.platform.GetClock();
   if (library.state.DelayComandos > 0) clock.Sleep(library.state.DelayComandos);
   const auto frame = NumberFrame(library, command);
+  if (!line.Write(frame)) return {.answered = false, .fields = {}, .cause = line.Why()};
   Reply reply;
-  if (!line.Write(frame)) {
-    reply.cause = line.Why();
-    return reply;
-  }
   const auto reception = line.Wait(frame);
   reply.cause = reception.cause;
   reply.answered = !reception.answer.empty();
@@ -44,20 +35,10 @@ Reply AskOn(SafeLine& line, Library& library, const std::string& command) {
   return reply;
 }
 
-Reply Ask(Library& library, const std::string& command, double patience) {
-  auto& clock = library.platform.GetClock();
+Reply Ask(Library& library, const std::string& command) {
   SafeLine line(library);
-  for (const double until = clock.Elapsed() + patience;;) {
-    Reply reply{.answered = false, .fields = {}, .cause = Cause::kNone};
-    if (line.Open()) {
-      reply = AskOn(line, library, command);
-    } else {
-      reply.cause = line.Why();
-    }
-    if (reply.answered || clock.Elapsed() >= until) return reply;
-    if (reply.cause == Cause::kNotStarted) return reply;
-    clock.Sleep(kBetweenQuestionsMs);
-  }
+  if (line.Open()) return AskOn(line, library, command);
+  return {.answered = false, .fields = {}, .cause = line.Why()};
 }
 
 }  // namespace kestra

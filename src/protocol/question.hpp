@@ -20,9 +20,8 @@ struct Reply {
 
 // Asks the printer something that prints nothing, in either mode: a legal answer of its own counts and
 // nothing else. No box is shown, and of the state record it touches the sequence numbers alone; what the
-// answer says of an open document goes to the ledger. Asked again until it is answered or so many seconds
-// have passed.
-Reply Ask(Library& library, const std::string& command, double patience = 0);
+// answer says of an open document goes to the ledger.
+Reply Ask(Library& library, const std::string& command);
 
 // What a legal answer tells the ledger of the printer's books.
 void Learn(Library& library, std::string_view command, const Fields& fields) noexcept;

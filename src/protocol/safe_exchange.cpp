@@ -222,10 +222,9 @@ SafeExchange::Step SafeExchange::Judge() {
       heard_before_.refused = true;
       written_ = false;
       return Step::kSend;
-    case Next::kEnd:
-      break;
+    default:
+      return End(reading_.if_absent);
   }
-  return End(reading_.if_absent);
 }
 
 SafeExchange::Step SafeExchange::Cure() {

@@ -77,7 +77,6 @@ void TellSettled(Library& library) {
 
 void ForgetPending(Library& library) {
   auto& pending = library.certainty.pending;
-  if (!pending) return;
   EscribirLog(library, " - Olvidado : " + pending->call);
   library.certainty.ledger = pending->before;
   Blur(library.certainty.ledger, pending->command);

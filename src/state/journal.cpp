@@ -59,17 +59,18 @@ void RequireOurs(const Library& library, const JournalReading& reading) {
   }
 }
 
-// What was in flight when a program ended. What no book shows can only be told.
+// What was in flight when a program ended. What no book shows can only be told, and so can what this program
+// has another one before.
 void TakePending(Library& library, const JournalRecord& intent) {
   auto& certainty = library.certainty;
-  if (!intent.has_book) {
+  auto& pending = certainty.pending;
+  const bool another = pending && pending->command != intent.command;
+  if (!intent.has_book || another) {
     EscribirLog(library, std::string(" - Diario : No se sabe si se hizo "_ansi) + intent.call);
     return;
   }
-  const bool ours = certainty.pending && certainty.pending->command == intent.command;
-  if (certainty.pending && !ours) return;
-  if (!ours) {
-    certainty.pending = Pending{intent.call, intent.command, intent.accepted, intent.ledger};
+  if (!pending) {
+    pending = Pending{intent.call, intent.command, intent.accepted, intent.ledger};
     EscribirLog(library, " - Diario : Pendiente " + intent.call);
   }
   certainty.journal.unsettled = intent.number;
@@ -192,10 +193,14 @@ std::vector<std::string> Answer(const Library& library) {
 }
 
 // What became of the open intent. A record that cannot be written now goes before the next one.
-bool Settle(Library& library, JournalRecord record) noexcept {
+template <typename Fill>
+bool Settle(Library& library, RecordKind kind, Fill fill) noexcept {
   auto& journal = library.certainty.journal;
+  const auto number = std::exchange(journal.unsettled, 0);
   std::string text;
   const bool kept = Succeeds(library, [&] {
+    auto record = NewRecord(library, kind, number);
+    fill(record);
     text = TextOf(record);
     Write(library, text);
   });
@@ -210,27 +215,18 @@ bool Settle(Library& library, JournalRecord record) noexcept {
 void JournalResult(Library& library, const Verdict& verdict) noexcept {
   auto& journal = library.certainty.journal;
   if (journal.unsettled == 0) return;
-  const auto number = std::exchange(journal.unsettled, 0);
   const bool closes_day = journal.closes_day && verdict.outcome == Outcome::kDone;
-  JournalRecord record;
-  if (!Succeeds(library, [&] {
-        record = NewRecord(library, RecordKind::kResult, number);
-        record.outcome = static_cast<std::int64_t>(verdict.outcome);
-        record.cause = static_cast<std::int64_t>(verdict.cause);
-        if (IsAnswered(verdict.outcome)) record.answer = Answer(library);
-      })) {
-    return;
-  }
-  if (Settle(library, std::move(record)) && closes_day) {
-    Succeeds(library, [&] { BeginAnew(library); });
-  }
+  const bool kept = Settle(library, RecordKind::kResult, [&](JournalRecord& record) {
+    record.outcome = static_cast<std::int64_t>(verdict.outcome);
+    record.cause = static_cast<std::int64_t>(verdict.cause);
+    if (IsAnswered(verdict.outcome)) record.answer = Answer(library);
+  });
+  if (kept && closes_day) Succeeds(library, [&] { BeginAnew(library); });
 }
 
 void JournalForget(Library& library) noexcept {
-  auto& journal = library.certainty.journal;
-  if (journal.unsettled == 0) return;
-  const auto number = std::exchange(journal.unsettled, 0);
-  WithoutFailing([&] { Settle(library, NewRecord(library, RecordKind::kForgotten, number)); });
+  if (library.certainty.journal.unsettled == 0) return;
+  Settle(library, RecordKind::kForgotten, [](const JournalRecord&) {});
 }
 
 void CloseJournal(Library& library) noexcept {

@@ -19,9 +19,7 @@ std::optional<std::chrono::sys_days> DayOf(std::string_view digits) {
   int number = 0;
   const char* const end = digits.data() + digits.size();
   const auto read = std::from_chars(digits.data(), end, number);
-  if (digits.size() != kLength || read.ec != std::errc() || read.ptr != end || number < 0) {
-    return std::nullopt;
-  }
+  if (digits.size() != kLength || read.ptr != end) return std::nullopt;
   const std::chrono::year_month_day date{
       std::chrono::year{number / 10000},
       std::chrono::month(static_cast<unsigned>(number) / 100 % 100),

@@ -121,10 +121,6 @@ void RecordLine::Add(std::string_view name, std::string_view value) {
   Part(std::string(name).append(1, '=').append(Escaped(value)));
 }
 
-void RecordLine::Add(std::string_view name, const std::string& value) {
-  if (!value.empty()) Add(name, std::string_view(value));
-}
-
 void RecordLine::Add(std::string_view name, std::int64_t value) {
   Add(name, std::to_string(value));
 }
@@ -142,7 +138,7 @@ void RecordLine::Add(std::string_view name, const Amount& value) {
 }
 
 void RecordLine::Add(std::string_view name, const std::vector<std::string>& values) {
-  for (const auto& value : values) Add(name, std::string_view(value));
+  for (const auto& value : values) Add(name, value);
 }
 
 void RecordLine::Add(std::string_view name, const CounterValues& values) {

@@ -39,7 +39,7 @@ bool ReadInto(std::optional<Value>& value, std::string_view text) {
   return ReadInto(value.emplace(), text);
 }
 
-// A record's line as it grows. What is empty or not known adds nothing.
+// A record's line as it grows. What is not known adds nothing.
 class RecordLine {
  public:
   explicit RecordLine(std::string_view kind) : text_(kind) {}
@@ -47,7 +47,6 @@ class RecordLine {
   void Part(std::string_view part) { text_.append(1, kBetweenParts).append(part); }
 
   void Add(std::string_view name, std::string_view value);
-  void Add(std::string_view name, const std::string& value);
   void Add(std::string_view name, std::int64_t value);
   void Add(std::string_view name, bool value);
   void Add(std::string_view name, char value);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <exception>
 #include <string_view>
 
 #include "base/failure.hpp"
@@ -36,15 +35,5 @@ void MarkGap(Library& library);
 
 // Keeps the file aside, goes on in an empty one, and deletes what was kept for long enough.
 void BeginAnew(Library& library);
-
-template <typename Action>
-bool WithoutFailing(Action action) noexcept {
-  try {
-    action();
-    return true;
-  } catch (const std::exception&) {
-    return false;
-  }
-}
 
 }  // namespace kestra

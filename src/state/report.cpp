@@ -1,8 +1,8 @@
 #include "state/report.hpp"
 
 #include <algorithm>
-#include <exception>
 
+#include "base/failure.hpp"
 #include "state/library.hpp"
 
 namespace kestra {
@@ -18,23 +18,15 @@ bool Met(const Tally& tally, Outcome outcome) {
 
 // Of frames that end differently the most doubtful one speaks for all; the printer's word comes before
 // ours, and what was done beside them makes it a part.
-Outcome Together(const Tally& tally, bool parts) {
-  if (Met(tally, Outcome::kUnknown)) return Outcome::kUnknown;
-  for (const auto failed :
-       {Outcome::kInPart, Outcome::kRefused, Outcome::kNotDone, Outcome::kNotSent}) {
-    if (!Met(tally, failed)) continue;
-    return parts && Met(tally, Outcome::kDone) ? Outcome::kInPart : failed;
+Verdict Together(const Tally& tally, bool parts) {
+  for (const auto outcome : {Outcome::kUnknown, Outcome::kInPart, Outcome::kRefused,
+                             Outcome::kNotDone, Outcome::kNotSent, Outcome::kDone}) {
+    if (!Met(tally, outcome)) continue;
+    const bool failed = outcome != Outcome::kUnknown && outcome != Outcome::kDone;
+    const bool part = parts && failed && Met(tally, Outcome::kDone);
+    return {part ? Outcome::kInPart : outcome, tally.causes[PlaceOf(outcome)]};
   }
-  return Met(tally, Outcome::kDone) ? Outcome::kDone : Outcome::kNothingAsked;
-}
-
-Cause CauseFor(const Tally& tally, Outcome outcome) {
-  if (outcome != Outcome::kInPart) return tally.causes[PlaceOf(outcome)];
-  for (const auto failed :
-       {Outcome::kInPart, Outcome::kRefused, Outcome::kNotDone, Outcome::kNotSent}) {
-    if (Met(tally, failed)) return tally.causes[PlaceOf(failed)];
-  }
-  return Cause::kNone;
+  return {};
 }
 
 void Add(Tally& tally, const Verdict& verdict) {
@@ -49,12 +41,11 @@ void Conclude(CallReport& report) {
   auto commands = report.commands;
   auto questions = report.questions;
   if (report.so_far) Add(report.errand == Errand::kQuestion ? questions : commands, *report.so_far);
-  const auto outcome = Together(commands, true);
+  const auto done = Together(commands, true);
   const auto told = Together(questions, false);
-  const bool asked_only = outcome == Outcome::kNothingAsked;
-  report.outcome = asked_only ? told : outcome;
-  report.cause = asked_only ? Cause::kNone : CauseFor(commands, outcome);
-  if (report.cause == Cause::kNone) report.cause = CauseFor(questions, told);
+  report.outcome = done.outcome == Outcome::kNothingAsked ? told.outcome : done.outcome;
+  report.cause = done.cause;
+  if (report.cause == Cause::kNone) report.cause = told.cause;
   if (report.cause == Cause::kNone) report.cause = report.aside;
 }
 
@@ -65,15 +56,6 @@ void LeaveSettled(Certainty& certainty) {
   const bool taken = settled->taken > 0 && !Met(certainty.report.commands, Outcome::kNotSent);
   if (taken || settled->told) return settled.reset();
   settled->taken = 0;
-}
-
-// A report that lacks a text for want of memory is better than a call that fails for it.
-template <typename Action>
-void WithoutFailing(Action action) noexcept {
-  try {
-    action();
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
-  }
 }
 
 }  // namespace
@@ -97,6 +79,7 @@ void BeginCall(Library& library, std::string_view name) noexcept {
   LeaveSettled(library.certainty);
   report = {};
   library.certainty.accepted.clear();
+  // A report that lacks a text for want of memory is better than a call that fails for it.
   WithoutFailing([&] { report.call = name; });
 }
 
@@ -135,7 +118,7 @@ void NoteVerdict(Library& library, const Verdict& verdict, Errand errand) noexce
 
 void NoteFailure(Library& library, const Failure& failure) noexcept {
   auto& report = library.certainty.report;
-  const bool sent = Together(report.commands, true) != Outcome::kNothingAsked;
+  const bool sent = Together(report.commands, true).outcome != Outcome::kNothingAsked;
   if (sent) {
     NoteCause(library, CauseOf(failure));
   } else {

@@ -3,14 +3,10 @@
 
     judge.py [--mcdc] ROOT EXPORT FOLDER...
 
-What the tests of a young part still owe stands in owed.txt, a number for each source: no more of it may be missed
-than that, and the number goes down as tests come. An empty list is the aim.
-
 EXPORT is what `llvm-cov export` wrote about the sources under ROOT. With --mcdc the conditions of decisions are
 judged instead of lines and branches. Ends with 1 when something is not reached, and when EXPORT lacks a source of
 a FOLDER or has no counters.
 """
-import collections
 import json
 import pathlib
 import sys
@@ -64,18 +60,6 @@ def uncounted(everything, kinds):
     return [f"no {NAMES[kind]} were counted" for kind in kinds if not everything.counted.get(kind)]
 
 
-def read_owed(text):
-    """{source: how many places of it may still be missed}"""
-    rows = [line.split() for line in text.splitlines() if line and not line.startswith("#")]
-    return {path: int(number) for path, number in rows}
-
-
-def without_owed(wrong, owed):
-    """What is missed beyond what is owed: of a source that owes too much, everything."""
-    missed = collections.Counter(text.split(":")[0] for text in wrong)
-    return [text for text in wrong if missed[text.split(":")[0]] > owed.get(text.split(":")[0], 0)]
-
-
 def print_table(verdicts, kinds):
     print(f"{'folder':16}" + "".join(f"{NAMES[kind]:>24}" for kind in kinds))
     for folder, verdict in verdicts.items():
@@ -99,18 +83,12 @@ def main():
     report = json.loads(pathlib.Path(export).read_text(encoding="utf-8"))
     points = [point for point in measure.points(report, root, kinds)
               if folder_of(point.path, folders)]
-    verdicts, missed = judge(points, folders)
-    wrong = missed
-    if kinds == ["line", "branch"]:
-        owed = read_owed((pathlib.Path(__file__).parent / "owed.txt").read_text(encoding="utf-8"))
-        wrong = without_owed(missed, owed)
+    verdicts, wrong = judge(points, folders)
     wrong += unmeasured(root, folders, measure.files(report, root)) + uncounted(total(verdicts), kinds)
     print_table({**verdicts, "all": total(verdicts)}, kinds)
     for text in wrong:
         print(f"\n{text}", end="")
-    if len(missed) > len(wrong):
-        print(f"\n-> {len(missed) - len(wrong)} places are owed (owed.txt)")
-    print(f"\n{len(wrong)} to mend" if wrong else "\nAll else of it is reached.")
+    print(f"\n{len(wrong)} to mend" if wrong else "\nAll of it is reached.")
     return 1 if wrong else 0
 
 

@@ -147,14 +147,5 @@ class Conditions(Story):
         self.assert_refused("not reached")
 
 
-class Owed(unittest.TestCase):
-    WRONG = ["src/a.cpp:1: not reached", "src/a.cpp:2: never true: x", "src/b.cpp:3: not reached"]
-
-    def test_no_more_than_a_source_owes_is_forgiven(self):
-        for owed, left in (("", self.WRONG), ("# a young part\nsrc/a.cpp 2\n", self.WRONG[2:]),
-                           ("src/a.cpp 1\nsrc/b.cpp 1\n", self.WRONG[:2])):
-            self.assertEqual(judge.without_owed(self.WRONG, judge.read_owed(owed)), left)
-
-
 if __name__ == "__main__":
     unittest.main()

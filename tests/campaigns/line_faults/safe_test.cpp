@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -25,14 +26,24 @@ constexpr std::string_view kBread = R"(EP_ImprimirItem "Pan" 1 800.5 10.5 0 "Neg
 constexpr std::string_view kPay = R"(EP_ImprimirPago "Efectivo" 5000)";
 constexpr std::string_view kClose = R"(EP_CerrarComprobanteFiscal "FC" "B" out)";
 constexpr std::string_view kNumbers = "EP_Numeracion out";
+constexpr std::string_view kDiscount = R"(EP_DescuentoGeneral "Descuento" 100)";
+constexpr std::string_view kOpenA =
+    R"(EP_AbrirComprobanteFiscal "FC" "A" "Sur" "" "CUIT" "30000000007" "I" "Sol 1" "" "" "" "" 1)";
+constexpr std::string_view kPerception = R"(EP_EspecificarPercepcionGlobal "IIBB" 150 0 "O")";
+constexpr std::string_view kCloseA = R"(EP_CerrarComprobanteFiscal "FC" "A" out)";
+constexpr std::string_view kOpenNote =
+    R"(EP_AbrirComprobanteNoFiscalHomologado "RT" "R" "Sur" "" "CUIT" "30000000007" "I" "Sol 1" "" "" "" "" 1)";
+constexpr std::string_view kCloseNote = R"(EP_CerrarComprobanteNoFiscalHomologado "RT" "R")";
+constexpr std::string_view kOpenPage = "EP_AbrirComprobanteNoFiscal";
 
 // A till with the virtual printer at the end of its cable, on a clock of its own.
 class Shop : public testing::Test {
  protected:
   explicit Shop(Mode mode = Mode::kSafe) : Shop({}, mode) {}
-  Shop(std::vector<std::pair<std::string, std::string>> settings, Mode mode) {
+  Shop(std::vector<std::pair<std::string, std::string>> settings, Mode mode,
+       impresora::Family family = impresora::Family::kTicket) {
     settings.insert(settings.begin(), {"TipoComprobante", "TQ"});
-    document_ = {"a day", impresora::Family::kTicket, std::move(settings), {}};
+    document_ = {"a day", family, std::move(settings), {}};
     auto owned = std::make_unique<LineWorld>(document_, std::span<const ByteFault>{}, mode);
     world_ = owned.get();
     ReplaceInstance(std::move(owned));
@@ -229,6 +240,99 @@ TEST_P(ShopWithBadCable, CancellingWhatMayBeClosedTellsWhichItIs) {
 
 INSTANTIATE_TEST_SUITE_P(Bytes, ShopWithBadCable, testing::Values(0, 1, 9, LineWorld::kWholeFrame));
 
+// Whatever shows that a command was carried out: its printer is asked, and it is done once.
+struct InDoubt {
+  const char* story;
+  std::string_view family;
+  std::vector<std::string_view> before;
+  std::string_view call;
+  std::string_view done;
+};
+const std::vector<InDoubt> kInDoubt{
+    {"the total has gone down", "TQ", {kOpen, kCoffee}, kDiscount, "@BD"},
+    {"perceptions have grown", "TF", {kOpenA, kCoffee}, kPerception, "`bf"},
+    {"the number of its kind is the next", "TF", {kOpenA, kCoffee}, kCloseA, "`be"},
+    {"notes are not numbered", "FC", {kOpenNote, kCoffee}, kCloseNote, "`be"},
+    {"a document is open that has no total", "TQ", {}, kOpenPage, "H"},
+    {"one page more", "TQ", {kNumbers, kOpenPage}, "EP_CerrarComprobanteNoFiscal", "HJ"},
+    {"a document was cancelled", "TQ", {kNumbers, kOpen, kCoffee}, "EP_Cancelar", "@BD"},
+    {"one daily closing more", "TQ", {kNumbers, kOpen, kCoffee, kClose}, "EP_ReporteZ", "@BE9"},
+    {"the day has nothing left", "TQ", {kOpen, kCoffee, kClose}, "EP_ReporteZ", "@BE9"},
+    {"the line reads so", "TQ", {}, R"(EP_SetEncabezado "Gracias" 11 1)", "]"},
+};
+
+class ShopInDoubt : public Shop,
+                    public testing::WithParamInterface<std::tuple<InDoubt, std::size_t>> {
+ protected:
+  static const InDoubt& Row() { return std::get<0>(GetParam()); }
+  static impresora::Family FamilyOf(std::string_view letters) {
+    if (letters == "FC") return impresora::Family::kForm;
+    return letters == "TF" ? impresora::Family::kTicketInvoice : impresora::Family::kTicket;
+  }
+  ShopInDoubt()
+      : Shop({{"TipoComprobante", std::string(Row().family)}}, Mode::kSafe,
+             FamilyOf(Row().family)) {}
+};
+
+TEST_P(ShopInDoubt, ThePrintersBooksTellAndItIsDoneOnce) {
+  for (const auto call : Row().before) ASSERT_EQ(Call(call), 0) << call;
+  CallInDoubt(Row().call, std::get<1>(GetParam()));
+  EXPECT_EQ(Report().outcome, Outcome::kUnknown) << Row().story;
+  EXPECT_TRUE(IsPending()) << Row().story;
+  Sell({kNumbers, Row().call});
+  EXPECT_EQ(Done(), Row().done) << Row().story;
+}
+
+INSTANTIATE_TEST_SUITE_P(Books, ShopInDoubt,
+                         testing::Combine(testing::ValuesIn(kInDoubt),
+                                          testing::Values(7, LineWorld::kWholeFrame)));
+
+TEST_F(Shop, AClockThatIsPutBackOnItsCableIsSetOnce) {
+  for (const std::size_t bytes : {std::size_t{7}, LineWorld::kWholeFrame}) {
+    World().Unplug(bytes);
+    World().In(kMoment, [&] { World().PlugIn(); });
+    Sell({R"(EP_CambiarFechaHora "261121" "103000")"});
+  }
+  EXPECT_EQ(Done(), "XX");
+}
+
+TEST_F(Shop, WhatWasClosedKeepsNobodyFromTheNextDocument) {
+  Sell({kOpen, kCoffee});
+  CallInDoubt(kClose);
+  Sell({kNumbers, kOpen});
+  EXPECT_EQ(Done(), "@BE@");
+}
+
+TEST_F(Shop, APrinterThatIsGoneIsNotAskedForever) {
+  World().Unplug(LineWorld::kWholeFrame);
+  EXPECT_EQ(Call(kNumbers), 1);
+  EXPECT_EQ(Report().outcome, Outcome::kNotDone);
+  EXPECT_EQ(Report().cause, Cause::kPortMissing);
+  EXPECT_EQ(Boxes(), 1U);
+}
+
+TEST_F(Shop, PaperForATextIsWaitedForWithoutAnyBook) {
+  Sell({kOpen});
+  World().Printer().faults.paper_out = true;
+  World().In(kMoment, [&] { World().Printer().faults.paper_out = false; });
+  Sell({R"(EP_ImprimirTextoFiscal "Oferta")"});
+  EXPECT_EQ(Reports(), 0U);
+  EXPECT_EQ(Done(), "@A");
+}
+
+TEST_F(Shop, WhoeverPullsTheCableWhilePaperIsOutIsWaitedForToo) {
+  Sell({kOpen});
+  World().Printer().faults.paper_out = true;
+  World().In(kMoment, [&] { World().Unplug(); });
+  World().In(kLong, [&] {
+    World().PlugIn();
+    World().Printer().faults.paper_out = false;
+  });
+  for (int i = 0; i < 3; ++i) World().GetOperator().Queue(Answer::kRetry);
+  Sell({kCoffee});
+  EXPECT_EQ(Done(), "@B");
+}
+
 TEST_F(Shop, TheRetryIsOneItemAndTheNextOneAlikeIsAnother) {
   Sell({kOpen});
   CallInDoubt(kCoffee);
@@ -347,6 +451,21 @@ TEST_F(ShopThatComparesTotals, ATotalOfItsOwnIsNotClosed) {
   EXPECT_EQ(Report().cause, Cause::kTotalDiffers);
   Sell({"EP_Cancelar", kOpen, kCoffee, kBread, kPay, kClose});
   EXPECT_EQ(Done(), "@BD@BAABDE");
+}
+
+TEST_F(ShopThatComparesTotals, APageHasNone) {
+  Sell({kOpenPage, "EP_CerrarComprobanteNoFiscal"});
+  EXPECT_EQ(World().Frames().size(), 2U);
+}
+
+TEST_F(ShopThatComparesTotals, WhatCannotBeAskedForIsNotClosed) {
+  Sell({kOpen, kCoffee});
+  CallInDoubt(kClose, 1);
+  EXPECT_EQ(Report().outcome, Outcome::kNotSent);
+  EXPECT_EQ(Report().cause, Cause::kPortMissing);
+  EXPECT_FALSE(IsPending());
+  Sell({kClose});
+  EXPECT_EQ(Done(), "@BE");
 }
 
 }  // namespace

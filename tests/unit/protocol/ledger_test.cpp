@@ -40,8 +40,8 @@ std::string TicketLine(const std::string& quantity, const std::string& price,
   return Fields("B", {"Pan", quantity, price, "2100", qualifier, "0001", "0000", "0"});
 }
 std::string InvoiceLine(const std::string& quantity, const std::string& price,
-                        const std::string& taxes = "0") {
-  return Fields("b", {"Pan", quantity, price, "2100", "M", "0001", "0000", "\x7F", "\x7F", "\x7F",
+                        const std::string& taxes = "0", const std::string& rate = "2100") {
+  return Fields("b", {"Pan", quantity, price, rate, "M", "0001", "0000", "\x7F", "\x7F", "\x7F",
                       "\x7F", taxes});
 }
 std::string Discount(const std::string& amount) {
@@ -60,6 +60,7 @@ const TotalRow kTotals[] = {
     {"quantity times price", {Ticket(), TicketLine("00002000", "000150000")}, 300000, 0},
     {"what is no whole cent is rounded", {Ticket(), TicketLine("00000333", "000001001")}, 333, 1},
     {"a written point counts", {Ticket(), TicketLine("00001000", "0001500.00")}, 150000, 0},
+    {"and needs nothing before it", {Ticket(), TicketLine("00001000", ".50")}, 50, 0},
     {"a void takes it off",
      {Ticket(), TicketLine("00002000", "000150000"), TicketLine("00001000", "000150000", "m")},
      150000,
@@ -81,6 +82,10 @@ const TotalRow kTotals[] = {
      {Opening("A"), InvoiceLine("00001000", "000010000"), Discount("00000001000")},
      10890,
      5},
+    {"a surcharge on letter A too",
+     {Opening("A"), InvoiceLine("00001000", "000010000"), Fields("d", {"Flete", "1000", "R"})},
+     13310,
+     5},
     {"a perception",
      {Opening("B"), InvoiceLine("00001000", "000010000"),
       Fields("f", {"IIBB", "O", "0000000150", "0000"})},
@@ -99,12 +104,40 @@ TEST(Ledger, ItsTotalIsTheSumOfWhatWasAccepted) {
   }
 }
 
+struct UnknownRow {
+  const char* sentence;
+  std::vector<std::string> commands;
+  std::int64_t lines;
+};
+
+const UnknownRow kUnknown[] = {
+    {"no quantity", {Ticket(), TicketLine("", "000150000")}, 1},
+    {"no price", {Ticket(), TicketLine("00001000", "1.5x")}, 1},
+    {"more than can be counted", {Ticket(), TicketLine("99999999999", "99999999999")}, 1},
+    {"finer than can be counted",
+     {Ticket(), TicketLine("0.0000000000000001", "0.0000000000000001")},
+     1},
+    {"more hundredths than there are", {Opening("B"), Discount("99999999999999999.")}, 0},
+    {"a rate that is none", {Opening("A"), InvoiceLine("1000", "100", "0", "x")}, 1},
+    {"internal taxes that are none", {Opening("A"), InvoiceLine("1000", "100", "x")}, 1},
+    {"more tax than can be counted",
+     {Opening("A"), InvoiceLine("99999999999", "9999999", "0", "9999999")},
+     1},
+    {"a discount on nothing, whose tax is nobody's", {Opening("A"), Discount("1000")}, 0},
+    {"a discount on what is not known",
+     {Opening("A"), InvoiceLine("", "100"), Discount("1000")},
+     1},
+    {"a perception that is none", {Opening("B"), Fields("f", {"IIBB", "O", "x", "0000"})}, 0},
+};
+
 TEST(Ledger, WhatCannotBeReckonedIsNotKnown) {
-  Ledger ledger;
-  Enter(ledger, Ticket(), Digits());
-  Enter(ledger, TicketLine("", "000150000"), Digits());
-  EXPECT_FALSE(ledger.total);
-  EXPECT_EQ(ledger.lines, 1);
+  for (const auto& row : kUnknown) {
+    SCOPED_TRACE(row.sentence);
+    Ledger ledger;
+    for (const auto& command : row.commands) Enter(ledger, command, Digits());
+    EXPECT_FALSE(ledger.total);
+    EXPECT_EQ(ledger.lines, row.lines);
+  }
 }
 
 TEST(Ledger, AClosingCountsOneAndItsNumberIsExact) {
@@ -181,6 +214,12 @@ Ledger Idle() {
   return ledger;
 }
 
+Ledger SomethingToday() {
+  auto ledger = Idle();
+  ledger.something_today = true;
+  return ledger;
+}
+
 Ledger Counting(Ledger ledger, std::size_t place, std::int64_t number) {
   ledger.counters[place] = number;
   return ledger;
@@ -201,6 +240,8 @@ const auto kDay = Fields("9", {"Z", "P"});
 const auto kHeader = Fields("]", {"11", "Gracias   "});
 const auto kClock = Fields("X", {"261121", "103000"});
 const auto kSheet = Fields("\\", {"D", "P", "T", "T"});
+const auto kNextSheet = Fields("\\", {"D", "P", "T", "O"});
+const auto kPerception = Fields("f", {"IIBB", "O", "0000000150", "0000"});
 
 const CompareRow kFindings[] = {
     {"opened", Ticket(), Idle(), {.open = true}, Finding::kDone},
@@ -229,6 +270,16 @@ const CompareRow kFindings[] = {
      Finding::kAbsent},
     {"paid", kPayment, Selling(1, 10000), Totals({.lines = 1, .paid = 5000}), Finding::kDone},
     {"not paid", kPayment, Selling(1, 10000), Totals({.lines = 1}), Finding::kNotDone},
+    {"paid what is no amount", Fields("D", {"Efectivo", "x", "T"}), Selling(1, 10000),
+     Totals({.lines = 1, .paid = 5000}), Finding::kAbsent},
+    {"no subtotal shows the payment", kPayment, Selling(1, 0), {.open = true}, Finding::kAbsent},
+    {"perceived", kPerception, Selling(1, 10000), Totals({.perceptions = 150}), Finding::kDone},
+    {"not perceived", kPerception, Selling(1, 10000), Totals({}), Finding::kNotDone},
+    {"no subtotal shows it", kPerception, Selling(1, 0), {.open = true}, Finding::kAbsent},
+    {"no subtotal shows the discount", kDiscount, Selling(1, 0), {.open = true}, Finding::kAbsent},
+    {"the total was not known", kDiscount, {}, Totals({.total = 9000}), Finding::kAbsent},
+    {"a discount that is none", Fields("D", {"Socio", "x", "D"}), Selling(1, 10000),
+     Totals({.total = 9000}), Finding::kAbsent},
     {"less", kDiscount, Selling(1, 10000), Totals({.lines = 1, .total = 9000}), Finding::kDone},
     {"not less", kDiscount, Selling(1, 10000), Totals({.lines = 1, .total = 10000}),
      Finding::kNotDone},
@@ -270,6 +321,16 @@ const CompareRow kFindings[] = {
      Counting(Selling(1, 0), kCancelledToday, 0),
      {.open = false, .counters = Numbered(kCancelledToday, 1)},
      Finding::kDisagree},
+    {"no counter to compare",
+     kClosing,
+     Counting(Selling(1, 0), 3, 7),
+     {.open = false},
+     Finding::kDone},
+    {"no kind that is counted",
+     Fields("e", {"\x7F"}),
+     Counting(Selling(1, 0), 3, 7),
+     {.open = false, .counters = Numbered(3, 7)},
+     Finding::kDone},
     {"a delivery note has no number",
      kNote,
      Counting(Selling(1, 0), kCancelledToday, 0),
@@ -304,6 +365,30 @@ const CompareRow kFindings[] = {
      Idle(),
      {.counters = Numbered(kDailyClosings, 4), .day_empty = true},
      Finding::kAbsent},
+    {"the day has nothing and had something",
+     kDay,
+     SomethingToday(),
+     {.counters = Numbered(kDailyClosings, 4), .day_empty = true},
+     Finding::kDone},
+    {"something was cancelled since",
+     kDay,
+     SomethingToday(),
+     {.counters = Numbered(kCancelledToday, 1), .day_empty = true},
+     Finding::kNotDone},
+    {"something without a fiscal number was printed since",
+     kDay,
+     SomethingToday(),
+     {.counters = Numbered(kNonFiscalToday, 1), .day_empty = true},
+     Finding::kNotDone},
+    {"the counters cannot be read", kDay, SomethingToday(), {.day_empty = true}, Finding::kAbsent},
+    {"the day cannot be read",
+     kDay,
+     SomethingToday(),
+     {.counters = Numbered(kDailyClosings, 4)},
+     Finding::kAbsent},
+    {"the line cannot be asked for", kHeader, {}, {.refused = true}, Finding::kAbsent},
+    {"the line was emptied", Fields("]", {"11", "\x7F"}), {}, {.text = "   "}, Finding::kDone},
+    {"and shows the mark of that", Fields("]", {"11", "  "}), {}, {.text = "\x7F"}, Finding::kDone},
     {"the line reads so", kHeader, {}, {.text = "Gracias"}, Finding::kDone},
     {"the line reads otherwise", kHeader, {}, {.text = "Hola"}, Finding::kNotDone},
     {"the clock is right",
@@ -321,6 +406,30 @@ const CompareRow kFindings[] = {
      {},
      {.date = "261121", .time = "103003", .passed = -1},
      Finding::kAbsent},
+    {"the clock is far ahead",
+     kClock,
+     {},
+     {.date = "261121", .time = "113003", .passed = 4},
+     Finding::kNotDone},
+    {"the clock has no date", kClock, {}, {.time = "103003"}, Finding::kAbsent},
+    {"the clock has no time", kClock, {}, {.date = "261121"}, Finding::kAbsent},
+    {"it was set to nothing",
+     "X",
+     {},
+     {.date = "261121", .time = "103003", .passed = 4},
+     Finding::kAbsent},
+    {"the sheet of a document that is over",
+     kSheet,
+     Selling(1, 0),
+     {.refused = true},
+     Finding::kDisagree},
+    {"neither a subtotal nor a refusal", kSheet, Selling(1, 0), {.open = true}, Finding::kAbsent},
+    {"on the next sheet", kNextSheet, Selling(1, 0), Totals({.lines = 1}), Finding::kDone},
+    {"not yet on it",
+     kNextSheet,
+     Selling(1, 0),
+     {.open = true, .refused = true},
+     Finding::kNotDone},
     {"between two sheets", kSheet, Selling(1, 0), {.open = true, .refused = true}, Finding::kDone},
     {"on a sheet", kSheet, Selling(1, 0), Totals({.lines = 1}), Finding::kNotDone},
     {"no book shows a text", Fields("A", {"Oferta"}), Selling(1, 0), Totals({.lines = 1}),
@@ -334,14 +443,52 @@ TEST(Compare, TheBooksTellWhetherACommandWasCarriedOut) {
   }
 }
 
-TEST(Ledger, WhatNobodyKnowsIsNoBaseline) {
-  auto ledger = Selling(2, 10000);
-  Blur(ledger, kLine);
-  EXPECT_FALSE(ledger.lines);
+TEST(Ledger, AnAmountThatIsNoneIsAddedToNothing) {
+  auto ledger = Selling(1, 10000);
+  Enter(ledger, Fields("D", {"Efectivo", "x", "T"}), Digits());
+  EXPECT_FALSE(ledger.paid);
+  ledger.letter = 'A';
+  ledger.net = 10000;  // and of its tax nobody told
+  Enter(ledger, Discount("1000"), Digits());
   EXPECT_FALSE(ledger.total);
-  EXPECT_EQ(ledger.open, true);
-  Blur(ledger, kClosing);
-  EXPECT_FALSE(ledger.open);
+}
+
+TEST(Ledger, NumbersThatThePrinterDoesNotGiveAreNotCounted) {
+  Ledger ledger;
+  for (const auto& command : {Fields("J", {"T"}), kNote, kLine}) EnterNumber(ledger, command, "7");
+  EnterNumber(ledger, kClosing, "123456789012345678");
+  EXPECT_EQ(ledger.counters, Counters{});
+}
+
+struct BlurRow {
+  const char* sentence;
+  std::string command;
+  bool open, lines, paid, perceptions, total;  // what is still known
+};
+
+const BlurRow kBlurred[] = {
+    {"a line", kLine, true, false, true, true, false},
+    {"a discount", kDiscount, true, true, true, true, false},
+    {"a perception", kPerception, true, true, true, false, false},
+    {"a payment", kPayment, true, true, false, true, true},
+    {"a sheet", kSheet, true, true, true, true, true},
+    {"an opening", Ticket(), false, false, false, false, false},
+    {"a cancelling", kCancel, false, false, false, false, false},
+    {"a closing", kClosing, false, false, false, false, false},
+    {"a day", kDay, false, false, false, false, false},
+};
+
+TEST(Ledger, WhatNobodyKnowsIsNoBaseline) {
+  for (const auto& row : kBlurred) {
+    SCOPED_TRACE(row.sentence);
+    auto ledger = Selling(2, 10000);
+    Blur(ledger, row.command);
+    EXPECT_EQ(ledger.open.has_value(), row.open);
+    EXPECT_EQ(ledger.lines.has_value(), row.lines);
+    EXPECT_EQ(ledger.paid.has_value(), row.paid);
+    EXPECT_EQ(ledger.perceptions.has_value(), row.perceptions);
+    EXPECT_EQ(ledger.total.has_value(), row.total);
+  }
 }
 
 }  // namespace

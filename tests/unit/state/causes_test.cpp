@@ -22,6 +22,8 @@ TEST(Causes, SayWhatHappenedWhatBecameOfItAndWhatToDo) {
             "fiscal."_ansi);
   EXPECT_EQ(CauseText(Cause::kNone, Outcome::kDone), "La operación se hizo."_ansi);
   EXPECT_EQ(CauseText(Cause::kNone, Outcome::kNothingAsked), "");
+  constexpr auto kLaterVersions = static_cast<Cause>(999);
+  EXPECT_EQ(CauseText(kLaterVersions, Outcome::kDone), "La operación se hizo."_ansi);
 }
 
 TEST(Causes, TellPortsApartThatAreOneNumberInTheLog) {

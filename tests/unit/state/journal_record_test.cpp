@@ -207,7 +207,8 @@ TEST(JournalRecord, ARightSumDoesNotMakeARecord) {
   for (const char* const body :
        {"", "x", "intento", "intento\tuno\t2026", "nada\t1\t2026-11-21 10:00:00",
         "intento\t1\tm\tlibro=quizas", "intento\t1\tm\trenglones=dos", "intento\t1\tm\tsin igual",
-        "intento\t1\tm\ttotal=5", "intento\t1\tm\tclase=TT", "intento\t1\tm\tcontadores=a",
+        "intento\t1\tm\ttotal=5", "intento\t1\tm\ttotal=x/2", "intento\t1\tm\trenglones=2x",
+        "intento\t1\tm\tclase=TT", "intento\t1\tm\tcontadores=a",
         "intento\t1\tm\tcontadores=1,2,3,4,5,6,7,8,9,10,11,12"}) {
     EXPECT_FALSE(RecordOf(Vouched(body))) << body;
   }
@@ -217,6 +218,7 @@ TEST(JournalRecord, APartOfALaterVersionIsPassedOver) {
   const auto record = RecordOf(Vouched("intento\t1\tm\tnovedad=si\tllamada=x"));
   ASSERT_TRUE(record);
   EXPECT_EQ(record->call, "x");
+  EXPECT_EQ(RecordOf(Vouched("intento\t1\tm\tllamada=a<1c"))->call, "a<1c");
 }
 
 struct ReadingRow {
@@ -336,6 +338,8 @@ TEST(JournalDays, WhatIsOlderThanItsDaysIsOutdated) {
            DayRow{"-20261301", "2026-11-21", 0, false},
            DayRow{"-2026112", "2026-11-21", 0, false},
            DayRow{"-20200101x", "2026-11-21", 0, false},
+           DayRow{"-2020010x", "2026-11-21", 0, false},
+           DayRow{"-20200101", "", 0, false},
            DayRow{"20200101", "2026-11-21", 0, false},
        }) {
     EXPECT_EQ(IsOutdated(row.suffix, row.today, row.days), row.outdated) << row.suffix;

@@ -113,6 +113,36 @@ TEST_F(JournalOfATill, WhatWasInFlightIsPendingForTheNextProgram) {
   EXPECT_EQ(till->Pending(), "");
 }
 
+TEST_F(JournalOfATill, WhatAProgramLeftPendingItselfIsToldOnceAndGoesBeforeAnothers) {
+  for (const std::string own : {"B", "D"}) {
+    *disk_ = {};
+    auto till = Program();
+    till->Start();
+    till->Intend("B");
+    till->library.certainty.pending = Pending{"EP_" + own, own, {}, {}};
+    CloseJournal(till->library);
+    till->Start();
+    EXPECT_EQ(till->Pending(), own);
+    const std::vector<std::string> lost{" - Diario : No se sabe si se hizo EP_B\r\n"};
+    EXPECT_EQ(till->Log(), own == "B" ? std::vector<std::string>() : lost);
+    JournalResult(till->library, kWasDone);
+    EXPECT_EQ(ReadJournal(Text()).open.has_value(), own == "D");
+  }
+}
+
+TEST_F(JournalOfATill, AResultWithoutADateIsMissedAndTold) {
+  auto till = Program();
+  till->Start();
+  till->Intend("B");
+  till->world.GetTrouble().Arm(Point::kTimeText, 1, false, Ailment::kFalla);
+  JournalResult(till->library, kWasDone);
+  EXPECT_EQ(till->ReportedCause(), Cause::kJournalSkipped);
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->Pending(), "B");
+}
+
 TEST_F(JournalOfATill, TheLedgerOutlivesTheProgram) {
   auto till = Program();
   till->Start();
