@@ -178,8 +178,7 @@ std::int32_t Settle(Library& library) {
 }
 
 std::int32_t Forget(Library& library) {
-  if (!library.certainty.pending) return 0;
-  ForgetPending(library);
+  if (!ForgetPending(library)) return 0;
   NoteCause(library, Cause::kForgotten);
   return 1;
 }

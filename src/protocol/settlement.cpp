@@ -75,13 +75,15 @@ void TellSettled(Library& library) {
   if (outcome == Outcome::kUnknown || (outcome == Outcome::kDone && may_be_two)) settled.reset();
 }
 
-void ForgetPending(Library& library) {
+bool ForgetPending(Library& library) {
   auto& pending = library.certainty.pending;
+  if (!pending) return false;
   EscribirLog(library, " - Olvidado : " + pending->call);
   library.certainty.ledger = pending->before;
   Blur(library.certainty.ledger, pending->command);
   JournalForget(library);
   pending.reset();
+  return true;
 }
 
 }  // namespace kestra

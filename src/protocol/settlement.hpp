@@ -27,7 +27,7 @@ Settlement SettleOn(SafeLine& line, Library& library, Patience& patience);
 // alike, and of what nobody knows it need not be told again.
 void TellSettled(Library& library);
 
-// Drops what is pending, with a line in log and journal.
-void ForgetPending(Library& library);
+// Drops what is pending, with a line in log and journal. False when nothing is.
+bool ForgetPending(Library& library);
 
 }  // namespace kestra

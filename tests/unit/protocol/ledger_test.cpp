@@ -325,7 +325,7 @@ const CompareRow kFindings[] = {
      kClosing,
      Counting(Selling(1, 0), 3, 7),
      {.open = false},
-     Finding::kDone},
+     Finding::kAbsent},
     {"no kind that is counted",
      Fields("e", {"\x7F"}),
      Counting(Selling(1, 0), 3, 7),
