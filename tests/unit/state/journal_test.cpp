@@ -1,67 +1,17 @@
 // The journal in the life of a till: what is on the disk, what the next program finds, what goes wrong.
 
-#include "state/journal.hpp"
-
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "fakes/fake_platform.hpp"
+#include "state/journal.hpp"
 #include "state/journal_record.hpp"
 #include "state/library.hpp"
-#include "unit/world.hpp"
+#include "unit/state/journal_till.hpp"
 
-namespace kestra {
+namespace kestra::unit {
 namespace {
-
-constexpr const char* kFile = "diario.txt";
-constexpr IntentKind kItem{.opens = false, .has_book = true};
-constexpr IntentKind kOpening{.opens = true, .has_book = true};
-constexpr IntentKind kTextLine{.opens = false, .has_book = false};
-constexpr Verdict kWasDone{Outcome::kDone, Cause::kNone};
-
-// A program with its library, on a disk that outlives it.
-class Till {
- public:
-  explicit Till(std::shared_ptr<FakeDisk> disk) {
-    world.GetJournalFile().UseDisk(std::move(disk));
-    library.state.LogComandos = 1;
-    library.certainty.settings.Diario = kFile;
-  }
-
-  void Start(const char* printer = "COM1") { OpenJournal(library, printer); }
-  Cause Intend(const std::string& command, IntentKind kind = kItem) {
-    return JournalIntent(library, {"EP_" + command, command, {}, library.certainty.ledger}, kind);
-  }
-  std::string Pending() const {
-    const auto& pending = library.certainty.pending;
-    return pending ? pending->command : std::string();
-  }
-  Cause ReportedCause() const { return library.certainty.report.cause; }
-  // The log's lines without their dates.
-  std::vector<std::string> Log() {
-    auto lines = unit::TextsOf(world.GetJournal(), Happening::kLog);
-    for (auto& line : lines) line = line.substr(line.find(']') + 1);
-    return lines;
-  }
-
-  FakePlatform world;
-  Library library{world};
-};
-
-class JournalOfATill : public testing::Test {
- protected:
-  std::unique_ptr<Till> Program() { return std::make_unique<Till>(disk_); }
-
-  // A program that has died; the disk has what it had.
-  void Die(std::unique_ptr<Till>& till) { till.reset(); }
-
-  std::string& Text() { return disk_->files[kFile]; }
-
-  std::shared_ptr<FakeDisk> disk_ = std::make_shared<FakeDisk>();
-};
 
 TEST_F(JournalOfATill, WithoutTheKeyNothingIsAskedOfTheDisk) {
   auto till = Program();
@@ -379,88 +329,6 @@ TEST_F(JournalOfATill, WhatWasInFlightIsTakenUpHoweverLateTheJournalCanBeRead) {
   EXPECT_TRUE(KnowsJournal(till->library));
 }
 
-TEST_F(JournalOfATill, TheDailyClosingBeginsAFileAndKeepsTheOldOne) {
-  auto till = Program();
-  till->Start();
-  till->library.certainty.ledger.counters[0] = 8;
-  till->Intend("9\x1CZ\x1CP");
-  JournalResult(till->library, kWasDone);
-  const std::string kept = disk_->files.at("diario.txt-20261121");
-  EXPECT_NE(kept.find("\ncierre-de-dia\t1\t"), std::string::npos);
-  EXPECT_EQ(ReadJournal(kept).length, kept.size());
-  EXPECT_EQ(ReadJournal(Text()).newest, 1) << "numbers go on";
-  Die(till);
-  till = Program();
-  till->Start();
-  EXPECT_EQ(till->library.certainty.ledger.counters[0], 8);
-}
-
-TEST_F(JournalOfATill, AClosingThatWasNotDoneBeginsNothing) {
-  for (const auto outcome : {Outcome::kRefused, Outcome::kNotDone, Outcome::kUnknown}) {
-    auto till = Program();
-    till->Start();
-    till->Intend("9\x1CZ\x1CP");
-    JournalResult(till->library, {outcome, Cause::kNone});
-    till->Intend("9\x1CX\x1CP");
-    JournalResult(till->library, kWasDone);
-  }
-  EXPECT_EQ(disk_->files.size(), 1u);
-}
-
-TEST_F(JournalOfATill, AClosingThatTheNextProgramSettlesBeginsAFileToo) {
-  auto till = Program();
-  till->Start();
-  till->Intend("9\x1CZ\x1CP");
-  Die(till);
-  till = Program();
-  till->Start();
-  JournalResult(till->library, kWasDone);
-  EXPECT_EQ(disk_->files.size(), 2u);
-}
-
-TEST_F(JournalOfATill, DaysAreKeptAsLongAsTheKeySays) {
-  disk_->files["diario.txt-20261021"] = "x";
-  disk_->files["diario.txt-20261022"] = "x";
-  disk_->files["diario.txt.copia"] = "x";
-  auto till = Program();
-  till->Start();
-  for (int n = 0; n < 2; ++n) {
-    till->Intend("9\x1CZ\x1CP");
-    JournalResult(till->library, kWasDone);
-  }
-  std::vector<std::string> names;
-  for (const auto& [name, text] : disk_->files) names.push_back(name);
-  EXPECT_EQ(names,
-            (std::vector<std::string>{"diario.txt", "diario.txt-20261022", "diario.txt-20261121",
-                                      "diario.txt-20261121-2", "diario.txt.copia"}));
-}
-
-TEST_F(JournalOfATill, AClockThatIsFarAheadTakesTheTwoOldestAlongAtMost) {
-  for (const char* const day : {"1023", "1021", "1022", "1020"}) {
-    disk_->files[std::string("diario.txt-2024").append(day)] = "x";
-  }
-  auto till = Program();
-  till->Start();
-  till->Intend("9\x1CZ\x1CP");
-  JournalResult(till->library, kWasDone);
-  EXPECT_EQ(disk_->files.size(), 4u) << "with today's, and the one in use";
-  EXPECT_EQ(disk_->files.count("diario.txt-20241022"), 1u);
-}
-
-TEST_F(JournalOfATill, WithoutDailyClosingsALargeOneIsKeptAsideAtAStart) {
-  auto till = Program();
-  till->Start();
-  Die(till);
-  JournalRecord forgotten;
-  forgotten.kind = RecordKind::kForgotten;
-  const std::string line = TextOf(forgotten);
-  while (Text().size() < (std::size_t{1} << 20)) Text() += line;
-  till = Program();
-  till->Start();
-  EXPECT_EQ(disk_->files.count("diario.txt-20261121"), 1u);
-  EXPECT_LT(Text().size(), 1000u);
-}
-
 TEST_F(JournalOfATill, AnotherPrinterKnowsNothingOfTheFirst) {
   auto till = Program();
   till->library.certainty.settings.Diario.clear();
@@ -521,4 +389,4 @@ TEST_F(JournalOfATill, SurvivesEveryFailureOfEveryCall) {
 }
 
 }  // namespace
-}  // namespace kestra
+}  // namespace kestra::unit

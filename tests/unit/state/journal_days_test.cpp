@@ -1,0 +1,96 @@
+// A journal for each day: what begins a file, and how long the old ones are kept.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "state/journal_record.hpp"
+#include "unit/state/journal_till.hpp"
+
+namespace kestra::unit {
+namespace {
+
+TEST_F(JournalOfATill, TheDailyClosingBeginsAFileAndKeepsTheOldOne) {
+  auto till = Program();
+  till->Start();
+  till->library.certainty.ledger.counters[0] = 8;
+  till->Intend("9\x1CZ\x1CP");
+  JournalResult(till->library, kWasDone);
+  const std::string kept = disk_->files.at("diario.txt-20261121");
+  EXPECT_NE(kept.find("\ncierre-de-dia\t1\t"), std::string::npos);
+  EXPECT_EQ(ReadJournal(kept).length, kept.size());
+  EXPECT_EQ(ReadJournal(Text()).newest, 1) << "numbers go on";
+  Die(till);
+  till = Program();
+  till->Start();
+  EXPECT_EQ(till->library.certainty.ledger.counters[0], 8);
+}
+
+TEST_F(JournalOfATill, AClosingThatWasNotDoneBeginsNothing) {
+  for (const auto outcome : {Outcome::kRefused, Outcome::kNotDone, Outcome::kUnknown}) {
+    auto till = Program();
+    till->Start();
+    till->Intend("9\x1CZ\x1CP");
+    JournalResult(till->library, {outcome, Cause::kNone});
+    till->Intend("9\x1CX\x1CP");
+    JournalResult(till->library, kWasDone);
+  }
+  EXPECT_EQ(disk_->files.size(), 1u);
+}
+
+TEST_F(JournalOfATill, AClosingThatTheNextProgramSettlesBeginsAFileToo) {
+  auto till = Program();
+  till->Start();
+  till->Intend("9\x1CZ\x1CP");
+  Die(till);
+  till = Program();
+  till->Start();
+  JournalResult(till->library, kWasDone);
+  EXPECT_EQ(disk_->files.size(), 2u);
+}
+
+TEST_F(JournalOfATill, DaysAreKeptAsLongAsTheKeySays) {
+  disk_->files["diario.txt-20261021"] = "x";
+  disk_->files["diario.txt-20261022"] = "x";
+  disk_->files["diario.txt.copia"] = "x";
+  auto till = Program();
+  till->Start();
+  for (int n = 0; n < 2; ++n) {
+    till->Intend("9\x1CZ\x1CP");
+    JournalResult(till->library, kWasDone);
+  }
+  std::vector<std::string> names;
+  for (const auto& [name, text] : disk_->files) names.push_back(name);
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"diario.txt", "diario.txt-20261022", "diario.txt-20261121",
+                                      "diario.txt-20261121-2", "diario.txt.copia"}));
+}
+
+TEST_F(JournalOfATill, AClockThatIsFarAheadTakesTheTwoOldestAlongAtMost) {
+  for (const char* const day : {"1023", "1021", "1022", "1020"}) {
+    disk_->files[std::string("diario.txt-2024").append(day)] = "x";
+  }
+  auto till = Program();
+  till->Start();
+  till->Intend("9\x1CZ\x1CP");
+  JournalResult(till->library, kWasDone);
+  EXPECT_EQ(disk_->files.size(), 4u) << "with today's, and the one in use";
+  EXPECT_EQ(disk_->files.count("diario.txt-20241022"), 1u);
+}
+
+TEST_F(JournalOfATill, WithoutDailyClosingsALargeOneIsKeptAsideAtAStart) {
+  auto till = Program();
+  till->Start();
+  Die(till);
+  JournalRecord forgotten;
+  forgotten.kind = RecordKind::kForgotten;
+  const std::string line = TextOf(forgotten);
+  while (Text().size() < (std::size_t{1} << 20)) Text() += line;
+  till = Program();
+  till->Start();
+  EXPECT_EQ(disk_->files.count("diario.txt-20261121"), 1u);
+  EXPECT_LT(Text().size(), 1000u);
+}
+}  // namespace
+}  // namespace kestra::unit
