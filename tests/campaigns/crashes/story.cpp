@@ -4,12 +4,10 @@
 #include <utility>
 
 #include "campaigns/crashes/shop.hpp"
+#include "kestra/kestra.h"
 
 namespace kestra::crashes {
 namespace {
-
-constexpr std::int32_t kDone = 1, kRefused = 2, kNotSent = 3, kUnknown = 4, kInPart = 5,
-                       kNotDone = 6;
 
 // It asks for the total first, and what it does depends on that: made again it does what is missing.
 constexpr std::string_view kRounding = "EP_AjusteRedondeo";
@@ -77,7 +75,7 @@ class Telling {
   [[nodiscard]] bool IsWhole() const { return deeds_ == Good().deeds; }
   // Of a closing without anything before it, nobody knows whether there was something to close.
   [[nodiscard]] bool MayStayUnknown() const {
-    return CallWords().starts_with(kClock) || Good().outcome == kRefused;
+    return CallWords().starts_with(kClock) || Good().outcome == KESTRA_DESENLACE_RECHAZADO;
   }
   void Begin();
 
@@ -165,14 +163,14 @@ void Telling::Learn() {
   if (!disaster_.asks) return Repeat();
   const auto outcome = shop_.Resolve(number);
   deeds_ = shop_.DeedsFrom(mark_);
-  if (outcome == kDone) {
+  if (outcome == KESTRA_DESENLACE_HECHO) {
     if (IsRounding() ? deeds_.empty() : !IsWhole()) return Wrong("settled as done, and is not");
     const auto& buffers = Good().buffers;
     if (!buffers.empty() && number != buffers.front()) return Wrong("another number: " + number);
     return End(Ending::kDone);
   }
-  if (outcome == kUnknown && MayStayUnknown()) return End(Ending::kUnknown);
-  if (outcome != kNotDone) return Wrong("a book shows it, and it stays unknown");
+  if (outcome == KESTRA_DESENLACE_DESCONOCIDO && MayStayUnknown()) return End(Ending::kUnknown);
+  if (outcome != KESTRA_DESENLACE_NO_HECHO) return Wrong("a book shows it, and it stays unknown");
   if (IsWhole()) return Wrong("settled as not done, and is");
   End(Ending::kNotDone);
 }
@@ -182,7 +180,8 @@ void Telling::Repeat() {
   if (!MayStayUnknown()) return End(Ending::kRepeated);
   CallWell();
   deeds_ = shop_.DeedsFrom(mark_);
-  told_.outcome == kUnknown ? End(Ending::kUnknown) : Wrong("told something else than unknown");
+  told_.outcome == KESTRA_DESENLACE_DESCONOCIDO ? End(Ending::kUnknown)
+                                                : Wrong("told something else than unknown");
 }
 
 // Nothing is pending although the host died: the till looks at what the journal has of the call.
@@ -199,13 +198,14 @@ void Telling::LearnFromJournal() {
 
 // The call had ended, in its way.
 void Telling::LearnFromCall() {
-  if (told_.outcome == kUnknown) {
+  if (told_.outcome == KESTRA_DESENLACE_DESCONOCIDO) {
     if (shop_.LastRecord().find("\tlibro=si\t") != std::string::npos) Wrong("not kept as pending");
     const bool unknown = shop_.LastRecord().find("\tdesenlace=4\t") != std::string::npos;
     return unknown ? End(Ending::kUnknown) : Wrong("the journal does not say that nobody knows");
   }
-  const bool undone = told_.outcome == kRefused || told_.outcome == kNotSent ||
-                      told_.outcome == kNotDone || told_.outcome == kInPart;
+  const bool undone =
+      told_.outcome == KESTRA_DESENLACE_RECHAZADO || told_.outcome == KESTRA_DESENLACE_NO_ENVIADO ||
+      told_.outcome == KESTRA_DESENLACE_NO_HECHO || told_.outcome == KESTRA_DESENLACE_EN_PARTE;
   if (!undone) return Wrong("told " + std::to_string(told_.outcome));
   if (IsWhole() && !deeds_.empty()) return Wrong("told as not done, and is");
   End(Ending::kToldUndone);
