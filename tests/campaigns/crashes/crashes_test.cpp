@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 #include <string_view>
 
@@ -56,13 +57,29 @@ TEST(Story, TheFirstStepOfAllSendsNothing) {
   EXPECT_EQ(told.last_act, Act::kJournal);
 }
 
+// A bit of a digit up, the same bit of another one down: the sum is the same.
+TEST(Story, TwoFaultsInAnAmountAreShownByTheTotal) {
+  const Story story(Ticket(), Mode::kSafe, {{"Diario", "diario.txt"}, {"ControlarTotal", "1"}});
+  constexpr std::uint8_t kBit = 0x01;
+  std::set<Ending> endings;
+  for (std::size_t byte = 60; byte < 140; ++byte) {
+    const std::array faults{
+        line_faults::ByteFault{Direction::kToPrinter, byte, line_faults::FaultKind::kFlip, kBit},
+        line_faults::ByteFault{Direction::kToPrinter, byte + 1, line_faults::FaultKind::kFlip,
+                               kBit}};
+    endings.insert(story.Play({.faults = faults}).ending);
+  }
+  EXPECT_EQ(endings.count(Ending::kTotalDiffers), 1U);
+  EXPECT_EQ(endings.count(Ending::kWrong), 0U);
+}
+
 // What the campaign is there to find.
 TEST(Story, TheBaseModeIsFoundOut) {
   EXPECT_EQ(Cuts(Story(Ticket(), Mode::kBase), Breakage::kCut).count(Ending::kWrong), 1U);
 }
 
 TEST(Story, AMissingJournalIsFoundOut) {
-  EXPECT_EQ(Deaths(Story(Ticket(), Mode::kSafe, false)).count(Ending::kWrong), 1U);
+  EXPECT_EQ(Deaths(Story(Ticket(), Mode::kSafe, {})).count(Ending::kWrong), 1U);
 }
 
 }  // namespace

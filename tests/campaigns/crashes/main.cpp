@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <map>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -14,6 +15,8 @@
 // step, starts the till again, and says what it came to know, as tables.
 //   --cortes      line and printer alone
 //   --muertes     hosts alone
+//   --pares N     nothing but so many random pairs of faults, with ControlarTotal
+//   --semilla S   of the pairs
 //   --cada N      every N-th byte and step
 //   --repetidas   with ReconoceRepetidas
 //   --sin-repetidas  a printer that knows no repeated frame
@@ -24,7 +27,8 @@ namespace {
 struct Settings {
   Mode mode = Mode::kSafe;
   bool cuts = true, deaths = true;
-  std::size_t every = 1, first = 0;
+  std::size_t every = 1, first = 0, pairs = 0;
+  std::uint64_t seed = 1;
 };
 
 Settings ReadOptions(int argc, char** argv) {
@@ -42,6 +46,10 @@ Settings ReadOptions(int argc, char** argv) {
       settings.mode = Mode::kSafeForgetful;
     } else if (name == "--cada" && i + 1 < argc && std::stoul(argv[i + 1]) > 0) {
       settings.every = std::stoul(argv[++i]);
+    } else if (name == "--pares" && i + 1 < argc) {
+      settings.pairs = std::stoul(argv[++i]);
+    } else if (name == "--semilla" && i + 1 < argc) {
+      settings.seed = std::stoul(argv[++i]);
     } else {
       throw std::invalid_argument(std::string(name));
     }
@@ -81,7 +89,9 @@ class Campaign {
   explicit Campaign(const Settings& settings) : settings_(settings) {}
 
   Report Run() {
+    if (settings_.pairs > 0) Pairs();
     for (const auto& document : line_faults::CanonicalDocuments()) {
+      if (settings_.pairs > 0) break;
       const Story story(document, settings_.mode);
       if (settings_.cuts) BreakEverywhere(document.name, story);
       if (settings_.deaths) DieEverywhere(document.name, story);
@@ -103,14 +113,39 @@ class Campaign {
     for (std::size_t place = settings_.first; place < places; place += settings_.every) {
       set(kind.disaster, place);
       const auto told = story.Play(kind.disaster);
-      Count(RowOf(report_.kinds, kind.name), told.ending);
-      if (kind.disaster.death != kNever) {
-        Count(RowOf(report_.acts, kActNames[static_cast<std::size_t>(told.last_act)]), told.ending);
+      Add(told, kind.name, ", place " + std::to_string(place) + " of " + document);
+      if (kind.disaster.death == kNever) continue;
+      Count(RowOf(report_.acts, kActNames[static_cast<std::size_t>(told.last_act)]), told.ending);
+    }
+  }
+
+  void Add(const StoryReport& told, std::string_view kind, const std::string& where) {
+    Count(RowOf(report_.kinds, kind), told.ending);
+    if (told.ending == Ending::kUnknown) ++report_.unknown[told.operation];
+    if (told.ending != Ending::kWrong) return;
+    report_.wrong.push_back(told.wrong + ": " + told.operation + ", " + std::string(kind) + where);
+  }
+
+  void Pairs() {
+    auto more = kJournal;
+    more.emplace_back("ControlarTotal", "1");
+    std::vector<Story> stories;
+    for (const auto& document : line_faults::CanonicalDocuments())
+      stories.emplace_back(document, settings_.mode, more);
+    std::mt19937_64 random(settings_.seed);
+    for (std::size_t i = 0; i < settings_.pairs; ++i) {
+      const auto which = random() % stories.size();
+      std::array<line_faults::ByteFault, 2> faults;
+      std::string where =
+          ", pair " + std::to_string(i) + " of " + line_faults::CanonicalDocuments()[which].name;
+      for (auto& fault : faults) {
+        const auto direction = random() % 2 == 0 ? Direction::kToPrinter : Direction::kToHost;
+        const auto& form = line_faults::kFaultForms[random() % line_faults::kFaultForms.size()];
+        fault = {direction, random() % stories[which].Bytes(direction), form.kind, form.detail};
+        where += direction == Direction::kToPrinter ? ", > " : ", < ";
+        where.append(form.name).append(" at ").append(std::to_string(fault.position));
       }
-      if (told.ending == Ending::kUnknown) ++report_.unknown[told.operation];
-      if (told.ending != Ending::kWrong) continue;
-      report_.wrong.push_back(told.wrong + ": " + document + ", " + told.operation + ", " +
-                              std::string(kind.name) + ", place " + std::to_string(place));
+      Add(stories[which].Play({.faults = faults}), "two random faults", where);
     }
   }
 

@@ -113,6 +113,12 @@ void MortalPlatform::MortalFile::Truncate(std::size_t length) {
   file_.Truncate(length);
 }
 
+void MortalPlatform::MortalFile::Overwrite(std::size_t at, std::string_view bytes) {
+  const auto written = Living().Reach(Act::kJournal, bytes.size());
+  if (written > 0) file_.Overwrite(at, bytes.substr(0, written));
+  RequireLife();
+}
+
 // The old file has its new name before there is a new one.
 void MortalPlatform::MortalFile::BeginAnew(std::string_view suffix) {
   constexpr std::size_t kMoments = 2;

@@ -83,6 +83,7 @@ class MortalPlatform : public Platform {
     std::string Read() override;
     void Append(std::string_view bytes) override;
     void Truncate(std::size_t length) override;
+    void Overwrite(std::size_t at, std::string_view bytes) override;
     void BeginAnew(std::string_view suffix) override;
     std::vector<std::string> Kept() override { return file_.Kept(); }
     void DeleteKept(std::string_view suffix) override;

@@ -1,5 +1,6 @@
 #include "campaigns/crashes/shop.hpp"
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -19,7 +20,11 @@ constexpr unsigned kRefused = 0x0078;
 constexpr unsigned kMechanismFailed = 0x0004;
 
 constexpr std::string_view kPowerCut = "CORTE DE ENERG";
+constexpr std::string_view kTotal = "T O T A L";
 constexpr std::size_t kAnyWidth = 200;
+
+// Before the answers that the library took, in its log.
+constexpr std::string_view kTaken = " - Respuesta : ";
 
 bool Changed(const impresora::Exchange& exchange) {
   return exchange.kind == impresora::ExchangeKind::kExecuted &&
@@ -44,9 +49,9 @@ std::int32_t WithText(std::string& text, Ask ask) {
 
 }  // namespace
 
-Shop::Shop(const line_faults::CanonicalDocument& document, line_faults::Mode mode)
-    : world_(
-          std::make_unique<LineWorld>(document, std::span<const line_faults::ByteFault>{}, mode)) {}
+Shop::Shop(const line_faults::CanonicalDocument& document, line_faults::Mode mode,
+           std::span<const line_faults::ByteFault> faults)
+    : world_(std::make_unique<LineWorld>(document, faults, mode)) {}
 
 Shop::~Shop() {
   ReplaceInstance(std::make_unique<FakePlatform>());
@@ -62,7 +67,7 @@ void Shop::Start(std::size_t death) {
 Told Shop::Call(std::string_view words) {
   const auto operation = golden::TakeWord(words);
   auto outcome = golden::CallExport(operation, golden::Words(words));
-  return {outcome.result, Kestra_Desenlace(), std::move(outcome.buffers)};
+  return {outcome.result, Kestra_Desenlace(), Kestra_Causa(), std::move(outcome.buffers)};
 }
 
 std::int32_t Shop::Pending(std::string& call) {
@@ -93,6 +98,33 @@ Words Shop::Paper() const {
     }
   }
   return lines;
+}
+
+Words Shop::Totals() const {
+  Words lines = Paper();
+  std::erase_if(lines,
+                [](const std::string& line) { return line.find(kTotal) == std::string::npos; });
+  return lines;
+}
+
+bool Shop::DidWhatNobodyWrote() const {
+  const auto& frames = world_->Frames();
+  const auto& all = world_->Exchanges();
+  return std::any_of(all.begin(), all.end(), [&](const impresora::Exchange& exchange) {
+    return Changed(exchange) &&
+           std::find(frames.begin(), frames.end(), exchange.raw_command) == frames.end();
+  });
+}
+
+bool Shop::TookDamagedAnswer() const {
+  const auto& events = world_->GetJournal().Events();
+  return std::any_of(events.begin(), events.end(), [&](const Event& event) {
+    const auto at = event.text.find(kTaken);
+    if (event.kind != Happening::kLog || at == std::string::npos) return false;
+    const auto answer =
+        event.text.substr(at + kTaken.size(), event.text.find('\r', at) - at - kTaken.size());
+    return world_->Said().find(answer) == std::string::npos;
+  });
 }
 
 std::string Shop::LastRecord() {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,13 +17,15 @@ using Words = std::vector<std::string>;
 struct Told {
   std::int32_t result = 0;
   std::int32_t outcome = 0;
+  std::int32_t cause = 0;
   std::vector<std::string> buffers;
 };
 
 // A printer and a disk, and one host after the other.
 class Shop {
  public:
-  Shop(const line_faults::CanonicalDocument& document, line_faults::Mode mode);
+  Shop(const line_faults::CanonicalDocument& document, line_faults::Mode mode,
+       std::span<const line_faults::ByteFault> faults = {});
   ~Shop();
   Shop(const Shop&) = delete;
   Shop& operator=(const Shop&) = delete;
@@ -45,6 +48,13 @@ class Shop {
 
   // What the printer has printed, but for its note that the power had gone.
   [[nodiscard]] Words Paper() const;
+
+  [[nodiscard]] Words Totals() const;
+
+  // Damage that no sum shows: a command that no host wrote was carried out, an answer was taken that the printer
+  // had not given so.
+  [[nodiscard]] bool DidWhatNobodyWrote() const;
+  [[nodiscard]] bool TookDamagedAnswer() const;
 
   // As a person reads the journal: its last whole line, and how many results there are, in old files too.
   [[nodiscard]] std::string LastRecord();

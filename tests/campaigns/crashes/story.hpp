@@ -4,8 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "campaigns/crashes/life.hpp"
@@ -22,38 +24,46 @@ using line_faults::Mode;
 
 // What happens to a shop while it issues a document, and what its till is like.
 struct Disaster {
-  std::optional<Breakdown> breakdown{};  // of the line or the printer
-  bool passes = false;                   // within the driver's patience
-  std::size_t death = kNever;            // of the host, in that moment of its life
-  std::size_t again = kNever;            // and of the one that comes after it
-  bool printer_too = false;              // loses its power with the host's
+  std::optional<Breakdown> breakdown{};              // of the line or the printer
+  std::span<const line_faults::ByteFault> faults{};  // the same till goes on
+  bool passes = false;                               // within the driver's patience
+  std::size_t death = kNever;                        // of the host, in that moment of its life
+  std::size_t again = kNever;                        // and of the one that comes after it
+  bool printer_too = false;                          // loses its power with the host's
   bool at_once = false;  // the till is started again before the printer has finished
   bool asks = true;      // it asks what became of the call; else it makes the call again
 };
 
-// What the till came to know of the call under way. All but the last two are the truth.
+// What the till came to know of the call under way. Down to kTwice, the truth.
 enum class Ending : std::uint8_t {
-  kPassed,      // the call ended as on any day
-  kToldUndone,  // the call itself said so
-  kDone,        // the next program was told so
-  kNotDone,     // likewise
-  kRepeated,    // the next program made the call again, and it was carried out once
-  kUnknown,     // no book shows it, and the till was told so
-  kUnsent,      // dead before the intent was on the disk: nothing had been sent
-  kUnlearnt,    // dead when the result was on the disk: the journal has it, the till has not
-  kTwice,  // with ReconoceRepetidas, what no book shows: the printer's memory went with its power
+  kPassed,        // the call ended as on any day
+  kToldUndone,    // the call itself said so
+  kDone,          // the next program was told so
+  kNotDone,       // likewise
+  kRepeated,      // the next program made the call again, and it was carried out once
+  kUnknown,       // no book shows it, and the till was told so
+  kUnsent,        // dead before the intent was on the disk: nothing had been sent
+  kUnlearnt,      // dead when the result was on the disk: the journal has it, the till has not
+  kTwice,         // with ReconoceRepetidas, what no book shows: the printer had forgotten the frame
+  kTotalDiffers,  // two faults made up for each other in a command's sum, and the total showed it
+  kAltered,       // the same where no total shows it
+  kMisled,        // the same in an answer's sum
   kWrong,
 };
-inline constexpr std::array<std::string_view, 10> kEndingNames{"passed",
-                                                               "told: not done",
-                                                               "settled: done",
-                                                               "settled: not done",
-                                                               "made again, once",
-                                                               "told: unknown",
-                                                               "before the intent",
-                                                               "not learnt of yet",
-                                                               "done twice, no book",
-                                                               "WRONG"};
+inline constexpr std::array<std::string_view, 13> kEndingNames{
+    "passed",
+    "told: not done",
+    "settled: done",
+    "settled: not done",
+    "made again, once",
+    "told: unknown",
+    "before the intent",
+    "not learnt of yet",
+    "done twice, no book",
+    "another command: the total shows it",
+    "another command: no total shows it",
+    "another answer",
+    "WRONG"};
 
 struct StoryReport {
   Ending ending = Ending::kPassed;
@@ -62,10 +72,13 @@ struct StoryReport {
   Act last_act = Act::kOther;
 };
 
+using Configuration = std::vector<std::pair<std::string, std::string>>;
+inline const Configuration kJournal{{"Diario", "diario.txt"}};
+
 // One document, told again and again.
 class Story {
  public:
-  Story(const CanonicalDocument& document, Mode mode, bool with_journal = true);
+  Story(CanonicalDocument document, Mode mode, const Configuration& more = kJournal);
 
   // The document to its end, through this: the till does what its library told it, and then goes on. The paper has
   // to be that of a good day.
@@ -92,6 +105,7 @@ class Story {
   Mode mode_;
   std::vector<GoodCall> good_;
   std::vector<std::string> paper_;
+  std::vector<std::string> totals_;  // on the paper
   std::size_t moments_ = 0;
   std::array<std::size_t, 2> bytes_{};
 };
