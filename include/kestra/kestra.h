@@ -413,8 +413,8 @@ KESTRA_API int32_t KESTRA_CALL Kestra_Resolver(void);
 KESTRA_API int32_t KESTRA_CALL Kestra_ResolverNumero(char* texto, int32_t longitud);
 
 /*
- * Drops what is pending without asking, with a line in the log and in the journal: for the hands of a
- * technician. Result: 1 dropped, 0 there was nothing.
+ * Drops what is pending without asking, with a line in the log and in the journal, and the sum by which
+ * ControlarTotal has refused a closing: for the hands of a technician. Result: 1 dropped, 0 there was nothing.
  */
 KESTRA_API int32_t KESTRA_CALL Kestra_Olvidar(void);
 

@@ -178,7 +178,8 @@ std::int32_t Settle(Library& library) {
 }
 
 std::int32_t Forget(Library& library) {
-  if (!ForgetPending(library)) return 0;
+  const bool pending = ForgetPending(library);
+  if (!ForgetTotal(library) && !pending) return 0;
   NoteCause(library, Cause::kForgotten);
   return 1;
 }

@@ -82,6 +82,7 @@ Admission ControlTotal(Library& library, SafeLine& line, Patience& patience,
   if (!reply.answered) return NotSent(reply.cause);
   const auto subtotal = ReadSubtotal(reply.fields);
   if (!subtotal || std::llabs(subtotal->total - expected->cents) <= expected->slack) return {};
+  library.certainty.ledger.total_differs = true;
   return NotSent(Cause::kTotalDiffers);
 }
 

@@ -138,6 +138,7 @@ void Forget(Ledger& ledger) {
   ledger.kind = ledger.letter = '\0';
   ledger.lines = ledger.paid = ledger.perceptions = ledger.net = ledger.iva = std::nullopt;
   ledger.total = std::nullopt;
+  ledger.total_differs = false;
 }
 
 void CountOne(Ledger& ledger, std::optional<std::size_t> place) {

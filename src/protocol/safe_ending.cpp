@@ -29,12 +29,13 @@ SafeEnding::SafeEnding(Library& library, std::string command)
   library_.certainty.accepted.reserve(library_.certainty.accepted.size() + 1);
 }
 
-Pending SafeEnding::Intent() const {
+Pending SafeEnding::Intent(double sent) const {
   const auto& certainty = library_.certainty;
   return {.call = certainty.report.call,
           .command = command_,
           .accepted = certainty.accepted,
-          .before = certainty.ledger};
+          .before = certainty.ledger,
+          .sent = sent};
 }
 
 void SafeEnding::TakeAnswer(std::string answer, const Fields& fields) {

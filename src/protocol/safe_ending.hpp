@@ -25,7 +25,7 @@ class SafeEnding {
   [[nodiscard]] const std::string& GetCommand() const { return command_; }
 
   // The command as it is pending from its first byte on.
-  [[nodiscard]] Pending Intent() const;
+  [[nodiscard]] Pending Intent(double sent) const;
 
   // The command's own answer, or what the books have instead of it.
   void TakeAnswer(std::string answer, const Fields& fields);

@@ -130,8 +130,8 @@ SafeExchange::Step SafeExchange::Send() {
   before_ = library_.certainty.ledger;
   reading_ = {};
   ending_.DropAnswer();
-  if (HasBook()) library_.certainty.pending = ending_.Intent();
   sent_ = Now();
+  if (HasBook()) library_.certainty.pending = ending_.Intent(sent_);
   ++sendings_;
   return Put();
 }

@@ -16,8 +16,8 @@
 namespace kestra {
 namespace {
 
-// Of a clock that was set by a call that is over, nobody knows when.
-constexpr double kLongAgo = -1.0;
+// When an earlier program sent it.
+constexpr double kNobodyKnows = -1.0;
 
 Outcome OutcomeOf(Finding finding) {
   switch (finding) {
@@ -40,15 +40,20 @@ void Remember(Library& library, const Pending& pending, const Settlement& settle
   library.certainty.settled = std::move(settled);
 }
 
+Doubt DoubtOf(Library& library, const Pending& pending) {
+  const double now = library.platform.GetClock().Elapsed();
+  const double passed = pending.sent ? now - *pending.sent : kNobodyKnows;
+  return {pending.command, pending.before, passed};
+}
+
 }  // namespace
 
 Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
   auto& pending = library.certainty.pending;
   EscribirLog(library, " - Pendiente : " + pending->call);
-  const Doubt doubt{pending->command, pending->before, kLongAgo};
   patience.Begin();
-  const auto found =
-      AskInTime(library, line, patience, true, [&] { return Consult(line, library, doubt); });
+  const auto found = AskInTime(library, line, patience, true,
+                               [&] { return Consult(line, library, DoubtOf(library, *pending)); });
   if (!found.answered) return {Outcome::kUnknown, found.cause, false, {}};
   Settlement settlement{OutcomeOf(found.finding), found.cause, true, found.fields};
   Remember(library, *pending, settlement);
@@ -83,6 +88,14 @@ bool ForgetPending(Library& library) {
   Blur(library.certainty.ledger, pending->command);
   JournalForget(library);
   pending.reset();
+  return true;
+}
+
+bool ForgetTotal(Library& library) {
+  auto& ledger = library.certainty.ledger;
+  if (!std::exchange(ledger.total_differs, false)) return false;
+  ledger.total.reset();
+  EscribirLog(library, " - Olvidado : el total que no coincide");
   return true;
 }
 

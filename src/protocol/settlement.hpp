@@ -27,7 +27,9 @@ Settlement SettleOn(SafeLine& line, Library& library, Patience& patience);
 // alike, and of what nobody knows it need not be told again.
 void TellSettled(Library& library);
 
-// Drops what is pending, with a line in log and journal. False when nothing is.
+// Drops what is pending, with a line in log and journal, and the sum by which a closing was refused, with one in
+// the log. False: there was nothing.
 bool ForgetPending(Library& library);
+bool ForgetTotal(Library& library);
 
 }  // namespace kestra

@@ -92,6 +92,7 @@ struct Ledger {
   std::optional<std::int64_t> paid;  // hundredths
   std::optional<std::int64_t> perceptions;
   std::optional<Amount> total;
+  bool total_differs = false;  // from the printer's: its closing was refused
   // Of what was sold at prices without IVA: what a correction there comes to with it.
   std::optional<std::int64_t> net;
   std::optional<std::int64_t> iva;
@@ -106,6 +107,7 @@ struct Pending {
   std::string command;
   std::vector<std::string> accepted;  // commands of the same call that came before it and were done
   Ledger before;
+  std::optional<double> sent{};  // as the clock's Elapsed; of another program's nobody knows
 };
 
 // A command that was pending and is no more. Its call may be made again, as long as no command of another one

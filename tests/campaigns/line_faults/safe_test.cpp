@@ -398,6 +398,15 @@ TEST_F(Shop, WhatTheBooksCannotTellIsToldToTheSameCallOnce) {
   EXPECT_EQ(Done(), "@BBBBE");
 }
 
+TEST_F(Shop, AClockThatMayHaveBeenSetTellsItselfHoweverLate) {
+  constexpr std::string_view kSet = R"(EP_CambiarFechaHora "261122" "081500")";
+  for (const std::size_t bytes : {std::size_t{9}, LineWorld::kWholeFrame}) {
+    CallInDoubt(kSet, bytes);
+    World().GetClock().Sleep(600'000);
+    EXPECT_EQ(Call("Kestra_Resolver"), bytes == LineWorld::kWholeFrame ? 1 : 6);
+  }
+}
+
 TEST_F(Shop, WhatKestraResolverCannotTellIsToldOnce) {
   Sell({kOpen});
   CallInDoubt(kCoffee);
