@@ -1,6 +1,6 @@
 # Whoever builds everything compiles a target's sources several at a time: most of a source's cost is what it
-# includes. together.py says which may stand together. What a developer builds by hand is compiled one by one, and what
-# is shipped always is.
+# includes. together.py says which may stand together. What a developer builds by hand is compiled one by one, and the
+# library that is shipped always is.
 option(KESTRA_TOGETHER "Compile the sources of a target several at a time" OFF)
 
 # kestra_together(TARGET...): each source in one unit only, in whichever of the targets it is.
@@ -40,5 +40,7 @@ function(kestra_together)
   endforeach()
   set_target_properties(${joined} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
   # Lines and functions are what a failed run is looked up by; all else makes a fifth of the compiler's work.
-  target_compile_options(kestra_flags INTERFACE -g1)
+  if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+    target_compile_options(kestra_flags INTERFACE -g1)
+  endif()
 endfunction()

@@ -14,6 +14,7 @@ import sys
 
 MOST = 16  # A unit's sources: so that there is work for every core, and little to do again after a change.
 NOISE = re.compile(r'//[^\n]*|/\*.*?\*/|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])\'', re.S)
+SYSTEM = re.compile(r"^\s*#\s*include\s*<((?:win|ws2|ole|oa|obj|unk|comm|tlhelp)\w*\.h)>", re.M)
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.M)
 WORD = re.compile(r"(?<![\w.])(?<!->)[A-Za-z_]\w*")
 KEYWORDS = {"operator", "const", "constexpr", "static", "inline", "static_assert"}
@@ -23,6 +24,7 @@ ALIAS = re.compile(r"^\s*using\s+(\w+)\s*=[^;]+", re.M)
 
 root = pathlib.Path(__file__).resolve().parents[1]
 ROOTS = [root / folder for folder in ("src", "include", "tests", "simulator", "simulator/program", "bench")]
+TWINS = [root / "tests/contract" / system for system in ("posix", "windows")]  # One is looked into, by the build's system.
 
 
 @functools.cache
@@ -38,11 +40,12 @@ def headers(path):
     while todo:
         current = todo.pop()
         for name in INCLUDE.findall(current.read_text(encoding="utf-8")):
-            place = next((folder / name for folder in (current.parent, *ROOTS, *current.parents)
-                          if folder.is_relative_to(root) and (folder / name).is_file()), None)
-            if place and place not in found:
-                found.add(place)
-                todo.append(place)
+            twins = TWINS if current.is_relative_to(TWINS[0].parent) else ()
+            places = [folder / name for folder in (current.parent, *twins, *ROOTS, *current.parents)
+                      if folder.is_relative_to(root) and (folder / name).is_file()]
+            fresh = {place for place in places if place == places[0] or place.parent in twins} - found
+            found |= fresh
+            todo.extend(fresh)
     return found
 
 
@@ -109,10 +112,19 @@ def alone(path):
     return bool(re.search(r"^\s*#\s*define\b.*^\s*#\s*include\b", text, re.M | re.S))
 
 
+@functools.cache
+def system(path):
+    """The headers of Windows that the source has: some must come before others, and some declare what ours does."""
+    files = {path} | headers(path)
+    found = {name for file in files for name in SYSTEM.findall(file.read_text(encoding="utf-8"))}
+    return frozenset(found | {file.name for file in files if found and file.name == "kestra.h"})
+
+
 def units(sources, most=MOST):
     found = []
     for source in sources:
         fits = (unit for unit in found if len(unit) < most and not alone(unit[0])
+                and system(source) == system(unit[0])
                 and not any(meets(source, other) or meets(other, source) for other in unit))
         unit = None if alone(source) else next(fits, None)
         if unit is None:
