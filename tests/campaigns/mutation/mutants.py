@@ -11,6 +11,7 @@ BINARY = {"<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<
           ">>": ("<<",), "+=": ("-=",), "-=": ("+=",), "*=": ("/=",), "/=": ("*=",),
           "&=": ("|=",), "|=": ("&=",)}
 UNARY = {"++": "--", "--": "++", "!": "", "-": ""}
+FEW = 8  # Enumerators that are all tried for each other; of more, those beside it.
 BOOLEANS = {"true": "false", "false": "true", "kTrue": "kFalse", "kFalse": "kTrue"}
 LOGICAL = ("<", "<=", ">", ">=", "==", "!=", "&&", "||")
 ASSIGNMENTS = ("=", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "<<=", ">>=", "++", "--")
@@ -79,8 +80,10 @@ class Finder:
         if token.text in BOOLEANS and token.start not in self.declared:
             self.replace(token, BOOLEANS[token.text])
         elif owner in self.names.enumerations:
-            if token.text in self.names.enumerations[owner]:
-                self.replace(token, *self.names.enumerations[owner])
+            values = self.names.enumerations[owner]
+            if token.text in values:
+                at = values.index(token.text)
+                self.replace(token, *(values if len(values) <= FEW else values[max(at - 1, 0):at + 2]))
         elif token.text in self.names.next_constant and token.start not in self.declared:
             self.replace(token, self.names.next_constant[token.text])
         elif token.text == "return":

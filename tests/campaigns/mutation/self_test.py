@@ -42,6 +42,12 @@ class Samples(unittest.TestCase):
             "1 -> 2": "int F(int a) {\n  return a + 2;\n}\n",
             "1 -> 0": "int F(int a) {\n  return a + 0;\n}\n"})
 
+    def test_of_many_enumerators_the_two_beside_it_are_tried(self):
+        many = "enum class Day { " + ", ".join(f"k{k}" for k in range(9)) + " };"
+        for code, expected in (("f(Day::k0);", ["k0 -> k1"]), ("f(Day::k4);", ["k4 -> k3", "k4 -> k5"])):
+            made = [mutant.change for mutant in mutants_of("a.cpp", f"void g() {{ {code} }}", [many])]
+            self.assertEqual([change for change in made if "->" in change], expected)
+
     def test_a_mutant_knows_its_line(self):
         mutant = mutants_of("a.cpp", "int a;\n\n  int b = 0;\n")[0]
         self.assertEqual((mutant.line, mutant.source), (3, "int b = 0;"))
