@@ -16,9 +16,6 @@
 namespace kestra {
 namespace {
 
-// When an earlier program sent it.
-constexpr double kNobodyKnows = -1.0;
-
 Outcome OutcomeOf(Finding finding) {
   switch (finding) {
     case Finding::kDone:
@@ -42,8 +39,7 @@ void Remember(Library& library, const Pending& pending, const Settlement& settle
 
 Doubt DoubtOf(Library& library, const Pending& pending) {
   const double now = library.platform.GetClock().Elapsed();
-  const double passed = pending.sent ? now - *pending.sent : kNobodyKnows;
-  return {pending.command, pending.before, passed};
+  return {pending.command, pending.before, now - pending.sent};
 }
 
 }  // namespace

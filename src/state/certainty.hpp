@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -107,7 +108,8 @@ struct Pending {
   std::string command;
   std::vector<std::string> accepted;  // commands of the same call that came before it and were done
   Ledger before;
-  std::optional<double> sent{};  // as the clock's Elapsed; of another program's nobody knows
+  // As the clock's Elapsed; endless: another program did, nobody knows when.
+  double sent = std::numeric_limits<double>::infinity();
 };
 
 // A command that was pending and is no more. Its call may be made again, as long as no command of another one

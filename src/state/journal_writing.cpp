@@ -28,7 +28,7 @@ void DeleteOutdated(Library& library, std::vector<std::string> kept, std::string
   for (const auto& suffix : kept) {
     if (deleted == kMostDeletedAtOnce) return;
     if (!IsOutdated(suffix, day, library.certainty.settings.DiarioDias)) continue;
-    if (WithoutFailing([&] { FileOf(library).DeleteKept(suffix); })) ++deleted;
+    deleted += static_cast<int>(WithoutFailing([&] { FileOf(library).DeleteKept(suffix); }));
   }
 }
 
