@@ -12,6 +12,9 @@ enum class Figure : std::size_t {
   kHeapGrowth,
   kArenaGrowth,
   kResidentGrowth,
+  kSafeRate,
+  kJournalCost,
+  kBareFlushes,
 };
 
 // Adds one measurement.

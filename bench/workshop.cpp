@@ -108,9 +108,9 @@ void EnterDirectory() {
   static const Directory directory;
 }
 
-void WriteSettings(const std::string& device) {
+void WriteSettings(const std::string& device, const std::string& more_keys) {
   std::ofstream file(kSettingsFile);
-  file << kSettings << "ImpresoraDispositivo=" << device << '\n';
+  file << kSettings << "ImpresoraDispositivo=" << device << '\n' << more_keys;
   if (!file.flush()) throw std::runtime_error("Fiscal.ini could not be written");
 }
 
@@ -130,9 +130,9 @@ std::int32_t CloseReport(void* /*context*/, const char* printer, const char* fis
 
 }  // namespace
 
-Workshop::Workshop(const Printer& printer) {
+Workshop::Workshop(const Printer& printer, const std::string& more_keys) {
   EnterDirectory();
-  WriteSettings(printer.Path());
+  WriteSettings(printer.Path(), more_keys);
   const KestraOperador nobody = {.tamano = sizeof(KestraOperador),
                                  .contexto = nullptr,
                                  .mensaje = Decline,
