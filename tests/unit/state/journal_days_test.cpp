@@ -68,15 +68,21 @@ TEST_F(JournalOfATill, DaysAreKeptAsLongAsTheKeySays) {
 }
 
 TEST_F(JournalOfATill, AClockThatIsFarAheadTakesTheTwoOldestAlongAtMost) {
-  for (const char* const day : {"1023", "1021", "1022", "1020"}) {
-    disk_->files[std::string("diario.txt-2024").append(day)] = "x";
+  for (const bool held : {false, true}) {
+    *disk_ = {};
+    for (const char* const day : {"1023", "1021", "1022", "1020"}) {
+      disk_->files[std::string("diario.txt-2024").append(day)] = "x";
+    }
+    auto till = Program();
+    till->Start();
+    till->Intend("9\x1CZ\x1CP");
+    constexpr int kFirstDeletion = 6;
+    if (held) till->world.GetTrouble().Arm(Point::kJournal, kFirstDeletion, false, Ailment::kFalla);
+    JournalResult(till->library, kWasDone);
+    EXPECT_EQ(disk_->files.size(), 4u) << "with today's, and the one in use";
+    EXPECT_EQ(disk_->files.count("diario.txt-20241020"), held ? 1u : 0u);
+    EXPECT_EQ(disk_->files.count("diario.txt-20241022"), held ? 0u : 1u);
   }
-  auto till = Program();
-  till->Start();
-  till->Intend("9\x1CZ\x1CP");
-  JournalResult(till->library, kWasDone);
-  EXPECT_EQ(disk_->files.size(), 4u) << "with today's, and the one in use";
-  EXPECT_EQ(disk_->files.count("diario.txt-20241022"), 1u);
 }
 
 TEST_F(JournalOfATill, WithoutDailyClosingsALargeOneIsKeptAsideAtAStart) {
