@@ -77,7 +77,8 @@ void NoteUnreadable(Library& library) {
 std::string TotalQuestion(const State& state) {
   const bool ticket = state.TipoComprobante == "TQ";
   const bool invoice = state.TipoComprobante == "TF" || state.TipoComprobante == "FC";
-  return ticket || invoice ? SubtotalQuestion(ticket ? "C" : "c") : std::string();
+  if (!ticket && !invoice) return {};
+  return SubtotalQuestion(ticket ? "C" : "c");
 }
 
 std::optional<Subtotal> AskSubtotal(Library& library) {

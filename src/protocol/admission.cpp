@@ -44,8 +44,9 @@ Admission ForTheSame(Settled& settled, const std::string& command) {
   const auto& done = settled.done;
   const bool same = settled.taken < done.size() && done[settled.taken] == command;
   settled.taken = same ? settled.taken + 1 : done.size();
-  const bool all = settled.taken == done.size() && settled.verdict.outcome == Outcome::kDone;
-  return {.verdict = {}, .done = same, .fields = same && all ? settled.answer : Fields{}};
+  const bool all =
+      same && settled.taken == done.size() && settled.verdict.outcome == Outcome::kDone;
+  return {.verdict = {}, .done = same, .fields = all ? settled.answer : Fields{}};
 }
 
 Admission AfterSettled(Library& library, const std::string& command) {

@@ -52,7 +52,8 @@ std::string MoreAbout(const Doubt& doubt, const Books& books) {
   const bool opened = method == Method::kOpening && books.open && !doubt.before.open;
   if (opened && !doubt.command.starts_with('H')) return SubtotalQuestion(doubt.command);
   const bool no_baseline = !doubt.before.counters[kDailyClosings] || !books.counters;
-  return method == Method::kDay && no_baseline ? DayQuestion() : "";
+  if (method == Method::kDay && no_baseline) return DayQuestion();
+  return {};
 }
 
 void ReadMore(const std::string& question, const Fields& answer, Books& books) {

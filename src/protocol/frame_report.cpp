@@ -52,9 +52,9 @@ Verdict FrameReport::Known(const Verdict& without_answer) noexcept {
   WithoutFailing([&] {
     const auto heard = Listen(heard_, header_);
     if (!heard.answer.empty()) Learn(FieldsOf(heard.answer));
-    const bool told = without_answer.outcome != Outcome::kNothingAsked;
+    const bool told = heard.answer.empty() && without_answer.outcome != Outcome::kNothingAsked;
     const bool leftover = heard_.find_first_not_of(kDc2) != std::string::npos;
-    verdict = heard.answer.empty() && told ? without_answer : JudgeHeard(heard, leftover, errand_);
+    verdict = told ? without_answer : JudgeHeard(heard, leftover, errand_);
   });
   return verdict;
 }

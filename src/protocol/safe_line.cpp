@@ -75,7 +75,7 @@ bool SafeLine::OnPort(Action action) {
     // A device that stays away is looked for many times.
     if (cause != why_) LogFailure(library_, failure, "Enviar", "seguro");
     why_ = cause;
-    lost_ = lost_ || open_;
+    if (open_) lost_ = true;
     Close();
     return false;
   }
@@ -136,7 +136,7 @@ Reception SafeLine::Wait(const NumberedFrame& frame) {
     }
   });
   const bool own = !heard.answer.empty();
-  unanswered_ = unanswered_ && !own;
+  if (own) unanswered_ = false;
   if (own || !received.empty()) {
     EscribirLog(library_, own ? " - Respuesta : " + heard.answer : " - Descartado : " + received);
   }

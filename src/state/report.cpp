@@ -69,8 +69,10 @@ Verdict AfterRepetition(const Verdict& before, const Verdict& now) {
     case Outcome::kUnknown:
       return now.outcome == Outcome::kDone ? Verdict{Outcome::kDone, Cause::kRepeated} : before;
     default:
-      return now.outcome == Outcome::kNotSent && before.outcome != Outcome::kNothingAsked ? before
-                                                                                          : now;
+      if (now.outcome == Outcome::kNotSent && before.outcome != Outcome::kNothingAsked) {
+        return before;
+      }
+      return now;
   }
 }
 

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "campaigns/line_faults/byte_fault.hpp"
@@ -58,7 +59,9 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   void Settle();
 
   // Somebody does something to the world when so much time has passed.
-  void In(Micros time, std::function<void()> deed) { deeds_.push_back({Now() + time, deed}); }
+  void In(Micros time, std::function<void()> deed) {
+    deeds_.push_back({Now() + time, std::move(deed)});
+  }
 
   // The cable is out of its socket after so many bytes more to the printer, or behind the next frame;
   // without a number, now.

@@ -38,6 +38,9 @@ constexpr std::string_view kOpenPage = "EP_AbrirComprobanteNoFiscal";
 
 // A till with the virtual printer at the end of its cable, on a clock of its own.
 class Shop : public testing::Test {
+ public:
+  ~Shop() override { EP_Kill(); }
+
  protected:
   explicit Shop(Mode mode = Mode::kSafe) : Shop({}, mode) {}
   Shop(std::vector<std::pair<std::string, std::string>> settings, Mode mode,
@@ -49,7 +52,6 @@ class Shop : public testing::Test {
     ReplaceInstance(std::move(owned));
     EP_Init();
   }
-  ~Shop() override { EP_Kill(); }
 
   std::int32_t Call(std::string_view words) {
     const auto operation = golden::TakeWord(words);

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 #include "fakes/fake_platform.hpp"
 #include "state/library.hpp"
 #include "unit/world.hpp"
@@ -60,7 +62,7 @@ TEST_F(Exchange, TheSafeModeGivesUpAPrinterThatIsBusyForEver) {
   library_.certainty.settings.ReconoceRepetidas = 1;
   world_.Line().SetDefault([](std::string_view) {
     std::vector<Burst> busy;
-    for (std::int64_t second = 0; second < 12 * 3600; second += 4) {
+    for (std::int64_t second = 0; second < std::int64_t{12} * 3600; second += 4) {
       busy.push_back({.delay = second * 1'000'000, .bytes = "\x12"});
     }
     return busy;

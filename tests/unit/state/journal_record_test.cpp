@@ -195,7 +195,7 @@ TEST(JournalRecord, NoPartOfALineIsBelieved) {
     EXPECT_FALSE(RecordOf(line.substr(0, at))) << at;
     EXPECT_FALSE(RecordOf(line.substr(line.size() - at))) << at;
     EXPECT_FALSE(RecordOf(line.substr(0, at) + line.substr(at + 1))) << at;
-    EXPECT_FALSE(RecordOf(line.substr(0, at) + line[at] + line.substr(at))) << at;
+    EXPECT_FALSE(RecordOf(std::string(line).insert(at, 1, line[at]))) << at;
   }
 }
 

@@ -154,6 +154,7 @@ TEST(Repetition, IsJudgedByAllSendings) {
       {"refused, then silence", kRefused, kDoubt, Outcome::kUnknown, Cause::kSilence},
       {"done, and once more", kDone, kDone, Outcome::kDone, Cause::kRepeated},
       {"done, and perhaps once more", kDone, kDoubt, Outcome::kDone, Cause::kRepeated},
+      {"no port at first", {}, kUnsent, Outcome::kNotSent, Cause::kPortBusy},
       {"refused, then no port", kRefused, kUnsent, Outcome::kRefused, Cause::kWrongState},
       {"done, the second refused", kLow, kRefused, Outcome::kDone, Cause::kBatteryLow},
   };
