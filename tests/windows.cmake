@@ -19,6 +19,7 @@ set(environment
   "KESTRA_PRINTER=${KESTRA_PRINTER}"
   "KESTRA_TICKET=$<TARGET_FILE:ticket>"
   "KESTRA_DAY=$<TARGET_FILE:jornada>"
+  "KESTRA_TILL=$<TARGET_FILE:caja>"
   "KESTRA_CLOCK=$<TARGET_FILE:clock>"
   "KESTRA_SETTINGS=${PROJECT_SOURCE_DIR}/tools/Fiscal.ini"
   "KESTRA_BUILD=${PROJECT_BINARY_DIR}"
@@ -36,7 +37,7 @@ function(kestra_story name folder)
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 1500)
 endfunction()
 
-foreach(story paper_test faults_test network_test windows_printer_test)
+foreach(story paper_test faults_test accidents_test network_test windows_printer_test)
   kestra_story(end_to_end.${story} end_to_end/windows -m unittest -v ${story})
 endforeach()
 

@@ -64,7 +64,8 @@ class Shop(unittest.TestCase):
         text = read(ENV["KESTRA_SETTINGS"])
         for key, value in values.items():
             text, found = re.subn(rf"(?m)^;?{key}=.*$", f"{key}={value}", text)
-            assert found == 1, key
+            assert found <= 1, key
+            text += "" if found else f"\n{key}={value}\n"
         with open(self.path("Fiscal.ini"), "w", encoding="cp1252") as file:
             file.write(text)
 
