@@ -28,6 +28,8 @@ bool Has(const Causes& causes, Cause cause) {
 
 }  // namespace
 
+Patience::Patience(Library& library) : library_(library), until_(library.certainty.patience_ends) {}
+
 void Patience::Begin() {
   if (!HasBegun()) Anew();
 }

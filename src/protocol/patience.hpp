@@ -1,16 +1,17 @@
 #pragma once
 
-#include <limits>
 #include <type_traits>
 
 #include "protocol/safe_line.hpp"
+#include "state/certainty.hpp"
 
 namespace kestra {
 
-// How long a call of the safe mode goes on finding out: PacienciaSegura, from the first thing that went wrong.
+// How long a call of the safe mode goes on finding out: PacienciaSegura, from the first thing that went wrong. All
+// its commands together: one that has used it up leaves the others none.
 class Patience {
  public:
-  explicit Patience(Library& library) : library_(library) {}
+  explicit Patience(Library& library);
 
   // From now on, unless it has begun already.
   void Begin();
@@ -20,8 +21,7 @@ class Patience {
 
  private:
   Library& library_;
-  static constexpr double kNever = std::numeric_limits<double>::infinity();
-  double until_ = kNever;
+  double& until_;
 };
 
 // Opens the line, again and again while that may come right and there is patience. `in_doubt`: a command may

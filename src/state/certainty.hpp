@@ -102,14 +102,16 @@ struct Ledger {
   bool something_today = false;  // has been done since the last daily closing
 };
 
+// A moment as the clock's Elapsed that does not come.
+constexpr double kNever = std::numeric_limits<double>::infinity();
+
 // A command that may have been carried out, and that no later call may pass before the books have told.
 struct Pending {
   std::string call;
   std::string command;
   std::vector<std::string> accepted;  // commands of the same call that came before it and were done
   Ledger before;
-  // As the clock's Elapsed; endless: another program did, nobody knows when.
-  double sent = std::numeric_limits<double>::infinity();
+  double sent = kNever;  // that is as far as anybody knows when another program did it
 };
 
 // A command that was pending and is no more. Its call may be made again, as long as no command of another one
@@ -149,6 +151,8 @@ struct Certainty {
   // The last command may still lie on the line: nothing goes out before the printer answers a question.
   bool unheard = false;
   std::vector<std::string> accepted;  // commands of the call under way that are done
+  double patience_ends =
+      kNever;                  // of that call; from the first thing that goes wrong there is an end
   std::string settled_number;  // of the document whose closing Kestra_Resolver found to be done
   std::optional<Settled> settled;
 };

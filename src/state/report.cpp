@@ -81,6 +81,7 @@ void BeginCall(Library& library, std::string_view name) noexcept {
   LeaveSettled(library.certainty);
   report = {};
   library.certainty.accepted.clear();
+  library.certainty.patience_ends = kNever;
   // A report that lacks a text for want of memory is better than a call that fails for it.
   WithoutFailing([&] { report.call = name; });
 }
