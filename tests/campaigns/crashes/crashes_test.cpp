@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <random>
 #include <set>
 #include <string_view>
 
+#include "campaigns/crashes/days.hpp"
 #include "campaigns/crashes/story.hpp"
 
 namespace kestra::crashes {
@@ -71,6 +73,16 @@ TEST(Story, TwoFaultsInAnAmountAreShownByTheTotal) {
   }
   EXPECT_EQ(endings.count(Ending::kTotalDiffers), 1U);
   EXPECT_EQ(endings.count(Ending::kWrong), 0U);
+}
+
+TEST(Story, DaysOfManyTroublesEndWithThePaperOfGoodOnes) {
+  constexpr std::size_t kDocuments = 8;
+  std::mt19937_64 random(1);
+  for (std::uint64_t storm = 0; storm < 12; ++storm) {
+    const Story story(AnyDay(random, kDocuments), Mode::kSafe);
+    ASSERT_TRUE(story.GoesWell());
+    EXPECT_EQ(story.Play({.storm = storm}).wrong, "");
+  }
 }
 
 // What the campaign is there to find.

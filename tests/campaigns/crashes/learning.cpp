@@ -10,8 +10,7 @@ void Telling::Learn() {
   const auto pending = shop_.Pending(name);
   if (pending == 0) {
     deeds_ = shop_.DeedsFrom(mark_);
-    return shop_.Host().Lived() > 0 && disaster_.death != kNever ? LearnFromJournal()
-                                                                 : LearnFromCall();
+    return died_ ? LearnFromJournal() : LearnFromCall();
   }
   if (pending == 1 && !disaster_.faults.empty()) return Repeat();
   // Operators have always read some names with a letter more.

@@ -34,6 +34,9 @@ class Life {
     return death_ - lived_;
   }
 
+  // So many moments from now.
+  void DieIn(std::size_t moments) { death_ = lived_ + moments; }
+
   [[nodiscard]] bool Over() const { return over_; }
   [[nodiscard]] Act Last() const { return last_; }
   [[nodiscard]] std::size_t Lived() const { return lived_; }

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "campaigns/crashes/days.hpp"
 #include "campaigns/crashes/story.hpp"
 
 // Plays the canonical documents while the line ends, the power goes or the host dies at every byte and every
@@ -16,7 +17,8 @@
 //   --cortes      line and printer alone
 //   --muertes     hosts alone
 //   --pares N     nothing but so many random pairs of faults, with ControlarTotal
-//   --semilla S   of the pairs
+//   --documentos N  nothing but so many documents, in days of many troubles
+//   --semilla S   of the pairs and the days
 //   --cada N      every N-th byte and step
 //   --repetidas   with ReconoceRepetidas
 //   --sin-repetidas  a printer that knows no repeated frame
@@ -27,7 +29,7 @@ namespace {
 struct Settings {
   Mode mode = Mode::kSafe;
   bool cuts = true, deaths = true;
-  std::size_t every = 1, first = 0, pairs = 0;
+  std::size_t every = 1, first = 0, pairs = 0, documents = 0;
   std::uint64_t seed = 1;
 };
 
@@ -48,6 +50,8 @@ Settings ReadOptions(int argc, char** argv) {
       settings.every = std::stoul(argv[++i]);
     } else if (name == "--pares" && i + 1 < argc) {
       settings.pairs = std::stoul(argv[++i]);
+    } else if (name == "--documentos" && i + 1 < argc) {
+      settings.documents = std::stoul(argv[++i]);
     } else if (name == "--semilla" && i + 1 < argc) {
       settings.seed = std::stoul(argv[++i]);
     } else {
@@ -90,8 +94,9 @@ class Campaign {
 
   Report Run() {
     if (settings_.pairs > 0) Pairs();
+    if (settings_.documents > 0) Days();
     for (const auto& document : line_faults::CanonicalDocuments()) {
-      if (settings_.pairs > 0) break;
+      if (settings_.pairs > 0 || settings_.documents > 0) break;
       const Story story(document, settings_.mode);
       if (settings_.cuts) BreakEverywhere(document.name, story);
       if (settings_.deaths) DieEverywhere(document.name, story);
@@ -146,6 +151,28 @@ class Campaign {
         where.append(form.name).append(" at ").append(std::to_string(fault.position));
       }
       Add(stories[which].Play({.faults = faults}), "two random faults", where);
+    }
+  }
+
+  // The same day under ten skies.
+  void Days() {
+    constexpr std::size_t kPerDay = 10, kSkies = 10;
+    std::mt19937_64 random(settings_.seed);
+    for (std::size_t sold = 0; sold < settings_.documents;) {
+      const Story story(AnyDay(random, kPerDay), settings_.mode);
+      if (!story.GoesWell()) throw std::logic_error("a good day has a call that is refused");
+      for (std::size_t i = 0; i < kSkies; ++i, sold += kPerDay) {
+        const auto storm = random();
+        const auto told = story.Play({.storm = storm});
+        auto& row = RowOf(report_.kinds, "days, and the calls that ended in another way");
+        ++row.runs;
+        for (std::size_t n = 0; n < row.endings.size(); ++n) row.endings[n] += told.met[n];
+        row.endings[0] += told.wrong.empty() ? 1 : 0;
+        if (told.wrong.empty()) continue;
+        report_.wrong.push_back(told.wrong + ": " + told.operation + ", day " +
+                                std::to_string(sold / kPerDay) + ", storm " +
+                                std::to_string(storm));
+      }
     }
   }
 

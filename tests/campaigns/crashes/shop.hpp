@@ -38,7 +38,7 @@ class Shop {
   std::int32_t Pending(std::string& call);
   std::int32_t Resolve(std::string& number);
 
-  [[nodiscard]] const Life& Host() const { return *life_; }
+  [[nodiscard]] Life& Host() const { return *life_; }
   [[nodiscard]] LineWorld& World() { return *world_; }
 
   // What the printer has carried out that changed it, as its frames had it, from that exchange on. Waits for it

@@ -31,7 +31,8 @@ struct Disaster {
   std::size_t again = kNever;                        // and of the one that comes after it
   bool printer_too = false;                          // loses its power with the host's
   bool at_once = false;  // the till is started again before the printer has finished
-  bool asks = true;      // it asks what became of the call; else it makes the call again
+  std::optional<std::uint64_t> storm{};  // instead: troubles at random, one after the other
+  bool asks = true;  // it asks what became of the call; else it makes the call again
 };
 
 // What the till came to know of the call under way. Down to kTwice, the truth.
@@ -70,6 +71,7 @@ struct StoryReport {
   std::string operation;  // under way
   std::string wrong;      // what was not as it should be
   Act last_act = Act::kOther;
+  std::array<std::size_t, kEndingNames.size()> met{};  // in a storm: how its calls ended
 };
 
 using Configuration = std::vector<std::pair<std::string, std::string>>;
@@ -83,6 +85,8 @@ class Story {
   // The document to its end, through this: the till does what its library told it, and then goes on. The paper has
   // to be that of a good day.
   [[nodiscard]] StoryReport Play(const Disaster& disaster) const;
+
+  [[nodiscard]] bool GoesWell() const;  // on a good day
 
   // Of a good day.
   [[nodiscard]] std::size_t Moments() const { return moments_; }

@@ -83,11 +83,16 @@ bool Telling::SellOn() {
 }
 
 StoryReport Telling::Run() {
-  if (disaster_.breakdown) shop_.World().Break(*disaster_.breakdown);
-  if (disaster_.passes) shop_.World().MendAfter(kAMoment);
+  const auto mended = disaster_.passes ? std::optional(kAMoment) : std::nullopt;
+  if (disaster_.breakdown) shop_.World().Break(*disaster_.breakdown, mended);
   Begin();
   shop_.Start(disaster_.death);
-  const bool sold = disaster_.faults.empty() ? Sell(0) : SellOn();
+  bool sold = true;
+  if (disaster_.storm) {
+    Weather();
+  } else {
+    sold = disaster_.faults.empty() ? Sell(0) : SellOn();
+  }
   call_ = std::min(call_, story_.good_.size() - 1);
   report_.last_act = shop_.Host().Last();
   if (!sold) {
@@ -101,6 +106,7 @@ StoryReport Telling::Run() {
 }
 
 void Telling::Recover() {
+  died_ = shop_.Host().Over() || disaster_.again != kNever;
   if (!disaster_.at_once) shop_.World().Settle();
   shop_.World().Mend();
   if (disaster_.printer_too) shop_.World().PowerCycle();

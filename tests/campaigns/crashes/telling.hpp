@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,8 @@ class Telling {
 
   bool Sell(std::size_t from);
   bool SellOn();
+  void Weather();
+  void Befall();
   bool CallWell();
   bool DoneOnce();
   void Recover();
@@ -53,15 +56,18 @@ class Telling {
     return CallWords().starts_with(kClock) || Good().outcome == KESTRA_DESENLACE_RECHAZADO;
   }
   void Begin();
+  [[nodiscard]] std::size_t Chance(std::size_t below) { return random_() % below; }
 
   const Story& story_;
-  const Disaster& disaster_;
+  Disaster disaster_;
   Shop shop_;
   StoryReport report_;
   std::size_t call_ = 0;  // under way
   std::size_t mark_ = 0;  // the printer's exchanges when it began
   std::size_t results_ = 0;
   Told told_;
+  bool died_ = false;  // the till to which the call was told
+  std::mt19937_64 random_;
   Words deeds_;    // of that call
   Words doubted_;  // of the calls that were in doubt
 };

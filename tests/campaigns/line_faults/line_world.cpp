@@ -144,8 +144,7 @@ std::string_view LineWorld::UpToTheBreak(Direction direction, std::string_view b
 }
 
 void LineWorld::Mend() {
-  if (!broken_) return;
-  if (breakdown_->kind == Breakage::kPowerless) PowerCycle();
+  if (broken_ && breakdown_->kind == Breakage::kPowerless) PowerCycle();
   broken_ = false;
   breakdown_.reset();
 }

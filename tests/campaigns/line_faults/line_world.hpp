@@ -71,10 +71,12 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   }
   void PlugIn() { plug_holds_.reset(); }
 
-  // The line ends with that byte, until somebody mends it, at once or so much later. The printer is switched on
-  // again with it.
-  void Break(const Breakdown& breakdown) { breakdown_ = breakdown; }
-  void MendAfter(Micros time) { mended_after_ = time; }
+  // The line ends with that byte, until somebody mends it, or so much later. The printer is switched on again
+  // with it.
+  void Break(const Breakdown& breakdown, std::optional<Micros> mended_after = {}) {
+    breakdown_ = breakdown;
+    mended_after_ = mended_after;
+  }
   void Mend();
   [[nodiscard]] bool Broken() const { return broken_; }
   void PowerCycle();

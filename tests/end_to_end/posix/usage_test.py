@@ -7,7 +7,7 @@ import unittest
 
 ENV = os.environ
 SOURCE = ENV["KESTRA_SOURCE"]
-SCRIPTS = ["bench", "coverage", "demo", "fuzz", "line_faults", "mutate", "soak", "steady", "test", "tidy",
+SCRIPTS = ["bench", "coverage", "crashes", "demo", "fuzz", "line_faults", "mutate", "soak", "steady", "test", "tidy",
            "torture"]
 
 
