@@ -267,7 +267,8 @@ TEST(JournalReading, AResultCutAnywhereLeavesItsIntentOpen) {
   const std::string result = TextOf(Result(1));
   for (std::size_t size = 0; size < result.size(); ++size) {
     for (const std::string& behind : {std::string(), std::string(300, '\0')}) {
-      const JournalReading reading = ReadJournal(before + result.substr(0, size) + behind);
+      const JournalReading reading =
+          ReadJournal(std::string(before).append(result, 0, size).append(behind));
       ASSERT_TRUE(reading.open) << size;
       EXPECT_EQ(reading.open->command, "b\x1CPan");
       EXPECT_EQ(reading.length, before.size());
