@@ -145,6 +145,17 @@ void CountOne(Ledger& ledger, std::optional<std::size_t> place) {
   if (place) Add(ledger.counters[*place], 1);
 }
 
+// What is cancelled spends a number, one of its kind.
+void EnterCancelling(Ledger& ledger) {
+  Counters kept{};
+  for (const auto place : {kDailyClosings, kCancelledToday, kNonFiscalToday}) {
+    kept[place] = ledger.counters[place];
+  }
+  ledger.counters = kept;
+  CountOne(ledger, kCancelledToday);
+  Forget(ledger);
+}
+
 void EnterDay(Ledger& ledger) {
   CountOne(ledger, kDailyClosings);
   ledger.counters[kCancelledToday] = 0;
@@ -167,8 +178,7 @@ void Enter(Ledger& ledger, std::string_view command, const State& digits) {
     case Method::kPerception:
       return EnterPerception(ledger, command, digits);
     case Method::kCancel:
-      CountOne(ledger, kCancelledToday);
-      return Forget(ledger);
+      return EnterCancelling(ledger);
     case Method::kClosing:
       CountOne(ledger, CounterOfClosing(command));
       return Forget(ledger);

@@ -370,6 +370,15 @@ TEST(Compare, TheBooksTellWhetherACommandWasCarriedOut) {
   }
 }
 
+TEST(Ledger, ACancelledDocumentSpendsANumberThatNobodyTells) {
+  auto ledger = Counting(Counting(Selling(1, 0), 3, 7), kCancelledToday, 1);
+  ledger.counters[kDailyClosings] = 4;
+  Enter(ledger, kCancel, Digits());
+  EXPECT_FALSE(ledger.counters[3]);
+  EXPECT_EQ(ledger.counters[kCancelledToday], 2);
+  EXPECT_EQ(ledger.counters[kDailyClosings], 4);
+}
+
 TEST(Ledger, AnAmountThatIsNoneIsAddedToNothing) {
   auto ledger = Selling(1, 10000);
   Enter(ledger, Fields("D", {"Efectivo", "x", "T"}), Digits());
