@@ -119,11 +119,7 @@ class TheOutcomeOfAReport(Doubt):
 
 class ATillThatDiesAtTheClosing(Doubt):
     rule = "en la 1ra respuesta de E: callar"
-
-    def write_settings(self, **changes):
-        super().write_settings(**changes)
-        with open(self.path("Fiscal.ini"), "a", encoding="cp1252") as file:
-            file.write("ModoSeguro=1\nDiario=diario.txt\n")
+    added_settings = {"ModoSeguro": 1, "Diario": "diario.txt"}
 
     def test_learns_at_its_next_start_that_the_ticket_was_issued(self):
         till = subprocess.Popen([sys.executable, "tique.py"], cwd=self.folder, env=self.host_environment(),

@@ -12,7 +12,7 @@ STEPS = ["apertura", "item Cafe molido 2 x 1500.00", "item Yerba mate 1 x 890.50
 
 
 class AKilledTillAndAPulledCable:
-    settings = {"ModoSeguro": 1, "Diario": "diario.txt"}
+    added_settings = {"ModoSeguro": 1, "Diario": "diario.txt"}
 
     def start_printer(self):
         faults = self.path("fallas.txt")

@@ -31,6 +31,7 @@ def read(path):
 class Shop(unittest.TestCase):
     family = "TQ"
     settings = {}
+    added_settings = {}  # that the file to start from leaves out
     printer_flags = []
 
     def setUp(self):
@@ -64,8 +65,10 @@ class Shop(unittest.TestCase):
         text = read(ENV["KESTRA_SETTINGS"])
         for key, value in values.items():
             text, found = re.subn(rf"(?m)^;?{key}=.*$", f"{key}={value}", text)
-            assert found <= 1, key
-            text += "" if found else f"\n{key}={value}\n"
+            assert found == 1, key
+        for key, value in self.added_settings.items():
+            assert f"{key}=" not in text, key
+            text += f"\n{key}={value}\n"
         with open(self.path("Fiscal.ini"), "w", encoding="cp1252") as file:
             file.write(text)
 
