@@ -27,6 +27,7 @@
  *   system knows nothing of (a context, a signal's), or a fiber that never goes on, every later call
  *   is refused. A host that swaps the contents of one stack must not do so in the middle of a call.
  */
+/* Made by api/generate from api/kestra.toml. */
 #ifndef KESTRA_KESTRA_H
 #define KESTRA_KESTRA_H
 
@@ -439,15 +440,15 @@ typedef struct KestraOperador {
   uint32_t tamano; /* sizeof(KestraOperador) */
   void* contexto;  /* handed back in each callback */
   /*
-     * A message box. estilo: 0 OK, 4 Yes/No, 36 Yes/No with the question icon. titulo: "" is the
-     * default title. Returns 1 OK, 6 Yes, 7 No; for a question all but 6 counts as No.
-     */
+   * A message box. estilo: 0 OK, 4 Yes/No, 36 Yes/No with the question icon. titulo: "" is the
+   * default title. Returns 1 OK, 6 Yes, 7 No; for a question all but 6 counts as No.
+   */
   int32_t(KESTRA_CALL* mensaje)(void* contexto, const char* texto, const char* titulo,
                                 int32_t estilo);
   /*
-     * The status report: both status words (four hexadecimal digits each) and `cantidad` rows.
-     * Returns non-zero to send the command again (Reintentar), zero to close.
-     */
+   * The status report: both status words (four hexadecimal digits each) and `cantidad` rows.
+   * Returns non-zero to send the command again (Reintentar), zero to close.
+   */
   int32_t(KESTRA_CALL* informe_estados)(void* contexto, const char* impresora, const char* fiscal,
                                         const KestraFila* filas, int32_t cantidad);
   /* The warning that the fiscal memory is nearly full. */

@@ -8,7 +8,7 @@
 #include "exports/exports.hpp"
 #include "kestra/kestra.h"
 
-// The rows themselves; linked.cpp and by_name.cpp show them to the rest.
+// The rows, which api/generate makes, held against the header; linked.cpp and by_name.cpp show them to the rest.
 namespace kestra::exports {
 
 template <class Type>
@@ -108,78 +108,10 @@ constexpr Export Row(std::string_view name, Results results, std::string_view le
   return row;
 }
 
-inline constexpr std::string_view kOpening = "t2 t1 t40 t40 t6 t11 t1 t40 t40 t40 t40 t40 i";
-inline constexpr std::string_view kItem = "t50 d d d d t22 t22 t22";
-
 #define ROW(name, ...) Row<kIsLinked, &(name)>(#name, __VA_ARGS__)
 template <bool kIsLinked>
 inline constexpr std::array kTable{
-    ROW(EP_Init, {Nature::kLifetime, 1, 0}),
-    ROW(EP_Kill, {Nature::kLifetime, 0, 0}),
-    ROW(EP_AjusteRedondeo, {Nature::kOperation, 0, 0}, "d", "9000"),  // never tells of a failure
-    ROW(EP_AbrirComprobanteFiscal, kOperation, kOpening,
-        "FC|A|Libreria S.R.L.||CUIT|30000000007|I|Belgrano 1234|||||1"),
-    ROW(EP_ImprimirItem, kOperation, kItem, "Resma|10|320|21|0|Caja cerrada||"),
-    ROW(EP_AnularItem, kOperation, kItem, "Resma|1|320|21|0|||"),
-    ROW(EP_ImprimirTextoFiscal, kOperation, "t26", "Oferta"),
-    ROW(EP_ImprimirTextoFiscalInterna, kOperation, "z", "Oferta"),
-    ROW(EP_CerrarComprobanteFiscal, kOperation, "t2 t1 o8", "FC|A"),
-    ROW(EP_Cancelar, kOperation),
-    ROW(EP_DescuentoGeneral, kOperation, "t80 d", "Descuento|200"),
-    ROW(EP_RecargoGeneral, kOperation, "t80 d", "Recargo|100"),
-    ROW(EP_EspecificarPercepcionGlobal, kOperation, "t20 d d t1", "Percepcion|150|0|O"),
-    ROW(EP_ImprimirPago, kOperation, "t80 d", "Efectivo|30000"),
-    ROW(EP_AbrirComprobanteNoFiscalHomologado, kOperation, kOpening,
-        "NC|A|Libreria||CUIT|1|I|Sur 1|||||1"),
-    ROW(EP_CerrarComprobanteNoFiscalHomologado, kOperation, "t2 t1", "NC|A"),
-    ROW(EP_AbrirComprobanteNoFiscal, kOperation),
-    ROW(EP_ImprimirTextoNoFiscal, kOperation, "t120", "Retirar por deposito"),
-    ROW(EP_CerrarComprobanteNoFiscal, kOperation),
-    ROW(EP_ReporteX, kOperation),
-    ROW(EP_ReporteZ, kOperation),
-    ROW(EP_ReporteZporNumeros, kOperation, "i i i", "1|1|0"),
-    ROW(EP_ReporteZporFechas, kOperation, "t6 t6 i", "200101|991231|0"),
-    ROW(EP_AbrirCajonDeDinero, kOperation, "i", "1"),
-    ROW(EP_CambiarFechaHora, kOperation, "t6 t6", "990101|103000"),
-    ROW(EP_ObtenerFechaHora, kOperation, "o12"),
-    ROW(EP_SetEncabezado, kOperation, "t120 i i", "Gracias por su compra|1|0"),
-    ROW(EP_GetEncabezado, kOperation, "o120 i", "1"),
-    ROW(EP_CortaPapel, kOperation),
-    ROW(EP_AvanzaPapel, kOperation, "i", "2"),
-    ROW(EP_ValoresModelo, kOperation, "o64"),
-    ROW(EP_Numeracion, kOperation, "o80"),
-    ROW(EP_AutodetectarModelo, kOperation, "o14"),
-    ROW(EP_Chequear_Error, kFixed),
-    ROW(EP_ReimprimirComprobante, kFixed),
-    ROW(EP_Configuracion, kFixed, "i", "1"),
-    ROW(EP_ConsultaMemoria, kFixed, "i", "1"),
-    ROW(EP_Copias, kFixed, "i", "1"),
-    ROW(EP_ImpuestoInternoFijo, kFixed, "i", "1"),
-    ROW(EP_ImpuestoInternoPorMonto, kFixed, "i", "1"),
-    ROW(EP_InformacionRemito, kFixed, "i", "1"),
-    ROW(EP_Inicializacion, kFixed, "i", "1"),
-    ROW(EP_Memoria, kFixed, "i", "1"),
-    ROW(EP_DescuentoUltimoItem, kFixed, "i i i", "1|2|3"),
-    ROW(EP_ImprimirItemEnRemito, kFixed, "i i i", "1|2|3"),
-    ROW(EP_DatosCliente, kFixed, "i i i i i", "1|2|3|4|5"),
-    ROW(DllCanUnloadNow, {Nature::kBeside, 1, 0}),  // 1 while a port is held
-    ROW(DllRegisterServer, kComponents),
-    ROW(DllUnregisterServer, kComponents),
-    ROW(DllGetClassObject, kComponents, "g g o8"),
-    ROW(Kestra_DefinirOperador, {Nature::kBeside, 0, 0}, "k"),
-    ROW(Kestra_Desenlace, kReport),
-    ROW(Kestra_Causa, kReport),
-    ROW(Kestra_CausaTexto, kReport, "o200 n", "200"),
-    ROW(Kestra_Respuesta, kReport, "i o40 n", "1|40"),
-    ROW(Kestra_Intentos, kReport),
-    ROW(Kestra_Estado, kReport),
-    ROW(Kestra_DocumentoAbierto, kReport),
-    ROW(Kestra_Subtotal, kReport, "o20 n", "20"),
-    ROW(Kestra_Numeracion, kReport, "i i o10 n", "1|66|10"),
-    ROW(Kestra_Pendiente, kReport, "o100 n", "100"),
-    ROW(Kestra_Resolver, kReport),
-    ROW(Kestra_ResolverNumero, kReport, "o10 n", "10"),
-    ROW(Kestra_Olvidar, kReport),
+#include "exports/rows.inc"
 };
 #undef ROW
 
