@@ -1,7 +1,6 @@
 #include "fakes/fake_clock.hpp"
 
 #include <chrono>
-#include <cstdio>
 #include <stdexcept>
 
 namespace kestra {

@@ -2,7 +2,6 @@
 #include "protocol/answer.hpp"
 
 #include <algorithm>
-#include <cstdio>
 #include <string>
 #include <vector>
 

@@ -1,5 +1,4 @@
 // What the safe mode believes: answers on the line, and records of a journal that may be torn.
-#include <array>
 #include <string>
 #include <string_view>
 

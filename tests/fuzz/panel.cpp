@@ -7,6 +7,7 @@
 #include <string>
 
 #include "fuzz/input.hpp"
+#include "fuzz/till.hpp"
 #include "line/session.hpp"
 #include "panel/api.hpp"
 #include "panel/gate.hpp"
@@ -18,11 +19,6 @@ namespace {
 
 using fuzz::Input;
 using fuzz::Require;
-
-class StandingClock : public WallClock {
- public:
-  std::int64_t LocalSeconds() override { return 1'795'257'000; }
-};
 
 // A request that is there as a whole, and an answer that is kept. Whoever listens for news leaves with
 // the first of them.
@@ -81,7 +77,7 @@ class Desk {
   Feed& feed() { return feed_; }
 
  private:
-  StandingClock clock_;
+  WallAtInput clock_;
   Session session_;
   Feed feed_;
   History history_;

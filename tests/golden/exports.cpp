@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <stdexcept>
-#include <utility>
 
 #include "exports/exports.hpp"
 #include "golden/onlooker.hpp"

@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
-#include <optional>
 #include <stdexcept>
 
 namespace kestra::golden {

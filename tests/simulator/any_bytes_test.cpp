@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
 
 #include "commands/commands.hpp"
@@ -8,6 +9,7 @@
 namespace impresora {
 namespace {
 
+using prueba::AnyBody;
 using prueba::FamilySettings;
 using prueba::Shop;
 
@@ -17,23 +19,6 @@ constexpr std::array<std::string_view, 24> kTexts{
     "99999999", "999999999", "-001", "1.5", "C", "T",    "A",    "M",
     "R",        "m",         "D",    "O",   "P", "N",    "Pan",  "Efectivo"};
 
-// A command that exists, with as many fields as it takes, each drawn from the texts above.
-std::string AnyBody(std::mt19937& random) {
-  const auto rows = Commands();
-  const CommandRow& row = rows[random() % rows.size()];
-  std::string body(1, static_cast<char>(row.byte));
-  for (std::size_t i = 0; i < row.fields.size(); ++i) {
-    const FieldRow& field = row.fields[i];
-    body += kFs;
-    if (field.kind == FieldKind::kChoice && random() % 8 != 0) {
-      body += field.allowed[random() % field.allowed.size()];
-    } else {
-      body += kTexts[random() % kTexts.size()];
-    }
-  }
-  return body;
-}
-
 TEST(AnyBytes, WhateverIsSentTheBooksStayInOrder) {
   for (const Family family : {Family::kTicket, Family::kTicketInvoice, Family::kForm}) {
     std::mt19937 random(20261121);
@@ -41,7 +26,7 @@ TEST(AnyBytes, WhateverIsSentTheBooksStayInOrder) {
     settings.closings_left = 100'000;
     Shop shop(settings);
     for (int i = 0; i < 20'000; ++i) {
-      const std::string body = AnyBody(random);
+      const std::string body = AnyBody(random, kTexts, 8);
       const unsigned before = shop.printer.GetMachine().finished;
       const Stage stage = shop.printer.GetStage();
       const Answer answer = shop.SendBody(body);

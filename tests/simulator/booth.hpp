@@ -4,7 +4,6 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "host.hpp"
 #include "line/session.hpp"
@@ -52,6 +51,15 @@ class Booth {
   StoppedClock clock;
   Session session;
   Micros now = std::chrono::hours(1);
+};
+
+// One that somebody watches from the start.
+template <typename Watcher>
+class Watched : public Booth {
+ public:
+  explicit Watched(Settings settings = {}) : Booth(std::move(settings)) { session.Attach(watcher); }
+
+  Watcher watcher;
 };
 
 }  // namespace impresora::prueba

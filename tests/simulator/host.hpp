@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <random>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "commands/commands.hpp"
 #include "commands/printer.hpp"
 #include "fiscal/calendar.hpp"
 #include "wire/control_bytes.hpp"
@@ -81,6 +83,30 @@ class Shop {
   Printer printer;
   std::int64_t now = OpeningTime();
 };
+
+// A command that exists, with as many fields as it takes, each one that it allows or any of the texts: of those that
+// have to choose now and then, as often as `odd` says.
+inline std::string AnyBody(std::mt19937& random, std::span<const std::string_view> texts,
+                           unsigned odd = 0) {
+  const CommandRow& row = Commands()[random() % Commands().size()];
+  std::string body(1, static_cast<char>(row.byte));
+  for (const FieldRow& field : row.fields) {
+    body += kFs;
+    if (field.kind == FieldKind::kChoice && (odd == 0 || random() % odd != 0)) {
+      body += field.allowed[random() % field.allowed.size()];
+    } else {
+      body += texts[random() % texts.size()];
+    }
+  }
+  return body;
+}
+
+// A printer that thinks so long about every command.
+inline Settings Slow(std::uint32_t milliseconds) {
+  Settings settings;
+  settings.work_milliseconds.fill(milliseconds);
+  return settings;
+}
 
 inline Settings FamilySettings(Family family) {
   Settings settings;

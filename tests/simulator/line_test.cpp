@@ -4,18 +4,13 @@
 
 #include <utility>
 
-#include "host.hpp"
+#include "booth.hpp"
 
 namespace impresora {
 namespace {
 
 using prueba::Body;
 using std::chrono::milliseconds;
-
-class StoppedClock : public WallClock {
- public:
-  std::int64_t LocalSeconds() override { return prueba::OpeningTime(); }
-};
 
 // A printer on a line, and a time that the test moves by hand.
 class Desk {
@@ -28,7 +23,7 @@ class Desk {
     return line.Advance(now);
   }
 
-  StoppedClock clock;
+  prueba::StoppedClock clock;
   Printer printer;
   Line line;
   Micros now = milliseconds(1);

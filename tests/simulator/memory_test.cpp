@@ -5,7 +5,6 @@
 #include <optional>
 #include <random>
 
-#include "commands/commands.hpp"
 #include "folder.hpp"
 #include "host.hpp"
 #include "memory/database.hpp"
@@ -135,17 +134,7 @@ TEST(MemoryBooks, AnyStateComesBackAsItWas) {
     std::mt19937 random(5);
     auto shop = std::make_unique<ShopWithMemory>(folder / "m.db", settings);
     for (int i = 0; i < 1500; ++i) {
-      const CommandRow& row = Commands()[random() % Commands().size()];
-      std::string body(1, static_cast<char>(row.byte));
-      for (const FieldRow& field : row.fields) {
-        body += kFs;
-        if (field.kind == FieldKind::kChoice) {
-          body += field.allowed[random() % field.allowed.size()];
-        } else {
-          body += kTexts[random() % kTexts.size()];
-        }
-      }
-      shop->SendBody(body);
+      shop->SendBody(prueba::AnyBody(random, kTexts));
       shop->PaperText();
       if (i % 50 != 0) continue;
       const Books before = BooksOf(*shop);

@@ -44,12 +44,6 @@ struct Taped {
   Booth booth;
 };
 
-Settings Slow(std::uint32_t milliseconds) {
-  Settings settings;
-  settings.work_milliseconds.fill(milliseconds);
-  return settings;
-}
-
 // Stories on tape: until "replay" it records, from there on the player answers. "again" lays the
 // tape aside and begins another, which "differs" compares with it.
 class TapePlayer : public prueba::LinePlayer {
@@ -126,7 +120,7 @@ class TapePlayer : public prueba::LinePlayer {
 PLAY_STORIES(Tapes, TapePlayer, "trace")
 
 TEST(Recording, HoldsBytesTimesAndWords) {
-  Taped original(Slow(1200));
+  Taped original(prueba::Slow(1200));
   const std::string answer = original.booth.Send(40, {"K"});
   const Recording recording = original.tape.Read();
   ASSERT_EQ(recording.size(), 1U);

@@ -9,6 +9,7 @@ namespace {
 
 using prueba::Body;
 using prueba::Booth;
+using prueba::Watched;
 using std::chrono::hours;
 using std::chrono::milliseconds;
 
@@ -29,9 +30,8 @@ struct Diary : Observer {
 };
 
 TEST(Session, TellsOnlyWhenTheAnswerIsOut) {
-  Booth booth;
-  Diary diary;
-  booth.session.Attach(diary);
+  Watched<Diary> booth;
+  Diary& diary = booth.watcher;
   booth.session.Receive(Frame(40, "K"), booth.now);
   EXPECT_EQ(booth.session.Advance(booth.now).bytes, Frame(40, Body({"K", "0080", "0600"})));
   EXPECT_EQ(diary.text, "");
@@ -42,9 +42,8 @@ TEST(Session, TellsOnlyWhenTheAnswerIsOut) {
 }
 
 TEST(Session, TellsADocumentsPaperBeforeItsEndHoweverFastTheHost) {
-  Booth booth;
-  Diary diary;
-  booth.session.Attach(diary);
+  Watched<Diary> booth;
+  Diary& diary = booth.watcher;
   std::string all;
   std::uint8_t sequence = 40;
   for (int tickets = 0; tickets < 2; ++tickets) {
@@ -61,13 +60,10 @@ TEST(Session, TellsADocumentsPaperBeforeItsEndHoweverFastTheHost) {
 }
 
 TEST(Session, AnExchangeHasItsBytesTimesAndNumber) {
-  Booth booth([] {
-    Settings settings;
-    settings.work_milliseconds['K'] = 700;
-    return settings;
-  }());
-  Diary diary;
-  booth.session.Attach(diary);
+  Settings settings;
+  settings.work_milliseconds['K'] = 700;
+  Watched<Diary> booth(settings);
+  Diary& diary = booth.watcher;
   booth.Send(40, {"Y"});
   const Micros second = booth.now;
   booth.Send(41, {"K"});
@@ -134,11 +130,7 @@ TEST(Session, AnExchangeSaysWhatBecameOfTheCommand) {
 }
 
 TEST(Session, AnotherHostHearsNothingOfTheFormerOnes) {
-  Booth booth([] {
-    Settings settings;
-    settings.work_milliseconds.fill(1'000);
-    return settings;
-  }());
+  Booth booth(prueba::Slow(1'000));
   booth.session.Receive(Frame(40, "{") + Frame(41, "K").substr(0, 5), booth.now);
   EXPECT_EQ(booth.session.Advance(booth.now).bytes, "");
   booth.session.NewHost();
@@ -207,9 +199,8 @@ TEST(Session, PowerGoesAndComesByHand) {
 }
 
 TEST(Session, WhoeverChangesThePrinterByHandLetsTheOthersKnow) {
-  Booth booth;
-  Diary diary;
-  booth.session.Attach(diary);
+  Watched<Diary> booth;
+  Diary& diary = booth.watcher;
   booth.session.GetPrinter().Faults().offline = true;
   booth.session.Touched();
   EXPECT_EQ(booth.session.NextDue(), Micros{});

@@ -1,7 +1,6 @@
 #include "story.hpp"
 
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <regex>

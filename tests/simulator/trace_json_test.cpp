@@ -8,7 +8,7 @@ namespace impresora {
 namespace {
 
 using Json = nlohmann::json;
-using prueba::Booth;
+using prueba::Watched;
 
 struct Objects : Observer {
   void Exchanged(const Exchange& exchange) override {
@@ -20,9 +20,8 @@ struct Objects : Observer {
 };
 
 TEST(TraceJson, AnExchangeIsOneObjectOnOneLine) {
-  Booth booth;
-  Objects objects;
-  booth.session.Attach(objects);
+  Watched<Objects> booth;
+  const Objects& objects = booth.watcher;
   const std::string answer = booth.Send(40, {"^", "2"});
   ASSERT_EQ(objects.parsed.size(), 1U);
   EXPECT_EQ(objects.lines[0].find('\n'), std::string::npos);
@@ -54,9 +53,8 @@ TEST(TraceJson, KeysComeInTheOrderThatPeopleReadThem) {
 }
 
 TEST(TraceJson, ADamagedFrameHasNeitherCommandNorAnswer) {
-  Booth booth;
-  Objects objects;
-  booth.session.Attach(objects);
+  Watched<Objects> booth;
+  const Objects& objects = booth.watcher;
   std::string damaged = Frame(43, "K");
   damaged.back() ^= 1;
   prueba::Ask(booth.session, damaged, booth.now);
@@ -70,9 +68,8 @@ TEST(TraceJson, ADamagedFrameHasNeitherCommandNorAnswer) {
 }
 
 TEST(TraceJson, AnyBytesMakeAnObject) {
-  Booth booth;
-  Objects objects;
-  booth.session.Attach(objects);
+  Watched<Objects> booth;
+  const Objects& objects = booth.watcher;
   booth.Send(40, {"]", "1", "\xED\x81\xF4\"\\"});
   ASSERT_EQ(objects.parsed.size(), 1U);
   EXPECT_EQ(objects.parsed[0]["comando"]["campos"][1]["valor"], "í ô\"\\");

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "fakes/fake_platform.hpp"

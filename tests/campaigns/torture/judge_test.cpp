@@ -6,8 +6,6 @@
 
 #include <array>
 #include <new>
-#include <string>
-#include <vector>
 
 #include "campaigns/torture/allocations.hpp"
 

@@ -5,7 +5,6 @@
 #include <iosfwd>
 #include <map>
 #include <string>
-#include <string_view>
 
 #include "campaigns/torture/strike.hpp"
 

@@ -6,7 +6,6 @@
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
-#include <regex>
 
 #include "contract/posix/surroundings.hpp"
 #include "contract/posix/ticking.hpp"

@@ -2,7 +2,6 @@
 
 #include <termios.h>
 
-#include <memory>
 #include <string>
 #include <string_view>
 

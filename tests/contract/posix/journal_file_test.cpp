@@ -58,29 +58,15 @@ TEST_F(PosixJournalTest, WhatKeepsNothingIsNoJournal) {
 }
 
 TEST_F(PosixJournalTest, WithoutRightsInTheFolderItIsAFailure) {
-  ASSERT_EQ(::chmod(scratch_.Path().c_str(), 0755), 0);
-  const OrdinaryUser user;
-  ASSERT_TRUE(user);
+  const OrdinaryUser user(scratch_.Path());
   EXPECT_EQ(FailureOfOpening(), 70);
 }
 
 TEST_F(PosixJournalTest, AReadOnlyFileIsAFailure) {
   WriteFile("diario.txt", "viejo");
   ASSERT_EQ(::chmod("diario.txt", 0444), 0);
-  ASSERT_EQ(::chmod(scratch_.Path().c_str(), 0755), 0);
-  const OrdinaryUser user;
-  ASSERT_TRUE(user);
+  const OrdinaryUser user(scratch_.Path());
   EXPECT_EQ(FailureOfOpening(), 70);
-}
-
-// Runs it in a process of its own; what became of that.
-template <typename Action>
-int InChild(Action action) {
-  const pid_t child = ::fork();
-  if (child == 0) ::_exit(action() ? 0 : 1);
-  int status = -1;
-  ::waitpid(child, &status, 0);
-  return status;
 }
 
 TEST_F(PosixJournalTest, OneThatMayNotGrowEndsNobodyIsCutWhereItWasAndOverwritten) {

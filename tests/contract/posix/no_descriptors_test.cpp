@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
+#include "contract/posix/surroundings.hpp"
 #include "contract/shared/scratch.hpp"
 #include "fakes/failure_number.hpp"
 #include "platform/posix/files.hpp"
@@ -22,11 +21,7 @@ bool LosesTheLineAndFindsNoSetting() {
 TEST(NoDescriptors, TheLineIsLostAndTheHostLives) {
   const ScratchDirectory scratch;
   WriteFile("Fiscal.ini", "[S]\nK=12\n");
-  const pid_t child = ::fork();
-  if (child == 0) ::_exit(LosesTheLineAndFindsNoSetting() ? 0 : 1);
-  int status = -1;
-  ::waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0);
+  EXPECT_EQ(InChild(LosesTheLineAndFindsNoSetting), 0);
 }
 
 }  // namespace

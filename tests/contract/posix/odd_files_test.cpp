@@ -10,7 +10,6 @@
 
 #include <atomic>
 #include <cstring>
-#include <functional>
 #include <map>
 #include <sstream>
 #include <thread>
@@ -33,15 +32,6 @@ void MakeSocket(const char* name) {
   std::strncpy(address.sun_path, name, sizeof address.sun_path - 1);
   const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
   ASSERT_EQ(::bind(socket.Get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-}
-
-// Runs it in a process of its own; what became of that: 0, or what its wait told.
-int InChild(const std::function<bool()>& action) {
-  const pid_t child = ::fork();
-  if (child == 0) ::_exit(action() ? 0 : 1);
-  int status = -1;
-  ::waitpid(child, &status, 0);
-  return status;
 }
 
 // Whoever may write in the till's directory decides where its files are: links are followed.
@@ -96,18 +86,14 @@ TEST_F(OddFiles, ALinkedLogStaysALink) {
 TEST_F(OddFiles, WithoutTheRightToReadThereAreNoSettings) {
   WriteFile("Fiscal.ini", kSettings);
   ASSERT_EQ(::chmod("Fiscal.ini", 0), 0);
-  ASSERT_EQ(::chmod(scratch_.Path().c_str(), 0755), 0);
-  const OrdinaryUser user;
-  ASSERT_TRUE(user);
+  const OrdinaryUser user(scratch_.Path());
   EXPECT_EQ(Setting(), "");
 }
 
 TEST_F(OddFiles, AReadOnlyLogIsAFailure) {
   WriteFile("fiscal.log", "viejo");
   ASSERT_EQ(::chmod("fiscal.log", 0444), 0);
-  ASSERT_EQ(::chmod(scratch_.Path().c_str(), 0755), 0);
-  const OrdinaryUser user;
-  ASSERT_TRUE(user);
+  const OrdinaryUser user(scratch_.Path());
   EXPECT_EQ(LogFailure(), 70);
   EXPECT_EQ(ReadFile("fiscal.log"), "viejo");
 }

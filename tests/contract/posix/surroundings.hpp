@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <time.h>
 #include <unistd.h>
 
@@ -30,12 +33,23 @@ class Environment {
   std::optional<std::string> before_;
 };
 
-// Takes root's privileges away while it lives: root may open and write everything.
+// Runs it in a process of its own; what became of that: 0, or what its wait told.
+template <typename Action>
+int InChild(Action action) {
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(action() ? 0 : 1);
+  int status = -1;
+  ::waitpid(child, &status, 0);
+  return status;
+}
+
+// Takes root's privileges away while it lives: root may open and write everything. The folder is open to all.
 class OrdinaryUser {
  public:
-  OrdinaryUser() : before_(::geteuid()) {
+  explicit OrdinaryUser(const std::string& folder = ".") : before_(::geteuid()) {
     constexpr uid_t kNobody = 65534;
-    lowered_ = before_ != 0 || ::seteuid(kNobody) == 0;
+    EXPECT_EQ(::chmod(folder.c_str(), 0755), 0);
+    EXPECT_TRUE(before_ != 0 || ::seteuid(kNobody) == 0);
   }
   OrdinaryUser(const OrdinaryUser&) = delete;
   OrdinaryUser& operator=(const OrdinaryUser&) = delete;
@@ -43,11 +57,8 @@ class OrdinaryUser {
     if (::seteuid(before_) != 0) std::abort();
   }
 
-  explicit operator bool() const { return lowered_; }
-
  private:
   uid_t before_;
-  bool lowered_ = false;
 };
 
 }  // namespace kestra

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "contract/shared/bench.hpp"
@@ -46,7 +47,16 @@ class HostBench : public OperatorBench {
   void Answers(std::optional<Answer> answer) override;
 
  private:
-  std::int32_t answer_ = 0;
+  // What he says next, once.
+  struct NextAnswer {
+    std::int32_t next = 0;
+
+    std::int32_t Message(auto... /*shown*/) { return std::exchange(next, 0); }
+    std::int32_t Report(auto... /*shown*/) { return std::exchange(next, 0); }
+    void MemoryFull() { next = 0; }
+  };
+
+  NextAnswer answer_;
   FakeBench nobody_;
   HostOperator host_{nobody_.Get()};
 };

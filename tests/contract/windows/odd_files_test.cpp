@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <string>
-
 #include "contract/shared/odd_files.hpp"
 #include "platform/windows/handle.hpp"
 

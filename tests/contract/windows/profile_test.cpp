@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include <array>
-#include <string_view>
 
 #include "contract/shared/odd_files.hpp"
 #include "contract/shared/profile_rows.hpp"

@@ -16,7 +16,6 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "golden/exports.hpp"
 #include "golden/live/library.hpp"

@@ -1,6 +1,4 @@
-#include <cfenv>
 #include <cstdio>
-#include <memory>
 #include <string>
 #include <vector>
 

@@ -5,31 +5,10 @@
 #include <fstream>
 
 #include "golden/base_configuration.hpp"
+#include "hostile/shared/person.hpp"
 #include "kestra/kestra.h"
 
 namespace kestra::hostile {
-namespace {
-
-constexpr std::int32_t kOk = 1;
-constexpr std::int32_t kYes = 6;
-constexpr std::int32_t kNo = 7;
-constexpr std::int32_t kStyleOk = 0;
-constexpr std::int32_t kStyleRetry = 4;
-
-std::int32_t KESTRA_CALL Answer(void* /*context*/, const char* /*text*/, const char* /*title*/,
-                                std::int32_t style) {
-  if (style == kStyleOk) return kOk;
-  return style == kStyleRetry ? kNo : kYes;
-}
-
-std::int32_t KESTRA_CALL Report(void* /*context*/, const char* /*printer*/, const char* /*fiscal*/,
-                                const KestraFila* /*rows*/, std::int32_t /*count*/) {
-  return 0;
-}
-
-void KESTRA_CALL MemoryFull(void* /*context*/) {}
-
-}  // namespace
 
 Shop::Shop(const std::string& device, const std::string& more)
     : before_(std::filesystem::current_path()) {
@@ -51,7 +30,8 @@ Shop::~Shop() {
 }
 
 void TakeTheOperatorsPlace() {
-  static const KestraOperador record{sizeof record, nullptr, Answer, Report, MemoryFull};
+  static Person person;
+  static const auto record = exports::RecordOf(person);
   Kestra_DefinirOperador(&record);
 }
 

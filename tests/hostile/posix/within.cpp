@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "campaigns/torture/under_way.hpp"
+#include "exports/callbacks.hpp"
 #include "hostile/posix/call.hpp"
 #include "hostile/posix/printer.hpp"
 #include "hostile/posix/shop.hpp"
@@ -25,6 +26,17 @@ struct Host {
   std::int32_t answer = 6;
   int retries = 0;
   std::vector<std::string> texts{};
+
+  void Opened(const char* text);
+  std::int32_t Message(const char* text, const char* /*title*/, std::int32_t style) {
+    Opened(text);
+    return style == 0 ? 1 : answer;
+  }
+  std::int32_t Report(auto... /*shown*/) {
+    Opened("report");
+    return retries-- > 0 ? 1 : 0;
+  }
+  void MemoryFull() { Opened("memory full"); }
 };
 
 void CallEverything() {
@@ -36,33 +48,13 @@ void CallEverything() {
   }
 }
 
-void Opened(Host& host, const char* text) {
-  host.texts.emplace_back(text);
-  if (!host.calls_back) return;
+void Host::Opened(const char* text) {
+  texts.emplace_back(text);
+  if (!calls_back) return;
   CallEverything();
   std::thread(CallEverything).join();
   ::feenableexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW | FE_INEXACT);
   ::fesetround(FE_DOWNWARD);
-}
-
-Host& HostOf(void* context) {
-  return *static_cast<Host*>(context);
-}
-
-std::int32_t KESTRA_CALL OnMessage(void* context, const char* text, const char* /*title*/,
-                                   std::int32_t style) {
-  Opened(HostOf(context), text);
-  return style == 0 ? 1 : HostOf(context).answer;
-}
-
-std::int32_t KESTRA_CALL OnReport(void* context, const char* /*printer*/, const char* /*fiscal*/,
-                                  const KestraFila* /*rows*/, std::int32_t /*count*/) {
-  Opened(HostOf(context), "report");
-  return HostOf(context).retries-- > 0 ? 1 : 0;
-}
-
-void KESTRA_CALL OnMemoryFull(void* context) {
-  Opened(HostOf(context), "memory full");
 }
 
 constexpr std::int32_t kYes = 6;
@@ -105,7 +97,7 @@ std::vector<std::string> Play(const Way& way, bool calls_back) {
   Printer printer;
   const Shop shop(printer.Device(), way.settings);
   Host host{.calls_back = calls_back, .answer = way.answer, .retries = way.retries};
-  const KestraOperador record{sizeof record, &host, OnMessage, OnReport, OnMemoryFull};
+  const auto record = exports::RecordOf(host);
   if (way.call != "EP_Init") Find("EP_Init").call({});
   Kestra_DefinirOperador(&record);
   printer.SetStatus(way.printer, way.fiscal);

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <string>
 
 #include "library.hpp"
 #include "programs/stories.hpp"

@@ -9,27 +9,13 @@
 #include <cstring>
 #include <string>
 
+#include "hostile/shared/person.hpp"
+
 namespace armour {
 namespace {
 
 HMODULE library = nullptr;
-int shown = 0;
-
-int32_t KESTRA_CALL Answer(void*, const char*, const char*, int32_t style) {
-  ++shown;
-  constexpr int32_t kRetryQuestion = 4;
-  if (style == kRetryQuestion) return 7;
-  return style == 0 ? 1 : 6;
-}
-
-int32_t KESTRA_CALL Report(void*, const char*, const char*, const KestraFila*, int32_t) {
-  ++shown;
-  return 0;
-}
-
-void KESTRA_CALL MemoryFull(void*) {
-  ++shown;
-}
+kestra::hostile::Person person;
 
 const IMAGE_EXPORT_DIRECTORY& Directory(const char* base) {
   const auto* const dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
@@ -104,12 +90,12 @@ Target Words::Of(const Export& exported, const kestra::exports::Values& values) 
 }
 
 void TakeTheOperatorsPlace() {
-  static const KestraOperador record = {sizeof record, nullptr, Answer, Report, MemoryFull};
+  static const auto record = kestra::exports::RecordOf(person);
   CallIntact(Words().Address(&record).For("Kestra_DefinirOperador"), Habits().front());
 }
 
 int Shown() {
-  return shown;
+  return person.shown;
 }
 
 }  // namespace armour

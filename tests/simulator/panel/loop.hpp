@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-#include "../host.hpp"
+#include "../booth.hpp"
 #include "line/session.hpp"
 #include "panel/json_text.hpp"
 #include "panel/panel.hpp"
@@ -68,11 +68,6 @@ class Loop {
   std::condition_variable changed_;
   std::deque<std::function<void()>> work_;
   std::thread thread_;
-};
-
-class StandingClock : public WallClock {
- public:
-  std::int64_t LocalSeconds() override { return OpeningTime(); }
 };
 
 // A printer on a loop of its own with a panel, and a browser's view of it.
@@ -133,7 +128,7 @@ class Desk : public testing::Test {
   Json State() { return Json::parse(Get("/api/estado")->body); }
 
   Loop loop;
-  StandingClock clock;
+  StoppedClock clock;
   std::unique_ptr<Session> session;
   std::unique_ptr<Panel> panel;
   int port = 0;

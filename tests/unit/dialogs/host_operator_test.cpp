@@ -5,14 +5,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "exports/callbacks.hpp"
 #include "fakes/fake_operator.hpp"
 
 namespace kestra {
@@ -34,37 +35,28 @@ struct Host {
   std::string fiscal;
   std::vector<SeenRow> rows;
   int warnings = 0;
-};
 
-std::int32_t KESTRA_CALL OnMessage(void* context, const char* text, const char* title,
-                                   std::int32_t style) {
-  auto& host = *static_cast<Host*>(context);
-  host.texts.emplace_back(text);
-  host.titles.emplace_back(title);
-  host.styles.push_back(style);
-  return host.answer;
-}
-
-std::int32_t KESTRA_CALL OnReport(void* context, const char* printer, const char* fiscal,
-                                  const KestraFila* rows, std::int32_t count) {
-  auto& host = *static_cast<Host*>(context);
-  host.printer = printer;
-  host.fiscal = fiscal;
-  for (std::int32_t i = 0; i < count; ++i) {
-    host.rows.push_back({rows[i], rows[i].texto, rows[i].ayuda});
+  std::int32_t Message(const char* text, const char* title, std::int32_t style) {
+    texts.emplace_back(text);
+    titles.emplace_back(title);
+    styles.push_back(style);
+    return answer;
   }
-  return host.answer;
-}
-
-void KESTRA_CALL OnMemoryFull(void* context) {
-  ++static_cast<Host*>(context)->warnings;
-}
+  std::int32_t Report(const char* printer_word, const char* fiscal_word, const KestraFila* shown,
+                      std::int32_t count) {
+    printer = printer_word;
+    fiscal = fiscal_word;
+    for (const auto& row : std::span(shown, static_cast<std::size_t>(count))) {
+      rows.push_back({row, row.texto, row.ayuda});
+    }
+    return answer;
+  }
+  void MemoryFull() { ++warnings; }
+};
 
 class HostsOperator : public testing::Test {
  protected:
-  KestraOperador Record() {
-    return {sizeof(KestraOperador), &host_, OnMessage, OnReport, OnMemoryFull};
-  }
+  KestraOperador Record() { return exports::RecordOf(host_); }
 
   void TakeThePlace() {
     const auto record = Record();
@@ -139,11 +131,10 @@ TEST_F(HostsOperator, ANewRecordReplacesTheOldOneWhole) {
 }
 
 TEST_F(HostsOperator, EachNullMemberIsLeftToTheDefault) {
-  const KestraOperador records[] = {
-      {sizeof(KestraOperador), &host_, nullptr, OnReport, OnMemoryFull},
-      {sizeof(KestraOperador), &host_, OnMessage, nullptr, OnMemoryFull},
-      {sizeof(KestraOperador), &host_, OnMessage, OnReport, nullptr},
-  };
+  KestraOperador records[] = {Record(), Record(), Record()};
+  records[0].mensaje = nullptr;
+  records[1].informe_estados = nullptr;
+  records[2].memoria_llena = nullptr;
   for (std::size_t i = 0; i < kAll.size(); ++i) {
     journal_.Take();
     operator_.Set(&records[i]);

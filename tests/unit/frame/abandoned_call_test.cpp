@@ -8,9 +8,9 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "base/failure.hpp"
+#include "exports/callbacks.hpp"
 #include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
 #include "frame/instance.hpp"
@@ -55,30 +55,19 @@ struct Host {
     from_within = EP_CortaPapel();
     if (leaves) std::longjmp(way_out, 1);  // NOLINT(cert-err52-cpp): the host's own way
   }
+  std::int32_t Message(const char* /*text*/, const char* /*title*/, std::int32_t style) {
+    Opened();
+    return style == 0 ? 1 : 6;
+  }
+  std::int32_t Report(auto... /*shown*/) {
+    Opened();
+    return 0;
+  }
+  void MemoryFull() { Opened(); }
 };
 
-Host& HostOf(void* context) {
-  return *static_cast<Host*>(context);
-}
-
-std::int32_t KESTRA_CALL OnMessage(void* context, const char* /*text*/, const char* /*title*/,
-                                   std::int32_t style) {
-  HostOf(context).Opened();
-  return style == 0 ? 1 : 6;
-}
-
-std::int32_t KESTRA_CALL OnReport(void* context, const char* /*printer*/, const char* /*fiscal*/,
-                                  const KestraFila* /*rows*/, std::int32_t /*count*/) {
-  HostOf(context).Opened();
-  return 0;
-}
-
-void KESTRA_CALL OnMemoryFull(void* context) {
-  HostOf(context).Opened();
-}
-
 void TakeTheOperatorsPlace(Host& host) {
-  const KestraOperador record{sizeof(KestraOperador), &host, OnMessage, OnReport, OnMemoryFull};
+  const auto record = exports::RecordOf(host);
   Kestra_DefinirOperador(&record);
 }
 

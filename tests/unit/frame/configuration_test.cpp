@@ -6,10 +6,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "fakes/fake_platform.hpp"
 #include "state/library.hpp"

@@ -3,12 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "exports/callbacks.hpp"
 #include "exports/exports.hpp"
 #include "fakes/fake_platform.hpp"
 #include "kestra/kestra.h"
@@ -35,31 +34,16 @@ struct Host {
       results.push_back(exported.call({}));
     }
   }
+  std::int32_t Message(const char* text, const char* /*title*/, std::int32_t style) {
+    Opened(text);
+    return style == 0 ? 1 : answer;
+  }
+  std::int32_t Report(auto... /*shown*/) {
+    Opened("report");
+    return retries-- > 0 ? 1 : 0;
+  }
+  void MemoryFull() { Opened("memory"); }
 };
-
-Host& HostOf(void* context) {
-  return *static_cast<Host*>(context);
-}
-
-std::int32_t KESTRA_CALL OnMessage(void* context, const char* text, const char* /*title*/,
-                                   std::int32_t style) {
-  HostOf(context).Opened(text);
-  return style == 0 ? 1 : HostOf(context).answer;
-}
-
-std::int32_t KESTRA_CALL OnReport(void* context, const char* /*printer*/, const char* /*fiscal*/,
-                                  const KestraFila* /*rows*/, std::int32_t /*count*/) {
-  HostOf(context).Opened("report");
-  return HostOf(context).retries-- > 0 ? 1 : 0;
-}
-
-void KESTRA_CALL OnMemoryFull(void* context) {
-  HostOf(context).Opened("memory");
-}
-
-KestraOperador RecordOf(Host& host) {
-  return {sizeof(KestraOperador), &host, OnMessage, OnReport, OnMemoryFull};
-}
 
 struct ReentryRow {
   const char* sentence;
@@ -94,7 +78,7 @@ Story Play(const ReentryRow& row, bool calls_back) {
   EXPECT_EQ(EP_Init(), 1);
   Story story;
   story.host = {.calls_back = calls_back, .answer = row.answer, .retries = row.retries};
-  const auto record = RecordOf(story.host);
+  const auto record = exports::RecordOf(story.host);
   Kestra_DefinirOperador(&record);
   world.GetJournal().Take();
   story.result = row.call();
@@ -181,7 +165,7 @@ FakePlatform& AskingShop(std::string_view asked = "1") {
 
 TEST(Reentry, ANewOperatorOrTheDefaultFromWithinAnswersTheNextDialog) {
   Host second;
-  const auto other = RecordOf(second);
+  const auto other = exports::RecordOf(second);
   for (const KestraOperador* const next : {&other, static_cast<const KestraOperador*>(nullptr)}) {
     auto& world = AskingShop();
     Handover first{.next = next};

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "protocol/packet.hpp"
 
@@ -15,15 +16,18 @@ using namespace std::string_literals;
 const std::string kAnswer = "\x02\"K\x1C"s + "0080\x1C" + "0600\x03" + "0238";
 constexpr std::string_view kHeader = "\"K";
 
-std::string Summed(const std::string& text) {
-  const auto frame = "\x02"s + text + "\x03";
+// An answer of these fields; the first is its header.
+std::string Summed(const std::vector<std::string>& fields) {
+  auto frame = "\x02"s;
+  for (const auto& field : fields) frame += field + '\x1C';
+  frame.back() = '\x03';
   return frame + ChecksumOf(frame);
 }
 
 struct ListenRow {
   const char* name;
   std::string received;
-  bool own;
+  bool own = false;
   bool busy = false;
   bool refused = false;
   bool damaged = false;
@@ -31,89 +35,43 @@ struct ListenRow {
 };
 
 const ListenRow kRows[] = {
-    {.name = "nothing yet", .received = "", .own = false},
+    {.name = "nothing yet", .received = ""},
     {.name = "its answer", .received = kAnswer, .own = true},
-    {.name = "the beginning of it", .received = kAnswer.substr(0, 9), .own = false},
-    {.name = "all but its last digit", .received = kAnswer.substr(0, 17), .own = false},
+    {.name = "the beginning of it", .received = kAnswer.substr(0, 9)},
+    {.name = "all but its last digit", .received = kAnswer.substr(0, 17)},
     {.name = "busy before it", .received = "\x12\x12" + kAnswer, .own = true, .busy = true},
     {.name = "noise before it", .received = "U" + kAnswer, .own = true, .damaged = true},
     {.name = "a zero byte before it", .received = "\0"s + kAnswer, .own = true, .damaged = true},
-    {.name = "a refusal", .received = "\x15", .own = false, .refused = true},
+    {.name = "a refusal", .received = "\x15", .refused = true},
     {.name = "a start byte too many", .received = "\x02" + kAnswer, .own = true, .damaged = true},
-    {.name = "another sum", .received = kAnswer.substr(0, 17) + "9", .own = false, .damaged = true},
+    {.name = "another sum", .received = kAnswer.substr(0, 17) + "9", .damaged = true},
     {.name = "a zero byte that no sum sees",
-     .received = Summed("\"K\x1C"
-                        "0080\x1C"
-                        "0600\0"s),
-     .own = false,
+     .received = Summed({"\"K", "0080", "0600\0"s}),
      .damaged = true},
     {.name = "a busy byte inside",
-     .received = Summed("\"K\x1C"
-                        "0080\x12\x1C"
-                        "0600"),
-     .own = false,
+     .received = Summed({"\"K", "0080\x12", "0600"}),
      .damaged = true},
     {.name = "small letters in its sum",
-     .received = "\x02\"K\x1C"
-                 "0080\x1C"
-                 "0600\x1C"
-                 "I\x03"
-                 "029d",
-     .own = false,
+     .received = "\x02\"K\x1C"s + "0080\x1C" + "0600\x1C" + "I\x03" + "029d",
      .damaged = true},
     {.name = "small letters in a word",
-     .received = Summed("\"K\x1C"
-                        "008a\x1C"
-                        "0600"),
-     .own = false,
+     .received = Summed({"\"K", "008a", "0600"}),
      .damaged = true},
-    {.name = "a word of five",
-     .received = Summed("\"K\x1C"
-                        "00080\x1C"
-                        "0600"),
-     .own = false,
-     .damaged = true},
-    {.name = "one word",
-     .received = Summed("\"K\x1C"
-                        "0080"),
-     .own = false,
-     .damaged = true},
+    {.name = "a word of five", .received = Summed({"\"K", "00080", "0600"}), .damaged = true},
+    {.name = "one word", .received = Summed({"\"K", "0080"}), .damaged = true},
     {.name = "more fields than any answer has",
-     .received = Summed("\"K\x1C"
-                        "0080\x1C"
-                        "0600" +
-                        std::string(14, '\x1C')),
-     .own = false,
+     .received = Summed({"\"K", "0080", "0600" + std::string(14, '\x1C')}),
      .damaged = true},
     {.name = "an empty field and its mark",
-     .received = Summed("\"K\x1C"
-                        "0080\x1C"
-                        "0600\x1C\x1C\x7F"),
+     .received = Summed({"\"K", "0080", "0600", "", "\x7F"}),
      .own = true},
     {.name = "the mark of an empty field inside a text",
-     .received = Summed("\"K\x1C"
-                        "0080\x1C"
-                        "0600\x1C"
-                        "a\x7F"),
-     .own = false,
+     .received = Summed({"\"K", "0080", "0600", "a\x7F"}),
      .damaged = true},
-    {.name = "another number",
-     .received = Summed("#K\x1C"
-                        "0080\x1C"
-                        "0600"),
-     .own = false,
-     .foreign = true},
-    {.name = "another command",
-     .received = Summed("\"L\x1C"
-                        "0080\x1C"
-                        "0600"),
-     .own = false,
-     .foreign = true},
+    {.name = "another number", .received = Summed({"#K", "0080", "0600"}), .foreign = true},
+    {.name = "another command", .received = Summed({"\"L", "0080", "0600"}), .foreign = true},
     {.name = "another's answer and then its own",
-     .received = Summed("#K\x1C"
-                        "0080\x1C"
-                        "0600") +
-                 kAnswer,
+     .received = Summed({"#K", "0080", "0600"}) + kAnswer,
      .own = true,
      .foreign = true},
     {.name = "a damaged answer and then a good one",
@@ -157,12 +115,7 @@ TEST(StrictAnswer, NoByteCanBePutIntoItUnseen) {
 }
 
 TEST(StrictAnswer, ItsFieldsAreTheWordsAndTheData) {
-  const auto fields =
-      FieldsOf(Summed("\"Y\x1C"
-                      "0080\x1C"
-                      "0600\x1C"
-                      "261121\x1C"
-                      "103000"));
+  const auto fields = FieldsOf(Summed({"\"Y", "0080", "0600", "261121", "103000"}));
   EXPECT_EQ(fields[0], "0080");
   EXPECT_EQ(fields[1], "0600");
   EXPECT_EQ(fields[2], "261121");

@@ -7,8 +7,7 @@
 namespace kestra {
 namespace {
 
-constexpr auto kDone = Outcome::kDone;
-constexpr auto kRefused = Outcome::kRefused;
+using enum Outcome;
 
 constexpr struct {
   const char* sentence;

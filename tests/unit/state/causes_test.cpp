@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "base/ansi.hpp"
 #include "platform/seam/port_fault.hpp"
 #include "state/certainty.hpp"

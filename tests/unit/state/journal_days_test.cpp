@@ -12,8 +12,7 @@ namespace kestra::unit {
 namespace {
 
 TEST_F(JournalOfATill, TheDailyClosingBeginsAFileAndKeepsTheOldOne) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->library.certainty.ledger.counters[0] = 8;
   till->Intend("9\x1CZ\x1CP");
   JournalResult(till->library, kWasDone);
@@ -21,16 +20,13 @@ TEST_F(JournalOfATill, TheDailyClosingBeginsAFileAndKeepsTheOldOne) {
   EXPECT_NE(kept.find("\ncierre-de-dia\t1\t"), std::string::npos);
   EXPECT_EQ(ReadJournal(kept).length, kept.size());
   EXPECT_EQ(ReadJournal(Text()).newest, 1) << "numbers go on";
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   EXPECT_EQ(till->library.certainty.ledger.counters[0], 8);
 }
 
 TEST_F(JournalOfATill, AClosingThatWasNotDoneBeginsNothing) {
   for (const auto outcome : {Outcome::kRefused, Outcome::kNotDone, Outcome::kUnknown}) {
-    auto till = Program();
-    till->Start();
+    auto till = Started();
     till->Intend("9\x1CZ\x1CP");
     JournalResult(till->library, {outcome, Cause::kNone});
     till->Intend("9\x1CX\x1CP");
@@ -40,12 +36,9 @@ TEST_F(JournalOfATill, AClosingThatWasNotDoneBeginsNothing) {
 }
 
 TEST_F(JournalOfATill, AClosingThatTheNextProgramSettlesBeginsAFileToo) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->Intend("9\x1CZ\x1CP");
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   JournalResult(till->library, kWasDone);
   EXPECT_EQ(disk_->files.size(), 2u);
 }
@@ -54,8 +47,7 @@ TEST_F(JournalOfATill, DaysAreKeptAsLongAsTheKeySays) {
   disk_->files["diario.txt-20261021"] = "x";
   disk_->files["diario.txt-20261022"] = "x";
   disk_->files["diario.txt.copia"] = "x";
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   for (int n = 0; n < 2; ++n) {
     till->Intend("9\x1CZ\x1CP");
     JournalResult(till->library, kWasDone);
@@ -73,8 +65,7 @@ TEST_F(JournalOfATill, AClockThatIsFarAheadTakesTheTwoOldestAlongAtMost) {
     for (const char* const day : {"1023", "1021", "1022", "1020"}) {
       disk_->files[std::string("diario.txt-2024").append(day)] = "x";
     }
-    auto till = Program();
-    till->Start();
+    auto till = Started();
     till->Intend("9\x1CZ\x1CP");
     constexpr int kFirstDeletion = 6;
     if (held) till->world.GetTrouble().Arm(Point::kJournal, kFirstDeletion, false, Ailment::kFalla);
@@ -86,15 +77,13 @@ TEST_F(JournalOfATill, AClockThatIsFarAheadTakesTheTwoOldestAlongAtMost) {
 }
 
 TEST_F(JournalOfATill, WithoutDailyClosingsALargeOneIsKeptAsideAtAStart) {
-  auto till = Program();
-  till->Start();
-  Die(till);
+  auto till = Started();
+  till.reset();
   JournalRecord forgotten;
   forgotten.kind = RecordKind::kForgotten;
   const std::string line = TextOf(forgotten);
   while (Text().size() < (std::size_t{1} << 20)) Text() += line;
-  till = Program();
-  till->Start();
+  till = Started();
   EXPECT_EQ(disk_->files.count("diario.txt-20261121"), 1u);
   EXPECT_LT(Text().size(), 1000u);
 }

@@ -28,8 +28,7 @@ TEST_F(JournalOfATill, WithoutTheKeyNothingIsAskedOfTheDisk) {
 }
 
 TEST_F(JournalOfATill, AnIntentIsOnTheDiskBeforeItsResult) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   EXPECT_EQ(till->Intend("B"), Cause::kNone);
   const auto during = ReadJournal(Text());
   ASSERT_TRUE(during.open);
@@ -42,32 +41,26 @@ TEST_F(JournalOfATill, AnIntentIsOnTheDiskBeforeItsResult) {
 }
 
 TEST_F(JournalOfATill, WhatWasInFlightIsPendingForTheNextProgram) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->library.certainty.ledger.lines = 4;
   till->library.certainty.ledger.open = true;
   till->Intend("B");
   till->library.certainty.ledger.lines = 5;  // never learnt
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   EXPECT_EQ(till->Pending(), "B");
   EXPECT_EQ(till->library.certainty.pending->call, "EP_B");
   EXPECT_EQ(till->library.certainty.pending->before.lines, 4);
   EXPECT_EQ(till->library.certainty.ledger.lines, 4);
   EXPECT_EQ(till->Log(), std::vector<std::string>{" - Diario : Pendiente EP_B\r\n"});
   JournalResult(till->library, {Outcome::kNotDone, Cause::kNone});
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   EXPECT_EQ(till->Pending(), "");
 }
 
 TEST_F(JournalOfATill, WhatAProgramLeftPendingItselfIsToldOnceAndGoesBeforeAnothers) {
   for (const std::string own : {"B", "D"}) {
     *disk_ = {};
-    auto till = Program();
-    till->Start();
+    auto till = Started();
     till->Intend("B");
     till->library.certainty.pending = Pending{"EP_" + own, own, {}, {}};
     CloseJournal(till->library);
@@ -81,59 +74,46 @@ TEST_F(JournalOfATill, WhatAProgramLeftPendingItselfIsToldOnceAndGoesBeforeAnoth
 }
 
 TEST_F(JournalOfATill, AResultWithoutADateIsMissedAndTold) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->Intend("B");
   till->world.GetTrouble().Arm(Point::kTimeText, 1, false, Ailment::kFalla);
   JournalResult(till->library, kWasDone);
   EXPECT_EQ(till->ReportedCause(), Cause::kJournalSkipped);
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   EXPECT_EQ(till->Pending(), "B");
 }
 
 TEST_F(JournalOfATill, TheLedgerOutlivesTheProgram) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->Intend("B");
   till->library.certainty.ledger.open = true;
   till->library.certainty.ledger.lines = 1;
   JournalResult(till->library, kWasDone);
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   EXPECT_EQ(till->library.certainty.ledger.open, true);
   EXPECT_EQ(till->library.certainty.ledger.lines, 1);
 }
 
 TEST_F(JournalOfATill, WhatNoBookShowsIsToldInTheLogAlone) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->Intend("A", kTextLine);
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   EXPECT_EQ(till->Pending(), "");
   EXPECT_EQ(till->Log(), std::vector<std::string>{" - Diario : No se sabe si se hizo EP_A\r\n"});
 }
 
 TEST_F(JournalOfATill, WhatIsDroppedByHandIsNotPending) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->Intend("B");
   JournalForget(till->library);
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   EXPECT_EQ(till->Pending(), "");
   EXPECT_NE(Text().find("olvido\t1\t"), std::string::npos);
 }
 
 // The power goes while the last record is on its way to the disk.
 TEST_F(JournalOfATill, CutAtEveryByteOfItsLastRecordItTellsTheTruth) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->Intend("B");
   JournalResult(till->library, kWasDone);
   const std::string settled = Text();
@@ -141,16 +121,15 @@ TEST_F(JournalOfATill, CutAtEveryByteOfItsLastRecordItTellsTheTruth) {
   const std::string intended = Text();
   JournalResult(till->library, kWasDone);
   const std::string done = Text();
-  Die(till);
+  till.reset();
   for (std::size_t size = settled.size(); size <= done.size(); ++size) {
     Text() = done.substr(0, size);
-    till = Program();
-    till->Start();
+    till = Started();
     const bool in_flight = size >= intended.size() && size < done.size();
     EXPECT_EQ(till->Pending(), in_flight ? "D" : "") << size;
     // And it goes on behind what counts.
     EXPECT_EQ(till->Intend("E"), Cause::kNone);
-    Die(till);
+    till.reset();
     ASSERT_TRUE(ReadJournal(Text()).open) << size;
     EXPECT_EQ(ReadJournal(Text()).open->command, "E") << size;
     EXPECT_EQ(ReadJournal(Text()).length, Text().size()) << size;
@@ -184,8 +163,7 @@ TEST_F(JournalOfATill, WithoutAJournalOpeningsAreRefusedAndTheRestGoesOn) {
     *disk_ = {};
     row.block(*disk_);
     const auto files = disk_->files;
-    auto till = Program();
-    till->Start();
+    auto till = Started();
     EXPECT_EQ(till->ReportedCause(), row.cause) << row.story;
     EXPECT_EQ(till->Log().size(), 1u) << row.story;
     PrepareJournal(till->library);
@@ -205,8 +183,7 @@ TEST_F(JournalOfATill, ItIsKeptAgainAsSoonAsItCanBe) {
   for (const auto& row : kBlocked) {
     *disk_ = {};
     row.block(*disk_);
-    auto till = Program();
-    till->Start();
+    auto till = Started();
     *disk_ = {};
     PrepareJournal(till->library);
     EXPECT_EQ(till->Intend("@", kOpening), Cause::kNone) << row.story;
@@ -217,8 +194,7 @@ TEST_F(JournalOfATill, ItIsKeptAgainAsSoonAsItCanBe) {
 TEST_F(JournalOfATill, AResultThatFoundTheDiskFullGoesBeforeTheNextRecord) {
   for (std::size_t room = 0; room < 60; ++room) {
     *disk_ = {};
-    auto till = Program();
-    till->Start();
+    auto till = Started();
     till->Intend("B");
     disk_->room = room;
     till->library.certainty.ledger.lines = 1;
@@ -236,8 +212,7 @@ TEST_F(JournalOfATill, AResultThatFoundTheDiskFullGoesBeforeTheNextRecord) {
 }
 
 TEST_F(JournalOfATill, AnOwedResultIsWrittenAtTheEndAtTheLatest) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->Intend("B");
   disk_->room = 5;
   JournalResult(till->library, kWasDone);
@@ -264,9 +239,7 @@ TEST_F(JournalOfATill, WhatWentOutWithoutItsIntentLeavesNothingKnown) {
     till->Intend("B");
     EXPECT_EQ(Text().size(), size) << before;
     disk_->room = 100000;
-    Die(till);
-    till = Program();
-    till->Start();
+    Restart(till);
     EXPECT_EQ(till->Pending(), "") << before;
     EXPECT_EQ(till->library.certainty.ledger.lines, std::nullopt) << before;
     EXPECT_EQ(till->Intend("D"), Cause::kNone);
@@ -275,28 +248,23 @@ TEST_F(JournalOfATill, WhatWentOutWithoutItsIntentLeavesNothingKnown) {
 }
 
 TEST_F(JournalOfATill, AProgramThatLivesKeepsWhatItKnowsOverAFullDisk) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   disk_->room = 0;
   till->Intend("B");
   disk_->room = 100000;
   till->library.certainty.ledger.lines = 5;
   till->Intend("B");
-  Die(till);
-  till = Program();
-  till->Start();
+  Restart(till);
   EXPECT_EQ(till->library.certainty.ledger.lines, 5);
 }
 
 TEST_F(JournalOfATill, AnOpeningThatWasRefusedLeavesNoIntent) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   disk_->room = 30;
   EXPECT_EQ(till->Intend("@", kOpening), Cause::kJournalUnwritable);
-  Die(till);
+  till.reset();
   disk_->room = 100000;
-  till = Program();
-  till->Start();
+  till = Started();
   EXPECT_EQ(till->Pending(), "");
 }
 
@@ -313,16 +281,14 @@ TEST_F(JournalOfATill, TwoProgramsDoNotShareOne) {
 }
 
 TEST_F(JournalOfATill, WhatWasInFlightIsTakenUpHoweverLateTheJournalCanBeRead) {
-  auto hung = Program();
-  hung->Start();
+  auto hung = Started();
   hung->library.certainty.ledger.lines = 4;
   hung->Intend("B");
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   till->library.certainty.ledger.open = true;  // the printer was asked meanwhile
   EXPECT_FALSE(KnowsJournal(till->library));
   EXPECT_EQ(till->Pending(), "");
-  Die(hung);
+  hung.reset();
   EXPECT_TRUE(KnowsJournal(till->library));
   EXPECT_EQ(till->Pending(), "B");
   EXPECT_EQ(till->library.certainty.pending->before.lines, 4);
@@ -343,8 +309,7 @@ TEST_F(JournalOfATill, AnotherPrinterKnowsNothingOfTheFirst) {
 }
 
 TEST_F(JournalOfATill, WhatThisProgramLeftPendingIsNotForgottenForTheFile) {
-  auto till = Program();
-  till->Start();
+  auto till = Started();
   disk_->room = 0;
   till->Intend("B");
   till->library.certainty.pending = Pending{"EP_B", "B", {}, {}};
@@ -376,9 +341,7 @@ TEST_F(JournalOfATill, SurvivesEveryFailureOfEveryCall) {
         const bool on_disk = till->library.certainty.journal.unsettled != 0;
         const bool owes = !till->library.certainty.journal.owed.empty();
         till->world.GetTrouble().Disarm();
-        Die(till);
-        till = Program();
-        till->Start();
+        Restart(till);
         // A result that never got there leaves its command to be asked for once more.
         EXPECT_EQ(till->Pending().empty(), !on_disk && !owes) << nth << forever;
         EXPECT_TRUE(!on_disk || till->Pending() == "B") << nth << forever;

@@ -53,8 +53,17 @@ class JournalOfATill : public testing::Test {
  protected:
   std::unique_ptr<Till> Program() { return std::make_unique<Till>(disk_); }
 
-  // A program that has died; the disk has what it had.
-  void Die(std::unique_ptr<Till>& till) { till.reset(); }
+  std::unique_ptr<Till> Started() {
+    auto till = Program();
+    till->Start();
+    return till;
+  }
+
+  // A program that has died, and the next one; the disk has what it had.
+  void Restart(std::unique_ptr<Till>& till) {
+    till.reset();
+    till = Started();
+  }
 
   std::string& Text() { return disk_->files[kFile]; }
 

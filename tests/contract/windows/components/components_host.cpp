@@ -9,7 +9,6 @@
 #include <oaidl.h>
 #include <ole2.h>
 
-#include <cstdint>
 #include <cstring>
 #include <string>
 
