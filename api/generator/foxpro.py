@@ -9,6 +9,7 @@ HEAD = [
     "Un texto se pasa completado con blancos: PADR(texto, 50). Un búfer se pasa con @ y lleno de blancos:",
     "numero = SPACE(8), EP_CerrarComprobanteFiscal(tipo, letra, @numero). FoxPro no tiene funciones que otro pueda",
     "llamar: a Kestra_DefinirOperador se le pasa 0, o el registro que prepara otra biblioteca.",
+    *hosts.UNTRIED,
 ]
 
 

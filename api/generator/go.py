@@ -70,8 +70,8 @@ def by_syscall(row):
             words.append(f"uintptr({pointer})")
         else:
             words.append(f"uintptr({each.name})")
-    start = "" if row.returns == "nothing" else "resultado, _, _ := "
-    after = "" if row.returns == "nothing" else "\treturn int32(resultado)\n"
+    start = "" if row.returns == "nothing" else "dado, _, _ := "
+    after = "" if row.returns == "nothing" else "\treturn int32(dado)\n"
     name = f'proc_{row.name}'
     if not any(each.kind == "amount" for each in row.arguments):
         return f"\t{start}{name}.Call({', '.join(words)})\n{after}"
@@ -81,9 +81,9 @@ def by_syscall(row):
     wide = [f"{each.name}_[0]" if each.kind == "amount" else word for each, word in zip(row.arguments, words)]
     narrow = [f"{each.name}_[0], {each.name}_[1]" if each.kind == "amount" else word
               for each, word in zip(row.arguments, words)]
-    text += f"\tif len({doubles[0]}_) == 2 {{\n\t\tresultado, _, _ := {name}.Call({', '.join(narrow)})\n"
-    text += f"\t\treturn int32(resultado)\n\t}}\n\tresultado, _, _ := {name}.Call({', '.join(wide)})\n"
-    return text + "\treturn int32(resultado)\n"
+    text += f"\tif len({doubles[0]}_) == 2 {{\n\t\tdado, _, _ := {name}.Call({', '.join(narrow)})\n"
+    text += f"\t\treturn int32(dado)\n\t}}\n\tdado, _, _ := {name}.Call({', '.join(wide)})\n"
+    return text + "\treturn int32(dado)\n"
 
 
 def functions(table, body, before=lambda row: ""):
@@ -102,10 +102,14 @@ def made(table):
     constants = head + "package kestra\n"
     for enum in table.enums:
         constants += f"\n// {enum.title}.\nconst (\n"
+        width = max(len(value.name) for value in enum.constants)
+        digits = max(len(str(value.value)) for value in enum.constants if value.es)
         for value in enum.constants:
-            constants += f"\t{value.name} = {value.value}" + (f" // {value.es}" if value.es else "") + "\n"
+            number = f"{value.value:<{digits}} // {value.es}" if value.es else str(value.value)
+            constants += f"\t{value.name:<{width}} = {number}\n"
         constants += ")\n"
-    procs = "var (\n" + "".join(f'\tproc_{row.name} = biblioteca.NewProc("{row.name}")\n'
+    width = max(len(row.name) for row in table.hosts_functions)
+    procs = "var (\n" + "".join(f'\tproc_{row.name:<{width}} = biblioteca.NewProc("{row.name}")\n'
                                 for row in table.hosts_functions) + ")\n"
     return {"hosts/go/constantes.go": constants,
             "hosts/go/declaraciones_linux.go": LINUX + functions(table, by_cgo),

@@ -21,6 +21,11 @@ def beginning(table, language):
     ]
 
 
+# For the languages whose compilers nobody has here.
+UNTRIED = ["", "Escritas según las reglas del lenguaje y comparadas, nombre por nombre y byte por byte, con la biblioteca;",
+           "no se compilaron con la herramienta del lenguaje."]
+
+
 def counted(row, kind):
     """[(names, bytes)] of the arguments of a kind, those of the same size one after another together."""
     groups = []

@@ -7,6 +7,7 @@ HEAD = [
     "",
     "Un texto se pasa completado con blancos: Left$(texto & Space$(50), 50). Un búfer se pasa lleno de blancos,",
     "Space$(8), y vuelve escrito. Las funciones de KestraOperador van con AddressOf y están en un módulo .bas.",
+    *hosts.UNTRIED,
 ]
 
 

@@ -10,6 +10,9 @@
 * Un texto se pasa completado con blancos: PADR(texto, 50). Un búfer se pasa con @ y lleno de blancos:
 * numero = SPACE(8), EP_CerrarComprobanteFiscal(tipo, letra, @numero). FoxPro no tiene funciones que otro pueda
 * llamar: a Kestra_DefinirOperador se le pasa 0, o el registro que prepara otra biblioteca.
+*
+* Escritas según las reglas del lenguaje y comparadas, nombre por nombre y byte por byte, con la biblioteca;
+* no se compilaron con la herramienta del lenguaje.
 
 * ---- Principio y fin ----
 

@@ -9,6 +9,9 @@ Attribute VB_Name = "Kestra"
 '
 ' Un texto se pasa completado con blancos: Left$(texto & Space$(50), 50). Un búfer se pasa lleno de blancos,
 ' Space$(8), y vuelve escrito. Las funciones de KestraOperador van con AddressOf y están en un módulo .bas.
+'
+' Escritas según las reglas del lenguaje y comparadas, nombre por nombre y byte por byte, con la biblioteca;
+' no se compilaron con la herramienta del lenguaje.
 Option Explicit
 
 ' Qué fue de una llamada.

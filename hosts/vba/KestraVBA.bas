@@ -10,6 +10,9 @@ Attribute VB_Name = "KestraVBA"
 ' Un texto se pasa completado con blancos: Left$(texto & Space$(50), 50). Un búfer se pasa lleno de blancos,
 ' Space$(8), y vuelve escrito. Las funciones de KestraOperador van con AddressOf y están en un módulo .bas.
 '
+' Escritas según las reglas del lenguaje y comparadas, nombre por nombre y byte por byte, con la biblioteca;
+' no se compilaron con la herramienta del lenguaje.
+'
 ' La Kestra.dll tiene que ser de los mismos bits que Office: la de 64 en Office de 64 bits.
 Option Explicit
 
