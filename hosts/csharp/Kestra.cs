@@ -389,8 +389,8 @@ namespace KestraFiscal
         public static extern int Kestra_Pendiente(byte[] texto, int longitud);
 
         /// <summary>Averigua qué fue de la llamada pendiente.
-        /// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-        /// mientras otra llamada está en curso.</summary>
+        /// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+        /// el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.</summary>
         [DllImport(Biblioteca, CallingConvention = CallingConvention.StdCall, ExactSpelling = true)]
         public static extern int Kestra_Resolver();
 

@@ -431,8 +431,8 @@ function Kestra_Pendiente(texto: PAnsiChar; longitud: Integer): Integer;
   {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF} external KestraBiblioteca name 'Kestra_Pendiente';
 
 // Averigua qué fue de la llamada pendiente.
-// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-// mientras otra llamada está en curso.
+// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+// el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
 function Kestra_Resolver: Integer;
   {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF} external KestraBiblioteca name 'Kestra_Resolver';
 

@@ -236,8 +236,8 @@ DECLARE INTEGER Kestra_Numeracion IN Kestra.dll INTEGER clase, INTEGER letra, ST
 DECLARE INTEGER Kestra_Pendiente IN Kestra.dll STRING @texto, INTEGER longitud
 
 * Averigua qué fue de la llamada pendiente.
-* Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-* mientras otra llamada está en curso.
+* Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+* el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
 DECLARE INTEGER Kestra_Resolver IN Kestra.dll
 
 * El número del comprobante que Kestra_Resolver encontró cerrado.

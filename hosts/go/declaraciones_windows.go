@@ -514,8 +514,8 @@ func Kestra_Pendiente(texto *byte, longitud int32) int32 {
 }
 
 // Kestra_Resolver: Averigua qué fue de la llamada pendiente.
-// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-// mientras otra llamada está en curso.
+// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+// el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
 func Kestra_Resolver() int32 {
 	dado, _, _ := proc_Kestra_Resolver.Call()
 	return int32(dado)

@@ -309,8 +309,8 @@ export const FUNCIONES = {
   // en curso.
   Kestra_Pendiente: { devuelve: 'int32_t', argumentos: [['texto', 'bufer', 0], ['longitud', 'int32_t', 0]] },
   // Averigua qué fue de la llamada pendiente.
-  // Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía;
-  // -1 mientras otra llamada está en curso.
+  // Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la
+  // hoja y falta el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
   Kestra_Resolver: { devuelve: 'int32_t', argumentos: [] },
   // El número del comprobante que Kestra_Resolver encontró cerrado.
   // Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.

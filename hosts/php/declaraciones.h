@@ -253,8 +253,8 @@ int32_t Kestra_Numeracion(int32_t clase, int32_t letra, char* texto, int32_t lon
 int32_t Kestra_Pendiente(char* texto, int32_t longitud);
 
 /* Averigua qué fue de la llamada pendiente.
-   Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-   mientras otra llamada está en curso. */
+   Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+   el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso. */
 int32_t Kestra_Resolver(void);
 
 /* El número del comprobante que Kestra_Resolver encontró cerrado.

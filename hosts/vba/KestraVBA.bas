@@ -377,8 +377,8 @@ Public Declare PtrSafe Function Kestra_Numeracion Lib "Kestra.dll" (ByVal clase 
 Public Declare PtrSafe Function Kestra_Pendiente Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
 
 ' Averigua qué fue de la llamada pendiente.
-' Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-' mientras otra llamada está en curso.
+' Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+' el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
 Public Declare PtrSafe Function Kestra_Resolver Lib "Kestra.dll" () As Long
 
 ' El número del comprobante que Kestra_Resolver encontró cerrado.

@@ -404,7 +404,8 @@ KESTRA_API int32_t KESTRA_CALL Kestra_Pendiente(char* texto, int32_t longitud);
 
 /*
  * Asks the printer's books what became of that call, for as long as PacienciaSegura says; it prints nothing and
- * sends nothing again. Result: a number of KestraDesenlace. 0: nothing was pending; 1 done; 6 not done; 4: the
+ * sends nothing again. Result: a number of KestraDesenlace. 0: nothing was pending; 1 done; 6 not done; 5: the
+ * sheet was turned, and the item for which that was is still to be printed: make the call again; 4: the
  * books cannot tell, or, where Kestra_Pendiente still gives 1, the printer does not answer, or, where it gives
  * -1, the journal cannot be read (Kestra_Causa says why).
  */

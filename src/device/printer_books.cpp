@@ -168,9 +168,13 @@ std::int32_t Settle(Library& library) {
     return static_cast<std::int32_t>(certainty.report.outcome);
   }
   NameCall(library, certainty.pending->call);
-  const bool closes = MethodOf(certainty.pending->command).method == Method::kClosing;
+  const auto command = certainty.pending->command;
+  const bool closes = MethodOf(command).method == Method::kClosing;
   const auto settlement = SettlePending(library);
   NoteVerdict(library, {settlement.outcome, settlement.cause});
+  if (IsTurnedSheet(command, settlement.outcome)) {
+    NoteVerdict(library, {Outcome::kNotSent, Cause::kSheetTurned});
+  }
   TellSettled(library);
   if (closes && settlement.outcome == Outcome::kDone) {
     certainty.settled_number = settlement.fields[2];

@@ -1,6 +1,7 @@
 #include "protocol/ledger.hpp"
 
 #include <cstdlib>
+#include <initializer_list>
 
 #include "fields/text_field.hpp"
 #include "protocol/amounts.hpp"
@@ -146,12 +147,16 @@ void CountOne(Ledger& ledger, std::optional<std::size_t> place) {
 }
 
 // What is cancelled spends a number, one of its kind.
-void EnterCancelling(Ledger& ledger) {
+void ForgetNumbers(Ledger& ledger) {
   Counters kept{};
   for (const auto place : {kDailyClosings, kCancelledToday, kNonFiscalToday}) {
     kept[place] = ledger.counters[place];
   }
   ledger.counters = kept;
+}
+
+void EnterCancelling(Ledger& ledger) {
+  ForgetNumbers(ledger);
   CountOne(ledger, kCancelledToday);
   Forget(ledger);
 }
@@ -195,6 +200,12 @@ void Blur(Ledger& ledger, std::string_view command) {
     ledger.net.reset();
     ledger.iva.reset();
   };
+  // What an opening, or an end, does not move is still known.
+  const auto forget_document = [&](std::initializer_list<std::size_t> moved) {
+    Forget(ledger);
+    ledger.open.reset();
+    for (const auto place : moved) ledger.counters.at(place).reset();
+  };
   switch (MethodOf(command).method) {
     case Method::kLine:
       ledger.lines.reset();
@@ -207,11 +218,17 @@ void Blur(Ledger& ledger, std::string_view command) {
     case Method::kPayment:
       return ledger.paid.reset();
     case Method::kOpening:
+      return forget_document({});
     case Method::kCancel:
+      ForgetNumbers(ledger);
+      return forget_document({kCancelledToday});
     case Method::kClosing:
-    case Method::kDay:
-      ledger = {};
+      forget_document({});
+      if (const auto place = CounterOfClosing(command)) ledger.counters.at(*place).reset();
       return;
+    case Method::kDay:
+      ledger.something_today = false;
+      return forget_document({kDailyClosings, kCancelledToday, kNonFiscalToday});
     default:
       return;
   }

@@ -4,16 +4,19 @@
 #include "protocol/ledger.hpp"
 #include "protocol/safe_line.hpp"
 #include "protocol/strict_answer.hpp"
+#include "state/journal.hpp"
 #include "state/library.hpp"
 
 namespace kestra {
+
 void Learn(Library& library, std::string_view command, const Fields& fields) noexcept {
   auto& ledger = library.certainty.ledger;
   EnterWords(ledger, WordsOf(fields));
   if (AsksForCounters(command)) {
-    if (const auto counters = ReadCounters(fields, library.state.ModeloNombre)) {
-      EnterCounters(ledger, *counters);
-    }
+    const auto counters = ReadCounters(fields, library.state.ModeloNombre);
+    if (!counters || *counters == ledger.counters) return;
+    EnterCounters(ledger, *counters);
+    JournalBooks(library);
   } else if (AsksForSubtotal(command)) {
     if (const auto subtotal = ReadSubtotal(fields)) EnterSubtotal(ledger, *subtotal);
   }

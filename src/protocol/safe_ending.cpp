@@ -74,6 +74,22 @@ void SafeEnding::EnterDone() noexcept {
   certainty.accepted.push_back(std::move(spare_));
 }
 
+// A call that is made again although no doubt is left of it: what is done of it is not done again either.
+void SafeEnding::KeepParts(const Verdict& verdict) noexcept {
+  auto& certainty = library_.certainty;
+  const bool ends = verdict.outcome == Outcome::kNotSent || verdict.outcome == Outcome::kNotDone ||
+                    verdict.outcome == Outcome::kRefused;
+  if (!ends || certainty.accepted.empty() || certainty.settled) return;
+  WithoutFailing([&] {
+    Settled parts{.call = certainty.report.call,
+                  .done = certainty.accepted,
+                  .command = command_,
+                  .verdict = verdict,
+                  .answer = {}};
+    certainty.settled = std::move(parts);
+  });
+}
+
 // Nothing here waits for anybody.
 void SafeEnding::Remember(const Verdict& verdict, Keep keep) noexcept {
   ended_ = true;
@@ -89,6 +105,7 @@ void SafeEnding::Remember(const Verdict& verdict, Keep keep) noexcept {
   if (errand == Errand::kQuestion) return;
   if (keep == Keep::kPending && library_.certainty.pending) return;
   library_.certainty.pending.reset();
+  KeepParts(verdict);
   JournalResult(library_, verdict);
 }
 
@@ -116,6 +133,7 @@ void SafeEnding::EndDoneBefore(const Fields& fields) {
 void SafeEnding::EndUnsent(const Verdict& verdict) {
   ended_ = true;
   NoteVerdict(library_, verdict, ErrandOf(command_));
+  if (ErrandOf(command_) == Errand::kCommand) KeepParts(verdict);
   library_.state.RespuestaActual = kCommunicationError;
   Tell(verdict);
 }

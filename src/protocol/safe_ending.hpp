@@ -60,6 +60,7 @@ class SafeEnding {
  private:
   void Remember(const Verdict& verdict, Keep keep) noexcept;
   void EnterDone() noexcept;
+  void KeepParts(const Verdict& verdict) noexcept;
   void Tell(const Verdict& verdict);
   void ShowCommand();
 

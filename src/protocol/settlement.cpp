@@ -27,7 +27,9 @@ Outcome OutcomeOf(Finding finding) {
   }
 }
 
+// Made again, a call whose sheet was turned goes on behind it: the printer itself tells which step is next.
 void Remember(Library& library, const Pending& pending, const Settlement& settlement) {
+  if (IsTurnedSheet(pending.command, settlement.outcome)) return library.certainty.settled.reset();
   Settled settled{.call = pending.call,
                   .done = pending.accepted,
                   .command = pending.command,
@@ -43,6 +45,12 @@ Doubt DoubtOf(Library& library, const Pending& pending) {
 }
 
 }  // namespace
+
+bool IsTurnedSheet(std::string_view command, Outcome outcome) {
+  const auto method = MethodOf(command).method;
+  const bool step = method == Method::kSheetEnds || method == Method::kSheetBegins;
+  return step && outcome == Outcome::kDone;
+}
 
 Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
   auto& pending = library.certainty.pending;

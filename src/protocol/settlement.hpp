@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "protocol/answer.hpp"
 #include "state/causes.hpp"
 #include "state/certainty.hpp"
@@ -17,6 +19,9 @@ struct Settlement {
   bool settled = true;  // false: the printer did not answer, and it is pending still
   Fields fields;        // what its own answer would have been; a closing's number is the third
 };
+
+// A sheet that was turned is not the item for which it was.
+bool IsTurnedSheet(std::string_view command, Outcome outcome);
 
 // For when there is one: asks the printer's books about it until they answer or patience ends. No box is
 // shown, and nothing is printed.

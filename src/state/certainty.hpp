@@ -111,7 +111,7 @@ struct Pending {
   std::string command;
   std::vector<std::string> accepted;  // commands of the same call that came before it and were done
   Ledger before;
-  double sent = kNever;  // that is as far as anybody knows when another program did it
+  double sent = kNever;  // so when another program did it, and nothing tells how long ago
 };
 
 // A command that was pending and is no more. Its call may be made again, as long as no command of another one

@@ -7,6 +7,7 @@
 
 #include "base/ansi.hpp"
 #include "base/failure.hpp"
+#include "state/journal_days.hpp"
 #include "state/journal_record.hpp"
 #include "state/journal_writing.hpp"
 #include "state/library.hpp"
@@ -59,6 +60,13 @@ void RequireOurs(const Library& library, const JournalReading& reading) {
   }
 }
 
+// The record's moment on this program's own clock. A wall clock that was put back in between tells nothing.
+double SentAt(Library& library, const JournalRecord& intent) {
+  const auto passed = SecondsBetween(intent.moment, MomentNow(library));
+  if (!passed || *passed < 0) return kNever;
+  return library.platform.GetClock().Elapsed() - *passed;
+}
+
 // What was in flight when a program ended. What no book shows can only be told, and so can what this program
 // has another one before.
 void TakePending(Library& library, const JournalRecord& intent) {
@@ -70,11 +78,22 @@ void TakePending(Library& library, const JournalRecord& intent) {
     return;
   }
   if (!pending) {
-    pending = Pending{intent.call, intent.command, intent.accepted, intent.ledger};
+    pending = Pending{intent.call, intent.command, intent.accepted, intent.ledger,
+                      SentAt(library, intent)};
     EscribirLog(library, " - Diario : Pendiente " + intent.call);
   }
   certainty.journal.unsettled = intent.number;
   certainty.journal.closes_day = intent.command.starts_with(kDailyClosing);
+}
+
+// The call may be made again, and what is done of it is not done again.
+void TakeParts(Library& library, const JournalRecord& intent) {
+  const Verdict verdict{static_cast<Outcome>(intent.outcome), static_cast<Cause>(intent.cause)};
+  library.certainty.settled = Settled{.call = intent.call,
+                                      .done = intent.accepted,
+                                      .command = intent.command,
+                                      .verdict = verdict,
+                                      .answer = {}};
 }
 
 void TakeUp(Library& library, JournalReading& reading) {
@@ -82,6 +101,8 @@ void TakeUp(Library& library, JournalReading& reading) {
   const bool known = certainty.ledger.open.has_value();
   if (!known && !certainty.pending) certainty.ledger = reading.ledger;
   if (reading.open) TakePending(library, *reading.open);
+  if (reading.in_part && !certainty.pending && !certainty.settled)
+    TakeParts(library, *reading.in_part);
 }
 
 void Adopt(Library& library, const std::string& text) {
@@ -222,6 +243,16 @@ void JournalResult(Library& library, const Verdict& verdict) noexcept {
     if (IsAnswered(verdict.outcome)) record.answer = Answer(library);
   });
   if (kept && closes_day) Succeeds(library, [&] { BeginAnew(library); });
+}
+
+void JournalBooks(Library& library) noexcept {
+  const auto& certainty = library.certainty;
+  const bool between = certainty.journal.unsettled == 0 && !certainty.pending;
+  if (!IsAskedFor(library) || !between || !FileOf(library).IsOpen()) return;
+  Succeeds(library, [&] {
+    const auto& journal = certainty.journal;
+    Write(library, TextOf(NewRecord(library, RecordKind::kBooks, journal.newest)));
+  });
 }
 
 void JournalForget(Library& library) noexcept {

@@ -40,6 +40,9 @@ Cause JournalIntent(Library& library, const Pending& intent, IntentKind kind) no
 // report's answer, the ledger as it is now. Not for one that stays pending.
 void JournalResult(Library& library, const Verdict& verdict) noexcept;
 
+// Between commands: the printer has told counters that a program which comes after this one would not know.
+void JournalBooks(Library& library) noexcept;
+
 // The intent that has no result is dropped by hand.
 void JournalForget(Library& library) noexcept;
 

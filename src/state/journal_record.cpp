@@ -42,9 +42,10 @@ struct KindRow {
   std::string_view name;
 };
 constexpr std::array kKinds = {
-    KindRow{RecordKind::kBeginning, "inicio"},        KindRow{RecordKind::kIntent, "intento"},
-    KindRow{RecordKind::kResult, "resultado"},        KindRow{RecordKind::kForgotten, "olvido"},
-    KindRow{RecordKind::kDayClosed, "cierre-de-dia"}, KindRow{RecordKind::kGap, "hueco"},
+    KindRow{RecordKind::kBeginning, "inicio"}, KindRow{RecordKind::kIntent, "intento"},
+    KindRow{RecordKind::kResult, "resultado"}, KindRow{RecordKind::kBooks, "libros"},
+    KindRow{RecordKind::kForgotten, "olvido"}, KindRow{RecordKind::kDayClosed, "cierre-de-dia"},
+    KindRow{RecordKind::kGap, "hueco"},
 };
 
 // What stands in a record of another kind is not written.
@@ -55,7 +56,7 @@ bool Tells(RecordKind kind, std::string_view name) {
   if (name == "impresora") return kind == RecordKind::kBeginning;
   if (among({"llamada", "comando", "libro", "previo"})) return kind == RecordKind::kIntent;
   if (among({"desenlace", "causa", "respuesta"})) return kind == RecordKind::kResult;
-  return kind <= RecordKind::kResult;
+  return kind <= RecordKind::kBooks;
 }
 
 // Takes what stands before the next tab.
@@ -98,12 +99,27 @@ bool IsTornBeginning(std::string_view text) {
          written.substr(0, first.size()) == first.substr(0, written.size());
 }
 
+// Whether that is the end of a command which was not done.
+bool LeavesUndone(const JournalRecord& record) {
+  const auto outcome = static_cast<Outcome>(record.outcome);
+  return record.kind == RecordKind::kResult &&
+         (outcome == Outcome::kRefused || outcome == Outcome::kNotSent ||
+          outcome == Outcome::kNotDone);
+}
+
 void Take(JournalReading& reading, JournalRecord record) {
   if (record.kind == RecordKind::kDayClosed) return;
   if (record.kind == RecordKind::kBeginning) reading.printer = record.printer;
   if (record.kind != RecordKind::kForgotten) reading.ledger = record.ledger;
   reading.newest = std::max(reading.newest, record.number);
-  reading.open.reset();
+  if (record.kind == RecordKind::kBooks) return;
+  auto intent = std::exchange(reading.open, std::nullopt);
+  reading.in_part.reset();
+  if (intent && !intent->accepted.empty() && LeavesUndone(record)) {
+    intent->outcome = record.outcome;
+    intent->cause = record.cause;
+    reading.in_part = std::move(intent);
+  }
   if (record.kind == RecordKind::kIntent) reading.open = std::move(record);
 }
 

@@ -20,6 +20,7 @@ enum class RecordKind : std::uint8_t {
   kBeginning,  // of the file: whose it is, and what was known then
   kIntent,
   kResult,
+  kBooks,  // between commands: the printer's counters were asked for, and told what was not known
   kForgotten,
   kDayClosed,  // the file's last one
   kGap,        // in a record's place: records are missing from here on
@@ -53,6 +54,8 @@ struct JournalReading {
   std::string printer;
   std::int64_t newest = 0;            // intent's number
   std::optional<JournalRecord> open;  // the newest intent when nothing tells what became of it
+  // That intent with its outcome, when it was not done and others of its call were.
+  std::optional<JournalRecord> in_part;
   Ledger ledger;
   std::size_t last = 0;    // where the last record that counts begins
   std::size_t length = 0;  // and up to its end

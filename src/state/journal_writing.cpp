@@ -11,10 +11,6 @@
 namespace kestra {
 namespace {
 
-std::string Moment(Clock& clock) {
-  return clock.IsoDate() + " " + clock.TimeText();
-}
-
 std::string Beginning(Library& library) {
   return TextOf(NewRecord(library, RecordKind::kBeginning, library.certainty.journal.newest));
 }
@@ -34,6 +30,12 @@ void DeleteOutdated(Library& library, std::vector<std::string> kept, std::string
 
 }  // namespace
 
+std::string MomentNow(Library& library) {
+  auto& clock = library.platform.GetClock();
+  const auto second_of_day = clock.TimeOfDay();
+  return MomentOf(clock.IsoDate(), second_of_day);
+}
+
 JournalFile& FileOf(Library& library) {
   return library.platform.GetJournalFile();
 }
@@ -46,7 +48,7 @@ JournalRecord NewRecord(Library& library, RecordKind kind, std::int64_t number) 
   JournalRecord record;
   record.kind = kind;
   record.number = number;
-  record.moment = Moment(library.platform.GetClock());
+  record.moment = MomentNow(library);
   record.printer = library.certainty.journal.printer;
   record.ledger = library.certainty.ledger;
   return record;

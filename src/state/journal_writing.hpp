@@ -14,6 +14,9 @@ struct Library;
 
 // For state/journal.cpp: the open file and what is written to it. All of it throws Failure.
 
+// Date and time, as records have them.
+std::string MomentNow(Library& library);
+
 JournalFile& FileOf(Library& library);
 
 // One with a cause of its own.

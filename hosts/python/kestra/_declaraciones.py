@@ -367,8 +367,8 @@ FUNCIONES = {
     # en curso.
     "Kestra_Pendiente": (c_int32, [("texto", c_char_p, 0), ("longitud", c_int32, 0)]),
     # Averigua qué fue de la llamada pendiente.
-    # Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía;
-    # -1 mientras otra llamada está en curso.
+    # Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la
+    # hoja y falta el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
     "Kestra_Resolver": (c_int32, []),
     # El número del comprobante que Kestra_Resolver encontró cerrado.
     # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.

@@ -6,7 +6,9 @@
 #include <string_view>
 
 #include "campaigns/crashes/days.hpp"
+#include "campaigns/crashes/shop.hpp"
 #include "campaigns/crashes/story.hpp"
+#include "kestra/kestra.h"
 
 namespace kestra::crashes {
 namespace {
@@ -82,6 +84,48 @@ TEST(Story, DaysOfManyTroublesEndWithThePaperOfGoodOnes) {
     const Story story(AnyDay(random, kDocuments), Mode::kSafe);
     ASSERT_TRUE(story.GoesWell());
     EXPECT_EQ(story.Play({.storm = storm}).wrong, "");
+  }
+}
+
+// A cancelled ticket spends its number as a closed one does.
+TEST(Shop, CountersThatADeadProgramHasHeardTellAClosingFromACancelling) {
+  auto document = Ticket();
+  document.configuration.insert(document.configuration.end(), kJournal.begin(), kJournal.end());
+  const std::string &open = document.calls[0], &item = document.calls[1],
+                    &close = document.calls.back();
+  Shop shop(document, Mode::kSafe);
+  shop.Start();
+  ASSERT_EQ(shop.Call("EP_Numeracion out").result, 0);
+  shop.Start();
+  for (const auto& call : {open, item, std::string("EP_Cancelar"), open, item})
+    ASSERT_EQ(shop.Call(call).result, 0) << call;
+  shop.World().Break({Direction::kToHost, shop.World().ToHost().Carried(), Breakage::kCut});
+  EXPECT_EQ(shop.Call(close).outcome, KESTRA_DESENLACE_DESCONOCIDO);
+  shop.World().Mend();
+  shop.Start();
+  std::string number;
+  EXPECT_EQ(shop.Resolve(number), KESTRA_DESENLACE_HECHO);
+  EXPECT_EQ(number, "00000002");
+}
+
+// The intent's own moment tells where the clock would be by now.
+TEST(Shop, AClockThatADeadProgramWasSettingTellsItself) {
+  constexpr std::string_view kSet = R"(EP_CambiarFechaHora "261121" "103000")";
+  constexpr std::size_t kIntoTheFrame = 9;
+  for (const auto direction : {Direction::kToPrinter, Direction::kToHost}) {
+    const bool arrives = direction == Direction::kToHost;
+    CanonicalDocument document{"a clock", impresora::Family::kTicketInvoice, kJournal, {}};
+    document.calls.emplace_back(kSet);
+    Shop shop(document, Mode::kSafe);
+    shop.Start();
+    shop.World().Break({direction, arrives ? 0 : kIntoTheFrame, Breakage::kCut});
+    EXPECT_EQ(shop.Call(kSet).outcome, KESTRA_DESENLACE_DESCONOCIDO);
+    shop.World().Mend();
+    shop.World().GetClock().Sleep(600'000);
+    shop.Start();
+    std::string name, number;
+    EXPECT_EQ(shop.Pending(name), 1);
+    EXPECT_EQ(shop.Resolve(number), arrives ? KESTRA_DESENLACE_HECHO : KESTRA_DESENLACE_NO_HECHO);
   }
 }
 

@@ -116,15 +116,16 @@ bool Shop::DidWhatNobodyWrote() const {
   });
 }
 
-bool Shop::TookDamagedAnswer() const {
-  const auto& events = world_->GetJournal().Events();
-  return std::any_of(events.begin(), events.end(), [&](const Event& event) {
+Words Shop::DamagedAnswers() const {
+  Words damaged;
+  for (const auto& event : world_->GetJournal().Events()) {
     const auto at = event.text.find(kTaken);
-    if (event.kind != Happening::kLog || at == std::string::npos) return false;
-    const auto answer =
-        event.text.substr(at + kTaken.size(), event.text.find('\r', at) - at - kTaken.size());
-    return world_->Said().find(answer) == std::string::npos;
-  });
+    if (event.kind != Happening::kLog || at == std::string::npos) continue;
+    const auto begin = at + kTaken.size();
+    const auto answer = event.text.substr(begin, event.text.find('\r', begin) - begin);
+    if (world_->Said().find(answer) == std::string::npos) damaged.push_back(answer);
+  }
+  return damaged;
 }
 
 std::string Shop::LastRecord() {

@@ -54,7 +54,7 @@ class Shop {
   // Damage that no sum shows: a command that no host wrote was carried out, an answer was taken that the printer
   // had not given so.
   [[nodiscard]] bool DidWhatNobodyWrote() const;
-  [[nodiscard]] bool TookDamagedAnswer() const;
+  [[nodiscard]] Words DamagedAnswers() const;
 
   // As a person reads the journal: its last whole line, and how many results there are, in old files too.
   [[nodiscard]] std::string LastRecord();

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "campaigns/line_faults/judge.hpp"
+
 namespace kestra::crashes {
 namespace {
 
@@ -14,12 +16,6 @@ constexpr line_faults::Micros kAMoment = std::chrono::seconds(3);
 Words WithoutTexts(Words deeds) {
   std::erase_if(deeds, [](const std::string& deed) { return deed.front() == kText; });
   return deeds;
-}
-
-// Texts, reports that close nothing, lists, drawers, paper.
-bool HasBook(const std::string& deed) {
-  return std::string_view("AI:;KR{|").find(deed.front()) == std::string_view::npos &&
-         !deed.starts_with("9\x1CX");
 }
 
 // What a text's command prints.
@@ -165,12 +161,17 @@ void Telling::CheckPaper() {
 
 // Two faults can make up for each other in a sum of bytes: nobody can see that at once.
 void Telling::LookAtSums() {
+  const auto damaged = shop_.DamagedAnswers();
+  for (const auto& answer : damaged) {
+    if (!line_faults::LooksLikeAnAnswer(answer, shop_.World()))
+      return Wrong("took an answer that shows its damage");
+  }
   if (shop_.DidWhatNobodyWrote()) {
     const bool shown =
         told_.outcome == KESTRA_DESENLACE_NO_ENVIADO && told_.cause == KESTRA_CAUSA_TOTAL_DISTINTO;
     if (!shown && shop_.Totals() != story_.totals_) return Wrong("closed with another total");
     report_.ending = shown ? Ending::kTotalDiffers : Ending::kAltered;
-  } else if (shop_.TookDamagedAnswer()) {
+  } else if (!damaged.empty()) {
     report_.ending = Ending::kMisled;
   } else if (report_.ending == Ending::kWrong && OnlyRepeated()) {
     report_.ending = Ending::kTwice;
@@ -185,7 +186,7 @@ bool Telling::OnlyRepeated() {
   const bool may = forgotten && story_.mode_ == Mode::kSafeWithRepeats;
   auto deeds = shop_.DeedsFrom(0);
   const auto twice = std::adjacent_find(deeds.begin(), deeds.end());
-  if (!may || twice == deeds.end() || HasBook(*twice)) return false;
+  if (!may || twice == deeds.end() || line_faults::HasBook(*twice)) return false;
   deeds.erase(twice);
   Words good;
   for (const auto& call : story_.good_)

@@ -14,9 +14,6 @@ namespace kestra::crashes {
 // It asks for the total first, and what it does depends on that: made again it does what is missing.
 inline constexpr std::string_view kRounding = "EP_AjusteRedondeo";
 
-// The printer's clock goes on, and whoever comes later cannot tell from it when it was set.
-inline constexpr std::string_view kClock = "EP_CambiarFechaHora";
-
 // One play of a story.
 class Telling {
  public:
@@ -52,9 +49,7 @@ class Telling {
   [[nodiscard]] bool IsRounding() const { return CallWords().starts_with(kRounding); }
   [[nodiscard]] bool IsWhole() const { return deeds_ == Good().deeds; }
   // Of a closing without anything before it, nobody knows whether there was something to close.
-  [[nodiscard]] bool MayStayUnknown() const {
-    return CallWords().starts_with(kClock) || Good().outcome == KESTRA_DESENLACE_RECHAZADO;
-  }
+  [[nodiscard]] bool MayStayUnknown() const { return Good().outcome == KESTRA_DESENLACE_RECHAZADO; }
   void Begin();
   [[nodiscard]] std::size_t Chance(std::size_t below) { return random_() % below; }
 

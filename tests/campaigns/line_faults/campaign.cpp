@@ -59,10 +59,6 @@ Tally& Tally::operator+=(const Tally& other) {
   return *this;
 }
 
-bool Misled(Verdict verdict) {
-  return verdict == Verdict::kFalseSuccess || verdict == Verdict::kMisread;
-}
-
 CampaignReport RunCampaign(const CampaignSettings& settings) {
   CampaignReport report;
   std::vector<Trial> trials;

@@ -58,7 +58,4 @@ struct CampaignReport {
 // Every fault at every byte of every document, then the pairs.
 CampaignReport RunCampaign(const CampaignSettings& settings);
 
-// Whether the printer's answers, as the host took them, led it to believe what is not so.
-bool Misled(Verdict verdict);
-
 }  // namespace kestra::line_faults

@@ -40,7 +40,7 @@ bool LooksAway(const CallReport& call, const CallReport& good) {
   return good.done.size() > 1 && WithoutTexts(call.done) == WithoutTexts(good.done);
 }
 
-Verdict JudgeCall(const CallReport& call, const CallReport& good) {
+Verdict JudgeBelief(const CallReport& call, const CallReport& good) {
   if (MoreThanOnce(call.done, good.done)) return Verdict::kTwice;
   if (call.result != 0) return call.done.empty() ? Verdict::kAgreed : Verdict::kAmbiguous;
   if (good.result != 0) return Verdict::kFalseSuccess;
@@ -50,7 +50,22 @@ Verdict JudgeCall(const CallReport& call, const CallReport& good) {
   return LooksAway(call, good) ? Verdict::kUnseen : Verdict::kFalseSuccess;
 }
 
+Verdict JudgeCall(const CallReport& call, const CallReport& good) {
+  const auto verdict = JudgeBelief(call, good);
+  return call.disguised && Misled(verdict) ? Verdict::kDisguised : verdict;
+}
+
 }  // namespace
+
+bool Misled(Verdict verdict) {
+  return verdict == Verdict::kFalseSuccess || verdict == Verdict::kMisread ||
+         verdict == Verdict::kDisguised;
+}
+
+bool HasBook(const std::string& deed) {
+  return std::string_view("AI:;KR{|").find(deed.front()) == std::string_view::npos &&
+         !deed.starts_with("9\x1CX");
+}
 
 Verdict Judge(const RunReport& run, const RunReport& good) {
   if (!run.foreign.empty()) return Verdict::kAltered;

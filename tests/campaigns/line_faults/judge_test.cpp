@@ -56,6 +56,28 @@ TEST(Judge, ComparesWhatWasToldWithWhatWasDone) {
   }
 }
 
+// Two faults that make up for each other; what was not believed is no belief.
+TEST(Judge, DamageThatNobodyCanSeeIsCountedByItself) {
+  const auto disguised = [](CallReport call) {
+    call.disguised = true;
+    return One(std::move(call));
+  };
+  const auto good = One(Call(0, {"E"}, "00000007"));
+  EXPECT_EQ(Judge(disguised(Call(0, {"E"}, "00000005")), good), Verdict::kDisguised);
+  EXPECT_EQ(Judge(disguised(Call(0, {}, "00000007")), good), Verdict::kDisguised);
+  EXPECT_EQ(Judge(disguised(Call(0, {"E", "E"}, "00000007")), good), Verdict::kTwice);
+  EXPECT_EQ(Judge(disguised(Call(1, {"E"}, "00000007")), good), Verdict::kAmbiguous);
+  EXPECT_EQ(Judge(disguised(Call(0, {"E"}, "00000007")), good), Verdict::kAgreed);
+}
+
+TEST(Judge, DamageToAnotherCallExcusesNothing) {
+  RunReport run = One(Call(0, {"@"})), good = One(Call(0, {"@"}));
+  run.calls.front().disguised = true;
+  run.calls.push_back(Call(0, {}));
+  good.calls.push_back(Call(0, {"E"}));
+  EXPECT_EQ(Judge(run, good), Verdict::kFalseSuccess);
+}
+
 TEST(Judge, TheRoundingTellsSuccessWhateverComesOfIt) {
   CallReport good = Call(0, {"D"}), call = Call(0, {});
   good.operation = call.operation = kRounding;

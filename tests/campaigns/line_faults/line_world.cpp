@@ -27,7 +27,8 @@ class WorldPort : public SerialPort {
   [[nodiscard]] bool PortOpen() const override { return open_; }
   void PortOpen(bool open) override {
     if (open) {
-      world_.DoWhatIsDue();
+      // Whoever looks for a device lets time pass for the printer too.
+      world_.Carry();
       if (world_.Unplugged()) throw TroubleOf(PortFault::kMissing);
       DiscardInput();
     }
@@ -81,10 +82,16 @@ impresora::Settings PrinterOf(const CanonicalDocument& document, Mode mode) {
 }
 
 // The printer's calendar stands still: what the host reads differs for the line's faults alone. In the safe
-// mode it stands at another hour than the one that a document sets, which could not be told from it.
+// mode it goes on where a document sets it, and begins at another hour, which can be told from the one that is set.
 std::int64_t HourOf(Mode mode) {
   return *impresora::ParseDate("261121") +
          *impresora::ParseTime(mode == Mode::kBase ? "103000" : "093000");
+}
+
+bool SetsTheClock(const CanonicalDocument& document) {
+  return std::any_of(document.calls.begin(), document.calls.end(), [](const std::string& call) {
+    return call.starts_with("EP_CambiarFechaHora");
+  });
 }
 
 }  // namespace
@@ -92,6 +99,7 @@ std::int64_t HourOf(Mode mode) {
 LineWorld::LineWorld(const CanonicalDocument& document, std::span<const ByteFault> faults,
                      Mode mode)
     : local_seconds_(HourOf(mode)),
+      calendar_runs_(mode != Mode::kBase && SetsTheClock(document)),
       session_(PrinterOf(document, mode), *this, {.baud = kBaud}),
       to_printer_(Direction::kToPrinter, faults),
       to_host_(Direction::kToHost, faults) {
@@ -114,7 +122,8 @@ std::unique_ptr<SerialPort> LineWorld::CreatePort(const PortSettings& /*settings
 }
 
 std::int64_t LineWorld::LocalSeconds() {
-  return local_seconds_;
+  if (!calendar_runs_) return local_seconds_;
+  return local_seconds_ + std::chrono::duration_cast<std::chrono::seconds>(Now()).count();
 }
 
 void LineWorld::Write(std::string_view bytes) {

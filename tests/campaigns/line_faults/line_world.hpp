@@ -81,6 +81,9 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   [[nodiscard]] bool Broken() const { return broken_; }
   void PowerCycle();
 
+  // The printer's calendar goes on from now on.
+  void RunCalendar() { calendar_runs_ = true; }
+
   // What a person may do to the printer.
   impresora::Machine& Printer() { return session_.GetPrinter().GetMachine(); }
 
@@ -126,6 +129,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
   FakeProfile profile_{trouble_};
   FakeLog log_{journal_, trouble_};
   std::int64_t local_seconds_;
+  bool calendar_runs_ = false;
   FakeJournalFile journal_file_{journal_, trouble_};
   impresora::Session session_;
   FaultyWire to_printer_;

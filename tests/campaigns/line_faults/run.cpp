@@ -1,5 +1,6 @@
 #include "campaigns/line_faults/run.hpp"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -56,8 +57,13 @@ bool HasOwnChecksum(std::string_view frame) {
 }
 
 // The answers that the library took are in its log, those made up for a time-out have no checksum.
-void LookAtAnswers(const LineWorld& world, RunReport& report) {
+// `calls_end` has the number of events at the end of each call.
+void LookAtAnswers(const LineWorld& world, const std::vector<std::size_t>& calls_end,
+                   RunReport& report) {
+  std::size_t number = 0, call = 0;
   for (const Event& event : world.GetJournal().Events()) {
+    while (call < calls_end.size() && number >= calls_end[call]) ++call;
+    ++number;
     if (event.kind != Happening::kLog) continue;
     const auto at = event.text.find(kAnswerLine);
     if (at == std::string::npos) continue;
@@ -65,12 +71,28 @@ void LookAtAnswers(const LineWorld& world, RunReport& report) {
     if (answer.find('\x03') == std::string_view::npos) continue;
     const auto frame = FrameIn(answer);
     if (!HasOwnChecksum(frame)) report.bad_checksum = true;
-    if (frame.empty() || world.Said().find(frame) == std::string::npos)
-      report.damaged_answer = true;
+    if (!frame.empty() && world.Said().find(frame) != std::string::npos) continue;
+    report.damaged_answer = true;
+    const bool looks_well = LooksLikeAnAnswer(frame, world);
+    if (!looks_well) report.visible_damage = true;
+    if (looks_well && call < report.calls.size()) report.calls[call].disguised = true;
   }
 }
 
 }  // namespace
+
+bool LooksLikeAnAnswer(std::string_view frame, const LineWorld& world) {
+  constexpr std::size_t kHeader = 2;
+  if (!HasOwnChecksum(frame) || frame.size() < 1 + kHeader + 1 + kChecksumDigits) return false;
+  const auto body = frame.substr(1, frame.size() - 2 - kChecksumDigits);
+  const auto& frames = world.Frames();
+  return std::all_of(
+             body.begin(), body.end(),
+             [](char byte) { return byte == '\x1C' || static_cast<unsigned char>(byte) >= ' '; }) &&
+         std::any_of(frames.begin(), frames.end(), [&](const std::string& one) {
+           return std::string_view(one).substr(1, kHeader) == body.substr(0, kHeader);
+         });
+}
 
 RunReport Play(const CanonicalDocument& document, std::span<const ByteFault> faults,
                OperatorHabit habit, Mode mode) {
@@ -80,7 +102,7 @@ RunReport Play(const CanonicalDocument& document, std::span<const ByteFault> fau
   ReplaceInstance(std::move(owned));
   EP_Init();
   RunReport report;
-  std::vector<std::size_t> calls_of_frames;
+  std::vector<std::size_t> calls_of_frames, calls_end;
   for (std::string_view words : document.calls) {
     const std::string_view operation = golden::TakeWord(words);
     const Micros before = world.Now();
@@ -95,11 +117,12 @@ RunReport Play(const CanonicalDocument& document, std::span<const ByteFault> fau
                             .frames = frames,
                             .first_byte = first_byte,
                             .done = {}});
+    calls_end.push_back(world.GetJournal().Events().size());
     if (outcome.result != 0) break;
   }
   world.Settle();
   Assign(world, calls_of_frames, report);
-  LookAtAnswers(world, report);
+  LookAtAnswers(world, calls_end, report);
   report.to_printer = world.ToPrinter().Carried();
   report.to_host = world.ToHost().Carried();
   EP_Kill();

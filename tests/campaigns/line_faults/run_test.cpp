@@ -65,6 +65,24 @@ TEST(Run, AZeroByteInAnAnswerIsDamageThatNoChecksumShows) {
   EXPECT_EQ(Judge(run, good), Verdict::kMisread);
   EXPECT_TRUE(run.damaged_answer);
   EXPECT_FALSE(run.bad_checksum);
+  EXPECT_TRUE(run.visible_damage) << "no answer has such a byte";
+}
+
+// One digit of a number up, another one down.
+TEST(Run, TwoFaultsInAnAnswerMakeUpForEachOtherAndNobodyCanSeeIt) {
+  for (const auto mode : {Mode::kBase, Mode::kSafe}) {
+    const CanonicalDocument& ticket = Document("TQ ticket");
+    const RunReport good = Play(ticket, {}, OperatorHabit::kNever, mode);
+    ASSERT_EQ(good.calls.back().buffers, std::vector<std::string>{"00000001"});
+    const std::size_t last_digit = good.to_host - 1 - 5;
+    const std::array faults{ByteFault{Direction::kToHost, last_digit, FaultKind::kFlip, 0x01},
+                            ByteFault{Direction::kToHost, last_digit - 1, FaultKind::kFlip, 0x01}};
+    const RunReport run = Play(ticket, faults, OperatorHabit::kNever, mode);
+    EXPECT_EQ(run.calls.back().buffers, std::vector<std::string>{"00000010"});
+    EXPECT_TRUE(run.calls.back().disguised);
+    EXPECT_FALSE(run.visible_damage);
+    EXPECT_EQ(Judge(run, good), Verdict::kDisguised);
+  }
 }
 
 TEST(Run, AnAnswerWithAnotherNumberMakesTheDriverSendAgain) {

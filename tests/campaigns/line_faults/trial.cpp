@@ -85,7 +85,8 @@ void Trial::Check(const RunReport& run, Verdict verdict, std::span<const ByteFau
 
 // What passes is no failure; only what no book shows may stay unknown, and is told as not done.
 void Trial::CheckSafe(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults) {
-  if (faults.size() > 1) return;
+  if (run.visible_damage) Breach("took an answer that shows its damage", faults);
+  if (faults.size() > 1) return CheckSafePair(run, verdict, faults);
   const bool may_doubt = mode_ != Mode::kSafeWithRepeats && verdict == Verdict::kAmbiguous;
   if (verdict != Verdict::kAgreed && !may_doubt) {
     Breach(kVerdictNames[static_cast<std::size_t>(verdict)], faults);
@@ -95,6 +96,29 @@ void Trial::CheckSafe(const RunReport& run, Verdict verdict, std::span<const Byt
   if (!all || run.calls.back().result != good_.calls.back().result) {
     Breach("a fault that passes ended a call", faults);
   }
+}
+
+// Two of them may make up for each other in a sum, or outlast what a printer remembers of its last frame.
+void Trial::CheckSafePair(const RunReport& run, Verdict verdict,
+                          std::span<const ByteFault> faults) {
+  const bool in_a_sum = verdict == Verdict::kAltered || verdict == Verdict::kDisguised;
+  if (verdict <= Verdict::kAmbiguous || in_a_sum) return;
+  const bool forgotten =
+      verdict == Verdict::kTwice && mode_ == Mode::kSafeWithRepeats && !DidABookTwice(run);
+  if (!forgotten) Breach(kVerdictNames[static_cast<std::size_t>(verdict)], faults);
+}
+
+bool Trial::DidABookTwice(const RunReport& run) const {
+  for (std::size_t i = 0; i < run.calls.size(); ++i) {
+    const auto& done = run.calls[i].done;
+    const auto& asked = good_.calls[i].done;
+    const bool twice = std::any_of(done.begin(), done.end(), [&](const std::string& deed) {
+      return HasBook(deed) && std::count(done.begin(), done.end(), deed) >
+                                  std::count(asked.begin(), asked.end(), deed);
+    });
+    if (twice) return true;
+  }
+  return false;
 }
 
 void Trial::Breach(std::string_view what, std::span<const ByteFault> faults) {

@@ -31,6 +31,8 @@ class Trial {
   [[nodiscard]] CallReport Silent(std::size_t call) const;
   [[nodiscard]] bool Hung(const RunReport& run, std::size_t faults) const;
   void CheckSafe(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults);
+  void CheckSafePair(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults);
+  [[nodiscard]] bool DidABookTwice(const RunReport& run) const;
   void Check(const RunReport& run, Verdict verdict, std::span<const ByteFault> faults);
   void Breach(std::string_view what, std::span<const ByteFault> faults);
 

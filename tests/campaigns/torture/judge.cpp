@@ -45,10 +45,12 @@ bool MaySucceed(const CallRecord& call, const Strike& strike) {
   const bool log = Strikes(strike, Point::kLog) || Strikes(strike, Point::kDate) ||
                    Strikes(strike, Point::kTimeText) || Strikes(strike, Point::kJournal) ||
                    strike.target == kMemory;
+  // A record's moment.
+  const bool moment = Strikes(strike, Point::kTimeOfDay) && call.patience > 0;
   // A bad key is shown to the operator, and the start goes on.
   const bool key = call.name == "EP_Init" && Strikes(strike, Point::kProfile) &&
                    strike.ailment == Ailment::kFalla;
-  return log || key || IsForgiving(call.name);
+  return log || moment || key || IsForgiving(call.name);
 }
 
 // A frame without its number and its sum.

@@ -331,6 +331,13 @@ const CompareRow kFindings[] = {
     {"the line reads so", kHeader, {}, {.text = "Gracias"}, kDone},
     {"the line reads otherwise", kHeader, {}, {.text = "Hola"}, kNotDone},
     {"the clock is right", kClock, {}, Clock("261121", "103003", 4), kDone},
+    {"the clock is right, ten minutes later", kClock, {}, Clock("261121", "104000", 600), kDone},
+    {"the command was under way for a while", kClock, {}, Clock("261121", "103952", 600), kDone},
+    {"the clock is slow still, and has come as far meanwhile",
+     kClock,
+     {},
+     Clock("261121", "103500", 600),
+     kNotDone},
     {"the clock is not", kClock, {}, Clock("261121", "093003", 4), kNotDone},
     {"the clock was set by a call long over", kClock, {}, Clock("261121", "103003", -1), kAbsent},
     {"the clock is far ahead", kClock, {}, Clock("261121", "113003", 4), kNotDone},
@@ -396,6 +403,37 @@ const BlurRow kBlurred[] = {
     {"a closing", kClosing, false, false, false, false, false},
     {"a day", kDay, false, false, false, false, false},
 };
+
+// Of the counters: closings of the day, tickets, invoices B, cancelled, not fiscal.
+struct BlurredCountersRow {
+  const char* sentence;
+  std::string command;
+  bool closings, tickets, invoices, cancelled, others;  // what is still known
+};
+
+const BlurredCountersRow kBlurredCounters[] = {
+    {"a line", kLine, true, true, true, true, true},
+    {"an opening", Ticket(), true, true, true, true, true},
+    {"a cancelling", kCancel, true, false, false, false, true},
+    {"a closing", kClosing, true, true, false, true, true},
+    {"a closing of what is not fiscal", "J\x1CT", true, true, true, true, false},
+    {"a day", kDay, false, true, true, false, false},
+};
+
+TEST(Ledger, WhatADoubtDoesNotMoveIsStillCounted) {
+  constexpr std::size_t kInvoicesB = 3;
+  for (const auto& row : kBlurredCounters) {
+    SCOPED_TRACE(row.sentence);
+    auto ledger = Selling(2, 10000);
+    for (auto& counter : ledger.counters) counter = 3;
+    Blur(ledger, row.command);
+    EXPECT_EQ(ledger.counters[kDailyClosings].has_value(), row.closings);
+    EXPECT_EQ(ledger.counters[kTickets].has_value(), row.tickets);
+    EXPECT_EQ(ledger.counters[kInvoicesB].has_value(), row.invoices);
+    EXPECT_EQ(ledger.counters[kCancelledToday].has_value(), row.cancelled);
+    EXPECT_EQ(ledger.counters[kNonFiscalToday].has_value(), row.others);
+  }
+}
 
 TEST(Ledger, WhatNobodyKnowsIsNoBaseline) {
   for (const auto& row : kBlurred) {

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "state/journal_days.hpp"
 #include "state/journal_record.hpp"
 #include "unit/state/journal_till.hpp"
 
@@ -22,6 +24,30 @@ TEST_F(JournalOfATill, TheDailyClosingBeginsAFileAndKeepsTheOldOne) {
   EXPECT_EQ(ReadJournal(Text()).newest, 1) << "numbers go on";
   Restart(till);
   EXPECT_EQ(till->library.certainty.ledger.counters[0], 8);
+}
+
+TEST(Moments, AreReadAgainHoweverTheSystemWritesItsTimes) {
+  EXPECT_EQ(MomentOf("2026-11-21", 10.5 * 3600 + 7.9), "2026-11-21 10:30:07");
+  EXPECT_EQ(MomentOf("2026-11-21", 0), "2026-11-21 00:00:00");
+  struct Row {
+    const char *from, *to;
+    std::optional<double> seconds;
+  };
+  constexpr const char* kNow = "2026-11-21 10:30:00";
+  for (const auto& row : {
+           Row{kNow, "2026-11-21 10:30:07", 7},
+           Row{"2026-12-31 23:59:58", "2027-01-01 00:00:01", 3},
+           Row{kNow, "2026-11-21 09:30:00", -3600},
+           Row{kNow, "2026-11-21 10:30:00 a.m.", std::nullopt},
+           Row{"10:30:00", kNow, std::nullopt},
+           Row{"2026-11-31 10:30:00", kNow, std::nullopt},
+           Row{"2026-11-21 24:00:00", kNow, std::nullopt},
+           Row{"2026-11-21 10-30:00", kNow, std::nullopt},
+           Row{"2026-11-21 1x:30:00", kNow, std::nullopt},
+           Row{"", kNow, std::nullopt},
+       }) {
+    EXPECT_EQ(SecondsBetween(row.from, row.to), row.seconds) << row.from << " " << row.to;
+  }
 }
 
 TEST_F(JournalOfATill, AClosingThatWasNotDoneBeginsNothing) {

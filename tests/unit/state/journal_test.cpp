@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "state/journal.hpp"
@@ -57,6 +58,23 @@ TEST_F(JournalOfATill, WhatWasInFlightIsPendingForTheNextProgram) {
   EXPECT_EQ(till->Pending(), "");
 }
 
+TEST_F(JournalOfATill, HowLongAgoItWasSentIsKnownByItsMoment) {
+  auto till = Started();
+  till->Intend("X");
+  for (const auto& [hour, minutes] : {std::pair{11.0, 30.0}, std::pair{10.0, -1.0}}) {
+    till.reset();
+    till = Program();
+    till->world.GetClock().SetTimeOfDay(hour * 3600);
+    till->Start();
+    const double passed = till->world.GetClock().Elapsed() - till->library.certainty.pending->sent;
+    if (minutes < 0) {
+      EXPECT_LT(passed, 0) << "the clock on the wall was put back: nobody knows";
+    } else {
+      EXPECT_NEAR(passed, minutes * 60, 1);
+    }
+  }
+}
+
 TEST_F(JournalOfATill, WhatAProgramLeftPendingItselfIsToldOnceAndGoesBeforeAnothers) {
   for (const std::string own : {"B", "D"}) {
     *disk_ = {};
@@ -76,7 +94,7 @@ TEST_F(JournalOfATill, WhatAProgramLeftPendingItselfIsToldOnceAndGoesBeforeAnoth
 TEST_F(JournalOfATill, AResultWithoutADateIsMissedAndTold) {
   auto till = Started();
   till->Intend("B");
-  till->world.GetTrouble().Arm(Point::kTimeText, 1, false, Ailment::kFalla);
+  till->world.GetTrouble().Arm(Point::kTimeOfDay, 1, false, Ailment::kFalla);
   JournalResult(till->library, kWasDone);
   EXPECT_EQ(till->ReportedCause(), Cause::kJournalSkipped);
   Restart(till);
@@ -109,6 +127,71 @@ TEST_F(JournalOfATill, WhatIsDroppedByHandIsNotPending) {
   Restart(till);
   EXPECT_EQ(till->Pending(), "");
   EXPECT_NE(Text().find("olvido\t1\t"), std::string::npos);
+}
+
+TEST_F(JournalOfATill, CountersThatWereAskedForAreKnownToTheNextProgram) {
+  auto till = Started();
+  till->library.certainty.ledger.counters[5] = 1;
+  JournalBooks(till->library);
+  Restart(till);
+  EXPECT_EQ(till->library.certainty.ledger.counters[5], 1);
+  EXPECT_NE(Text().find("\nlibros\t0\t"), std::string::npos);
+}
+
+// Its own result has what the books showed meanwhile.
+TEST_F(JournalOfATill, NothingStandsBetweenAnIntentAndItsResult) {
+  auto till = Started();
+  till->Intend("B");
+  JournalBooks(till->library);
+  EXPECT_EQ(Text().find("libros"), std::string::npos);
+  Restart(till);
+  JournalBooks(till->library);
+  EXPECT_EQ(till->Pending(), "B");
+  EXPECT_EQ(Text().find("libros"), std::string::npos);
+}
+
+TEST_F(JournalOfATill, CountersBetweenAPartOfACallAndItsRetryForgetNothing) {
+  auto till = Started();
+  JournalIntent(till->library, {"EP_AB", "B", {"A"}, {}}, kItem);
+  JournalResult(till->library, {Outcome::kNotSent, Cause::kPortMissing});
+  JournalBooks(till->library);
+  Restart(till);
+  EXPECT_TRUE(till->library.certainty.settled);
+}
+
+TEST_F(JournalOfATill, WhatWasDoneOfACallIsKnownToTheNextProgram) {
+  struct Row {
+    Outcome outcome;
+    std::vector<std::string> accepted;
+    bool kept;
+  };
+  for (const auto& row : {
+           Row{Outcome::kNotSent, {"A"}, true},
+           Row{Outcome::kNotDone, {"A"}, true},
+           Row{Outcome::kRefused, {"A"}, true},
+           Row{Outcome::kNotSent, {}, false},
+           Row{Outcome::kDone, {"A"}, false},
+           Row{Outcome::kUnknown, {"A"}, false},
+       }) {
+    *disk_ = {};
+    auto till = Started();
+    JournalIntent(till->library, {"EP_AB", "B", row.accepted, {}}, kItem);
+    JournalResult(till->library, {row.outcome, Cause::kPortMissing});
+    Restart(till);
+    EXPECT_EQ(till->Pending(), "");
+    const auto settled = till->library.certainty.settled;
+    ASSERT_EQ(settled.has_value(), row.kept);
+    if (!row.kept) continue;
+    EXPECT_EQ(settled->call, "EP_AB");
+    EXPECT_EQ(settled->done, row.accepted);
+    EXPECT_EQ(settled->command, "B");
+    EXPECT_EQ(settled->verdict.outcome, row.outcome);
+    EXPECT_EQ(settled->verdict.cause, Cause::kPortMissing);
+    till->Intend("D");
+    JournalResult(till->library, kWasDone);
+    Restart(till);
+    EXPECT_FALSE(till->library.certainty.settled) << "another command went out since";
+  }
 }
 
 // The power goes while the last record is on its way to the disk.
