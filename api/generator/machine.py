@@ -22,12 +22,19 @@ def argument(row):
                    "pila": row.stack, "texto": row.es})
 
 
+def result(row):
+    """What a report tells when all goes well is its business: of it only the refusal has a number."""
+    if row.nature in ("report", "question"):
+        return {"rechazada": row.failed, "texto": row.result}
+    return {"exito": row.done, "fracaso": row.failed, "texto": row.result}
+
+
 def function(row):
     return filled({
         "nombre": row.name, "clase": NATURES[row.nature], "desde": row.since, "seccion": row.section.es,
         "titulo": row.title, "para_que": row.purpose, "argumentos": [argument(each) for each in row.arguments],
         "bytes_en_la_pila": row.stack, "devuelve": RETURNS[row.returns],
-        "resultado": filled({"exito": row.done, "fracaso": row.failed, "texto": row.result}),
+        "resultado": result(row),
         "que_escribe": row.writes, "si_falla": row.trouble, "familias": row.families, "tramas": row.frames,
         "sin_respuesta": row.wait, "registro": row.log, "causas": [f"KESTRA_CAUSA_{name}" for name in row.causes],
         "ejemplo": row.examples, "comentario_en_ingles": row.en})

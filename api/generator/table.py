@@ -222,7 +222,7 @@ def check_example(function):
 def read_function(row, section, natures, first_version, known_causes):
     name = row["function"]
     only(row, ("function", "nature", "number", "since", "en", "returns", "arguments", "example", "done", "failed",
-               "frames", "wait", "log", "families", "writes", "causes", "es"), name)
+               "frames", "wait", "log", "families", "causes", "es"), name)
     only(row["es"], ("title", "purpose", "result", "writes", "trouble"), name)
     if row["nature"] not in NATURES:
         raise Wrong(f"{name}: no such nature: {row['nature']}")

@@ -171,8 +171,8 @@
     ! Devuelve: 1 si la hay, 0 si no; -1 mientras no se pueda leer el diario o mientras otra llamada está en curso.
     Kestra_Pendiente(*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Pendiente')
     ! Averigua qué fue de la llamada pendiente.
-    ! Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-    ! mientras otra llamada está en curso.
+    ! Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+    ! el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
     Kestra_Resolver(),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Resolver')
     ! El número del comprobante que Kestra_Resolver encontró cerrado.
     ! Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.

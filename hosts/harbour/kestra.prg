@@ -360,8 +360,8 @@ FUNCTION Kestra_Pendiente( /* @ */ texto, longitud )
    RETURN hb_dynCall( { "Kestra_Pendiente", Biblioteca(), hb_bitOr( HB_DYN_CALLCONV_STDCALL, HB_DYN_CTYPE_INT ), HB_DYN_CTYPE_CHAR_PTR, HB_DYN_CTYPE_INT }, @texto, longitud )
 
 // Averigua qué fue de la llamada pendiente.
-// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-// mientras otra llamada está en curso.
+// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+// el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
 FUNCTION Kestra_Resolver()
 
    RETURN hb_dynCall( { "Kestra_Resolver", Biblioteca(), hb_bitOr( HB_DYN_CALLCONV_STDCALL, HB_DYN_CTYPE_INT ) } )

@@ -446,8 +446,8 @@ Namespace KestraFiscal
         End Function
 
         ' Averigua qué fue de la llamada pendiente.
-        ' Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-        ' mientras otra llamada está en curso.
+        ' Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+        ' el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
         <DllImport(Biblioteca, CallingConvention:=CallingConvention.StdCall, ExactSpelling:=True)>
         Public Function Kestra_Resolver() As Integer
         End Function

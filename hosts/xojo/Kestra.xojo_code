@@ -348,8 +348,8 @@ Protected Module Kestra
 	#tag EndExternalMethod
 
 	// Averigua qué fue de la llamada pendiente.
-	// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 4 no se sabe todavía; -1
-	// mientras otra llamada está en curso.
+	// Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
+	// el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
 	#tag ExternalMethod, Flags = &h0
 		Soft Declare Function Kestra_Resolver Lib Biblioteca () As Int32
 	#tag EndExternalMethod
