@@ -73,6 +73,8 @@ LANGUAGES = (
              r" As (\w+)", ("Ptr", "Int32"), ("Double",)),
     Language("windev/kestra_procedimientos.txt", r'^PROCEDURE (\w+)\((.*)\)(?:: int)?\n(?:RESULT )?API\("Kestra\.dll", "\1".*\)$',
              r"\w+ is ([\w ]+)", ("ANSI string", "int"), ("real",), OLD),
+    Language("cppbuilder/KestraBuilder.h", r"^(?:int|void) __stdcall (\w+)\((?:void|(.*))\);$", r"(\w+\*{0,2}) \w+(?:,|$)",
+             ("char*", "int", "KestraOperador*"), ("double",), OLD),
 )
 
 
