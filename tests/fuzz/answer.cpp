@@ -106,13 +106,12 @@ void CheckSequence(fuzz::Input input) {
 }  // namespace
 }  // namespace kestra
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto received = fuzz::Input(data, size).Rest();
+FUZZ_TARGET(input) {
+  kestra::CheckSequence(input);
+  const auto received = input.Rest();
   kestra::CheckLength(received);
   kestra::CheckCut(received);
   kestra::CheckFields(received);
   kestra::CheckThereAndBack(received);
   kestra::CheckSum(received);
-  kestra::CheckSequence({data, size});
-  return 0;
 }

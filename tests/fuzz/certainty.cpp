@@ -136,8 +136,7 @@ void CheckRecords(Input& input) {
 }  // namespace
 }  // namespace kestra
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+FUZZ_TARGET(input) {
   switch (input.Below(4)) {
     case 0:
       kestra::CheckListening(input.Rest());
@@ -151,5 +150,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     default:
       kestra::CheckRecords(input);
   }
-  return 0;
 }

@@ -10,6 +10,7 @@
 #include "frame/configuration.hpp"
 #include "fuzz/input.hpp"
 #include "golden/base_configuration.hpp"
+#include "golden/setting_kinds.hpp"
 #include "golden/state_fields.hpp"
 #include "platform/shared/profile_text.hpp"
 #include "state/library.hpp"
@@ -18,6 +19,9 @@ namespace kestra {
 namespace {
 
 using fuzz::Require;
+using golden::IsOptional;
+using golden::IsShort;
+using golden::IsText;
 using golden::kBaseConfiguration;
 using golden::Setting;
 
@@ -90,21 +94,6 @@ std::optional<long long> NumberIn(std::string_view text) {
   return negative ? -value : value;
 }
 
-bool IsText(std::string_view key) {
-  return key == "TipoComprobante" || key == "ModeloNombre" || key == "TipoIVA";
-}
-
-// Digit counts, and how many letters an inch has: 16 bits.
-bool IsShort(std::string_view key) {
-  return key.starts_with("Ent") || key.starts_with("Dec") || key == "IncluirPuntoPrecio" ||
-         key == "CPI";
-}
-
-bool IsOptional(std::string_view key) {
-  return key == "CPI" || key == "LogComandos" || key == "UtilizaTransporte" ||
-         key == "DelayComandos";
-}
-
 // What the field of a key should say for this text; nothing when the reading stops there.
 std::optional<std::string> Expected(const Setting& setting, std::string_view text) {
   const auto number = NumberIn(text);
@@ -160,11 +149,9 @@ void CheckReading(std::string_view text, bool filled_up) {
 
 // The first byte says whether the file begins with its section and whether sound values stand
 // behind it.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+FUZZ_TARGET(input) {
   const auto form = input.Byte();
   const bool in_section = (form & 1U) != 0;
   const std::string text = (in_section ? "[Epson_Fiscal]\n" : "") + std::string(input.Rest());
   kestra::CheckReading(text, (form & 2U) != 0);
-  return 0;
 }

@@ -73,7 +73,6 @@ void CheckRules(std::string_view text) {
 }  // namespace
 }  // namespace impresora::fuzzing
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  impresora::fuzzing::CheckRules(fuzz::Input(data, size).Rest());
-  return 0;
+FUZZ_TARGET(input) {
+  impresora::fuzzing::CheckRules(input.Rest());
 }

@@ -193,11 +193,9 @@ void CheckHostBuffers(Input& input) {
 }  // namespace
 }  // namespace kestra
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(input) {
   static constexpr std::array kChecks{&kestra::CheckNumber, &kestra::CheckHundredths,
                                       &kestra::CheckNumberText, &kestra::CheckText,
                                       &kestra::CheckHostBuffers};
-  fuzz::Input input(data, size);
   input.Pick(kChecks)(input);
-  return 0;
 }

@@ -72,3 +72,12 @@ class Input {
 };
 
 }  // namespace fuzz
+
+// What is done with each input: FUZZ_TARGET(input) { ... }
+#define FUZZ_TARGET(input)                                                            \
+  static void FuzzOne(fuzz::Input input);                                             \
+  extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) { \
+    FuzzOne({data, size});                                                            \
+    return 0;                                                                         \
+  }                                                                                   \
+  static void FuzzOne(fuzz::Input input)

@@ -195,8 +195,6 @@ void Run(Input& input) {
 }  // namespace
 }  // namespace impresora::fuzzing
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+FUZZ_TARGET(input) {
   impresora::fuzzing::Run(input);
-  return 0;
 }

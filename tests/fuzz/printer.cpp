@@ -185,8 +185,6 @@ class Play {
 }  // namespace
 }  // namespace impresora::fuzzing
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+FUZZ_TARGET(input) {
   impresora::fuzzing::Play(input).Run();
-  return 0;
 }

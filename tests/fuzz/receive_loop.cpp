@@ -116,8 +116,6 @@ class Exchange {
 }  // namespace
 }  // namespace kestra::fuzzing
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+FUZZ_TARGET(input) {
   kestra::fuzzing::Exchange(input).Run();
-  return 0;
 }

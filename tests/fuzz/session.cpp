@@ -184,8 +184,6 @@ class Session {
 }  // namespace
 }  // namespace kestra::fuzzing
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+FUZZ_TARGET(input) {
   kestra::fuzzing::Session(input).Run();
-  return 0;
 }

@@ -93,9 +93,7 @@ void CheckWords(std::string_view printer, std::string_view fiscal) {
 }  // namespace
 }  // namespace kestra
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+FUZZ_TARGET(input) {
   const auto printer = input.Text(6);
   kestra::CheckWords(printer, input.Text(6));
-  return 0;
 }

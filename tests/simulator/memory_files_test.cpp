@@ -51,8 +51,8 @@ struct FileCase {
   const char* words;
 };
 
-void Change(const std::string& path, const std::string& sql) {
-  Database(path).Execute(sql);
+std::function<void(const std::string& path)> Change(const std::string& sql) {
+  return [sql](const std::string& path) { Database(path).Execute(sql); };
 }
 
 TEST(MemoryFiles, OneThatIsNotThisPrintersStaysAsItIs) {
@@ -63,25 +63,17 @@ TEST(MemoryFiles, OneThatIsNotThisPrintersStaysAsItIs) {
       {"another program's database",
        [](const std::string& p) {
          std::filesystem::remove(p);
-         Change(p, "CREATE TABLE clientes(nombre); INSERT INTO clientes VALUES ('Juan')");
+         Change("CREATE TABLE clientes(nombre); INSERT INTO clientes VALUES ('Juan')")(p);
        },
        "no es una memoria fiscal"},
-      {"a version to come", [](const std::string& p) { Change(p, "PRAGMA user_version = 3"); },
+      {"a version to come", Change("PRAGMA user_version = 3"),
        "tiene la versión 3 del formato y este programa usa la 2"},
       {"another point of sale",
-       [](const std::string& p) {
-         Change(p, "UPDATE identidad SET valor = '7' WHERE clave = 'punto_venta'");
-       },
+       Change("UPDATE identidad SET valor = '7' WHERE clave = 'punto_venta'"),
        "es de otra impresora: punto de venta 7, y esta tiene 1"},
-      {"another family",
-       [](const std::string& p) {
-         Change(p, "UPDATE identidad SET valor = 'FC' WHERE clave = 'familia'");
-       },
+      {"another family", Change("UPDATE identidad SET valor = 'FC' WHERE clave = 'familia'"),
        "es de otra impresora: familia FC, y esta tiene TF"},
-      {"another owner",
-       [](const std::string& p) {
-         Change(p, "UPDATE identidad SET valor = '30-1' WHERE clave = 'cuit'");
-       },
+      {"another owner", Change("UPDATE identidad SET valor = '30-1' WHERE clave = 'cuit'"),
        "es de otra impresora: CUIT 30-1"},
       {"a hole in the middle",
        [](const std::string& p) {
@@ -92,15 +84,11 @@ TEST(MemoryFiles, OneThatIsNotThisPrintersStaysAsItIs) {
        "el archivo está dañado"},
       {"cut off", [](const std::string& p) { std::filesystem::resize_file(p, 6000); },
        "el archivo está dañado"},
-      {"a closing missing",
-       [](const std::string& p) { Change(p, "INSERT INTO cierres VALUES (2, 0, 0, 0, 0, 0)"); },
+      {"a closing missing", Change("INSERT INTO cierres VALUES (2, 0, 0, 0, 0, 0)"),
        "falta un cierre"},
       {"an open document of no kind",
-       [](const std::string& p) {
-         Change(p,
-                "INSERT INTO documento VALUES "
-                "(1, 'Q', 'A', 1, 1, '', '', '', '', '', 0, 0, 0, 0, 0, 0, 0, 1)");
-       },
+       Change("INSERT INTO documento VALUES "
+              "(1, 'Q', 'A', 1, 1, '', '', '', '', '', 0, 0, 0, 0, 0, 0, 0, 1)"),
        "comprobante abierto de tipo Q"},
   };
   for (const FileCase& c : cases) {

@@ -1,10 +1,13 @@
 #include "unit/world.hpp"
 
+#include <gtest/gtest.h>
+
 #include <utility>
 
 #include "frame/instance.hpp"
 #include "golden/base_configuration.hpp"
 #include "golden/frame_check.hpp"
+#include "kestra/kestra.h"
 
 namespace kestra::unit {
 
@@ -45,6 +48,13 @@ FakePlatform& ExportsOnFakes() {
   kept.Line().SetDefault(Answering("0000", "0600"));
   ReplaceInstance(std::move(world));
   return kept;
+}
+
+FakePlatform& StartedShop(std::string_view key, std::string_view value) {
+  auto& world = ExportsOnFakes();
+  world.GetProfile().Set(key, value);
+  EXPECT_EQ(EP_Init(), 1);
+  return world;
 }
 
 }  // namespace kestra::unit

@@ -24,4 +24,7 @@ std::string Wire(const Journal& journal);
 // The world belongs to the library until the next one takes its place.
 FakePlatform& ExportsOnFakes();
 
+// The same with such a setting, started.
+FakePlatform& StartedShop(std::string_view key = "TipoComprobante", std::string_view value = "TQ");
+
 }  // namespace kestra::unit

@@ -1,5 +1,3 @@
-#include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <map>
@@ -11,6 +9,7 @@
 
 #include "campaigns/crashes/days.hpp"
 #include "campaigns/crashes/story.hpp"
+#include "campaigns/program.hpp"
 
 // Plays the canonical documents while the line ends, the power goes or the host dies at every byte and every
 // step, starts the till again, and says what it came to know, as tables.
@@ -35,30 +34,17 @@ struct Settings {
 
 Settings ReadOptions(int argc, char** argv) {
   Settings settings;
-  if (const char* share = std::getenv("KESTRA_SHARE")) settings.first = std::stoul(share);
-  for (int i = 1; i < argc; ++i) {
-    const std::string_view name = argv[i];
-    if (name == "--cortes") {
-      settings.deaths = false;
-    } else if (name == "--muertes") {
-      settings.cuts = false;
-    } else if (name == "--repetidas") {
-      settings.mode = Mode::kSafeWithRepeats;
-    } else if (name == "--sin-repetidas") {
-      settings.mode = Mode::kSafeForgetful;
-    } else if (name == "--cada" && i + 1 < argc && std::stoul(argv[i + 1]) > 0) {
-      settings.every = std::stoul(argv[++i]);
-    } else if (name == "--pares" && i + 1 < argc) {
-      settings.pairs = std::stoul(argv[++i]);
-    } else if (name == "--documentos" && i + 1 < argc) {
-      settings.documents = std::stoul(argv[++i]);
-    } else if (name == "--semilla" && i + 1 < argc) {
-      settings.seed = std::stoul(argv[++i]);
-    } else {
-      throw std::invalid_argument(std::string(name));
-    }
-  }
-  settings.first %= settings.every;
+  campaigns::ReadOptions(argc, argv,
+                         {{"--cortes", [&] { settings.deaths = false; }},
+                          {"--muertes", [&] { settings.cuts = false; }},
+                          {"--repetidas", [&] { settings.mode = Mode::kSafeWithRepeats; }},
+                          {"--sin-repetidas", [&] { settings.mode = Mode::kSafeForgetful; }}},
+                         {{"--cada", &settings.every},
+                          {"--pares", &settings.pairs},
+                          {"--documentos", &settings.documents},
+                          {"--semilla", &settings.seed}});
+  if (settings.every == 0) throw std::invalid_argument("--cada");
+  settings.first = campaigns::Share() % settings.every;
   return settings;
 }
 
@@ -255,10 +241,5 @@ int Main(int argc, char** argv) {
 }  // namespace kestra::crashes
 
 int main(int argc, char** argv) {
-  try {
-    return kestra::crashes::Main(argc, argv);
-  } catch (const std::exception& error) {
-    std::cerr << "crashes: " << error.what() << "\n";
-    return 2;
-  }
+  return kestra::campaigns::Run("crashes", [=] { return kestra::crashes::Main(argc, argv); });
 }

@@ -1,4 +1,3 @@
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <stdexcept>
@@ -6,6 +5,7 @@
 #include <string_view>
 
 #include "campaigns/line_faults/campaign.hpp"
+#include "campaigns/program.hpp"
 
 // Plays the canonical documents with every fault at every byte and says what came of it, as tables.
 //   --cada N      only every N-th byte, to look quickly
@@ -23,42 +23,17 @@ namespace {
 
 CampaignSettings ReadOptions(int argc, char** argv) {
   CampaignSettings settings;
-  if (const char* share = std::getenv("KESTRA_SHARE")) settings.first = std::stoul(share);
+  settings.first = campaigns::Share();
   if (settings.first > 0) settings.seed = settings.first;
-  for (int i = 1; i < argc; ++i) {
-    const std::string_view name = argv[i];
-    if (name == "--insiste") {
-      settings.habit = OperatorHabit::kOnce;
-      continue;
-    }
-    if (name == "--seguro") {
-      settings.mode = Mode::kSafe;
-      continue;
-    }
-    if (name == "--sin-repetidas") {
-      settings.mode = Mode::kSafeForgetful;
-      continue;
-    }
-    if (name == "--repetidas") {
-      settings.mode = Mode::kSafeWithRepeats;
-      continue;
-    }
-    if (name == "--todo") {
-      settings.forms = EveryFaultForm();
-      continue;
-    }
-    if (i + 1 == argc) throw std::invalid_argument(std::string(name));
-    const auto number = std::stoull(argv[++i]);
-    if (name == "--cada" && number > 0) {
-      settings.every = number;
-    } else if (name == "--pares") {
-      settings.pairs = number;
-    } else if (name == "--semilla") {
-      settings.seed = number;
-    } else {
-      throw std::invalid_argument(std::string(name));
-    }
-  }
+  campaigns::ReadOptions(
+      argc, argv,
+      {{"--insiste", [&] { settings.habit = OperatorHabit::kOnce; }},
+       {"--seguro", [&] { settings.mode = Mode::kSafe; }},
+       {"--sin-repetidas", [&] { settings.mode = Mode::kSafeForgetful; }},
+       {"--repetidas", [&] { settings.mode = Mode::kSafeWithRepeats; }},
+       {"--todo", [&] { settings.forms = EveryFaultForm(); }}},
+      {{"--cada", &settings.every}, {"--pares", &settings.pairs}, {"--semilla", &settings.seed}});
+  if (settings.every == 0) throw std::invalid_argument("--cada");
   std::cout << "every " << settings.every << ", from " << settings.first % settings.every
             << ", seed " << settings.seed << "\n";
   return settings;
@@ -133,10 +108,6 @@ int Main(int argc, char** argv) {
 }  // namespace kestra::line_faults
 
 int main(int argc, char** argv) {
-  try {
-    return kestra::line_faults::Main(argc, argv);
-  } catch (const std::exception& error) {
-    std::cerr << "line_faults: " << error.what() << "\n";
-    return 2;
-  }
+  return kestra::campaigns::Run("line_faults",
+                                [=] { return kestra::line_faults::Main(argc, argv); });
 }

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "campaigns/program.hpp"
 #include "campaigns/torture/campaign.hpp"
 #include "campaigns/torture/tally.hpp"
 #include "campaigns/torture/under_way.hpp"
@@ -43,7 +44,7 @@ void ReadOption(std::string_view name, const std::string& value, Options& option
 
 Options ReadOptions(int argc, char** argv) {
   Options options;
-  if (const char* share = std::getenv("KESTRA_SHARE")) options.first = std::stoul(share);
+  options.first = campaigns::Share();
   for (int i = 1; i < argc; i += 2) {
     if (i + 1 == argc) throw std::invalid_argument(argv[i]);
     ReadOption(argv[i], argv[i + 1], options);
@@ -68,11 +69,7 @@ int TortureAll(const Options& options) {
 
 int main(int argc, char** argv) {
   using namespace kestra::torture;
-  try {
-    UnderWay::WatchForTheEnd();
-    return TortureAll(ReadOptions(argc, argv));
-  } catch (const std::exception& error) {
-    std::cerr << "torture_tests: " << error.what() << "\n";
-    return 2;
-  }
+  UnderWay::WatchForTheEnd();
+  return kestra::campaigns::Run("torture_tests",
+                                [=] { return TortureAll(ReadOptions(argc, argv)); });
 }

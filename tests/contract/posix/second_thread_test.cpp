@@ -5,15 +5,12 @@
 
 #include <algorithm>
 #include <atomic>
-#include <memory>
 #include <string>
 #include <thread>
-#include <utility>
 
 #include "dialogs/host_operator.hpp"
 #include "fakes/fake_platform.hpp"
-#include "frame/instance.hpp"
-#include "golden/base_configuration.hpp"
+#include "unit/world.hpp"
 
 namespace kestra {
 namespace {
@@ -21,15 +18,7 @@ namespace {
 constexpr int kOften = 200'000;
 
 FakePlatform& ShopThatAsks() {
-  auto world = std::make_unique<FakePlatform>();
-  auto& kept = *world;
-  for (const auto& setting : golden::kBaseConfiguration) {
-    kept.GetProfile().Set(setting.key, setting.value);
-  }
-  kept.GetProfile().Set("MostrarComandos", "1");
-  ReplaceInstance(std::move(world));
-  EXPECT_EQ(EP_Init(), 1);
-  return kept;
+  return unit::StartedShop("MostrarComandos", "1");
 }
 
 std::int32_t FromAnotherThread() {

@@ -15,9 +15,7 @@ namespace kestra {
 namespace {
 
 FakePlatform& ShopThatListsAnswers() {
-  auto& world = unit::ExportsOnFakes();
-  world.GetProfile().Set("MostrarRespuestas", "1");
-  EXPECT_EQ(EP_Init(), 1);
+  auto& world = unit::StartedShop("MostrarRespuestas", "1");
   world.GetJournal().Take();
   return world;
 }

@@ -63,9 +63,7 @@ Seen Play(const Habit& habit, bool spoil) {
 STORY(callbacks) {
   constexpr std::uint16_t kAllMasked = 0x3F;
   constexpr std::uint32_t kVectorMasks = 0x1F80;
-  LoadLibraryUnderTest();
-  TakeTheOperatorsPlace();
-  Expect(CallIntact(Words().For("EP_Init"), EverythingTraps()) == 1, "EP_Init", "failed");
+  StartLibraryUnderTest();
   for (const Habit& habit : Habits()) {
     const Seen seen = Play(habit, false);
     Expect(seen.boxes >= 4, habit.name, "not every bad amount was shown");

@@ -94,6 +94,12 @@ void TakeTheOperatorsPlace() {
   CallIntact(Words().Address(&record).For("Kestra_DefinirOperador"), Habits().front());
 }
 
+void StartLibraryUnderTest() {
+  LoadLibraryUnderTest();
+  TakeTheOperatorsPlace();
+  Expect(CallIntact(Words().For("EP_Init"), EverythingTraps()) == 1, "EP_Init", "failed");
+}
+
 int Shown() {
   return person.shown;
 }

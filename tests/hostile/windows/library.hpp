@@ -44,4 +44,7 @@ class Words {
 void TakeTheOperatorsPlace();
 int Shown();
 
+// Both, and the start.
+void StartLibraryUnderTest();
+
 }  // namespace armour

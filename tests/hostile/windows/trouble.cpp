@@ -124,9 +124,7 @@ void AskForAClass() {
 }  // namespace
 
 STORY(numbers) {
-  LoadLibraryUnderTest();
-  TakeTheOperatorsPlace();
-  Expect(CallIntact(Words().For("EP_Init"), EverythingTraps()) == 1, "EP_Init", "failed");
+  StartLibraryUnderTest();
   Places places(Code());
   for (const Habit& habit : Habits()) {
     const int shown = Shown();
@@ -140,9 +138,7 @@ STORY(numbers) {
 
 // The printer answers: there is something to write.
 STORY(result_pointers) {
-  LoadLibraryUnderTest();
-  TakeTheOperatorsPlace();
-  Expect(CallIntact(Words().For("EP_Init"), EverythingTraps()) == 1, "EP_Init", "failed");
+  StartLibraryUnderTest();
   LonePage page;
   const std::string_view time(page.RoomAtEnd(12), 12);
   const auto target = Words().Address(time.data()).For("EP_ObtenerFechaHora");

@@ -4,102 +4,27 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 
 #include "fakes/fake_platform.hpp"
+#include "golden/base_configuration.hpp"
+#include "golden/setting_kinds.hpp"
+#include "golden/state_fields.hpp"
 #include "state/library.hpp"
 #include "unit/world.hpp"
 
 namespace kestra {
 namespace {
 
-enum class Kind {
-  kNumber,    // must be there; 32 bits
-  kShort,     // must be there; 16 bits
-  kOptional,  // may be left out; 32 bits
-  kOptionalShort,
-  kText,
-};
+constexpr const auto& kSettings =
+    golden::kBaseConfiguration;  // in the order in which they are read
 
-// A key, and where its value ends up.
-struct Setting {
-  std::string_view key;
-  Kind kind;
-  std::string (*read)(const State& state);
-};
-
-#define TEXT(name, kind)                                             \
-  {                                                                  \
-#name, Kind::kind, [](const State& state) { return state.name; } \
-  }
-#define NUMBER(name, kind)                                                           \
-  {                                                                                  \
-#name, Kind::kind, [](const State& state) { return std::to_string(state.name); } \
-  }
-
-// In the order in which they are read.
-constexpr std::array<Setting, 52> kSettings{{
-    NUMBER(ImpresoraPuerto, kNumber),
-    TEXT(ImpresoraConfig, kNumber),
-    TEXT(TipoComprobante, kText),
-    TEXT(ModeloNombre, kText),
-    TEXT(TipoIVA, kText),
-    NUMBER(CanDecimales, kNumber),
-    NUMBER(CanMaxima, kNumber),
-    NUMBER(LonObsFac, kNumber),
-    NUMBER(LonLinFac, kNumber),
-    NUMBER(LonPagFac, kNumber),
-    NUMBER(LonLinNoF, kNumber),
-    NUMBER(LonLinPag, kNumber),
-    NUMBER(ErrorMostrar, kNumber),
-    NUMBER(MostrarComandos, kNumber),
-    NUMBER(EmiteTIC, kNumber),
-    NUMBER(EmiteTIF, kNumber),
-    NUMBER(EmiteFAC, kNumber),
-    NUMBER(EmiteRTO, kNumber),
-    NUMBER(EmitePAG, kNumber),
-    NUMBER(EmiteCRE, kNumber),
-    NUMBER(EmiteDEB, kNumber),
-    NUMBER(EntCantidad, kShort),
-    NUMBER(DecCantidad, kShort),
-    NUMBER(EntPrecio, kShort),
-    NUMBER(DecPrecio, kShort),
-    NUMBER(IncluirPuntoPrecio, kShort),
-    NUMBER(EntDesc, kShort),
-    NUMBER(DecDesc, kShort),
-    NUMBER(EntIVA, kShort),
-    NUMBER(DecIVA, kShort),
-    NUMBER(EntImpInt, kShort),
-    NUMBER(DecImpInt, kShort),
-    NUMBER(EntPercepcion, kShort),
-    NUMBER(DecPercepcion, kShort),
-    NUMBER(LonDescripcionT, kNumber),
-    NUMBER(LonTextoFiscalT, kNumber),
-    NUMBER(LonEncabezadoT, kNumber),
-    NUMBER(LonTextoNoFiscalT, kNumber),
-    NUMBER(LonDatosClienteT, kNumber),
-    NUMBER(LonDescripcionF, kNumber),
-    NUMBER(LonTextoFiscalF, kNumber),
-    NUMBER(LonEncabezadoF, kNumber),
-    NUMBER(LonTextoNoFiscalF, kNumber),
-    NUMBER(LonDatosClienteF, kNumber),
-    NUMBER(Transporte, kNumber),
-    NUMBER(AjusteRedondeo, kNumber),
-    NUMBER(QuitarCaracNoValidos, kNumber),
-    NUMBER(MostrarRespuestas, kNumber),
-    NUMBER(CPI, kOptionalShort),
-    NUMBER(LogComandos, kOptional),
-    NUMBER(UtilizaTransporte, kOptional),
-    NUMBER(DelayComandos, kOptional),
-}};
-#undef NUMBER
-#undef TEXT
-
-bool Required(const Setting& setting) {
-  return setting.kind == Kind::kNumber || setting.kind == Kind::kShort;
+// The value of a key where it ends up.
+std::string Kept(const State& state, std::string_view key) {
+  auto shown = golden::ShowField(state, key);
+  std::erase(shown, '"');
+  return shown;
 }
 
 // A value of the key that no other key has, and that a second reading can tell from the first.
@@ -129,7 +54,7 @@ class Settings : public testing::Test {
     world_.GetJournal().Take();
     Lee_Ini(library_);
     for (std::size_t i = 0; i < kSettings.size(); ++i) {
-      EXPECT_EQ(kSettings[i].read(library_.state), Sample(i, i < failing ? 2 : 1))
+      EXPECT_EQ(Kept(library_.state, kSettings[i].key), Sample(i, i < failing ? 2 : 1))
           << kSettings[i].key;
     }
     ExpectBox(failure, key);
@@ -156,18 +81,17 @@ TEST_F(Settings, All52KeysFillTheirFields) {
   WriteSamples(1);
   Lee_Ini(library_);
   for (std::size_t i = 0; i < kSettings.size(); ++i) {
-    EXPECT_EQ(kSettings[i].read(library_.state), Sample(i, 1)) << kSettings[i].key;
+    EXPECT_EQ(Kept(library_.state, kSettings[i].key), Sample(i, 1)) << kSettings[i].key;
   }
   EXPECT_TRUE(world_.GetJournal().Events().empty());
 }
 
 TEST_F(Settings, EachKeyThatIsMissingOrTooGreatEndsTheReadingThere) {
   for (std::size_t i = 0; i < kSettings.size(); ++i) {
-    const auto kind = kSettings[i].kind;
-    const bool narrow = kind == Kind::kShort || kind == Kind::kOptionalShort;
-    if (Required(kSettings[i])) ExpectReadingToEndAt(i, nullptr, "13 (Type mismatch)");
-    if (kind == Kind::kText) continue;
-    ExpectReadingToEndAt(i, narrow ? "32768" : "2147483648", "6 (Overflow)");
+    const auto key = kSettings[i].key;
+    if (golden::IsText(key)) continue;
+    if (!golden::IsOptional(key)) ExpectReadingToEndAt(i, nullptr, "13 (Type mismatch)");
+    ExpectReadingToEndAt(i, golden::IsShort(key) ? "32768" : "2147483648", "6 (Overflow)");
   }
 }
 
@@ -184,7 +108,7 @@ TEST_F(Settings, MissingPriceDigitsLeaveTheDecimalsAtZeroOnFirstUse) {
 TEST_F(Settings, TheFirst48KeysAreEnough) {
   WriteSamples(1);
   for (const auto& setting : kSettings) {
-    if (!Required(setting) && setting.kind != Kind::kText) world_.GetProfile().Remove(setting.key);
+    if (golden::IsOptional(setting.key)) world_.GetProfile().Remove(setting.key);
   }
   Lee_Ini(library_);
   EXPECT_EQ(library_.state.CPI, 12);
@@ -198,7 +122,7 @@ TEST_F(Settings, WithoutAFileTheFirstKeyFailsAndNothingChanges) {
   Lee_Ini(library_);
   ExpectBox("13 (Type mismatch)", "ImpresoraPuerto");
   for (const auto& setting : kSettings) {
-    EXPECT_EQ(setting.read(library_.state), setting.read(State{})) << setting.key;
+    EXPECT_EQ(Kept(library_.state, setting.key), Kept(State{}, setting.key)) << setting.key;
   }
   EXPECT_EQ(library_.state.ImpresoraPuerto + library_.state.DelayComandos, 0);
 }
@@ -238,9 +162,7 @@ TEST_F(Settings, FillTheirFieldsSo) {
     unit::FillProfile(world_);
     world_.GetProfile().Set(row.key, row.value);
     Lee_Ini(library_);
-    const auto* const setting = std::find_if(kSettings.begin(), kSettings.end(),
-                                             [&](auto& one) { return one.key == row.key; });
-    EXPECT_EQ(setting->read(library_.state), row.field);
+    EXPECT_EQ(Kept(library_.state, row.key), row.field);
   }
   EXPECT_TRUE(world_.GetJournal().Events().empty());
 }

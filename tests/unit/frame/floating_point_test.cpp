@@ -31,8 +31,7 @@ TEST_P(ARounding, OfTheHostIsThereAfterEveryCall) {
 }
 
 TEST_P(ARounding, OfTheHostDoesNotReachAnAmount) {
-  auto& world = unit::ExportsOnFakes();
-  ASSERT_EQ(EP_Init(), 1);
+  auto& world = unit::StartedShop();
   for (const double amount : {1.005, 2.675, 0.125, 99.995}) {
     EXPECT_EQ(EP_ImprimirPago(std::string(80, ' ').c_str(), amount), 0);
   }
@@ -45,8 +44,7 @@ TEST_P(ARounding, OfTheHostDoesNotReachAnAmount) {
 }
 
 TEST_P(ARounding, LeavesNoExceptionFlagOfOurs) {
-  unit::ExportsOnFakes();
-  ASSERT_EQ(EP_Init(), 1);
+  unit::StartedShop();
   std::feclearexcept(FE_ALL_EXCEPT);
   EP_ImprimirPago(std::string(80, ' ').c_str(), 1e308);
   EP_AjusteRedondeo(0.1);

@@ -157,10 +157,7 @@ std::int32_t KESTRA_CALL HandOver(void* context, const char* /*text*/, const cha
 }
 
 FakePlatform& AskingShop(std::string_view asked = "1") {
-  auto& world = unit::ExportsOnFakes();
-  world.GetProfile().Set("MostrarComandos", asked);
-  EXPECT_EQ(EP_Init(), 1);
-  return world;
+  return unit::StartedShop("MostrarComandos", asked);
 }
 
 TEST(Reentry, ANewOperatorOrTheDefaultFromWithinAnswersTheNextDialog) {

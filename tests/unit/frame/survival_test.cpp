@@ -32,10 +32,7 @@ bool Operates(const Export& exported) {
 
 // The library of a shop of this family, started.
 FakePlatform& StartedShop(std::string_view family) {
-  auto& world = unit::ExportsOnFakes();
-  world.GetProfile().Set("TipoComprobante", family);
-  EXPECT_EQ(EP_Init(), 1);
-  return world;
+  return unit::StartedShop("TipoComprobante", family);
 }
 
 struct Outcome {
@@ -242,9 +239,7 @@ TEST(Survival, AnAmountThatDoesNotFitIsShownAndGoesOutEmpty) {
 
 // An adjustment says success to the host even where its total is none; the log says more.
 TEST(Survival, ATotalThatIsNoNumberIsLogged) {
-  auto& world = unit::ExportsOnFakes();
-  world.GetProfile().Set("AjusteRedondeo", "1");
-  ASSERT_EQ(EP_Init(), 1);
+  auto& world = unit::StartedShop("AjusteRedondeo", "1");
   EXPECT_EQ(EP_AjusteRedondeo(kInfinity), 0);
   EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kLog),
             std::vector<std::string>{"[21/11/2026-10:30:00] - Error 6 (Overflow) in procedure "
@@ -254,9 +249,7 @@ TEST(Survival, ATotalThatIsNoNumberIsLogged) {
 }
 
 TEST(Survival, APrintersTotalThatIsNoNumberIsLogged) {
-  auto& world = unit::ExportsOnFakes();
-  world.GetProfile().Set("AjusteRedondeo", "1");
-  ASSERT_EQ(EP_Init(), 1);
+  auto& world = unit::StartedShop("AjusteRedondeo", "1");
   EXPECT_EQ(EP_AjusteRedondeo(100), 0);
   const auto lines = unit::TextsOf(world.GetJournal(), Happening::kLog);
   ASSERT_FALSE(lines.empty());
@@ -275,9 +268,7 @@ TEST(LastError, IsWhatTheStateHolds) {
 TEST(LastError, IsResetByAnOpeningEvenOneThatIsRefusedOrDeclined) {
   for (const auto* kind : {"FC", "XX"}) {
     for (const auto* ask : {"0", "1"}) {
-      auto& world = unit::ExportsOnFakes();
-      world.GetProfile().Set("MostrarComandos", ask);
-      ASSERT_EQ(EP_Init(), 1);
+      unit::StartedShop("MostrarComandos", ask);
       Instance().state.UltimoError = 5;
       EP_AbrirComprobanteFiscal(kind, "B", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                                 nullptr, nullptr, nullptr, nullptr, 1);

@@ -136,8 +136,7 @@ TEST(OneFailure, IsLoggedAndToldToTheHost) {
 }
 
 TEST(OneFailure, OfTheSettingsFileIsShownByTheReader) {
-  auto& world = unit::ExportsOnFakes();
-  ASSERT_EQ(EP_Init(), 1);
+  auto& world = unit::StartedShop();
   world.GetTrouble().Arm(Point::kProfile, 3, false, Ailment::kFalla);
   EXPECT_EQ(EP_Init(), 1);
   EXPECT_EQ(unit::TextsOf(world.GetJournal(), Happening::kBox),
@@ -148,8 +147,7 @@ TEST(OneFailure, OfTheSettingsFileIsShownByTheReader) {
 }
 
 TEST(OneFailure, OfMemoryWhileReadingTheSettingsFailsTheStart) {
-  auto& world = unit::ExportsOnFakes();
-  ASSERT_EQ(EP_Init(), 1);
+  auto& world = unit::StartedShop();
   world.GetTrouble().Arm(Point::kProfile, 3, false, Ailment::kMemory);
   EXPECT_EQ(EP_Init(), 0);
   ExpectFailureLine(world.GetJournal(), "7 (Out of memory)", "EP_Init");
@@ -159,8 +157,7 @@ TEST(OneFailure, OfMemoryWhileReadingTheSettingsFailsTheStart) {
 // A port that does not close is a failure of the exchange like any other, and is closed once more.
 TEST(OneFailure, OfClosingThePortIsToldToTheHost) {
   for (const auto& [ailment, words] : kAilments) {
-    auto& world = unit::ExportsOnFakes();
-    ASSERT_EQ(EP_Init(), 1);
+    auto& world = unit::StartedShop();
     world.GetTrouble().Arm(Point::kClose, 1, false, ailment);
     EXPECT_EQ(EP_CortaPapel(), 1) << words;
     ExpectAWorkingLibrary(world);

@@ -45,8 +45,7 @@ TEST(Unload, WaitsForTheHostsObjectsEvenWithoutAPort) {
 }
 
 TEST(Unload, WaitsForBothTheObjectsAndThePort) {
-  unit::ExportsOnFakes();
-  ASSERT_EQ(EP_Init(), 1);
+  unit::StartedShop();
   {
     const ObjectsOfTheHost held;
     EP_Kill();
