@@ -184,4 +184,8 @@
     ! Hace que el programa conteste en lugar de los cuadros de la biblioteca.
     ! Devuelve: No devuelve nada.
     Kestra_DefinirOperador(LONG operador),PASCAL,RAW,DLL(1),NAME('Kestra_DefinirOperador')
+    ! ---- Textos ----
+    ! Elige cómo se pasan los textos.
+    ! Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+    Kestra_Textos(LONG modo),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Textos')
   END

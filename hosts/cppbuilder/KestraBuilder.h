@@ -368,6 +368,12 @@ int __stdcall Kestra_Olvidar(void);
    Devuelve: No devuelve nada. */
 void __stdcall Kestra_DefinirOperador(const KestraOperador* operador);
 
+/* ---- Textos ---- */
+
+/* Elige cómo se pasan los textos.
+   Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada. */
+int __stdcall Kestra_Textos(int modo);
+
 }
 
 #endif

@@ -414,6 +414,13 @@ namespace KestraFiscal
         /// <summary>Lo mismo con IntPtr.Zero, que vuelve a los cuadros de la biblioteca.</summary>
         [DllImport(Biblioteca, CallingConvention = CallingConvention.StdCall, ExactSpelling = true)]
         public static extern void Kestra_DefinirOperador(IntPtr operador);
+
+        // ---- Textos ----
+
+        /// <summary>Elige cómo se pasan los textos.
+        /// Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.</summary>
+        [DllImport(Biblioteca, CallingConvention = CallingConvention.StdCall, ExactSpelling = true)]
+        public static extern int Kestra_Textos(int modo);
     }
 
     /// <summary>Un cuadro. estilo: 0 Aceptar, 4 Sí/No, 36 Sí/No con el signo de pregunta. Devuelve 1 Aceptar, 6 Sí, 7 No.</summary>

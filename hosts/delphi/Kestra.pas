@@ -453,6 +453,13 @@ function Kestra_Olvidar: Integer;
 procedure Kestra_DefinirOperador(operador: PKestraOperador);
   {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF} external KestraBiblioteca name 'Kestra_DefinirOperador';
 
+// ---- Textos ----
+
+// Elige cómo se pasan los textos.
+// Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+function Kestra_Textos(modo: Integer): Integer;
+  {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF} external KestraBiblioteca name 'Kestra_Textos';
+
 implementation
 
 end.

@@ -254,4 +254,10 @@ DECLARE INTEGER Kestra_Olvidar IN Kestra.dll
 * Devuelve: No devuelve nada.
 DECLARE Kestra_DefinirOperador IN Kestra.dll INTEGER operador
 
+* ---- Textos ----
+
+* Elige cómo se pasan los textos.
+* Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+DECLARE INTEGER Kestra_Textos IN Kestra.dll INTEGER modo
+
 RETURN

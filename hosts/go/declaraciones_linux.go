@@ -369,3 +369,11 @@ func Kestra_Olvidar() int32 {
 func Kestra_DefinirOperador(operador unsafe.Pointer) {
 	C.Kestra_DefinirOperador((*C.KestraOperador)(operador))
 }
+
+// ---- Textos ----
+
+// Kestra_Textos: Elige cómo se pasan los textos.
+// Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+func Kestra_Textos(modo int32) int32 {
+	return int32(C.Kestra_Textos(C.int32_t(modo)))
+}

@@ -80,6 +80,7 @@ var (
 	proc_Kestra_ResolverNumero                  = biblioteca.NewProc("Kestra_ResolverNumero")
 	proc_Kestra_Olvidar                         = biblioteca.NewProc("Kestra_Olvidar")
 	proc_Kestra_DefinirOperador                 = biblioteca.NewProc("Kestra_DefinirOperador")
+	proc_Kestra_Textos                          = biblioteca.NewProc("Kestra_Textos")
 )
 
 // ---- Principio y fin ----
@@ -541,4 +542,13 @@ func Kestra_Olvidar() int32 {
 // Devuelve: No devuelve nada.
 func Kestra_DefinirOperador(operador unsafe.Pointer) {
 	proc_Kestra_DefinirOperador.Call(uintptr(operador))
+}
+
+// ---- Textos ----
+
+// Kestra_Textos: Elige cómo se pasan los textos.
+// Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+func Kestra_Textos(modo int32) int32 {
+	dado, _, _ := proc_Kestra_Textos.Call(uintptr(modo))
+	return int32(dado)
 }

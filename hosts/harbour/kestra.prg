@@ -385,3 +385,11 @@ FUNCTION Kestra_Olvidar()
 FUNCTION Kestra_DefinirOperador( operador )
 
    RETURN hb_dynCall( { "Kestra_DefinirOperador", Biblioteca(), hb_bitOr( HB_DYN_CALLCONV_STDCALL, HB_DYN_CTYPE_VOID ), HB_DYN_CTYPE_VOID_PTR }, operador )
+
+// ---- Textos ----
+
+// Elige cómo se pasan los textos.
+// Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+FUNCTION Kestra_Textos( modo )
+
+   RETURN hb_dynCall( { "Kestra_Textos", Biblioteca(), hb_bitOr( HB_DYN_CALLCONV_STDCALL, HB_DYN_CTYPE_INT ), HB_DYN_CTYPE_INT }, modo )

@@ -271,6 +271,12 @@ int32_t __stdcall Kestra_Olvidar(void);
 /* Hace que el programa conteste en lugar de los cuadros de la biblioteca.
    Devuelve: No devuelve nada. */
 void __stdcall Kestra_DefinirOperador(const KestraOperador* operador);
+
+/* ---- Textos ---- */
+
+/* Elige cómo se pasan los textos.
+   Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada. */
+int32_t __stdcall Kestra_Textos(int32_t modo);
 ]]
 
 local k = {}

@@ -322,6 +322,10 @@ export const FUNCIONES = {
   // Hace que el programa conteste en lugar de los cuadros de la biblioteca.
   // Devuelve: No devuelve nada.
   Kestra_DefinirOperador: { devuelve: 'void', argumentos: [['operador', 'KestraOperador *', 0]] },
+  // ---- Textos ----
+  // Elige cómo se pasan los textos.
+  // Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+  Kestra_Textos: { devuelve: 'int32_t', argumentos: [['modo', 'int32_t', 0]] },
 };
 
 function declararTipos(koffi) {

@@ -365,3 +365,9 @@ Public Declare Function Kestra_Olvidar Lib "Kestra.dll" () As Long
 ' Hace que el programa conteste en lugar de los cuadros de la biblioteca.
 ' Devuelve: No devuelve nada.
 Public Declare Sub Kestra_DefinirOperador Lib "Kestra.dll" (ByRef operador As Any)
+
+' ---- Textos ----
+
+' Elige cómo se pasan los textos.
+' Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+Public Declare Function Kestra_Textos Lib "Kestra.dll" (ByVal modo As Long) As Long

@@ -395,6 +395,12 @@ Public Declare PtrSafe Function Kestra_Olvidar Lib "Kestra.dll" () As Long
 ' Devuelve: No devuelve nada.
 Public Declare PtrSafe Sub Kestra_DefinirOperador Lib "Kestra.dll" (ByRef operador As Any)
 
+' ---- Textos ----
+
+' Elige cómo se pasan los textos.
+' Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+Public Declare PtrSafe Function Kestra_Textos Lib "Kestra.dll" (ByVal modo As Long) As Long
+
 #Else
 
 Public Declare Function EP_Init Lib "Kestra.dll" () As Long
@@ -457,5 +463,6 @@ Public Declare Function Kestra_Resolver Lib "Kestra.dll" () As Long
 Public Declare Function Kestra_ResolverNumero Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
 Public Declare Function Kestra_Olvidar Lib "Kestra.dll" () As Long
 Public Declare Sub Kestra_DefinirOperador Lib "Kestra.dll" (ByRef operador As Any)
+Public Declare Function Kestra_Textos Lib "Kestra.dll" (ByVal modo As Long) As Long
 
 #End If

@@ -476,6 +476,14 @@ Namespace KestraFiscal
         <DllImport(Biblioteca, CallingConvention:=CallingConvention.StdCall, ExactSpelling:=True)>
         Public Sub Kestra_DefinirOperador(ByVal operador As IntPtr)
         End Sub
+
+        ' ---- Textos ----
+
+        ' Elige cómo se pasan los textos.
+        ' Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+        <DllImport(Biblioteca, CallingConvention:=CallingConvention.StdCall, ExactSpelling:=True)>
+        Public Function Kestra_Textos(ByVal modo As Integer) As Integer
+        End Function
     End Module
 
     ' Un cuadro. estilo: 0 Aceptar, 4 Sí/No, 36 Sí/No con el signo de pregunta. Devuelve 1 Aceptar, 6 Sí, 7 No.

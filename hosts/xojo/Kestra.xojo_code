@@ -374,6 +374,14 @@ Protected Module Kestra
 		Soft Declare Sub Kestra_DefinirOperador Lib Biblioteca (operador As Ptr)
 	#tag EndExternalMethod
 
+	// ---- Textos ----
+
+	// Elige cómo se pasan los textos.
+	// Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+	#tag ExternalMethod, Flags = &h0
+		Soft Declare Function Kestra_Textos Lib Biblioteca (modo As Int32) As Int32
+	#tag EndExternalMethod
+
 	#tag Constant, Name = Biblioteca, Type = String, Dynamic = False, Default = \"Kestra.dll", Scope = Public
 		#Tag Instance, Platform = Linux, Language = Default, Definition  = \"libkestra.so"
 	#tag EndConstant

@@ -11,9 +11,10 @@
  *   the exception: 1 started, 0 failed.
  * - Texts are bytes of windows-1252. A text argument of N bytes is read for exactly N bytes: the
  *   buffer must hold that many, padded with blanks. No terminating zero is looked for. A null
- *   pointer reads as blanks.
+ *   pointer reads as blanks. Kestra_Textos, or TextosTerminados in Fiscal.ini, has it otherwise.
  * - A result buffer receives at most the stated count of bytes, without a terminating zero; what
- *   lies behind them is left as it was. A null pointer receives nothing.
+ *   lies behind them is left as it was. A null pointer receives nothing. There too
+ *   Kestra_Textos has it otherwise.
  * - Amounts are doubles in pesos (or units, or percent), formatted with the digit counts of
  *   Fiscal.ini. An amount that does not fit its field shows "Error al convertir" and goes out as an
  *   empty field.
@@ -320,6 +321,7 @@ enum KestraDesenlace {
  * is under way. A text is written to a buffer of `longitud` bytes: as many bytes as fit, in
  * windows-1252, and a zero behind them when there is room for one. The length of the whole text comes
  * back, so that a text that did not fit can be told; 0 for none. A null pointer receives nothing.
+ * Kestra_Textos(2) makes it UTF-8.
  *
  * The first five tell of the last call that works for a till: an operation, EP_Init, EP_Kill, or one
  * of Kestra_Estado, Kestra_Subtotal and Kestra_Numeracion. They ask nobody and change nothing. The
@@ -433,9 +435,10 @@ typedef struct KestraFila {
 } KestraFila;
 
 /*
- * What the library asks and tells the operator. All texts are windows-1252, zero-terminated, and
- * valid only during the callback (a zero byte inside a text comes as a blank). A null member keeps
- * the library's own way for that kind. The callbacks run on the thread that made the call.
+ * What the library asks and tells the operator. All texts are windows-1252 (UTF-8 where
+ * Kestra_Textos says so), zero-terminated, and valid only during the callback (a zero byte inside a
+ * text comes as a blank). A null member keeps the library's own way for that kind. The callbacks run
+ * on the thread that made the call.
  */
 typedef struct KestraOperador {
   uint32_t tamano; /* sizeof(KestraOperador) */
@@ -462,6 +465,23 @@ typedef struct KestraOperador {
  * before EP_Init; a callback that is under way ends as it began, the next dialog goes to the new one.
  */
 KESTRA_API void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador);
+
+/* ---- Texts ---------------------------------------------------------------------------------- */
+
+/*
+ * How this process and the library hand each other texts: over the key TextosTerminados of Fiscal.ini,
+ * from the next call on, also before EP_Init and across EP_Init and EP_Kill.
+ *    0  as said at the top of this file
+ *    1  a text argument of N bytes ends with its first zero, or after N bytes: what lies behind it is
+ *       not read, and the library pads it. A result shorter than its N bytes has a zero behind it,
+ *       within them.
+ *    2  the same in UTF-8, in callbacks too. An argument ends with its first zero, or after N characters;
+ *       what is no UTF-8, or not in windows-1252, counts as "-". A result has whole characters alone,
+ *       and at most its N bytes; where a length comes back, it is that of the UTF-8 text.
+ *   -1  asks, and changes nothing; so does any other number
+ * Result: the mode that was in force; -1 while another call is under way, which changes nothing.
+ */
+KESTRA_API int32_t KESTRA_CALL Kestra_Textos(int32_t modo);
 
 #ifdef __cplusplus
 }

@@ -16,8 +16,8 @@ constexpr char kDoubleWidth = '\xF4';
 }  // namespace
 
 std::int32_t CambiarFechaHora(Library& library, const char* date, const char* time) {
-  const auto day = LeerCadena(date, 6);
-  const auto moment = LeerCadena(time, 6);
+  const auto day = LeerCadena(library.texts, date, 6);
+  const auto moment = LeerCadena(library.texts, time, 6);
   return Run(library, {.call = Call("EP_CambiarFechaHora", {day, moment}),
                        .log = " - Comando : EP_CambiarFechaHora",
                        .command = Command('X').Field(day).Field(moment)});
@@ -25,17 +25,19 @@ std::int32_t CambiarFechaHora(Library& library, const char* date, const char* ti
 
 std::int32_t ObtenerFechaHora(Library& library, char* result) {
   const auto& answer = library.state.Respuesta;
-  return Run(library, {.call = "EP_ObtenerFechaHora()",
-                       .log = " - Comando : EP_ObtenerFechaHora",
-                       .command = Command('Y'),
-                       .after = [&] { DevolverCadena(result, answer[0] + answer[1], 12); }});
+  return Run(library,
+             {.call = "EP_ObtenerFechaHora()",
+              .log = " - Comando : EP_ObtenerFechaHora",
+              .command = Command('Y'),
+              .after = [&] { DevolverCadena(library.texts, result, answer[0] + answer[1], 12); }});
 }
 
 std::int32_t SetEncabezado(Library& library, const char* text, std::int32_t line,
                            std::int32_t attribute) {
   const auto& state = library.state;
   const auto length = LengthForFamily(state, state.LonEncabezadoT, state.LonEncabezadoF);
-  auto field = Clean(state, TextField(library, LeerCadena(text, kHeaderLength), length));
+  auto field =
+      Clean(state, TextField(library, LeerCadena(library.texts, text, kHeaderLength), length));
   if (attribute == 1) field = kDoubleWidth + std::string(TrimBlanks(field));
   return Run(library, {.call = Call("EP_SetEncabezado", {field, std::to_string(line)}),
                        .log = " - Comando : EP_SetEncabezado",
@@ -48,7 +50,8 @@ std::int32_t GetEncabezado(Library& library, char* result, std::int32_t line) {
                        .log = " - Comando : EP_GetEncabezado",
                        .command = Command('^').Field(line),
                        .after = [&] {
-                         DevolverCadena(result, FixedWidth(text, kHeaderLength), kHeaderLength);
+                         DevolverCadena(library.texts, result, FixedWidth(text, kHeaderLength),
+                                        kHeaderLength);
                        }});
 }
 

@@ -83,7 +83,8 @@ std::int32_t ValoresModelo(Library& library, char* result) {
                          for (std::size_t i = 0; i < kModelFields; ++i) {
                            values += library.state.Respuesta[i];
                          }
-                         DevolverCadena(result, FixedWidth(values, kValuesLength), kValuesLength);
+                         DevolverCadena(library.texts, result, FixedWidth(values, kValuesLength),
+                                        kValuesLength);
                        }});
 }
 
@@ -93,7 +94,8 @@ std::int32_t AutodetectarModelo(Library& library, char* result) {
                        .log = " - Comando : EP_AutodetectarModelo()",
                        .command = ModelQuery(),
                        .after = [&] {
-                         DevolverCadena(result, FixedWidth(model, kModelLength), kModelLength);
+                         DevolverCadena(library.texts, result, FixedWidth(model, kModelLength),
+                                        kModelLength);
                        }});
 }
 
@@ -106,7 +108,7 @@ std::int32_t Numeracion(Library& library, char* result) {
   const auto text = state.ModeloNombre == kModelWithoutSecond
                         ? std::string(kModelZeros) + Gather(state, kModelCounters)
                         : Gather(state, kResultCounters);
-  DevolverCadena(result, text, kResultLength);
+  DevolverCadena(library.texts, result, text, kResultLength);
   return kSuccess;
 }
 

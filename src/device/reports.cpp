@@ -45,8 +45,8 @@ std::int32_t ReporteZporNumeros(Library& library, std::int32_t first, std::int32
 
 std::int32_t ReporteZporFechas(Library& library, const char* from, const char* to,
                                std::int32_t third) {
-  const auto first = LeerCadena(from, 6);
-  const auto last = LeerCadena(to, 6);
+  const auto first = LeerCadena(library.texts, from, 6);
+  const auto last = LeerCadena(library.texts, to, 6);
   const auto verdict =
       Run(library, {.call = Call("EP_ReporteZporFechas", {first, last, std::to_string(third)}),
                     .log = " - Comando : " + Call("EP_ReporteZporFechas", {first}),

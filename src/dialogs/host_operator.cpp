@@ -13,18 +13,25 @@
 namespace kestra {
 namespace {
 
+std::string HostText(const TextSettings& texts, std::string_view text) {
+  return texts.SpeakUtf8() ? Utf8FromAnsi(ShownText(text)) : ShownText(text);
+}
+
 // Rows for C, with the texts that they point to.
 class Rows {
  public:
-  explicit Rows(const std::vector<StatusRow>& rows) {
+  Rows(const TextSettings& texts, const std::vector<StatusRow>& rows) {
+    const auto keep = [&](std::string_view text) {
+      return texts_.emplace_back(HostText(texts, text)).c_str();
+    };
     texts_.reserve(2 * rows.size());  // the rows point into it
     for (const StatusRow& row : rows) {
       rows_.push_back({.grupo = row.group,
                        .numero = row.number,
                        .clase = row.error ? 1 : 0,
                        .encendida = row.lit ? 1 : 0,
-                       .texto = Keep(row.text),
-                       .ayuda = Keep(row.hint)});
+                       .texto = keep(row.text),
+                       .ayuda = keep(row.hint)});
     }
   }
 
@@ -32,8 +39,6 @@ class Rows {
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(rows_.size()); }
 
  private:
-  const char* Keep(std::string_view text) { return texts_.emplace_back(ShownText(text)).c_str(); }
-
   std::vector<std::string> texts_;
   std::vector<KestraFila> rows_;
 };
@@ -60,8 +65,8 @@ std::int32_t HostOperator::Message(std::string_view text, std::string_view title
   const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
   const KestraOperador host = Record();
   if (host.mensaje == nullptr) return fallback_.Message(text, title, style);
-  const std::int32_t answer =
-      host.mensaje(host.contexto, ShownText(text).c_str(), ShownText(title).c_str(), style);
+  const std::int32_t answer = host.mensaje(host.contexto, HostText(*texts_, text).c_str(),
+                                           HostText(*texts_, title).c_str(), style);
   if (style == kBoxOk) return kAnswerOk;
   return answer == kAnswerYes ? kAnswerYes : kAnswerNo;
 }
@@ -70,9 +75,10 @@ bool HostOperator::StatusReport(const Report& report) {
   const FloatingPoint kept;  // a dialog may leave the units otherwise than it found them
   const KestraOperador host = Record();
   if (host.informe_estados == nullptr) return fallback_.StatusReport(report);
-  const Rows rows(report.rows);
-  return host.informe_estados(host.contexto, ShownText(report.printer).c_str(),
-                              ShownText(report.fiscal).c_str(), rows.Data(), rows.Count()) != 0;
+  const Rows rows(*texts_, report.rows);
+  return host.informe_estados(host.contexto, HostText(*texts_, report.printer).c_str(),
+                              HostText(*texts_, report.fiscal).c_str(), rows.Data(),
+                              rows.Count()) != 0;
 }
 
 void HostOperator::MemoryFull() {

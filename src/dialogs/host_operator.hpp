@@ -4,6 +4,7 @@
 
 #include "kestra/kestra.h"
 #include "platform/seam/operator.hpp"
+#include "state/text_settings.hpp"
 
 namespace kestra {
 
@@ -12,6 +13,9 @@ namespace kestra {
 class HostOperator : public Operator {
  public:
   explicit HostOperator(Operator& fallback) : fallback_(fallback) {}
+
+  // As these say, for as long as they live; without them as hosts have always heard them.
+  void Speak(const TextSettings& texts) { texts_ = &texts; }
 
   // Copies the record as far as its `tamano` reaches; null takes all callbacks away. On any thread.
   void Set(const KestraOperador* record);
@@ -43,6 +47,8 @@ class HostOperator : public Operator {
   }
 
   Operator& fallback_;
+  TextSettings plain_;
+  const TextSettings* texts_ = &plain_;
   KestraOperador record_ = {};
   mutable std::atomic_flag busy_;
 };

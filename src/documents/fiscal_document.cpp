@@ -51,7 +51,8 @@ std::int32_t AbrirComprobanteFiscal(Library& library, const OpeningArguments& ar
 }
 
 std::int32_t ImprimirTextoFiscal(Library& library, const char* text) {
-  return ImprimirTextoFiscalInterna(library, Clean(library.state, LeerCadena(text, 26)));
+  return ImprimirTextoFiscalInterna(library,
+                                    Clean(library.state, LeerCadena(library.texts, text, 26)));
 }
 
 std::int32_t ImprimirTextoFiscalInterna(Library& library, std::string_view text) {
@@ -62,8 +63,8 @@ std::int32_t ImprimirTextoFiscalInterna(Library& library, std::string_view text)
 
 std::int32_t CerrarComprobanteFiscal(Library& library, const char* kind, const char* letter,
                                      char* number) {
-  const auto kind_read = LeerCadena(kind, 2);
-  const auto letter_read = LeerCadena(letter, 1);
+  const auto kind_read = LeerCadena(library.texts, kind, 2);
+  const auto letter_read = LeerCadena(library.texts, letter, 1);
   const auto* row = FindFiscalKind(library.state.TipoComprobante, kind_read);
   // Kept as is: "Cerrrar", which is what operators have always read.
   Operation operation{.call = QuotedCall("EP_CerrrarComprobanteFiscal", {kind_read, letter_read}),
@@ -74,7 +75,8 @@ std::int32_t CerrarComprobanteFiscal(Library& library, const char* kind, const c
   if (library.certainty.settings.ModoSeguro == 1 && result != kSuccess) return result;
   // Kept as is: the host's buffer is written whatever happened, with the field that the last answer
   // left.
-  DevolverCadena(number, FixedWidth(library.state.Respuesta[0], kNumberLength), kNumberLength);
+  DevolverCadena(library.texts, number, FixedWidth(library.state.Respuesta[0], kNumberLength),
+                 kNumberLength);
   return result;
 }
 

@@ -65,7 +65,7 @@ Item Prepare(Library& library, const ItemArguments& a) {
   const auto& state = library.state;
   const auto length = LengthForFamily(state, state.LonDescripcionT, state.LonDescripcionF);
   const auto line = [&](const char* text, std::int32_t bytes) {
-    return Clean(state, TextField(library, LeerCadena(text, bytes), length));
+    return Clean(state, TextField(library, LeerCadena(library.texts, text, bytes), length));
   };
   Item item;
   item.description = line(a.description, 50);

@@ -62,8 +62,8 @@ std::int32_t AbrirComprobanteNoFiscalHomologado(Library& library,
 
 std::int32_t CerrarComprobanteNoFiscalHomologado(Library& library, const char* kind,
                                                  const char* mark) {
-  const auto type = LeerCadena(kind, 2);
-  const auto letter = LeerCadena(mark, 1);
+  const auto type = LeerCadena(library.texts, kind, 2);
+  const auto letter = LeerCadena(library.texts, mark, 1);
   const auto* closing = FindRow(kClosings, library.state.TipoComprobante, type);
   // Kept as is: "Cerrrar", which is what operators have always read.
   Operation operation{.call = QuotedCall("EP_CerrrarComprobanteNoFiscalHomologado", {type, letter}),
@@ -83,7 +83,7 @@ std::int32_t AbrirComprobanteNoFiscal(Library& library) {
 std::int32_t ImprimirTextoNoFiscal(Library& library, const char* text) {
   const auto& state = library.state;
   const auto length = LengthForFamily(state, state.LonTextoNoFiscalT, state.LonTextoNoFiscalF);
-  const auto field = Clean(state, TextField(library, LeerCadena(text, 120), length));
+  const auto field = Clean(state, TextField(library, LeerCadena(library.texts, text, 120), length));
   return Run(library, {.call = Call("EP_ImprimirTextoNoFiscal", {field}),
                        .log = " - Comando : EP_ImprimirTextoNoFiscal()",
                        .command = Command('I').Field(field)});

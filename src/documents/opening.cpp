@@ -14,7 +14,7 @@ constexpr std::size_t kDocumentLength = 11;
 
 std::string Line(Library& library, const char* line) {
   const auto& state = library.state;
-  auto field = TextField(library, LeerCadena(line, 40),
+  auto field = TextField(library, LeerCadena(library.texts, line, 40),
                          LengthForFamily(state, state.LonDatosClienteT, state.LonDatosClienteF));
   return Clean(state, std::move(field));
 }
@@ -23,12 +23,13 @@ std::string Line(Library& library, const char* line) {
 
 Opening PrepareOpening(Library& library, const OpeningArguments& a) {
   Opening opening;
-  opening.letter = LeerCadena(a.letter, 1);
-  opening.kind = LeerCadena(a.kind, 2);
-  opening.document_type = LeerCadena(a.document_type, 6);
+  opening.letter = LeerCadena(library.texts, a.letter, 1);
+  opening.kind = LeerCadena(library.texts, a.kind, 2);
+  opening.document_type = LeerCadena(library.texts, a.document_type, 6);
   opening.document_number =
-      PadLeft(TrimBlanks(LeerCadena(a.document_number, kDocumentLength)), kDocumentLength, '0');
-  opening.vat_condition = LeerCadena(a.vat_condition, 1);
+      PadLeft(TrimBlanks(LeerCadena(library.texts, a.document_number, kDocumentLength)),
+              kDocumentLength, '0');
+  opening.vat_condition = LeerCadena(library.texts, a.vat_condition, 1);
   opening.line1 = Line(library, a.line1);
   opening.line2 = Line(library, a.line2);
   opening.address = Line(library, a.address);

@@ -22,7 +22,7 @@ std::int32_t Print(Library& library, const GeneralLine& line, const char* descri
                    double amount) {
   const auto& state = library.state;
   // The text's length groups "TF" with "TQ", the command's byte "TF" with "FC".
-  const auto text = TextField(library, LeerCadena(description, 80),
+  const auto text = TextField(library, LeerCadena(library.texts, description, 80),
                               LengthForFamily(state, state.LonTextoFiscalT, state.LonTextoFiscalF));
   const auto amount_field = NumberField(library, amount, {state.EntDesc, state.DecDesc});
   return Run(library, {.call = Call(line.name, {text, amount_field}),
@@ -43,11 +43,11 @@ std::int32_t RecargoGeneral(Library& library, const char* description, double am
 std::int32_t EspecificarPercepcionGlobal(Library& library, const char* description, double amount,
                                          double vat, const char* qualifier) {
   const auto& state = library.state;
-  const auto text = LeerCadena(description, 20);
+  const auto text = LeerCadena(library.texts, description, 20);
   const auto amount_field =
       NumberField(library, amount, {state.EntPercepcion, state.DecPercepcion});
   const auto rate = NumberField(library, vat, {state.EntIVA, state.DecIVA});
-  const auto letter = LeerCadena(qualifier, 1);
+  const auto letter = LeerCadena(library.texts, qualifier, 1);
   Operation operation{
       .call = Call("EP_EspecificarPercepcionGlobal", {text, amount_field, rate, letter}),
       .log = " - Comando : EP_EspecificarPercepcionGlobal",
@@ -60,7 +60,7 @@ std::int32_t EspecificarPercepcionGlobal(Library& library, const char* descripti
 
 std::int32_t ImprimirPago(Library& library, const char* description, double amount) {
   const auto& state = library.state;
-  const auto bytes = LeerCadena(description, 80);
+  const auto bytes = LeerCadena(library.texts, description, 80);
   const auto amount_field = NumberField(library, amount, {state.EntDesc, state.DecDesc});
   const auto text = Clean(state, TextField(library, bytes, kPaymentLength));
   return Run(library, {.call = Call("EP_ImprimirPago", {text, amount_field}),

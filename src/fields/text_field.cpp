@@ -6,18 +6,6 @@
 #include "base/failure.hpp"
 
 namespace kestra {
-namespace {
-
-// Accented letters the printer has, at their places in its own table.
-constexpr std::string_view kAcceptedLetters = "\xF0\xF1\xF2\xF4\xF8";
-
-bool PrinterAccepts(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  return (code >= 32 && code <= 127) || kAcceptedLetters.find(character) != std::string_view::npos;
-}
-
-}  // namespace
-
 std::string_view TrimBlanks(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
@@ -37,7 +25,7 @@ std::string PadLeft(std::string_view text, std::size_t length, char filler) {
 
 std::string LimpiarCaracteres(std::string text) {
   std::replace_if(
-      text.begin(), text.end(), [](char c) { return !PrinterAccepts(c); }, '-');
+      text.begin(), text.end(), [](char c) { return !PrinterAccepts(c); }, kStandIn);
   return text;
 }
 

@@ -10,6 +10,17 @@ namespace kestra {
 // What the printer reads as an empty field.
 constexpr char kEmptyField = '\x7F';
 
+// What stands for a character that the printer does not take.
+constexpr char kStandIn = '-';
+
+// Accented letters the printer has, at their places in its own table.
+constexpr std::string_view kAcceptedLetters = "\xF0\xF1\xF2\xF4\xF8";
+
+constexpr bool PrinterAccepts(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  return (code >= 32 && code <= 127) || kAcceptedLetters.find(character) != std::string_view::npos;
+}
+
 // Without leading and trailing blanks (blanks only, no other white space).
 std::string_view TrimBlanks(std::string_view text);
 
@@ -19,7 +30,7 @@ std::string FixedWidth(std::string_view text, std::size_t length);
 // Filled with `filler` on the left up to `length`; a longer text stays as it is.
 std::string PadLeft(std::string_view text, std::size_t length, char filler);
 
-// Replaces the characters that the printer does not accept by "-".
+// Replaces the characters that the printer does not accept by kStandIn.
 std::string LimpiarCaracteres(std::string text);
 
 // Fits a text to a field: trimmed, then padded or cut; an empty one becomes kEmptyField. Throws

@@ -37,7 +37,8 @@ int32_t KESTRA_CALL Kestra_Causa() {
 int32_t KESTRA_CALL Kestra_CausaTexto(char* texto, int32_t longitud) {
   return InTurn(kRefused, [=](const Library& library) {
     const auto& report = library.certainty.report;
-    return HandOver(texto, kestra::CauseText(report.cause, report.outcome), longitud);
+    return HandOver(library.texts, texto, kestra::CauseText(report.cause, report.outcome),
+                    longitud);
   });
 }
 
@@ -45,7 +46,8 @@ int32_t KESTRA_CALL Kestra_Respuesta(int32_t numero, char* texto, int32_t longit
   return InTurn(kRefused, [=](const Library& library) {
     const auto& answer = library.certainty.report.answer;
     const bool known = numero >= 1 && static_cast<std::size_t>(numero) <= answer.size();
-    return HandOver(texto, known ? answer[static_cast<std::size_t>(numero - 1)] : "", longitud);
+    return HandOver(library.texts, texto, known ? answer[static_cast<std::size_t>(numero - 1)] : "",
+                    longitud);
   });
 }
 
@@ -65,13 +67,13 @@ int32_t KESTRA_CALL Kestra_DocumentoAbierto() {
 
 int32_t KESTRA_CALL Kestra_Subtotal(char* texto, int32_t longitud) {
   return Export(__func__, 0, kRefused, [=](Library& library) {
-    return HandOver(texto, kestra::AskTotal(library), longitud);
+    return HandOver(library.texts, texto, kestra::AskTotal(library), longitud);
   });
 }
 
 int32_t KESTRA_CALL Kestra_Numeracion(int32_t clase, int32_t letra, char* texto, int32_t longitud) {
   return Export(__func__, 0, kRefused, [=](Library& library) {
-    return HandOver(texto, kestra::AskNumber(library, clase, letra), longitud);
+    return HandOver(library.texts, texto, kestra::AskNumber(library, clase, letra), longitud);
   });
 }
 
@@ -79,7 +81,7 @@ int32_t KESTRA_CALL Kestra_Pendiente(char* texto, int32_t longitud) {
   return InTurn(kRefused, [=](Library& library) {
     const bool known = kestra::KnowsJournal(library);
     const auto& pending = library.certainty.pending;
-    HandOver(texto, pending ? pending->call : "", longitud);
+    HandOver(library.texts, texto, pending ? pending->call : "", longitud);
     if (pending) return 1;
     return known ? 0 : kNotKnown;
   });
@@ -92,7 +94,7 @@ int32_t KESTRA_CALL Kestra_Resolver() {
 
 int32_t KESTRA_CALL Kestra_ResolverNumero(char* texto, int32_t longitud) {
   return InTurn(kRefused, [=](const Library& library) {
-    return HandOver(texto, library.certainty.settled_number, longitud);
+    return HandOver(library.texts, texto, library.certainty.settled_number, longitud);
   });
 }
 

@@ -105,27 +105,31 @@ static_assert(NoneRepeated());
 
 // The keys that an installation may have beside those. What is no number, or out of its range, is as if it
 // were not there.
-struct SafeKey {
+struct AddedKey {
   std::string_view name;
-  std::variant<std::int32_t SafeSettings::*, std::string SafeSettings::*> field;
+  std::variant<std::int32_t SafeSettings::*, std::string SafeSettings::*,
+               std::int32_t TextSettings::*>
+      field;
   std::int32_t least = 0;
   std::int32_t most = 1;
 };
 
 constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
-constexpr std::array kSafeKeys = {
-    SafeKey{"ModoSeguro", &SafeSettings::ModoSeguro},
-    SafeKey{"ReconoceRepetidas", &SafeSettings::ReconoceRepetidas},
-    SafeKey{"PacienciaSegura", &SafeSettings::PacienciaSegura, 1, 3600},
-    SafeKey{"ControlarTotal", &SafeSettings::ControlarTotal},
-    SafeKey{"Diario", &SafeSettings::Diario},
-    SafeKey{"DiarioDias", &SafeSettings::DiarioDias, 0, kAnyNumber},
-    SafeKey{"DiarioObligatorio", &SafeSettings::DiarioObligatorio},
-    SafeKey{"LogMaximo", &SafeSettings::LogMaximo, 0, kAnyNumber},
-    SafeKey{"EsperaPuerto", &SafeSettings::EsperaPuerto, 0, 3600},
+constexpr std::array kAddedKeys = {
+    AddedKey{"ModoSeguro", &SafeSettings::ModoSeguro},
+    AddedKey{"ReconoceRepetidas", &SafeSettings::ReconoceRepetidas},
+    AddedKey{"PacienciaSegura", &SafeSettings::PacienciaSegura, 1, 3600},
+    AddedKey{"ControlarTotal", &SafeSettings::ControlarTotal},
+    AddedKey{"Diario", &SafeSettings::Diario},
+    AddedKey{"DiarioDias", &SafeSettings::DiarioDias, 0, kAnyNumber},
+    AddedKey{"DiarioObligatorio", &SafeSettings::DiarioObligatorio},
+    AddedKey{"LogMaximo", &SafeSettings::LogMaximo, 0, kAnyNumber},
+    AddedKey{"EsperaPuerto", &SafeSettings::EsperaPuerto, 0, 3600},
+    AddedKey{"TextosTerminados", &TextSettings::TextosTerminados, 0, kTextModes - 1},
+    AddedKey{"Transliterar", &TextSettings::Transliterar},
 };
 
-std::optional<std::int32_t> NumberWithin(std::string_view text, const SafeKey& key) {
+std::optional<std::int32_t> NumberWithin(std::string_view text, const AddedKey& key) {
   if (!IsNumber(text)) return std::nullopt;
   try {
     const auto number = ToNumber(text);
@@ -136,13 +140,17 @@ std::optional<std::int32_t> NumberWithin(std::string_view text, const SafeKey& k
   return std::nullopt;
 }
 
-struct StoreSafely {
+struct StoreAdded {
   SafeSettings& settings;
-  const SafeKey& key;
+  TextSettings& texts;
+  const AddedKey& key;
   const std::string& text;
 
   void operator()(std::int32_t SafeSettings::*field) const {
     if (const auto number = NumberWithin(text, key)) settings.*field = *number;
+  }
+  void operator()(std::int32_t TextSettings::*field) const {
+    if (const auto number = NumberWithin(text, key)) texts.*field = *number;
   }
   void operator()(std::string SafeSettings::*field) const { settings.*field = TrimBlanks(text); }
 };
@@ -175,12 +183,14 @@ std::string LeerValorIni(Library& library, std::string_view key) {
   return library.platform.GetProfile().Read(kSection, key, kConfigurationFile);
 }
 
-void ReadSafeSettings(Library& library) {
+void ReadAddedSettings(Library& library) {
   SafeSettings settings;
-  for (const auto& key : kSafeKeys) {
+  TextSettings texts{.chosen = library.texts.chosen};
+  for (const auto& key : kAddedKeys) {
     const auto text = LeerValorIni(library, key.name);
-    std::visit(StoreSafely{settings, key, text}, key.field);
+    std::visit(StoreAdded{settings, texts, key, text}, key.field);
   }
+  library.texts = texts;
   auto& certainty = library.certainty;
   // What was sent without the safe mode went into no ledger.
   if (certainty.settings.ModoSeguro == 0) certainty.ledger = {};

@@ -18,6 +18,6 @@ std::string LeerValorIni(Library& library, std::string_view key);
 void Lee_Ini(Library& library);
 
 // The keys beside those; without them nothing changes.
-void ReadSafeSettings(Library& library);
+void ReadAddedSettings(Library& library);
 
 }  // namespace kestra

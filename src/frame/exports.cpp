@@ -64,7 +64,8 @@ int32_t KESTRA_CALL EP_ImprimirTextoFiscal(const char* texto) {
 
 int32_t KESTRA_CALL EP_ImprimirTextoFiscalInterna(const char* texto) {
   return Export(__func__, kFailure, [=](Library& library) {
-    return kestra::ImprimirTextoFiscalInterna(library, kestra::ReadTerminatedText(texto));
+    return kestra::ImprimirTextoFiscalInterna(library,
+                                              kestra::ReadTerminatedText(library.texts, texto));
   });
 }
 
@@ -226,6 +227,12 @@ void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador) {
     kestra::DefinirOperador(operador);
     return 0;
   });
+}
+
+int32_t KESTRA_CALL Kestra_Textos(int32_t modo) {
+  constexpr std::int32_t kRefused = -1;  // another call is under way
+  return kestra::InTurn(kRefused,
+                        [=](Library& library) { return kestra::ChooseTexts(library.texts, modo); });
 }
 
 // Entry points of the platform's component system.

@@ -60,7 +60,9 @@ class HostPlatform : public Platform {
 // Members in this order: the port goes before the world it came from.
 struct Process {
   explicit Process(std::unique_ptr<Platform> system)
-      : platform(std::move(system)), library(platform) {}
+      : platform(std::move(system)), library(platform) {
+    platform.GetHost().Speak(library.texts);
+  }
 
   HostPlatform platform;
   Library library;

@@ -70,7 +70,7 @@ std::int32_t Init(Library& library) {
   library.platform.BeginStartUp();
   try {
     Lee_Ini(library);
-    ReadSafeSettings(library);
+    ReadAddedSettings(library);
     ApplyModel(library.state);
     OpenJournal(library, SetUpPort(library));
   } catch (...) {

@@ -10,6 +10,7 @@
 #include "platform/seam/platform.hpp"
 #include "platform/seam/serial_port.hpp"
 #include "state/certainty.hpp"
+#include "state/text_settings.hpp"
 
 namespace kestra {
 
@@ -100,6 +101,7 @@ struct Library {
 
   State state;
   Certainty certainty;
+  TextSettings texts;
   Platform& platform;
   // Whether there is a Puerto, for those who ask without a turn.
   std::atomic<bool> holds_port = false;

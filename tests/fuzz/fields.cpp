@@ -179,15 +179,15 @@ void CheckHostBuffers(Input& input) {
   const auto own = static_cast<std::size_t>(size < 0 ? 0 : size);
   const auto buffer = std::make_unique<char[]>(own);
   std::fill_n(buffer.get(), own, '.');
-  const auto count = DevolverCadena(buffer.get(), text, size);
+  const auto count = DevolverCadena(TextSettings{}, buffer.get(), text, size);
   Require(count <= size || count == 0, "no more than there is room for");
   const std::string_view left(buffer.get(), own);
   const auto copied = static_cast<std::size_t>(count < 0 ? 0 : count);
   Require(left.substr(0, copied) == std::string_view(text).substr(0, copied), "the text's front");
   Require(left.substr(copied).find_first_not_of('.') == std::string_view::npos,
           "nothing behind it");
-  Require(LeerCadena(buffer.get(), size) == left, "read back as it lies there");
-  Require(ReadTerminatedText(text.c_str()) == text.c_str(), "through to the zero");
+  Require(LeerCadena(TextSettings{}, buffer.get(), size) == left, "read back as it lies there");
+  Require(ReadTerminatedText(TextSettings{}, text.c_str()) == text.c_str(), "through to the zero");
 }
 
 }  // namespace

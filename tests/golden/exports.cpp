@@ -26,16 +26,36 @@ struct Room {
 };
 using Rooms = std::array<Room, exports::kMostParameters>;
 
+// z"text" and u"text" are a zero-terminated text, in windows-1252 and in UTF-8, with other things of the
+// host's behind it.
+constexpr std::string_view kBehind = "behind";
+
+bool IsTerminated(std::string_view word) {
+  return word.starts_with('z') || word.starts_with('u');
+}
+
+std::string WithThingsBehind(std::string text, std::size_t size) {
+  text += '\0';
+  do {
+    text += kBehind;
+  } while (text.size() < size);
+  return text;
+}
+
 std::vector<char> TextBytes(std::string_view word, const Parameter& parameter) {
+  const bool terminated = IsTerminated(word);
+  const auto letters = word.starts_with('u') ? Letters::kUtf8 : Letters::kAnsi;
+  if (terminated) word.remove_prefix(1);
   if (word.size() < 2 || word.front() != '"') throw std::invalid_argument("a text is quoted");
-  const std::string text = FromVisible(word.substr(1, word.size() - 2));
-  std::vector<char> bytes(text.begin(), text.end());
-  if (parameter.kind == Kind::kTerminated) {
-    bytes.push_back('\0');
-  } else if (bytes.size() < parameter.size) {
-    bytes.resize(parameter.size, ' ');
+  std::string text = FromVisible(word.substr(1, word.size() - 2), letters);
+  if (terminated) {
+    text = WithThingsBehind(std::move(text), parameter.size);
+  } else if (parameter.kind == Kind::kTerminated) {
+    text += '\0';
+  } else if (text.size() < parameter.size) {
+    text.resize(parameter.size, ' ');
   }
-  return bytes;
+  return {text.begin(), text.end()};
 }
 
 std::vector<char> BufferBytes(std::string_view word, const Parameter& parameter) {

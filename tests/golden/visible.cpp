@@ -105,7 +105,7 @@ std::string Visible(std::string_view bytes) {
   return text;
 }
 
-std::string FromVisible(std::string_view text) {
+std::string FromVisible(std::string_view text, Letters letters) {
   std::string bytes;
   while (!text.empty()) {
     const unsigned lead = static_cast<unsigned char>(text[0]);
@@ -114,7 +114,7 @@ std::string FromVisible(std::string_view text) {
       if (end == std::string_view::npos) throw std::invalid_argument("a token without its end");
       bytes += TokenByte(text.substr(0, end + 1));
       text.remove_prefix(end + 1);
-    } else if (lead >= 0x80) {
+    } else if (lead >= 0x80 && letters == Letters::kAnsi) {
       bytes += FromCodePoint(TakeCodePoint(text));
     } else {
       bytes += text[0];

@@ -9,8 +9,10 @@ namespace kestra::golden {
 // <1f>), windows-1252 letters as UTF-8.
 std::string Visible(std::string_view bytes);
 
-// The way back: tokens and UTF-8 letters to bytes. Throws std::invalid_argument for what is
-// neither.
-std::string FromVisible(std::string_view text);
+enum class Letters { kAnsi, kUtf8 };
+
+// The way back: tokens and letters to bytes of windows-1252, or letters to themselves. Throws
+// std::invalid_argument for what is neither.
+std::string FromVisible(std::string_view text, Letters letters = Letters::kAnsi);
 
 }  // namespace kestra::golden

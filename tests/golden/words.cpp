@@ -16,9 +16,11 @@ Number Converted(std::string_view text) {
   return value;
 }
 
+// A quote may have a letter before it.
 std::size_t EndOfWord(std::string_view line) {
-  if (line[0] != '"') return line.find(' ');
-  const auto end = line.find('"', 1);
+  const auto quote = line.find('"');
+  if (quote > 1) return line.find(' ');
+  const auto end = line.find('"', quote + 1);
   if (end == std::string_view::npos) throw std::invalid_argument("a quote without its end");
   return end + 1;
 }

@@ -12,7 +12,7 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view sepa
 // Takes the first word off the text, and the blanks behind it.
 std::string_view TakeWord(std::string_view& text);
 
-// The words of a line; a word in double quotes keeps its blanks and its quotes.
+// The words of a line; a word in double quotes keeps its blanks, its quotes and a letter before them.
 std::vector<std::string_view> Words(std::string_view line);
 
 // Whole text to number. Throws std::invalid_argument when it is none.

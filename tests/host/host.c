@@ -169,6 +169,9 @@ static void call_report(void) {
   CALL(Kestra_Resolver, (), KESTRA_DESENLACE_NADA);
   READ(Kestra_ResolverNumero, (result(), 20), 1, 0);
   CALL(Kestra_Olvidar, (), 0);
+  CALL(Kestra_Textos, (1), 0);
+  CALL(Kestra_Textos, (0), 1);
+  CALL(Kestra_Textos, (-1), 0);
 }
 
 static void call_fixed(void) {

@@ -479,4 +479,12 @@ public interface Kestra extends Library {
      * Devuelve: No devuelve nada.
      */
     void Kestra_DefinirOperador(KestraOperador operador);
+
+    // ---- Textos ----
+
+    /**
+     * Elige cómo se pasan los textos.
+     * Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+     */
+    int Kestra_Textos(int modo);
 }

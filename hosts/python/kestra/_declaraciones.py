@@ -380,4 +380,8 @@ FUNCIONES = {
     # Hace que el programa conteste en lugar de los cuadros de la biblioteca.
     # Devuelve: No devuelve nada.
     "Kestra_DefinirOperador": (None, [("operador", POINTER(KestraOperador), 0)]),
+    # ---- Textos ----
+    # Elige cómo se pasan los textos.
+    # Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+    "Kestra_Textos": (c_int32, [("modo", c_int32, 0)]),
 }

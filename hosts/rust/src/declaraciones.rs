@@ -397,4 +397,8 @@ extern "system" {
     /// Hace que el programa conteste en lugar de los cuadros de la biblioteca.
     /// Devuelve: No devuelve nada.
     pub fn Kestra_DefinirOperador(operador: *const KestraOperador);
+    // ---- Textos ----
+    /// Elige cómo se pasan los textos.
+    /// Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+    pub fn Kestra_Textos(modo: i32) -> i32;
 }

@@ -4,11 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace kestra {
+#include "base/code_page.hpp"
 
-// Windows-1252 to UTF-8. Every byte has a meaning: the five that the code page leaves open stand
-// for the control characters of the same number.
-std::string Utf8FromAnsi(std::string_view ansi);
+namespace kestra {
 
 // UTF-8 to windows-1252, with '?' for each character that it lacks and each byte that is not UTF-8.
 std::string AnsiFromUtf8(std::string_view utf8);

@@ -134,9 +134,9 @@ void Assault::OnEveryExport() {
   Find("EP_Kill").call({});
 }
 
-void Play(bool with_printer, bool traps) {
+void Play(bool with_printer, bool traps, const std::string& settings = {}) {
   Printer printer;
-  const Shop shop(with_printer ? printer.Device() : "NADA", "AjusteRedondeo=1\r\n");
+  const Shop shop(with_printer ? printer.Device() : "NADA", "AjusteRedondeo=1\r\n" + settings);
   Assault assault(printer, with_printer, traps);
   assault.OnEveryExport();
   Expect((printer.Frames() > 0) == with_printer, "the wrong shop");
@@ -156,6 +156,15 @@ STORY(arguments_without_a_printer) {
 STORY(arguments_with_traps) {
   Play(false, true);
   Play(true, true);
+}
+
+// The library looks for the texts' ends, and finds what a host of these modes may leave there.
+STORY(arguments_that_end_with_a_zero) {
+  Play(true, false, "TextosTerminados=1\r\n");
+}
+
+STORY(arguments_in_utf8) {
+  Play(true, false, "TextosTerminados=2\r\nTransliterar=1\r\n");
 }
 
 }  // namespace kestra::hostile

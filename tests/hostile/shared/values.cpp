@@ -11,6 +11,7 @@ namespace kestra::hostile {
 namespace {
 
 using exports::Kind;
+using namespace std::string_view_literals;
 
 // Where there are 32 bits, the lower ones.
 const void* At(std::uint64_t address) {
@@ -48,6 +49,12 @@ Hostile Short(std::string name, std::size_t missing) {
           }};
 }
 
+// A text of its own length.
+Hostile Ending(std::string name, std::string_view text) {
+  return {std::move(name), false,
+          [=](const Argument&, Places& places) { return Pointer(places.text.AtEnd(text)); }};
+}
+
 Hostile Filled(std::string name, char byte) {
   return {std::move(name), false, [=](const Argument& argument, Places& places) {
             return Pointer(places.text.AtEnd(std::string(argument.words.size(), byte)));
@@ -72,6 +79,10 @@ std::vector<Hostile> Texts() {
   list.push_back(Short("one byte too short", 1));
   list.push_back(Short("two bytes too short", 2));
   list.push_back(Short("twenty bytes too short", 20));
+  list.push_back(Ending("a zero at the end of the page", "Hoy\0"sv));
+  list.push_back(Ending("half of a letter at the end of the page", "Hoy\xE2\x82"));
+  list.push_back(Filled("second bytes of letters", '\x80'));
+  list.push_back(Filled("first bytes of letters", '\xE2'));
   list.push_back(Filled("zeros", '\0'));
   list.push_back(Filled("ends of frames", '\x03'));
   list.back().ends_frames = true;

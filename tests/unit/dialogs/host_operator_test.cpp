@@ -254,6 +254,25 @@ TEST_F(HostsOperator, AnythingButZeroSendsTheCommandAgain) {
   EXPECT_EQ(host_.printer + host_.fiscal, "");
 }
 
+TEST_F(HostsOperator, TextsAreWindows1252UnlessTheHostSpeaksUtf8) {
+  TakeThePlace();
+  const Report report{"4000", "0600", {{.text = "l\xEDnea", .hint = "\x80"}}};
+  const auto hear = [&] {
+    operator_.Message("\xBFsigue?", {"A\xD1O\0", 4}, kBoxOk);
+    operator_.StatusReport(report);
+    return host_.texts.back() + "|" + host_.titles.back() + "|" + host_.rows.back().text + "|" +
+           host_.rows.back().hint;
+  };
+  EXPECT_EQ(hear(), "\xBFsigue?|A\xD1O |l\xEDnea|\x80");
+  TextSettings texts;
+  operator_.Speak(texts);
+  EXPECT_EQ(hear(), "\xBFsigue?|A\xD1O |l\xEDnea|\x80");
+  texts.TextosTerminados = 1;
+  EXPECT_EQ(hear(), "\xBFsigue?|A\xD1O |l\xEDnea|\x80");
+  texts.chosen = TextMode::kUtf8;
+  EXPECT_EQ(hear(), "\u00BFsigue?|A\u00D1O |l\u00EDnea|\u20AC");
+}
+
 // A callback gives the operator's place up while it runs.
 struct Leaving {
   HostOperator* place;

@@ -287,6 +287,10 @@ our @FUNCIONES = (
     # Hace que el programa conteste en lugar de los cuadros de la biblioteca.
     # Devuelve: No devuelve nada.
     ['Kestra_DefinirOperador', 'void', ['operador', 'opaque', 0]],
+    # ---- Textos ----
+    # Elige cómo se pasan los textos.
+    # Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+    ['Kestra_Textos', 'sint32', ['modo', 'sint32', 0]],
 );
 
 sub declarar {

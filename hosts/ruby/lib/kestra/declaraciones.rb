@@ -286,6 +286,10 @@ module Kestra
       # Hace que el programa conteste en lugar de los cuadros de la biblioteca.
       # Devuelve: No devuelve nada.
       'Kestra_DefinirOperador' => [NADA, [['operador', TEXTO, 0]]],
+      # ---- Textos ----
+      # Elige cómo se pasan los textos.
+      # Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
+      'Kestra_Textos' => [ENTERO, [['modo', ENTERO, 0]]],
     }.freeze
 
     # stdcall es de Windows de 32 bits.
