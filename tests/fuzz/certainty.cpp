@@ -81,7 +81,10 @@ void CheckDamage(Input& input) {
 bool Alike(const JournalReading& one, const JournalReading& other) {
   return one.begun == other.begun && one.newest == other.newest && one.length == other.length &&
          one.printer == other.printer && one.open.has_value() == other.open.has_value() &&
-         (!one.open || TextOf(*one.open) == TextOf(*other.open));
+         (!one.open || TextOf(*one.open) == TextOf(*other.open)) &&
+         one.in_part.has_value() == other.in_part.has_value() &&
+         (!one.in_part || TextOf(*one.in_part) == TextOf(*other.in_part)) &&
+         one.ledger.counters == other.ledger.counters;
 }
 
 void CheckJournal(std::string_view text) {
@@ -114,7 +117,7 @@ JournalRecord AnyRecord(Input& input, RecordKind kind) {
 void CheckRecords(Input& input) {
   std::string text, whole;
   for (auto kind = RecordKind::kBeginning; whole.empty() || !input.Empty();
-       kind = static_cast<RecordKind>(1 + input.Below(5))) {
+       kind = static_cast<RecordKind>(1 + input.Below(6))) {
     const auto line = TextOf(AnyRecord(input, kind));
     Require(line.find('\n') == line.size() - 1, "a record is a line");
     const auto record = RecordOf(std::string_view(line).substr(0, line.size() - 1));
