@@ -38,6 +38,10 @@ inline constexpr std::string_view kOpenNote =
 inline constexpr std::string_view kCloseNote = R"(EP_CerrarComprobanteNoFiscalHomologado "RT" "R")";
 inline constexpr std::string_view kOpenPage = "EP_AbrirComprobanteNoFiscal";
 
+inline constexpr Micros kMoment = std::chrono::seconds(8);
+// Longer than PacienciaSegura.
+inline constexpr Micros kLong = std::chrono::seconds(60);
+
 // A till with the virtual printer at the end of its cable, on a clock of its own.
 class Shop : public testing::Test {
  public:
@@ -87,6 +91,19 @@ class Shop : public testing::Test {
     World().PlugIn();
   }
 
+  void UnplugForAMoment(std::size_t bytes = 0) {
+    World().Unplug(bytes);
+    World().In(kMoment, [this] { World().PlugIn(); });
+  }
+  void TakePaperOutFor(Micros time) {
+    World().Printer().faults.paper_out = true;
+    World().In(time, [this] { World().Printer().faults.paper_out = false; });
+  }
+
+  static void ExpectReport(Outcome outcome, Cause cause) {
+    EXPECT_EQ(Report().outcome, outcome);
+    EXPECT_EQ(Report().cause, cause);
+  }
   static const kestra::CallReport& Report() { return Instance().certainty.report; }
   static bool IsPending() { return Instance().certainty.pending.has_value(); }
 
@@ -107,9 +124,5 @@ class Shop : public testing::Test {
   CanonicalDocument document_;
   LineWorld* world_ = nullptr;
 };
-
-inline constexpr Micros kMoment = std::chrono::seconds(8);
-// Longer than PacienciaSegura.
-inline constexpr Micros kLong = std::chrono::seconds(60);
 
 }  // namespace kestra::line_faults

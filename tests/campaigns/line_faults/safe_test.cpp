@@ -42,15 +42,13 @@ TEST_F(Shop, PaperThatEndsDuringACommandFailsOnlyTheNext) {
   Sell({kCoffee});
   EXPECT_EQ(Reports(), 1U);
   EXPECT_EQ(Call(kPay), 1);
-  EXPECT_EQ(Report().outcome, Outcome::kRefused);
-  EXPECT_EQ(Report().cause, Cause::kNoPaper);
+  ExpectReport(Outcome::kRefused, Cause::kNoPaper);
   EXPECT_EQ(Done(), "@B");
 }
 
 TEST_F(Shop, PaperThatIsChangedInTimeIsNoFailure) {
   Sell({kOpen});
-  World().Printer().faults.paper_out = true;
-  World().In(kMoment, [&] { World().Printer().faults.paper_out = false; });
+  TakePaperOutFor(kMoment);
   Sell({kCoffee, kBread, kPay, kClose});
   EXPECT_EQ(Reports(), 0U);
   EXPECT_EQ(Done(), "@BAABDE");
@@ -58,8 +56,7 @@ TEST_F(Shop, PaperThatIsChangedInTimeIsNoFailure) {
 
 TEST_F(Shop, WhoeverPutsPaperInAndPressesRetryHasItDoneOnce) {
   Sell({kOpen});
-  World().Printer().faults.paper_out = true;
-  World().In(kLong, [&] { World().Printer().faults.paper_out = false; });
+  TakePaperOutFor(kLong);
   for (int i = 0; i < 3; ++i) World().GetOperator().Queue(Answer::kRetry);
   Sell({kCoffee});
   EXPECT_EQ(Done(), "@B");
@@ -70,8 +67,7 @@ class ShopWithBadCable : public Shop, public testing::WithParamInterface<std::si
 
 TEST_P(ShopWithBadCable, ACablePutBackInTimeIsNoFailure) {
   for (const auto call : {kOpen, kCoffee, kBread, kPay, kClose}) {
-    World().Unplug(GetParam());
-    World().In(kMoment, [&] { World().PlugIn(); });
+    UnplugForAMoment(GetParam());
     EXPECT_EQ(Call(call), call == kBread && GetParam() > 0 ? 1 : 0) << call;
     World().PlugIn();
     if (call == kBread && GetParam() > 0) {
@@ -94,8 +90,7 @@ TEST_P(ShopWithBadCable, WhatOutlastsThePatienceIsSettledByTheSameCallMadeAgain)
     EXPECT_EQ(IsPending(), sent);
     if (sent) {
       EXPECT_EQ(Call(call), 1) << "it is out still";
-      EXPECT_EQ(Report().cause, Cause::kUnsettled);
-      EXPECT_EQ(Report().outcome, Outcome::kNotSent);
+      ExpectReport(Outcome::kNotSent, Cause::kUnsettled);
       EXPECT_TRUE(IsPending());
     }
     World().PlugIn();
@@ -108,9 +103,7 @@ TEST_P(ShopWithBadCable, WhatOutlastsThePatienceIsSettledByTheSameCallMadeAgain)
 
 TEST_P(ShopWithBadCable, AnotherCallSettlesItAndGoesItsOwnWay) {
   Sell({kOpen});
-  World().Unplug(GetParam());
-  EXPECT_EQ(Call(kCoffee), 1);
-  World().PlugIn();
+  CallInDoubt(kCoffee, GetParam());
   Sell({kBread, kPay, kClose});
   const bool arrived = GetParam() == LineWorld::kWholeFrame;
   EXPECT_EQ(Done(), arrived ? "@BAABDE" : "@AABDE");
@@ -129,9 +122,7 @@ TEST_P(ShopWithBadCable, AQuestionBetweenTheDoubtAndTheRetryForgetsNothing) {
 
 TEST_P(ShopWithBadCable, CancellingWhatMayBeClosedTellsWhichItIs) {
   Sell({kOpen, kCoffee});
-  World().Unplug(GetParam());
-  EXPECT_EQ(Call(kClose), 1);
-  World().PlugIn();
+  CallInDoubt(kClose, GetParam());
   const bool arrived = GetParam() == LineWorld::kWholeFrame;
   EXPECT_EQ(Call("EP_Cancelar"), arrived ? 1 : 0);
   EXPECT_EQ(Report().outcome, arrived ? Outcome::kRefused : Outcome::kDone);
@@ -191,8 +182,7 @@ INSTANTIATE_TEST_SUITE_P(Books, ShopInDoubt,
 TEST_F(Shop, AClockThatIsPutBackOnItsCableIsSetOnce) {
   World().RunCalendar();
   for (const std::size_t bytes : {std::size_t{7}, LineWorld::kWholeFrame}) {
-    World().Unplug(bytes);
-    World().In(kMoment, [&] { World().PlugIn(); });
+    UnplugForAMoment(bytes);
     Sell({R"(EP_CambiarFechaHora "261121" "103000")"});
   }
   EXPECT_EQ(Done(), "XX");
@@ -208,15 +198,13 @@ TEST_F(Shop, WhatWasClosedKeepsNobodyFromTheNextDocument) {
 TEST_F(Shop, APrinterThatIsGoneIsNotAskedForever) {
   World().Unplug(LineWorld::kWholeFrame);
   EXPECT_EQ(Call(kNumbers), 1);
-  EXPECT_EQ(Report().outcome, Outcome::kNotDone);
-  EXPECT_EQ(Report().cause, Cause::kPortMissing);
+  ExpectReport(Outcome::kNotDone, Cause::kPortMissing);
   EXPECT_EQ(Boxes(), 1U);
 }
 
 TEST_F(Shop, PaperForATextIsWaitedForWithoutAnyBook) {
   Sell({kOpen});
-  World().Printer().faults.paper_out = true;
-  World().In(kMoment, [&] { World().Printer().faults.paper_out = false; });
+  TakePaperOutFor(kMoment);
   Sell({R"(EP_ImprimirTextoFiscal "Oferta")"});
   EXPECT_EQ(Reports(), 0U);
   EXPECT_EQ(Done(), "@A");
@@ -277,8 +265,7 @@ TEST_F(Shop, WhatTheBooksCannotTellIsToldToTheSameCallOnce) {
     World().Printer().document->lines += 1;
     if (asked) Sell({kNumbers});
     EXPECT_EQ(Call(kCoffee), 1);
-    EXPECT_EQ(Report().outcome, Outcome::kUnknown);
-    EXPECT_EQ(Report().cause, Cause::kBooksDisagree);
+    ExpectReport(Outcome::kUnknown, Cause::kBooksDisagree);
     EXPECT_FALSE(IsPending());
     Sell({kCoffee});
   }
@@ -308,11 +295,9 @@ TEST_F(Shop, WhatKestraResolverCannotTellIsToldOnce) {
 TEST_F(Shop, AnOpeningIsNotDoneForAnotherProgramsDocument) {
   Sell({"EP_AbrirComprobanteNoFiscal"});
   Instance().certainty.ledger = {};  // as a program has it that comes after that one
-  World().Unplug(9);
-  World().In(kMoment, [&] { World().PlugIn(); });
+  UnplugForAMoment(9);
   EXPECT_EQ(Call(kOpen), 1);
-  EXPECT_EQ(Report().outcome, Outcome::kUnknown);
-  EXPECT_EQ(Report().cause, Cause::kNoBook);
+  ExpectReport(Outcome::kUnknown, Cause::kNoBook);
   EXPECT_EQ(Done(), "H");
 }
 
@@ -331,8 +316,7 @@ TEST_F(Shop, ATextThatMayHaveBeenPrintedIsToldOnceAndHoldsNobodyUp) {
 TEST_F(Shop, WithoutItsPortNothingIsSent) {
   World().Unplug();
   EXPECT_EQ(Call(kOpen), 1);
-  EXPECT_EQ(Report().outcome, Outcome::kNotSent);
-  EXPECT_EQ(Report().cause, Cause::kPortMissing);
+  ExpectReport(Outcome::kNotSent, Cause::kPortMissing);
   EXPECT_EQ(Report().attempts, 0);
 }
 
@@ -345,8 +329,7 @@ TEST_F(ShopThatComparesTotals, ATotalOfItsOwnIsNotClosed) {
   Sell({kOpen, kCoffee});
   World().Printer().document->bases.front().amount += 100;
   EXPECT_EQ(Call(kClose), 1);
-  EXPECT_EQ(Report().outcome, Outcome::kNotSent);
-  EXPECT_EQ(Report().cause, Cause::kTotalDiffers);
+  ExpectReport(Outcome::kNotSent, Cause::kTotalDiffers);
   Sell({"EP_Cancelar", kOpen, kCoffee, kBread, kPay, kClose});
   EXPECT_EQ(Done(), "@BD@BAABDE");
 }
@@ -359,8 +342,7 @@ TEST_F(ShopThatComparesTotals, APageHasNone) {
 TEST_F(ShopThatComparesTotals, WhatCannotBeAskedForIsNotClosed) {
   Sell({kOpen, kCoffee});
   CallInDoubt(kClose, 1);
-  EXPECT_EQ(Report().outcome, Outcome::kNotSent);
-  EXPECT_EQ(Report().cause, Cause::kPortMissing);
+  ExpectReport(Outcome::kNotSent, Cause::kPortMissing);
   EXPECT_FALSE(IsPending());
   Sell({kClose});
   EXPECT_EQ(Done(), "@BE");
