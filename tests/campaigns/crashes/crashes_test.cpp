@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <random>
 #include <set>
@@ -47,6 +48,18 @@ TEST(Story, AHostMayDieAtAnyStep) {
                                      Ending::kUnsent, Ending::kUnlearnt}));
   EXPECT_EQ(Deaths(story, false),
             (std::set{Ending::kRepeated, Ending::kUnknown, Ending::kUnsent, Ending::kUnlearnt}));
+}
+
+// What it prints afterwards shows another hour.
+TEST(Story, AClockMayBeInDoubtAtAnyStep) {
+  const auto documents = line_faults::CanonicalDocuments();
+  const auto clock = std::find_if(documents.begin(), documents.end(), [](const auto& document) {
+    return document.name == "Header, clock, paper, model";
+  });
+  ASSERT_NE(clock, documents.end());
+  const Story story(*clock, Mode::kSafe);
+  EXPECT_EQ(Deaths(story).count(Ending::kWrong), 0U);
+  EXPECT_EQ(Cuts(story, Breakage::kCut).count(Ending::kWrong), 0U);
 }
 
 TEST(Story, ALineMayEndAtAnyByte) {

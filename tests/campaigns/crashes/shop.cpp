@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <regex>
 #include <span>
 
 #include "commands/commands.hpp"
@@ -36,6 +37,12 @@ std::size_t CountLines(std::string_view text, std::string_view beginning) {
   std::size_t count = 0;
   for (const auto line : golden::Split(text, "\n")) count += line.starts_with(beginning) ? 1 : 0;
   return count;
+}
+
+// Where the printer's calendar goes on, trouble takes time.
+std::string WithoutHour(const std::string& line) {
+  static const std::regex hour("[0-9]{2}:[0-9]{2}:[0-9]{2}");
+  return std::regex_replace(line, hour, "");
 }
 
 template <typename Ask>
@@ -94,7 +101,8 @@ Words Shop::Paper() const {
   Words lines;
   for (const auto& line : world_->Paper()) {
     if (line.text.find(kPowerCut) == std::string::npos) {
-      lines.push_back(impresora::AsText(line, kAnyWidth));
+      auto text = impresora::AsText(line, kAnyWidth);
+      lines.push_back(world_->CalendarRuns() ? WithoutHour(text) : text);
     }
   }
   return lines;

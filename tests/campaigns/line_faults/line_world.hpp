@@ -83,6 +83,7 @@ class LineWorld : public Platform, private impresora::WallClock, private impreso
 
   // The printer's calendar goes on from now on.
   void RunCalendar() { calendar_runs_ = true; }
+  [[nodiscard]] bool CalendarRuns() const { return calendar_runs_; }
 
   // What a person may do to the printer.
   impresora::Machine& Printer() { return session_.GetPrinter().GetMachine(); }
