@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 #include "base/code_page.hpp"
 #include "base/utf8.hpp"
@@ -53,14 +52,14 @@ std::string ReadBytes(const void* pointer, std::size_t most) {
 std::string ReadCharacter(HostBytes& bytes) {
   const char lead = bytes.Front();
   if (lead == '\0') return {};
-  std::string character;
-  char byte = lead;
-  do {
-    character += byte;
+  std::string character(1, lead);
+  bytes.Drop();
+  while (character.size() < Utf8BytesAfter(lead)) {
+    const char next = bytes.Front();
+    if (!Utf8Continues(lead, character.size(), next)) break;
+    character += next;
     bytes.Drop();
-    if (character.size() >= Utf8BytesAfter(lead)) break;
-    byte = bytes.Front();
-  } while (Utf8Continues(lead, character.size(), byte));
+  }
   return character;
 }
 
@@ -96,7 +95,7 @@ std::string ReadThroughZero(const TextSettings& settings, const void* pointer, s
   return AnsiText(ReadCharacters(pointer, most), settings.Transliterar == 1);
 }
 
-std::string ForThePrinter(const TextSettings& settings, std::string text) {
+std::string ForThePrinter(const TextSettings& settings, const std::string& text) {
   return settings.Transliterar == 1 ? Transliterate(text) : text;
 }
 
@@ -120,9 +119,9 @@ std::string LeerCadena(const TextSettings& settings, const void* pointer, std::i
   if (length <= 0) return {};
   const auto size = static_cast<std::size_t>(length);
   if (pointer == nullptr) return std::string(size, ' ');
-  auto text = settings.Mode() == TextMode::kWhole ? ReadWhole(pointer, size)
-                                                  : ReadThroughZero(settings, pointer, size);
-  return FixedWidth(ForThePrinter(settings, std::move(text)), size);
+  const auto text = settings.Mode() == TextMode::kWhole ? ReadWhole(pointer, size)
+                                                        : ReadThroughZero(settings, pointer, size);
+  return FixedWidth(ForThePrinter(settings, text), size);
 }
 
 std::string ReadTerminatedText(const TextSettings& settings, const char* pointer) {
