@@ -1,9 +1,11 @@
 """hosts/python/kestra/_declaraciones.py."""
 from generator import hosts
 
-TYPES = {"text": "c_char_p", "terminated": "c_char_p", "result": "c_char_p", "buffer": "c_char_p",
-         "length": "c_int32", "integer": "c_int32", "amount": "c_double", "operator": "POINTER(KestraOperador)",
+TYPES = {"text": "Texto", "terminated": "Texto", "result": "Bufer", "buffer": "Bufer", "length": "c_int32",
+         "integer": "c_int32", "amount": "c_double", "operator": "POINTER(KestraOperador)",
          "unsigned": "c_uint32", "context": "c_void_p", "rows": "POINTER(KestraFila)"}
+# What the library hands out is read as plain bytes.
+HANDED = {**TYPES, "terminated": "c_char_p"}
 HEAD = [
     "",
     "FUNCIONES da de cada una lo que devuelve y sus argumentos: (nombre, tipo, bytes). Los bytes de un texto son los que",
@@ -16,6 +18,14 @@ from ctypes import POINTER, Structure, c_char_p, c_double, c_int32, c_uint32, c_
 
 # stdcall en Windows de 32 bits; en los demás es lo mismo.
 FUNCION = ctypes.WINFUNCTYPE if sys.platform == "win32" else ctypes.CFUNCTYPE
+
+
+class Texto(c_char_p):
+    """Un texto que la biblioteca lee: bytes."""
+
+
+class Bufer(c_char_p):
+    """Un texto que la biblioteca escribe: un búfer de create_string_buffer."""
 
 
 def cargar(ruta=None):
@@ -41,7 +51,7 @@ def returned(row):
 def types(table):
     text = ""
     for field in hosts.callbacks(table):
-        kinds = [returned(field)] + [TYPES[each.kind] for each in field.arguments]
+        kinds = [returned(field)] + [HANDED[each.kind] for each in field.arguments]
         name = f"Kestra{hosts.camel(field.name)}"
         text += f"\n# {field.es}\n# Argumentos: {', '.join(each.name for each in field.arguments)}\n"
         text += f"{name} = FUNCION({', '.join(kinds)})\n"
@@ -52,7 +62,7 @@ def types(table):
 def record(row):
     text = f"\nclass {row.name}(Structure):\n    \"\"\"{row.title}.\"\"\"\n\n    _fields_ = [\n"
     for field in row.fields:
-        kind = f"Kestra{hosts.camel(field.name)}" if field.kind == "callback" else TYPES[field.kind]
+        kind = f"Kestra{hosts.camel(field.name)}" if field.kind == "callback" else HANDED[field.kind]
         text += f'        ("{field.name}", {kind}),  # {field.es}\n'
     return text + "    ]\n"
 

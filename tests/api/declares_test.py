@@ -41,7 +41,7 @@ LANGUAGES = (
              r"true\)\]\n +public static extern (?:int|void) (\w+)\((?!IntPtr)(.*)\);$", r"([\w\[\]]+) \w+(?:,|$)",
              ("byte[]", "int", "KestraOperador"), ("double",)),
     Language("python/kestra/_declaraciones.py", r'^    "(\w+)": \((?:c_int32|None), \[([^]]*)\]\),$',
-             r'\("\w+", ([\w()]+), \d+\)', ("c_char_p", "c_int32", "POINTER(KestraOperador)"), ("c_double",)),
+             r'\("\w+", ([\w()]+), \d+\)', ("Texto", "Bufer", "c_int32", "POINTER(KestraOperador)"), ("c_double",)),
     Language("node/declaraciones.mjs", r"^  (\w+): \{ devuelve: '\w+', argumentos: \[((?:\s*\[[^]]*\],?)*)\s*\] \},$",
              r"\['\w+', '([^']+)', \d+\]", ("texto", "bufer", "int32_t", "KestraOperador *"), ("double",)),
     Language("php/declaraciones.h", r"^(?:int32_t|void) (\w+)\((?:void|(.*))\);$", **C),

@@ -17,6 +17,14 @@ from ctypes import POINTER, Structure, c_char_p, c_double, c_int32, c_uint32, c_
 FUNCION = ctypes.WINFUNCTYPE if sys.platform == "win32" else ctypes.CFUNCTYPE
 
 
+class Texto(c_char_p):
+    """Un texto que la biblioteca lee: bytes."""
+
+
+class Bufer(c_char_p):
+    """Un texto que la biblioteca escribe: un búfer de create_string_buffer."""
+
+
 def cargar(ruta=None):
     """La biblioteca, con sus funciones declaradas."""
     if sys.platform == "win32":
@@ -180,55 +188,55 @@ FUNCIONES = {
     # documento_numero 11 bytes; responsabilidad_iva 1 byte; domicilio1, domicilio2, domicilio3, linea4,
     # linea5 40 bytes cada uno.
     "EP_AbrirComprobanteFiscal": (c_int32, [
-        ("tipo", c_char_p, 2), ("letra", c_char_p, 1), ("nombre1", c_char_p, 40),
-        ("nombre2", c_char_p, 40), ("documento_tipo", c_char_p, 6), ("documento_numero", c_char_p, 11),
-        ("responsabilidad_iva", c_char_p, 1), ("domicilio1", c_char_p, 40), ("domicilio2", c_char_p, 40),
-        ("domicilio3", c_char_p, 40), ("linea4", c_char_p, 40), ("linea5", c_char_p, 40),
+        ("tipo", Texto, 2), ("letra", Texto, 1), ("nombre1", Texto, 40),
+        ("nombre2", Texto, 40), ("documento_tipo", Texto, 6), ("documento_numero", Texto, 11),
+        ("responsabilidad_iva", Texto, 1), ("domicilio1", Texto, 40), ("domicilio2", Texto, 40),
+        ("domicilio3", Texto, 40), ("linea4", Texto, 40), ("linea5", Texto, 40),
         ("copias", c_int32, 0),
     ]),
     # Imprime una línea de venta.
     # Textos: descripcion 50 bytes; extra1, extra2, extra3 22 bytes cada uno.
     "EP_ImprimirItem": (c_int32, [
-        ("descripcion", c_char_p, 50), ("cantidad", c_double, 0), ("precio", c_double, 0),
-        ("iva", c_double, 0), ("impuestos_internos", c_double, 0), ("extra1", c_char_p, 22),
-        ("extra2", c_char_p, 22), ("extra3", c_char_p, 22),
+        ("descripcion", Texto, 50), ("cantidad", c_double, 0), ("precio", c_double, 0),
+        ("iva", c_double, 0), ("impuestos_internos", c_double, 0), ("extra1", Texto, 22),
+        ("extra2", Texto, 22), ("extra3", Texto, 22),
     ]),
     # Imprime la anulación de una línea.
     # Textos: descripcion 50 bytes; extra1, extra2, extra3 22 bytes cada uno.
     "EP_AnularItem": (c_int32, [
-        ("descripcion", c_char_p, 50), ("cantidad", c_double, 0), ("precio", c_double, 0),
-        ("iva", c_double, 0), ("impuestos_internos", c_double, 0), ("extra1", c_char_p, 22),
-        ("extra2", c_char_p, 22), ("extra3", c_char_p, 22),
+        ("descripcion", Texto, 50), ("cantidad", c_double, 0), ("precio", c_double, 0),
+        ("iva", c_double, 0), ("impuestos_internos", c_double, 0), ("extra1", Texto, 22),
+        ("extra2", Texto, 22), ("extra3", Texto, 22),
     ]),
     # Imprime un renglón de texto dentro del comprobante.
     # Textos: texto 26 bytes.
-    "EP_ImprimirTextoFiscal": (c_int32, [("texto", c_char_p, 26)]),
+    "EP_ImprimirTextoFiscal": (c_int32, [("texto", Texto, 26)]),
     # Lo mismo, con un texto terminado en cero.
-    "EP_ImprimirTextoFiscalInterna": (c_int32, [("texto", c_char_p, 0)]),
+    "EP_ImprimirTextoFiscalInterna": (c_int32, [("texto", Texto, 0)]),
     # Cierra el comprobante y da su número.
     # Textos: tipo 2 bytes; letra 1 byte.
     # Recibe: numero, hasta 8 bytes.
     "EP_CerrarComprobanteFiscal": (c_int32, [
-        ("tipo", c_char_p, 2), ("letra", c_char_p, 1), ("numero", c_char_p, 8),
+        ("tipo", Texto, 2), ("letra", Texto, 1), ("numero", Bufer, 8),
     ]),
     # Cancela el comprobante abierto.
     "EP_Cancelar": (c_int32, []),
     # ---- Totales y pagos ----
     # Le descuenta un importe al comprobante.
     # Textos: descripcion 80 bytes.
-    "EP_DescuentoGeneral": (c_int32, [("descripcion", c_char_p, 80), ("monto", c_double, 0)]),
+    "EP_DescuentoGeneral": (c_int32, [("descripcion", Texto, 80), ("monto", c_double, 0)]),
     # Le suma un recargo al comprobante.
     # Textos: descripcion 80 bytes.
-    "EP_RecargoGeneral": (c_int32, [("descripcion", c_char_p, 80), ("monto", c_double, 0)]),
+    "EP_RecargoGeneral": (c_int32, [("descripcion", Texto, 80), ("monto", c_double, 0)]),
     # Le suma una percepción al comprobante.
     # Textos: descripcion 20 bytes; calificador 1 byte.
     "EP_EspecificarPercepcionGlobal": (c_int32, [
-        ("descripcion", c_char_p, 20), ("monto", c_double, 0), ("iva", c_double, 0),
-        ("calificador", c_char_p, 1),
+        ("descripcion", Texto, 20), ("monto", c_double, 0), ("iva", c_double, 0),
+        ("calificador", Texto, 1),
     ]),
     # Imprime una línea de pago.
     # Textos: descripcion 80 bytes.
-    "EP_ImprimirPago": (c_int32, [("descripcion", c_char_p, 80), ("monto", c_double, 0)]),
+    "EP_ImprimirPago": (c_int32, [("descripcion", Texto, 80), ("monto", c_double, 0)]),
     # Agrega líneas hasta que el total sea el que se dice.
     "EP_AjusteRedondeo": (c_int32, [("total", c_double, 0)]),
     # ---- Otros documentos ----
@@ -237,20 +245,20 @@ FUNCIONES = {
     # documento_numero 11 bytes; marca2 1 byte; domicilio, linea4, linea5, linea6, linea7 40 bytes cada
     # uno.
     "EP_AbrirComprobanteNoFiscalHomologado": (c_int32, [
-        ("tipo", c_char_p, 2), ("marca1", c_char_p, 1), ("linea1", c_char_p, 40),
-        ("linea2", c_char_p, 40), ("documento_tipo", c_char_p, 6), ("documento_numero", c_char_p, 11),
-        ("marca2", c_char_p, 1), ("domicilio", c_char_p, 40), ("linea4", c_char_p, 40),
-        ("linea5", c_char_p, 40), ("linea6", c_char_p, 40), ("linea7", c_char_p, 40),
+        ("tipo", Texto, 2), ("marca1", Texto, 1), ("linea1", Texto, 40),
+        ("linea2", Texto, 40), ("documento_tipo", Texto, 6), ("documento_numero", Texto, 11),
+        ("marca2", Texto, 1), ("domicilio", Texto, 40), ("linea4", Texto, 40),
+        ("linea5", Texto, 40), ("linea6", Texto, 40), ("linea7", Texto, 40),
         ("cantidad", c_int32, 0),
     ]),
     # Cierra el documento homologado.
     # Textos: tipo 2 bytes; marca 1 byte.
-    "EP_CerrarComprobanteNoFiscalHomologado": (c_int32, [("tipo", c_char_p, 2), ("marca", c_char_p, 1)]),
+    "EP_CerrarComprobanteNoFiscalHomologado": (c_int32, [("tipo", Texto, 2), ("marca", Texto, 1)]),
     # Abre un documento no fiscal.
     "EP_AbrirComprobanteNoFiscal": (c_int32, []),
     # Imprime un renglón en el documento no fiscal.
     # Textos: texto 120 bytes.
-    "EP_ImprimirTextoNoFiscal": (c_int32, [("texto", c_char_p, 120)]),
+    "EP_ImprimirTextoNoFiscal": (c_int32, [("texto", Texto, 120)]),
     # Cierra el documento no fiscal.
     "EP_CerrarComprobanteNoFiscal": (c_int32, []),
     # ---- Informes ----
@@ -264,39 +272,35 @@ FUNCIONES = {
     ]),
     # Lista los cierres Z entre dos fechas.
     # Textos: desde, hasta 6 bytes cada uno.
-    "EP_ReporteZporFechas": (c_int32, [
-        ("desde", c_char_p, 6), ("hasta", c_char_p, 6), ("tercero", c_int32, 0),
-    ]),
+    "EP_ReporteZporFechas": (c_int32, [("desde", Texto, 6), ("hasta", Texto, 6), ("tercero", c_int32, 0)]),
     # ---- La impresora ----
     # Abre el cajón de dinero.
     "EP_AbrirCajonDeDinero": (c_int32, [("cajon", c_int32, 0)]),
     # Pone en hora la impresora.
     # Textos: fecha, hora 6 bytes cada uno.
-    "EP_CambiarFechaHora": (c_int32, [("fecha", c_char_p, 6), ("hora", c_char_p, 6)]),
+    "EP_CambiarFechaHora": (c_int32, [("fecha", Texto, 6), ("hora", Texto, 6)]),
     # Lee el reloj de la impresora.
     # Recibe: resultado, hasta 12 bytes.
-    "EP_ObtenerFechaHora": (c_int32, [("resultado", c_char_p, 12)]),
+    "EP_ObtenerFechaHora": (c_int32, [("resultado", Bufer, 12)]),
     # Pone una línea del encabezado.
     # Textos: texto 120 bytes.
-    "EP_SetEncabezado": (c_int32, [
-        ("texto", c_char_p, 120), ("linea", c_int32, 0), ("atributo", c_int32, 0),
-    ]),
+    "EP_SetEncabezado": (c_int32, [("texto", Texto, 120), ("linea", c_int32, 0), ("atributo", c_int32, 0)]),
     # Lee una línea del encabezado.
     # Recibe: resultado, hasta 120 bytes.
-    "EP_GetEncabezado": (c_int32, [("resultado", c_char_p, 120), ("linea", c_int32, 0)]),
+    "EP_GetEncabezado": (c_int32, [("resultado", Bufer, 120), ("linea", c_int32, 0)]),
     # Corta el papel.
     "EP_CortaPapel": (c_int32, []),
     # Avanza el papel.
     "EP_AvanzaPapel": (c_int32, [("lineas", c_int32, 0)]),
     # Lee los datos del modelo.
     # Recibe: resultado, hasta 64 bytes.
-    "EP_ValoresModelo": (c_int32, [("resultado", c_char_p, 64)]),
+    "EP_ValoresModelo": (c_int32, [("resultado", Bufer, 64)]),
     # Lee los contadores.
     # Recibe: resultado, hasta 80 bytes.
-    "EP_Numeracion": (c_int32, [("resultado", c_char_p, 80)]),
+    "EP_Numeracion": (c_int32, [("resultado", Bufer, 80)]),
     # Lee el nombre del modelo.
     # Recibe: resultado, hasta 14 bytes.
-    "EP_AutodetectarModelo": (c_int32, [("resultado", c_char_p, 14)]),
+    "EP_AutodetectarModelo": (c_int32, [("resultado", Bufer, 14)]),
     # ---- Para programas viejos ----
     # El último código de error: siempre 0.
     "EP_Chequear_Error": (c_int32, []),
@@ -337,12 +341,10 @@ FUNCIONES = {
     "Kestra_Causa": (c_int32, []),
     # Lo mismo para el operador, en castellano.
     # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-    "Kestra_CausaTexto": (c_int32, [("texto", c_char_p, 0), ("longitud", c_int32, 0)]),
+    "Kestra_CausaTexto": (c_int32, [("texto", Bufer, 0), ("longitud", c_int32, 0)]),
     # Un campo de la última respuesta.
     # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-    "Kestra_Respuesta": (c_int32, [
-        ("numero", c_int32, 0), ("texto", c_char_p, 0), ("longitud", c_int32, 0),
-    ]),
+    "Kestra_Respuesta": (c_int32, [("numero", c_int32, 0), ("texto", Bufer, 0), ("longitud", c_int32, 0)]),
     # Cuántas tramas mandó la última llamada.
     # Devuelve: La cuenta, con repeticiones y preguntas; -1 mientras otra llamada está en curso.
     "Kestra_Intentos": (c_int32, []),
@@ -355,24 +357,24 @@ FUNCIONES = {
     "Kestra_DocumentoAbierto": (c_int32, []),
     # Pregunta el total del comprobante abierto.
     # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-    "Kestra_Subtotal": (c_int32, [("texto", c_char_p, 0), ("longitud", c_int32, 0)]),
+    "Kestra_Subtotal": (c_int32, [("texto", Bufer, 0), ("longitud", c_int32, 0)]),
     # Pregunta el número del último comprobante de una clase.
     # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
     "Kestra_Numeracion": (c_int32, [
-        ("clase", c_int32, 0), ("letra", c_int32, 0), ("texto", c_char_p, 0),
+        ("clase", c_int32, 0), ("letra", c_int32, 0), ("texto", Bufer, 0),
         ("longitud", c_int32, 0),
     ]),
     # Si quedó una llamada sin resolver.
     # Devuelve: 1 si la hay, 0 si no; -1 mientras no se pueda leer el diario o mientras otra llamada está
     # en curso.
-    "Kestra_Pendiente": (c_int32, [("texto", c_char_p, 0), ("longitud", c_int32, 0)]),
+    "Kestra_Pendiente": (c_int32, [("texto", Bufer, 0), ("longitud", c_int32, 0)]),
     # Averigua qué fue de la llamada pendiente.
     # Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la
     # hoja y falta el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
     "Kestra_Resolver": (c_int32, []),
     # El número del comprobante que Kestra_Resolver encontró cerrado.
     # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-    "Kestra_ResolverNumero": (c_int32, [("texto", c_char_p, 0), ("longitud", c_int32, 0)]),
+    "Kestra_ResolverNumero": (c_int32, [("texto", Bufer, 0), ("longitud", c_int32, 0)]),
     # Deja de lado lo pendiente sin preguntar.
     # Devuelve: 1 lo dejó, 0 no había nada, -1 mientras otra llamada está en curso.
     "Kestra_Olvidar": (c_int32, []),

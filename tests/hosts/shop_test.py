@@ -1,0 +1,136 @@
+"""The same shop in every language: its day is that of the shop in C, it tells why a call failed, and it keeps away from
+printers that are not virtual.
+
+    python3 -m unittest shop_test.NAME
+"""
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+
+from languages import LANGUAGES
+from shop import ENV, Shop
+
+HOSTS = os.path.join(ENV["KESTRA_SOURCE"], "hosts")
+NOT_VIRTUAL = ["/dev/ttyS0", "/dev/null", "tcp:192.0.2.1:4001", "tcp:localhost.example:4001", "tcp:1127.0.0.1:4001",
+               "/dev/pts/ninguna"]
+NOBODY = "tcp:127.0.0.1:1"  # this machine, and nobody there
+NOBODY_THERE = "Nadie atiende en la dirección de la impresora."
+REFUSED = "La impresora no aceptó un dato del comando."
+
+
+def words(text):
+    """Its lines without the blanks that align them."""
+    return [" ".join(line.split()) for line in text.splitlines()]
+
+
+class HostShop(Shop):
+    family = "TF"
+    language = None
+
+    @classmethod
+    def setUpClass(cls):
+        place = tempfile.TemporaryDirectory(prefix="kestra-hosts-")
+        cls.addClassCleanup(place.cleanup)
+        hosts = os.path.join(place.name, "hosts")
+        shutil.copytree(HOSTS, hosts)
+        cls.host = os.path.join(hosts, cls.language.folder or cls.language.name)
+        for command in cls.language.build:
+            made = subprocess.run(cls.filled(command), cwd=cls.host, env=cls.environment(), text=True,
+                                  capture_output=True, check=False)
+            if made.returncode != 0:
+                raise AssertionError(f"{' '.join(command)}:\n{made.stdout}{made.stderr}")
+
+    @classmethod
+    def filled(cls, command):
+        return [word.replace("{host}", cls.host) for word in command]
+
+    @classmethod
+    def environment(cls):
+        """As if the library were installed: its file and its header are found without a word."""
+        library = os.path.dirname(ENV["KESTRA_LIBRARY"])
+        environment = dict(ENV, LC_ALL="C.UTF-8", LD_LIBRARY_PATH=library, LIBRARY_PATH=library,
+                           CPATH=ENV["KESTRA_INCLUDE"])
+        environment.update({name: value.replace("{host}", cls.host)
+                            for name, value in cls.language.environment.items()})
+        return environment
+
+    def start_printer(self):
+        if not self.language.network:
+            return super().start_printer()
+        command = [ENV["KESTRA_PRINTER"], "--familia", self.family, "--tcp", "127.0.0.1:0",
+                   "--papel", self.path("papel.txt"), "--traza", self.path("traza.txt")]
+        printer = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
+        self.addCleanup(printer.stdout.close)
+        self.addCleanup(self.stop_printer, printer)
+        self.device = printer.stdout.readline().removeprefix("Puerto: ").strip()
+        return printer
+
+    def run_shop(self, *flags, command=None):
+        """The shop at its till; it ends, whatever it meets."""
+        return subprocess.run([*(command or self.filled(self.language.run)), *flags], cwd=self.folder,
+                              env=self.environment(), text=True, encoding="utf-8", capture_output=True,
+                              stdin=subprocess.DEVNULL, start_new_session=True, timeout=600, check=False)
+
+    def other_printer(self):
+        """A printer as it comes, without paper on it."""
+        os.remove(self.path("papel.txt"))
+        self.printer = self.start_printer()
+        self.write_settings()
+
+    def test_its_day_is_that_of_the_shop_in_c(self):
+        shop_in_c = self.run_shop(command=[ENV["KESTRA_DAY"]])
+        self.assertEqual((shop_in_c.returncode, shop_in_c.stderr), (0, ""))
+        paper_in_c = self.paper()
+        self.assertIn("Libreria Muñoz S.R.L.", paper_in_c)
+        self.other_printer()
+        shop = self.run_shop()
+        self.assertEqual((shop.returncode, shop.stderr), (0, ""))
+        self.assertEqual(words(shop.stdout), words(shop_in_c.stdout))
+        self.assertEqual(self.paper().splitlines(), paper_in_c.splitlines())
+
+    def test_keeps_away_from_a_printer_that_is_not_virtual(self):
+        devices = [*NOT_VIRTUAL, self.path("ninguna"), None]
+        for device in devices:
+            with self.subTest(device=device):
+                self.write_settings(ImpresoraDispositivo=device or "")
+                shop = self.run_shop()
+                self.assertEqual((shop.returncode, shop.stdout), (2, ""), shop.stderr)
+                self.assertIn("--impresora-real", shop.stderr)
+                self.assertEqual(len(shop.stderr.splitlines()), 1)
+        os.remove(self.path("Fiscal.ini"))
+        self.assertEqual(self.run_shop().returncode, 2)
+        self.assertFalse(os.path.exists(self.path("fiscal.log")))
+        self.assertEqual(self.paper(), "")
+
+    def test_knows_a_virtual_printer_on_this_machines_network(self):
+        for device in [NOBODY, "tcp:localhost:1", "tcp:[::1]:1"]:
+            with self.subTest(device=device):
+                self.write_settings(ImpresoraDispositivo=device)
+                self.assert_failed(self.run_shop(), "dirección de la impresora")
+
+    def test_goes_to_a_real_printer_when_told(self):
+        self.write_settings(ImpresoraDispositivo=self.path("ninguna"))
+        self.assert_failed(self.run_shop("--impresora-real"), "No existe el puerto de la impresora.")
+
+    def test_tells_the_operator_why_a_call_failed(self):
+        self.write_settings(ImpresoraDispositivo=NOBODY)
+        self.assert_failed(self.run_shop(), NOBODY_THERE)
+        self.write_settings(TipoComprobante="FC")
+        self.assert_failed(self.run_shop(), REFUSED, done=1)
+
+    def assert_failed(self, shop, sentence, done=0):
+        self.assertEqual(shop.returncode, 1, shop.stderr)
+        self.assertIn(sentence, shop.stderr)
+        self.assertEqual(len(re.findall(r"(?m) ok$", shop.stdout)), done, shop.stdout)
+        self.assertEqual(len(shop.stdout.splitlines()), done, shop.stdout)
+
+
+for row in LANGUAGES.values():
+    globals()[row.name] = type(row.name, (HostShop,), {"language": row, "__module__": __name__})
+
+
+def load_tests(loader, _, __):
+    """The languages' tests, not those of the class that they are made of."""
+    return loader.suiteClass(loader.loadTestsFromTestCase(globals()[name]) for name in LANGUAGES)
