@@ -13,14 +13,16 @@ CLOSE, RETRY, YES, NO, OK = 2, 4, 6, 7, 1
 
 
 def xdotool(*arguments):
-    ended = subprocess.run(["xdotool", *map(str, arguments)], stdout=subprocess.PIPE,
-                           stderr=subprocess.DEVNULL, check=False)
-    return ended.stdout.decode().split()
+    return subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, check=False)
 
 
 def shown(caption):
-    """The windows of that caption that are on the display."""
-    return set(xdotool("search", "--onlyvisible", "--name", f"^{caption.replace('?', '[?]')}$"))
+    """The windows of that caption that are on the display. Any other one that goes while xdotool looks at it
+    ends the search with no window at all; then it is made again."""
+    while True:
+        search = xdotool("search", "--onlyvisible", "--name", f"^{caption.replace('?', '[?]')}$")
+        if b"BadWindow" not in search.stderr:
+            return set(search.stdout.decode().split())
 
 
 class Window:
