@@ -82,6 +82,7 @@ def declare(row):
 
 def made(table):
     text = '"""' + "\n".join(hosts.beginning(table, "Python (ctypes)") + HEAD) + '\n"""\n' + BEGINNING
+    text = text.replace("# stdcall", f'__version__ = "{table.version}"\n\n# stdcall', 1)
     for enum in table.enums:
         text += f"\n\n# {enum.title}.\n"
         for value in enum.constants:

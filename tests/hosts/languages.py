@@ -5,7 +5,10 @@
     languages.py NAME...    of these alone; ends with 1 when there is no such row
 """
 import dataclasses
+import os
 import sys
+
+ENV = os.environ
 
 
 @dataclasses.dataclass(frozen=True)
@@ -21,7 +24,13 @@ class Language:
 
 
 LANGUAGES = {row.name: row for row in [
-    Language("python", run=("python3", "-B", "{host}/tienda.py"), packages=("python3",)),
+    # From its wheel, with the library inside and none elsewhere; -P: the folder beside the shop is not it.
+    Language("python", packages=("python3", "python3-build", "python3-setuptools", "python3-venv", "python3-wheel"),
+             build=(("/usr/bin/python3", "-m", "build", "--wheel", "--no-isolation"), ("/usr/bin/python3", "-m", "venv", "venv"),
+                    ("sh", "-c", "venv/bin/pip install --no-index dist/*.whl")),
+             run=("{host}/venv/bin/python", "-P", "{host}/tienda.py"),
+             environment={"KESTRA_BIBLIOTECA": ENV.get("KESTRA_LIBRARY", ""), "LD_LIBRARY_PATH": ""}),
+    Language("python-sin-instalar", folder="python", packages=("python3",), run=("python3", "-B", "{host}/tienda.py")),
 ]}
 
 

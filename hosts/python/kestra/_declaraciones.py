@@ -13,6 +13,8 @@ import ctypes
 import sys
 from ctypes import POINTER, Structure, c_char_p, c_double, c_int32, c_uint32, c_void_p
 
+__version__ = "0.1.0"
+
 # stdcall en Windows de 32 bits; en los demás es lo mismo.
 FUNCION = ctypes.WINFUNCTYPE if sys.platform == "win32" else ctypes.CFUNCTYPE
 
