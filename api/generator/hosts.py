@@ -71,3 +71,15 @@ def callbacks(table):
 def camel(name):
     """memoria_llena, MemoriaLlena."""
     return "".join(word.capitalize() for word in name.split("_"))
+
+
+# What a layer over the declares has to know of an argument.
+KINDS = {"text": "texto", "terminated": "texto", "result": "bufer", "buffer": "bufer", "length": "largo",
+         "integer": "entero", "amount": "doble", "operator": "operador"}
+
+
+def layer_rows(table, row, argument):
+    """A row for each function, for languages whose declares are C: its name and its arguments' name, kind and bytes."""
+    return "".join(row.format(function.name, ", ".join(argument.format(each.name, KINDS[each.kind], each.bytes)
+                                                       for each in function.arguments))
+                   for _, functions in table.sections for function in functions)

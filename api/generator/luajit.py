@@ -17,4 +17,6 @@ def made(table):
         for value in enum.constants:
             text += f"k.{value.name} = {value.value}" + (f" -- {value.es}" if value.es else "") + "\n"
     text += '\nfunction k.cargar(ruta)\n  return ffi.load(ruta or (ffi.os == "Windows" and "Kestra.dll" or "kestra"))\nend\n'
+    text += "\n-- De cada función, sus argumentos: nombre, tipo, bytes (los que se leen, o se escriben a lo sumo).\nk.FUNCIONES = {\n"
+    text += hosts.layer_rows(table, "  {{\"{}\", {{{}}}}},\n", '{{"{}", "{}", {}}}') + "}\n"
     return {"hosts/luajit/declaraciones.lua": text + "\nreturn k\n"}

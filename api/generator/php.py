@@ -16,5 +16,8 @@ def made(table):
         constants += f"\n// {enum.title}.\n"
         for value in enum.constants:
             constants += f"const {value.name} = {value.value};" + (f" // {value.es}" if value.es else "") + "\n"
+    constants += "\n// De cada función, sus argumentos: nombre, tipo, bytes (los que se leen, o se escriben a lo sumo).\n"
+    constants += "const KESTRA_FUNCIONES = [\n"
+    constants += hosts.layer_rows(table, "    '{}' => [{}],\n", "['{}', '{}', {}]") + "];\n"
     return {"hosts/php/declaraciones.h": head + c_like.records(table) + c_like.prototypes(table),
             "hosts/php/constantes.php": constants}

@@ -1,8 +1,8 @@
 """hosts/ruby/lib/kestra/declaraciones.rb, for Fiddle."""
 from generator import hosts
 
-TYPES = {"text": "TEXTO", "terminated": "TEXTO", "result": "TEXTO", "buffer": "TEXTO", "length": "ENTERO",
-         "integer": "ENTERO", "amount": "DOBLE", "operator": "TEXTO"}
+TYPES = {"text": "TEXTO", "terminated": "TEXTO", "result": "BUFER", "buffer": "BUFER", "length": "ENTERO",
+         "integer": "ENTERO", "amount": "DOBLE", "operator": "BUFER"}
 HEAD = [
     "",
     "kestra = Kestra::Declaraciones.cargar; kestra['EP_Init'].call",
@@ -14,7 +14,8 @@ require 'fiddle'
 
 module Kestra
   module Declaraciones
-    TEXTO = Fiddle::TYPE_VOIDP
+    TEXTO = Fiddle::TYPE_CONST_STRING
+    BUFER = Fiddle::TYPE_VOIDP
     ENTERO = Fiddle::TYPE_INT
     DOBLE = Fiddle::TYPE_DOUBLE
     NADA = Fiddle::TYPE_VOID

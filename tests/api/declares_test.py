@@ -5,6 +5,7 @@ have every function once and the bytes that it takes from the stack of a 32-bit 
     declares_test.py SOURCE_DIRECTORY
 """
 import dataclasses
+import json
 import pathlib
 import re
 import sys
@@ -57,7 +58,7 @@ LANGUAGES = (
     Language("perl/lib/Kestra/Declaraciones.pm", r"^    \['(\w+)', '\w+'(?:, (.*))?\],$", r"\['\w+', '(\w+)', \d+\]",
              ("string", "opaque", "sint32"), ("double",)),
     Language("ruby/lib/kestra/declaraciones.rb", r"^      '(\w+)' => \[\w+, \[(.*)\]\],$", r"\['\w+', (\w+), \d+\]",
-             ("TEXTO", "ENTERO"), ("DOBLE",)),
+             ("TEXTO", "BUFER", "ENTERO"), ("DOBLE",)),
     Language("vbnet/Kestra.vb", r"^ +<DllImport\(Biblioteca, CallingConvention:=CallingConvention\.StdCall, ExactSpelling:=True\)>\n"
              r" +Public (?:Function|Sub) (\w+)\((?!ByVal operador)(.*)\)(?: As Integer)?$", r" As ([\w()]+)",
              ("Byte()", "Integer", "KestraOperador"), ("Double",)),
@@ -130,6 +131,11 @@ class Declares(unittest.TestCase):
             lacking = [name for name, number in causes if not re.search(rf"\b{name}\b\W+(\w+\W+){{0,5}}?{number}\b", text)]
             with self.subTest(folder):
                 self.assertEqual(lacking, [])
+
+    def test_a_package_that_tells_its_version_tells_this_one(self):
+        version = json.loads((SOURCE / "api/kestra.json").read_text(encoding="utf-8"))["version"]
+        package = json.loads((SOURCE / "hosts/node/package.json").read_text(encoding="utf-8"))
+        self.assertEqual(package["version"], version)
 
 
 if __name__ == "__main__":

@@ -31,6 +31,8 @@ LANGUAGES = {row.name: row for row in [
              run=("{host}/venv/bin/python", "-P", "{host}/tienda.py"),
              environment={"KESTRA_BIBLIOTECA": ENV.get("KESTRA_LIBRARY", ""), "LD_LIBRARY_PATH": ""}),
     Language("python-sin-instalar", folder="python", packages=("python3",), run=("python3", "-B", "{host}/tienda.py")),
+    Language("node", packages=("node:nodejs", "npm:npm"), run=("node", "{host}/tienda.mjs"),
+             build=(("npm", "install", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock"),)),
 ]}
 
 

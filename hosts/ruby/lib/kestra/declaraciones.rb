@@ -16,7 +16,8 @@ require 'fiddle'
 
 module Kestra
   module Declaraciones
-    TEXTO = Fiddle::TYPE_VOIDP
+    TEXTO = Fiddle::TYPE_CONST_STRING
+    BUFER = Fiddle::TYPE_VOIDP
     ENTERO = Fiddle::TYPE_INT
     DOBLE = Fiddle::TYPE_DOUBLE
     NADA = Fiddle::TYPE_VOID
@@ -142,7 +143,7 @@ module Kestra
       # Cierra el comprobante y da su número.
       # Textos: tipo 2 bytes; letra 1 byte.
       # Recibe: numero, hasta 8 bytes.
-      'EP_CerrarComprobanteFiscal' => [ENTERO, [['tipo', TEXTO, 2], ['letra', TEXTO, 1], ['numero', TEXTO, 8]]],
+      'EP_CerrarComprobanteFiscal' => [ENTERO, [['tipo', TEXTO, 2], ['letra', TEXTO, 1], ['numero', BUFER, 8]]],
       # Cancela el comprobante abierto.
       'EP_Cancelar' => [ENTERO, []],
       # ---- Totales y pagos ----
@@ -193,26 +194,26 @@ module Kestra
       'EP_CambiarFechaHora' => [ENTERO, [['fecha', TEXTO, 6], ['hora', TEXTO, 6]]],
       # Lee el reloj de la impresora.
       # Recibe: resultado, hasta 12 bytes.
-      'EP_ObtenerFechaHora' => [ENTERO, [['resultado', TEXTO, 12]]],
+      'EP_ObtenerFechaHora' => [ENTERO, [['resultado', BUFER, 12]]],
       # Pone una línea del encabezado.
       # Textos: texto 120 bytes.
       'EP_SetEncabezado' => [ENTERO, [['texto', TEXTO, 120], ['linea', ENTERO, 0], ['atributo', ENTERO, 0]]],
       # Lee una línea del encabezado.
       # Recibe: resultado, hasta 120 bytes.
-      'EP_GetEncabezado' => [ENTERO, [['resultado', TEXTO, 120], ['linea', ENTERO, 0]]],
+      'EP_GetEncabezado' => [ENTERO, [['resultado', BUFER, 120], ['linea', ENTERO, 0]]],
       # Corta el papel.
       'EP_CortaPapel' => [ENTERO, []],
       # Avanza el papel.
       'EP_AvanzaPapel' => [ENTERO, [['lineas', ENTERO, 0]]],
       # Lee los datos del modelo.
       # Recibe: resultado, hasta 64 bytes.
-      'EP_ValoresModelo' => [ENTERO, [['resultado', TEXTO, 64]]],
+      'EP_ValoresModelo' => [ENTERO, [['resultado', BUFER, 64]]],
       # Lee los contadores.
       # Recibe: resultado, hasta 80 bytes.
-      'EP_Numeracion' => [ENTERO, [['resultado', TEXTO, 80]]],
+      'EP_Numeracion' => [ENTERO, [['resultado', BUFER, 80]]],
       # Lee el nombre del modelo.
       # Recibe: resultado, hasta 14 bytes.
-      'EP_AutodetectarModelo' => [ENTERO, [['resultado', TEXTO, 14]]],
+      'EP_AutodetectarModelo' => [ENTERO, [['resultado', BUFER, 14]]],
       # ---- Para programas viejos ----
       # El último código de error: siempre 0.
       'EP_Chequear_Error' => [ENTERO, []],
@@ -249,10 +250,10 @@ module Kestra
       'Kestra_Causa' => [ENTERO, []],
       # Lo mismo para el operador, en castellano.
       # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-      'Kestra_CausaTexto' => [ENTERO, [['texto', TEXTO, 0], ['longitud', ENTERO, 0]]],
+      'Kestra_CausaTexto' => [ENTERO, [['texto', BUFER, 0], ['longitud', ENTERO, 0]]],
       # Un campo de la última respuesta.
       # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-      'Kestra_Respuesta' => [ENTERO, [['numero', ENTERO, 0], ['texto', TEXTO, 0], ['longitud', ENTERO, 0]]],
+      'Kestra_Respuesta' => [ENTERO, [['numero', ENTERO, 0], ['texto', BUFER, 0], ['longitud', ENTERO, 0]]],
       # Cuántas tramas mandó la última llamada.
       # Devuelve: La cuenta, con repeticiones y preguntas; -1 mientras otra llamada está en curso.
       'Kestra_Intentos' => [ENTERO, []],
@@ -265,27 +266,27 @@ module Kestra
       'Kestra_DocumentoAbierto' => [ENTERO, []],
       # Pregunta el total del comprobante abierto.
       # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-      'Kestra_Subtotal' => [ENTERO, [['texto', TEXTO, 0], ['longitud', ENTERO, 0]]],
+      'Kestra_Subtotal' => [ENTERO, [['texto', BUFER, 0], ['longitud', ENTERO, 0]]],
       # Pregunta el número del último comprobante de una clase.
       # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-      'Kestra_Numeracion' => [ENTERO, [['clase', ENTERO, 0], ['letra', ENTERO, 0], ['texto', TEXTO, 0], ['longitud', ENTERO, 0]]],
+      'Kestra_Numeracion' => [ENTERO, [['clase', ENTERO, 0], ['letra', ENTERO, 0], ['texto', BUFER, 0], ['longitud', ENTERO, 0]]],
       # Si quedó una llamada sin resolver.
       # Devuelve: 1 si la hay, 0 si no; -1 mientras no se pueda leer el diario o mientras otra llamada está en curso.
-      'Kestra_Pendiente' => [ENTERO, [['texto', TEXTO, 0], ['longitud', ENTERO, 0]]],
+      'Kestra_Pendiente' => [ENTERO, [['texto', BUFER, 0], ['longitud', ENTERO, 0]]],
       # Averigua qué fue de la llamada pendiente.
       # Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
       # el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
       'Kestra_Resolver' => [ENTERO, []],
       # El número del comprobante que Kestra_Resolver encontró cerrado.
       # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-      'Kestra_ResolverNumero' => [ENTERO, [['texto', TEXTO, 0], ['longitud', ENTERO, 0]]],
+      'Kestra_ResolverNumero' => [ENTERO, [['texto', BUFER, 0], ['longitud', ENTERO, 0]]],
       # Deja de lado lo pendiente sin preguntar.
       # Devuelve: 1 lo dejó, 0 no había nada, -1 mientras otra llamada está en curso.
       'Kestra_Olvidar' => [ENTERO, []],
       # ---- El operador ----
       # Hace que el programa conteste en lugar de los cuadros de la biblioteca.
       # Devuelve: No devuelve nada.
-      'Kestra_DefinirOperador' => [NADA, [['operador', TEXTO, 0]]],
+      'Kestra_DefinirOperador' => [NADA, [['operador', BUFER, 0]]],
       # ---- Textos ----
       # Elige cómo se pasan los textos.
       # Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.

@@ -1,0 +1,22 @@
+// Los ejemplos emiten comprobantes: solo en una impresora virtual, si no se les pide otra cosa.
+import { readFileSync, realpathSync } from 'node:fs';
+
+// ¿Es virtual la impresora de ese archivo? Una dirección de esta máquina, una tubería o una pseudoterminal.
+export function impresoraVirtual(archivo = 'Fiscal.ini') {
+  try {
+    const ini = readFileSync(archivo, 'latin1');
+    const dispositivo = /^[ \t]*ImpresoraDispositivo[ \t]*=[ \t]*(.*?)[ \t]*$/im.exec(ini)?.[1] ?? '';
+    return /^tcp:(127\.\d+\.\d+\.\d+|localhost|\[::1\]):\d+$/i.test(dispositivo)
+      || dispositivo.startsWith('\\\\.\\pipe\\')
+      || /^\/dev\/pts\/\d+$/.test(realpathSync(dispositivo));
+  } catch {
+    return false; // no hay archivo, o no hay tal dispositivo
+  }
+}
+
+// Termina el programa con 2, salvo con una impresora virtual o con --impresora-real entre los argumentos.
+export function exigirImpresoraVirtual(argumentos) {
+  if (argumentos.includes('--impresora-real') || impresoraVirtual()) return;
+  console.error('La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.');
+  process.exit(2);
+}
