@@ -55,6 +55,11 @@ set_tests_properties(dialogs dialogs.library PROPERTIES RESOURCE_LOCK display)
 # A program of another locale makes Wine write that locale's forms into the registry, for the programs of all.
 set_tests_properties(dialogs.code_pages PROPERTIES RUN_SERIAL ON)
 
+# What the declares of languages describe, called.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  add_subdirectory(api/declares)
+endif()
+
 # What the file itself shows: names, imports, size.
 kestra_story(library.imports host/windows imports_test.py $<TARGET_FILE:kestra>)
 
