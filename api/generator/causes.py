@@ -15,7 +15,7 @@ class Cause:
 def read(root):
     """rules.causes_are_told holds that the page, the header and the driver say the same."""
     found, group = [], ""
-    for line in (root / "docs/causas.md").read_text(encoding="utf-8").splitlines():
+    for line in (root / "docs/manual/causas.md").read_text(encoding="utf-8").splitlines():
         if heading := re.match(r"### \dxx: (.+)", line):
             group = heading[1]
         elif row := re.match(r"\| (\d+) \| `(KESTRA_CAUSA_\w+)` \| (.+?) \| (.+?) \|$", line):

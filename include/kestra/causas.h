@@ -1,5 +1,5 @@
 /*
- * Why a call ended as it did: the numbers of Kestra_Causa. A number keeps its meaning for ever; docs/causas.md
+ * Why a call ended as it did: the numbers of Kestra_Causa. A number keeps its meaning for ever; docs/manual/causas.md
  * says in Spanish what each means and what to do about it.
  */
 #ifndef KESTRA_CAUSAS_H

@@ -52,7 +52,7 @@ class TheGenerator(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.root = pathlib.Path(folder.name)
-        for name in ("api/kestra.toml", "docs/causas.md", "CMakeLists.txt"):
+        for name in ("api/kestra.toml", "docs/manual/causas.md", "CMakeLists.txt"):
             (self.root / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(SOURCE / name, self.root / name)
         self.toml = self.root / "api/kestra.toml"

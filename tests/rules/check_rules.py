@@ -247,9 +247,9 @@ def causes_are_told():
     names = {int(number): name for name, number in header}
     wanted = [f"| {number} | `{names.get(number)}` | {what or '-'} | {advice or '-'} |"
               for number, what, advice in rows]
-    page = [line for line in lines_of(root / "docs/causas.md") if re.match(r"\| \d", line)]
-    return ([f"docs/causas.md: lacks {line}" for line in wanted if line not in page] +
-            [f"docs/causas.md: has {line}" for line in page if line not in wanted])
+    page = [line for line in lines_of(root / "docs/manual/causas.md") if re.match(r"\| \d", line)]
+    return ([f"docs/manual/causas.md: lacks {line}" for line in wanted if line not in page] +
+            [f"docs/manual/causas.md: has {line}" for line in page if line not in wanted])
 
 
 def without_text(code):

@@ -52,7 +52,7 @@ class Configuring(unittest.TestCase):
                 return file.read()
         wanted = re.search(r"(?s)\nprinter_packages=\((.*?)\)", text("scripts", "packages.sh")).group(1)
         wanted = {"cmake", "g++", "ninja-build", *wanted.split()}
-        for document in ["README.md", "docs/guia.md"]:
+        for document in ["README.md", "docs/manual/guia.md"]:
             told = " ".join(re.findall(r"apt-get install (.*)", text(document)))
             self.assertEqual(set(told.split()), wanted, document)
 
