@@ -87,7 +87,7 @@ update_lists() {
 install_packages() {
   install_log=$(mktemp)
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get "$@" install -y -qq \
-    --no-install-recommends "${missing[@]}" >"$install_log" 2>&1 || return 1
+    -o DPkg::Lock::Timeout=300 --no-install-recommends "${missing[@]}" >"$install_log" 2>&1 || return 1
   rm -f "$install_log"
 }
 

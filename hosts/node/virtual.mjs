@@ -5,13 +5,18 @@ import { readFileSync, realpathSync } from 'node:fs';
 export function impresoraVirtual(archivo = 'Fiscal.ini') {
   try {
     const ini = readFileSync(archivo, 'latin1');
-    const dispositivo = /^[ \t]*ImpresoraDispositivo[ \t]*=[ \t]*(.*?)[ \t]*$/im.exec(ini)?.[1] ?? '';
-    return /^tcp:(127\.\d+\.\d+\.\d+|localhost|\[::1\]):\d+$/i.test(dispositivo)
-      || dispositivo.startsWith('\\\\.\\pipe\\')
-      || /^\/dev\/pts\/\d+$/.test(realpathSync(dispositivo));
+    // La clave puede estar más de una vez, también en secciones ajenas: no se elige cuál vale.
+    const claves = [...ini.matchAll(/^[ \t]*ImpresoraDispositivo[ \t]*=[ \t]*(.*?)[ \t]*$/gim)];
+    return claves.length > 0 && claves.every(([, dispositivo]) => dispositivoVirtual(dispositivo));
   } catch {
     return false; // no hay archivo, o no hay tal dispositivo
   }
+}
+
+function dispositivoVirtual(dispositivo) {
+  return /^tcp:(127\.\d+\.\d+\.\d+|localhost|\[::1\]):\d+$/i.test(dispositivo)
+    || dispositivo.startsWith('\\\\.\\pipe\\')
+    || /^\/dev\/pts\/\d+$/.test(realpathSync(dispositivo));
 }
 
 // Termina el programa con 2, salvo con una impresora virtual o con --impresora-real entre los argumentos.

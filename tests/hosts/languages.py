@@ -33,6 +33,7 @@ LANGUAGES = {row.name: row for row in [
     Language("python-sin-instalar", folder="python", packages=("python3",), run=("python3", "-B", "{host}/tienda.py")),
     Language("node", packages=("node:nodejs", "npm:npm"), run=("node", "{host}/tienda.mjs"),
              build=(("npm", "install", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock"),)),
+    Language("php", packages=("php8.2-cli",), run=("php", "{host}/tienda.php")),
 ]}
 
 

@@ -10,7 +10,7 @@ import subprocess
 import tempfile
 
 from languages import LANGUAGES
-from shop import ENV, Shop
+from shop import ENV, Shop, read
 
 HOSTS = os.path.join(ENV["KESTRA_SOURCE"], "hosts")
 NOT_VIRTUAL = ["/dev/ttyS0", "/dev/null", "tcp:192.0.2.1:4001", "tcp:localhost.example:4001", "tcp:1127.0.0.1:4001",
@@ -99,10 +99,18 @@ class HostShop(Shop):
                 self.assertEqual((shop.returncode, shop.stdout), (2, ""), shop.stderr)
                 self.assertIn("--impresora-real", shop.stderr)
                 self.assertEqual(len(shop.stderr.splitlines()), 1)
+        self.write_settings(ImpresoraDispositivo="/dev/ttyS0")
+        self.put_first("[Otra]\nImpresoraDispositivo=" + NOBODY)
+        self.assertEqual(self.run_shop().returncode, 2, "believes another section")
         os.remove(self.path("Fiscal.ini"))
-        self.assertEqual(self.run_shop().returncode, 2)
+        self.assertEqual(self.run_shop().returncode, 2, "believes in a file that is not there")
         self.assertFalse(os.path.exists(self.path("fiscal.log")))
         self.assertEqual(self.paper(), "")
+
+    def put_first(self, lines):
+        settings = read(self.path("Fiscal.ini"))
+        with open(self.path("Fiscal.ini"), "w", encoding="cp1252") as file:
+            file.write(lines + "\n" + settings)
 
     def test_knows_a_virtual_printer_on_this_machines_network(self):
         for device in [NOBODY, "tcp:localhost:1", "tcp:[::1]:1"]:

@@ -11,8 +11,12 @@ def impresora_virtual(archivo="Fiscal.ini"):
             texto = ini.read()
     except OSError:
         return False
-    clave = re.search(r"^[ \t]*ImpresoraDispositivo[ \t]*=[ \t]*(.*?)[ \t]*$", texto, re.MULTILINE | re.IGNORECASE)
-    dispositivo = clave[1] if clave else ""
+    # La clave puede estar más de una vez, también en secciones ajenas: no se elige cuál vale.
+    dispositivos = re.findall(r"^[ \t]*ImpresoraDispositivo[ \t]*=[ \t]*(.*?)[ \t]*$", texto, re.MULTILINE | re.IGNORECASE)
+    return bool(dispositivos) and all(map(dispositivo_virtual, dispositivos))
+
+
+def dispositivo_virtual(dispositivo):
     if re.fullmatch(r"tcp:(127\.\d+\.\d+\.\d+|localhost|\[::1\]):\d+", dispositivo, re.IGNORECASE):
         return True
     if dispositivo.startswith("\\\\.\\pipe\\"):
