@@ -1,4 +1,4 @@
-"""hosts/java/kestra/Kestra.java, for JNA."""
+"""hosts/java/src/main/java/kestra/Kestra.java, for JNA."""
 from generator import hosts
 
 TYPES = {"text": "byte[]", "terminated": "byte[]", "result": "byte[]", "buffer": "byte[]", "length": "int",
@@ -87,4 +87,4 @@ def made(table):
         text += f"\n    // ---- {section.es} ----\n"
         for row in rows:
             text += "\n" + declare(row)
-    return {"hosts/java/kestra/Kestra.java": text + "}\n"}
+    return {"hosts/java/src/main/java/kestra/Kestra.java": text + "}\n"}

@@ -47,7 +47,7 @@ LANGUAGES = (
              r"\['\w+', '([^']+)', \d+\]", ("texto", "bufer", "int32_t", "KestraOperador *"), ("double",)),
     Language("php/declaraciones.h", r"^(?:int32_t|void) (\w+)\((?:void|(.*))\);$", **C),
     Language("luajit/declaraciones.lua", r"^(?:int32_t|void) __stdcall (\w+)\((?:void|(.*))\);$", **C),
-    Language("java/kestra/Kestra.java", r"^    (?:int|void) (\w+)\((.*)\);$", r"([\w\[\]]+) \w+(?:,|$)",
+    Language("java/src/main/java/kestra/Kestra.java", r"^    (?:int|void) (\w+)\((.*)\);$", r"([\w\[\]]+) \w+(?:,|$)",
              ("byte[]", "int", "KestraOperador"), ("double",)),
     Language("go/declaraciones_linux.go", r"^func (\w+)\((.*?)\)", r"\w+ ([*\w.]+)(?:,|$)",
              ("*byte", "int32", "unsafe.Pointer"), ("float64",)),

@@ -34,6 +34,15 @@ LANGUAGES = {row.name: row for row in [
     Language("node", packages=("node:nodejs", "npm:npm"), run=("node", "{host}/tienda.mjs"),
              build=(("npm", "install", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock"),)),
     Language("php", packages=("php8.2-cli",), run=("php", "{host}/tienda.php")),
+    Language("python", run=("python3", "-B", "{host}/tienda.py"), packages=("python3",)),
+    Language("cpp", run=("{host}/tienda",), packages=("g++",),
+             build=(("g++", "-std=c++17", "tienda.cpp", "-lkestra", "-o", "tienda"),)),
+    Language("csharp", run=("mono", "{host}/tienda.exe"), packages=("mono-mcs", "mono-runtime"),
+             build=(("mcs", "-out:tienda.exe", "tienda.cs", "Impresora.cs", "Kestra.cs"),)),
+    Language("java", run=("java", "-cp", "{host}/clases:/usr/share/java/jna.jar", "Tienda"),
+             packages=("openjdk-17-jdk-headless", "libjna-java"),
+             build=(("javac", "-encoding", "UTF-8", "-cp", "/usr/share/java/jna.jar", "-sourcepath", "src/main/java",
+                     "-d", "clases", "src/main/java/Tienda.java"),)),
 ]}
 
 
