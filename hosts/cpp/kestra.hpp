@@ -2,6 +2,7 @@
 // No hay que compilar nada más: alcanza con este archivo, kestra/kestra.h y la biblioteca.
 #pragma once
 
+#include <kestra/causas.h>
 #include <kestra/kestra.h>
 
 #include <algorithm>

@@ -34,7 +34,6 @@ LANGUAGES = {row.name: row for row in [
     Language("node", packages=("node:nodejs", "npm:npm"), run=("node", "{host}/tienda.mjs"),
              build=(("npm", "install", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock"),)),
     Language("php", packages=("php8.2-cli",), run=("php", "{host}/tienda.php")),
-    Language("python", run=("python3", "-B", "{host}/tienda.py"), packages=("python3",)),
     Language("cpp", run=("{host}/tienda",), packages=("g++",),
              build=(("g++", "-std=c++17", "tienda.cpp", "-lkestra", "-o", "tienda"),)),
     Language("csharp", run=("mono", "{host}/tienda.exe"), packages=("mono-mcs", "mono-runtime"),
@@ -43,6 +42,15 @@ LANGUAGES = {row.name: row for row in [
              packages=("openjdk-17-jdk-headless", "libjna-java"),
              build=(("javac", "-encoding", "UTF-8", "-cp", "/usr/share/java/jna.jar", "-sourcepath", "src/main/java",
                      "-d", "clases", "src/main/java/Tienda.java"),)),
+    Language("delphi", run=("{host}/tienda",), packages=("fp-compiler", "fp-units-rtl"),
+             build=(("sh", "-c", 'fpc -v0we -Fl"$LIBRARY_PATH" tienda.pas'),)),
+    Language("go", run=("{host}/tienda_go",), packages=("go:golang-go", "gcc"),
+             build=(("go", "build", "-o", "tienda_go", "./tienda"),)),
+    Language("rust", run=("{host}/tienda",), packages=("rustc:rustc", "gcc"),
+             build=(("rustc", "--edition", "2021", "--crate-type", "rlib", "--crate-name", "kestra", "src/lib.rs"),
+                    ("rustc", "--edition", "2021", "--extern", "kestra=libkestra.rlib", "examples/tienda.rs"))),
+    Language("c", run=("{host}/tienda",), packages=("gcc",),
+             build=(("gcc", "-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror", "tienda.c", "-lkestra", "-o", "tienda"),)),
 ]}
 
 

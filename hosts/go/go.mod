@@ -1,0 +1,3 @@
+module kestra
+
+go 1.19
