@@ -23,6 +23,7 @@ set(environment
   "KESTRA_CLOCK=$<TARGET_FILE:clock>"
   "KESTRA_SETTINGS=${PROJECT_SOURCE_DIR}/tools/Fiscal.ini"
   "KESTRA_BUILD=${PROJECT_BINARY_DIR}"
+  "KESTRA_GUIDE=${PROJECT_SOURCE_DIR}/docs/guia.md"
   "KESTRA_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
   "KESTRA_WINDOWS_PRINTER=${KESTRA_WINDOWS_PRINTER}"
   "KESTRA_WINE=${KESTRA_WINE}"
@@ -45,6 +46,10 @@ endforeach()
 add_subdirectory(contract/windows/components)
 kestra_story(components contract/windows/components components_test.py ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
 set_tests_properties(components PROPERTIES RUN_SERIAL ON)
+
+# It registers a class while it is told.
+kestra_story(end_to_end.guide_test end_to_end/windows -m unittest -v windows_guide_test)
+set_tests_properties(end_to_end.guide_test PROPERTIES RUN_SERIAL ON)
 
 # The windows that the operator sees: whoever shows some has the one display, its keyboard and its mouse alone.
 add_subdirectory(contract/windows/dialogs)

@@ -289,7 +289,7 @@ KESTRA_API int32_t KESTRA_CALL EP_DatosCliente(int32_t a, int32_t b, int32_t c, 
 
 #if !defined(_WIN32) || defined(KESTRA_COMPONENTES)
 /*
- * The component registration. Where there is no component system (Linux) the first three do nothing
+ * The component registration. Where there is no component system (Linux) the first four do nothing
  * and answer 0x80004001 (not implemented; DllGetClassObject also sets *objeto to null), and
  * DllCanUnloadNow answers 0 when the library holds no port, else 1; it may be called at any time, on
  * any thread. On Windows the system's headers declare some of them; there
@@ -299,6 +299,12 @@ KESTRA_API int32_t KESTRA_CALL DllRegisterServer(void);
 KESTRA_API int32_t KESTRA_CALL DllUnregisterServer(void);
 KESTRA_API int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz,
                                                  void** objeto);
+
+/*
+ * What is registered only where somebody asks for it by name: "caja" is the class Kestra.Caja, by which
+ * script languages reach the functions of this library (regsvr32 /n /i:caja Kestra.dll, and /u with them).
+ */
+KESTRA_API int32_t KESTRA_CALL DllInstall(int32_t instalar, const void* parte);
 KESTRA_API int32_t KESTRA_CALL DllCanUnloadNow(void);
 #endif
 

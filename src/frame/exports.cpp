@@ -245,6 +245,10 @@ int32_t KESTRA_CALL DllUnregisterServer() {
   return kestra::UnregisterComponents();
 }
 
+int32_t KESTRA_CALL DllInstall(int32_t instalar, const void* parte) {
+  return kestra::InstallComponents(instalar != 0, parte);
+}
+
 int32_t KESTRA_CALL DllGetClassObject(const void* clase, const void* interfaz, void** objeto) {
   return kestra::ComponentFactory(clase, interfaz, objeto);
 }

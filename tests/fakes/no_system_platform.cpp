@@ -23,6 +23,10 @@ std::int32_t UnregisterComponents() {
   return -1;
 }
 
+std::int32_t InstallComponents(bool /*install*/, const void* /*part*/) {
+  return -1;
+}
+
 std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_id*/,
                               void** object) {
   if (object != nullptr) *object = nullptr;

@@ -23,6 +23,10 @@ std::int32_t UnregisterComponents() {
   return kNotImplemented;
 }
 
+std::int32_t InstallComponents(bool /*install*/, const void* /*part*/) {
+  return kNotImplemented;
+}
+
 std::int32_t ComponentFactory(const void* /*class_id*/, const void* /*interface_id*/,
                               void** object) {
   const void* const none = nullptr;

@@ -10,4 +10,7 @@ namespace kestra {
 std::wstring WideFromAnsi(std::string_view ansi);
 std::string AnsiFromWide(std::wstring_view wide);
 
+std::wstring WideFromUtf8(std::string_view utf8);
+std::string Utf8FromWide(std::wstring_view wide);
+
 }  // namespace kestra

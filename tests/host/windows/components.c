@@ -10,6 +10,7 @@
 #include "invoke.h"
 
 #define NO_SUCH_CLASS ((int32_t)0x80040111)
+#define NOTHING_NAMED ((int32_t)0x80070057)
 
 Found find(const char* name) {
   static HMODULE library = NULL;
@@ -62,6 +63,8 @@ void call_components(void) {
 #endif
   expect("DllRegisterServer", call("DllRegisterServer"), S_OK);
   expect("DllUnregisterServer", call("DllUnregisterServer"), S_OK);
+  INVOKE(outcome, DllInstall, (1, NULL));
+  expect("DllInstall of nothing", outcome, NOTHING_NAMED);
   INVOKE(outcome, DllGetClassObject, (&unknown, &any_interface, &object));
   expect("DllGetClassObject of no class", outcome, NO_SUCH_CLASS);
   expect("object of no class", object == NULL, 1);

@@ -55,6 +55,7 @@ constexpr std::array kEnd = {
 // These give the same result in every state of the shop, as do the exports that do nothing.
 constexpr std::array kAlways = {
     Step{"DllRegisterServer"}, Step{"DllUnregisterServer"},
+    Step{"DllInstall", "0", static_cast<std::int32_t>(0x80070057)},        // no such part
     Step{"DllGetClassObject", "", static_cast<std::int32_t>(0x80040111)},  // no such class
 };
 // What the printer of this day refuses, or nobody sends.

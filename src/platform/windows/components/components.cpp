@@ -2,6 +2,8 @@
 
 #include <unknwn.h>
 
+#include <string_view>
+
 #include "platform/seam/host.hpp"
 #include "platform/seam/platform.hpp"
 #include "platform/windows/components/com.hpp"
@@ -55,12 +57,14 @@ class ClassFactory final : public IClassFactory {
 };
 
 HRESULT MakeFactory(REFCLSID class_id, REFIID interface_id, void** object) {
-  for (const auto& row : PublicClasses()) {
-    if (!IsEqualGUID(class_id, *row.id)) continue;
-    auto* const factory = new ClassFactory(row);
-    const HRESULT result = factory->QueryInterface(interface_id, object);
-    factory->Release();
-    return result;
+  for (const Classes classes : {PublicClasses(), ScriptClasses()}) {
+    for (const auto& row : classes) {
+      if (!IsEqualGUID(class_id, *row.id)) continue;
+      auto* const factory = new ClassFactory(row);
+      const HRESULT result = factory->QueryInterface(interface_id, object);
+      factory->Release();
+      return result;
+    }
   }
   return CLASS_E_CLASSNOTAVAILABLE;
 }
@@ -74,14 +78,28 @@ bool Give(void** there, void* object) {
   return there != nullptr && WriteHostMemory(there, &object, sizeof object) == sizeof object;
 }
 
+// What is installed by its name: "caja", in the words of regsvr32's user.
+bool NamesTheScriptClasses(const void* part) {
+  constexpr std::wstring_view kName = L"caja";
+  wchar_t words[kName.size() + 1] = {};
+  return part != nullptr && ReadHostMemory(words, part, sizeof words) == sizeof words &&
+         words[kName.size()] == L'\0' && lstrcmpiW(words, kName.data()) == 0;
+}
+
 }  // namespace
 
 std::int32_t RegisterComponents() {
-  return ComGuard([] { return RegisterModule(ModulePath()); });
+  return ComGuard([] { return RegisterModule(ModulePath(), PublicClasses()); });
 }
 
 std::int32_t UnregisterComponents() {
-  return ComGuard([] { return UnregisterModule(ModulePath()); });
+  return ComGuard([] { return UnregisterModule(ModulePath(), PublicClasses()); });
+}
+
+std::int32_t InstallComponents(bool install, const void* part) {
+  if (!NamesTheScriptClasses(part)) return E_INVALIDARG;
+  const auto act = install ? RegisterModule : UnregisterModule;
+  return ComGuard([&] { return act(ModulePath(), ScriptClasses()); });
 }
 
 std::int32_t ComponentFactory(const void* class_id, const void* interface_id, void** object) {

@@ -13,9 +13,9 @@ bool IsForeign(const Hive& hive, const ClassName& name) {
   return lstrcmpiW(leads_to.c_str(), name.class_id.c_str()) != 0;
 }
 
-std::vector<ClassName> Foreign(const Hive& hive) {
+std::vector<ClassName> Foreign(const Hive& hive, Classes classes) {
   std::vector<ClassName> foreign;
-  for (auto& name : ClassNames()) {
+  for (auto& name : ClassNames(classes)) {
     if (IsForeign(hive, name)) foreign.push_back(name);
   }
   return foreign;
@@ -23,12 +23,13 @@ std::vector<ClassName> Foreign(const Hive& hive) {
 
 }  // namespace
 
-bool HasForeignNames(const Hive& hive) {
-  return !Foreign(hive).empty();
+bool HasForeignNames(const Hive& hive, Classes classes) {
+  return !Foreign(hive, classes).empty();
 }
 
-std::vector<std::wstring> WithoutForeignNames(const Hive& hive, std::vector<std::wstring> keys) {
-  for (const auto& name : Foreign(hive)) {
+std::vector<std::wstring> WithoutForeignNames(const Hive& hive, Classes classes,
+                                              std::vector<std::wstring> keys) {
+  for (const auto& name : Foreign(hive, classes)) {
     const auto part_of_it = [&](const std::wstring& key) {
       return std::find(name.keys.begin(), name.keys.end(), key) != name.keys.end();
     };
@@ -37,9 +38,9 @@ std::vector<std::wstring> WithoutForeignNames(const Hive& hive, std::vector<std:
   return keys;
 }
 
-ForeignNames ForeignNames::Read(const Hive& hive) {
+ForeignNames ForeignNames::Read(const Hive& hive, Classes classes) {
   ForeignNames now;
-  for (const auto& name : Foreign(hive)) {
+  for (const auto& name : Foreign(hive, classes)) {
     for (const auto& key : name.keys) {
       now.keys_.push_back(
           {.key = key, .there = HasKey(hive, key), .values = ReadValues(hive, key)});

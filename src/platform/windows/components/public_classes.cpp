@@ -5,9 +5,12 @@
 #include <oaidl.h>
 #include <objbase.h>
 
+#include <array>
+
 #include "platform/windows/components/com.hpp"
 #include "platform/windows/components/registration.hpp"
 #include "platform/windows/components/registry.hpp"
+#include "platform/windows/components/till_object.hpp"
 #include "platform/windows/module.hpp"
 
 namespace kestra {
@@ -102,7 +105,7 @@ HRESULT Create(REFIID interface_id, void** object) {
 
 }  // namespace
 
-const std::array<PublicClass, 2>& PublicClasses() {
+Classes PublicClasses() {
   static const std::array<PublicClass, 2> classes{{
       {.id = &__uuidof(InitClass),
        .interface_id = &__uuidof(IInitClass),
@@ -115,6 +118,15 @@ const std::array<PublicClass, 2>& PublicClasses() {
        .interface_name = L"IExampleClass",
        .create = Create<ExampleObject>},
   }};
+  return classes;
+}
+
+Classes ScriptClasses() {
+  static const std::array<PublicClass, 1> classes{{{.id = &kTillClass,
+                                                    .interface_id = nullptr,
+                                                    .name = L"Caja",
+                                                    .interface_name = nullptr,
+                                                    .create = CreateTill}}};
   return classes;
 }
 

@@ -8,14 +8,16 @@
 
 namespace kestra {
 
-// Registers the public classes as living in the file `module`: for the machine, or, where this user may
-// not write there, for the user alone.
-HRESULT RegisterModule(const std::wstring& module);
+// Registers the classes as living in the file `module`: for the machine, or, where this user may not write
+// there, for the user alone.
+HRESULT RegisterModule(const std::wstring& module, Classes classes);
 
 // Removes what RegisterModule wrote for the file `module`, from machine and user. A registration that
 // names another file is not touched, nor is a name that leads to another class: it is somebody else's.
 // Removing twice is fine.
-HRESULT UnregisterModule(const std::wstring& module);
+HRESULT UnregisterModule(const std::wstring& module, Classes classes);
+
+// What follows is about the public classes, which start-up registers for its own time.
 
 // True when programs that look the classes up are led to the file `module`, by a registration that is
 // complete and meant to stay.

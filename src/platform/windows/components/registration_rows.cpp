@@ -40,7 +40,6 @@ void AddClass(Rows& rows, const PublicClass& row, const std::wstring& module) {
       {.key = key + L"\\InprocServer32", .name = L"ThreadingModel", .text = L"Apartment"},
       {.key = key + L"\\ProgID", .name = {}, .text = versioned},
       {.key = key + L"\\VersionIndependentProgID", .name = {}, .text = lasting},
-      {.key = key + L"\\TypeLib", .name = {}, .text = GuidText(TypeLibraryId())},
       {.key = key + L"\\Version", .name = {}, .text = kVersion},
       {.key = key + L"\\Programmable", .name = {}, .text = {}},
       {.key = lasting, .name = {}, .text = lasting, .shared = true},
@@ -55,6 +54,7 @@ void AddClass(Rows& rows, const PublicClass& row, const std::wstring& module) {
 void AddInterface(Rows& rows, const PublicClass& row) {
   const auto key = L"Interface\\" + GuidText(*row.interface_id);
   const Rows added{
+      {.key = ClassKey(row) + L"\\TypeLib", .name = {}, .text = GuidText(TypeLibraryId())},
       {.key = key, .name = {}, .text = row.interface_name},
       {.key = key + L"\\ProxyStubClsid32", .name = {}, .text = kAutomationProxy},
       {.key = key + L"\\TypeLib", .name = {}, .text = GuidText(TypeLibraryId())},
@@ -104,9 +104,9 @@ std::wstring ClassKey(const PublicClass& row) {
   return L"CLSID\\" + GuidText(*row.id);
 }
 
-std::vector<ClassName> ClassNames() {
+std::vector<ClassName> ClassNames(Classes classes) {
   std::vector<ClassName> names;
-  for (const auto& row : PublicClasses()) {
+  for (const auto& row : classes) {
     for (const auto& key : {LastingName(row), VersionedName(row)}) {
       names.push_back({.key = key,
                        .class_id = GuidText(*row.id),
@@ -116,13 +116,16 @@ std::vector<ClassName> ClassNames() {
   return names;
 }
 
-std::vector<RegistrationRow> RegistrationRows(const std::wstring& module) {
+std::vector<RegistrationRow> RegistrationRows(Classes classes, const std::wstring& module) {
   Rows rows;
-  for (const auto& row : PublicClasses()) {
+  bool described = false;
+  for (const auto& row : classes) {
     AddClass(rows, row, module);
+    if (row.interface_id == nullptr) continue;
     AddInterface(rows, row);
+    described = true;
   }
-  AddTypeLibrary(rows, module);
+  if (described) AddTypeLibrary(rows, module);
   return rows;
 }
 

@@ -29,10 +29,10 @@ struct ClassName {
   std::wstring class_id;           // what it leads to when it is ours
   std::vector<std::wstring> keys;  // those that are written for it, the longest first
 };
-std::vector<ClassName> ClassNames();
+std::vector<ClassName> ClassNames(Classes classes);
 
-// Everything that makes the classes of the file `module` known.
-std::vector<RegistrationRow> RegistrationRows(const std::wstring& module);
+// Everything that makes these classes of the file `module` known.
+std::vector<RegistrationRow> RegistrationRows(Classes classes, const std::wstring& module);
 
 // The rows' keys, the longest first: those of this width alone; those that both widths share with the
 // keys that they lie in; and all of them.

@@ -35,7 +35,7 @@ GOOD_INI = ini_with_port(20)
 BAD_PORT_INI = ini_with_port(0)
 BAD_KEY_INI = re.sub(r"(?m)^EntPrecio=.*?\r", "EntPrecio=x\r", GOOD_INI)
 
-STORIES = 22  # of components_host.exe
+STORIES = 35  # of components_host.exe
 
 # These need other settings than a good till's, or other things in the registry.
 SETTINGS = {
@@ -47,6 +47,10 @@ TOLD_ELSEWHERE = ["another_copy_serves"]
 # A class of another product, or of a copy of the library from before these classes.
 FOREIGN_CLASS = "{11111111-2222-3333-4444-555555555555}"
 NAMES = ["Kestra.InitClass", "Kestra.InitClass.1", "Kestra.ExampleClass", "Kestra.ExampleClass.1"]
+TILL_NAMES = ["Kestra.Caja", "Kestra.Caja.1"]
+# What a script is told of each call that cannot be: VBScript's own numbers.
+TILL_SAYS = ["creada: Object", "desenlace 0, 0 []", "no hay: 438", "falta: 450", "sobra: 450", "palabras: 13",
+             "coma: 13", "cifras: 0", "sin variable: 13", "por valor: 13", "variable: 0"]
 HIVES = {"HKLM": "HKEY_LOCAL_MACHINE", "HKCU": "HKEY_CURRENT_USER"}
 
 
@@ -169,6 +173,65 @@ class Components(unittest.TestCase):
         self.assertIn(b"creadas: IInitClass IExampleClass", said)
         self.assertNotIn(b"creadas", wine.script("both_classes.vbs").output())
         self.unchanged_since(self.before)
+
+    def install_till(self, library=None):
+        self.assertEqual(wine.regsvr32("/n", "/i:caja", windows_path(library or wine.library)), 0)
+
+    def remove_till(self, library=None):
+        self.assertEqual(wine.regsvr32("/u", "/n", "/i:caja", windows_path(library or wine.library)), 0)
+
+    def test_scripts_call_the_functions_while_the_till_is_installed(self):
+        self.assertEqual(wine.script("till_methods.vbs").output(), b"")
+        self.install_till()
+        try:
+            said = wine.script("till_methods.vbs").output().decode().splitlines()
+            others = wine.script("both_classes.vbs").output()
+        finally:
+            self.remove_till()
+        self.assertEqual(said, TILL_SAYS)
+        self.assertNotIn(b"creadas", others)
+        self.assertEqual(wine.script("till_methods.vbs").output(), b"")
+        self.unchanged_since(self.before)
+
+    def test_nothing_is_installed_that_has_no_name_of_ours(self):
+        for words in ("/i", "/i:otra"):
+            self.assertNotEqual(wine.regsvr32("/n", words, windows_path(wine.library)), 0, words)
+        self.unchanged_since(self.before)
+
+    def test_the_till_and_the_classes_do_not_take_one_another_along(self):
+        self.install_till()
+        installed = wine.registry()
+        for key in changes(self.before, installed):
+            self.assertRegex(key, r"(?i)Kestra\.Caja|889B85C9-1FB0-407E-ABE4-3C706AA9564C")
+        self.assertEqual(wine.regsvr32(windows_path(wine.library)), 0)
+        self.tell("started_twice_ended_twice")
+        self.unregister()
+        self.unchanged_since(installed)
+        self.assertEqual(wine.regsvr32(windows_path(wine.library)), 0)
+        both = wine.registry()
+        self.install_till()
+        self.remove_till()
+        self.assertNotEqual(changes(installed, both), [])
+        self.unregister()
+        self.unchanged_since(self.before)
+
+    def test_the_till_of_another_copy_is_not_removed(self):
+        other = self.directory / "Otra.dll"
+        shutil.copy(wine.library, other)
+        self.install_till(other)
+        installed = wine.registry()
+        self.remove_till()
+        self.unchanged_since(installed)
+        self.remove_till(other)
+        self.unchanged_since(self.before)
+
+    def test_a_till_of_another_product_survives(self):
+        for hive in HIVES:
+            keys = self.foreign_names(hive, TILL_NAMES)
+            with self.subTest(hive):
+                self.untouched(self.remove_till)
+                self.untouched(lambda: self.tell("host_without_components"))
+            self.remove_keys(keys)
 
     def test_unregistering_twice_is_fine(self):
         for _ in range(2):

@@ -105,6 +105,19 @@ STORY(user_without_rights_registers_for_himself) {
   for (const auto* const key : kInUserHive) CHECK(!UserHas(key));
 }
 
+STORY(user_without_rights_installs_the_till_for_himself) {
+  constexpr const wchar_t* kTill[] = {
+      L"Kestra.Caja\\CLSID", L"CLSID\\{889B85C9-1FB0-407E-ABE4-3C706AA9564C}\\InprocServer32"};
+  const auto install = Entry<HRESULT(WINAPI*)(BOOL, const wchar_t*)>("DllInstall");
+  UnwritableRoot machine(HKEY_LOCAL_MACHINE);
+  machine.Forbid();
+  CHECK(install(TRUE, L"caja") == S_OK);
+  for (const auto* const key : kTill) CHECK(UserHas(key));
+  machine.Allow();
+  CHECK(install(FALSE, L"caja") == S_OK);
+  for (const auto* const key : kTill) CHECK(!UserHas(key));
+}
+
 STORY(user_without_rights_starts) {
   UnwritableRoot machine(HKEY_LOCAL_MACHINE);
   machine.Forbid();
