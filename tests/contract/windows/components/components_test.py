@@ -35,7 +35,7 @@ GOOD_INI = ini_with_port(20)
 BAD_PORT_INI = ini_with_port(0)
 BAD_KEY_INI = re.sub(r"(?m)^EntPrecio=.*?\r", "EntPrecio=x\r", GOOD_INI)
 
-STORIES = 35  # of components_host.exe
+STORIES = 36  # of components_host.exe
 
 # These need other settings than a good till's, or other things in the registry.
 SETTINGS = {

@@ -335,6 +335,20 @@ STORY(numbers_are_made_of_what_scripts_have) {
   CHECK(till->Release() == 0);
 }
 
+// Whoever else lives in the program may have its texts otherwise.
+STORY(scripts_read_the_same_in_each_mode_of_texts) {
+  TakeTheOperatorsPlace();
+  IDispatch* const till = NewTill();
+  ScriptCall(till, "EP_CortaPapel").Run();
+  for (const std::int32_t mode : {0, 1, 2, 0}) {
+    CHECK(ScriptCall(till, "Kestra_Textos").With(OfInteger(mode)).Run() == S_OK);
+    ScriptCall cause(till, "Kestra_CausaTexto");
+    CHECK(cause.WithVariable().Run() == S_OK);
+    CHECK(cause.Text().find(L"operaci\u00f3n no se mand\u00f3") != std::wstring::npos);
+  }
+  CHECK(till->Release() == 0);
+}
+
 STORY(texts_go_into_variables_of_both_kinds) {
   IDispatch* const till = NewTill();
   ScriptCall(till, "EP_CortaPapel").Run();
