@@ -27,7 +27,23 @@ using kestra::exports::Values;
 constexpr CLSID kTill = {
     0x889b85c9, 0x1fb0, 0x407e, {0xab, 0xe4, 0x3c, 0x70, 0x6a, 0xa9, 0x56, 0x4c}};
 
+std::int32_t WINAPI OnMessage(void*, const char*, const char*, std::int32_t style) {
+  return style == 0 ? 1 : 7;
+}
+
+// Nobody is at this till.
+void TakeTheOperatorsPlace() {
+  struct {
+    std::uint32_t size;
+    void* context;
+    std::int32_t(WINAPI* message)(void*, const char*, const char*, std::int32_t);
+    void* rest[2];
+  } record = {sizeof record, nullptr, OnMessage, {}};
+  Entry<void(WINAPI*)(const void*)>("Kestra_DefinirOperador")(&record);
+}
+
 IDispatch* NewTill() {
+  TakeTheOperatorsPlace();
   IClassFactory* factory = nullptr;
   using GetClassObject = HRESULT(WINAPI*)(const void*, const void*, void**);
   CHECK(Entry<GetClassObject>("DllGetClassObject")(&kTill, &IID_IClassFactory,
@@ -186,21 +202,6 @@ struct PlainCall {
   std::deque<std::string> texts;
 };
 
-std::int32_t WINAPI OnMessage(void*, const char*, const char*, std::int32_t style) {
-  return style == 0 ? 1 : 7;
-}
-
-// Nobody is at this till.
-void TakeTheOperatorsPlace() {
-  struct {
-    std::uint32_t size;
-    void* context;
-    std::int32_t(WINAPI* message)(void*, const char*, const char*, std::int32_t);
-    void* rest[2];
-  } record = {sizeof record, nullptr, OnMessage, {}};
-  Entry<void(WINAPI*)(const void*)>("Kestra_DefinirOperador")(&record);
-}
-
 STORY(scripts_find_every_function_by_its_name) {
   IDispatch* const till = NewTill();
   std::size_t methods = 0;
@@ -230,7 +231,6 @@ STORY(scripts_find_every_function_by_its_name) {
 
 // Nothing is started and nobody answers: what matters is that both ways lead to the same function.
 STORY(methods_give_what_the_functions_give) {
-  TakeTheOperatorsPlace();
   IDispatch* const till = NewTill();
   for (const Export& row : Exports()) {
     if (!IsForScripts(row)) continue;
@@ -337,7 +337,6 @@ STORY(numbers_are_made_of_what_scripts_have) {
 
 // Whoever else lives in the program may have its texts otherwise.
 STORY(scripts_read_the_same_in_each_mode_of_texts) {
-  TakeTheOperatorsPlace();
   IDispatch* const till = NewTill();
   ScriptCall(till, "EP_CortaPapel").Run();
   for (const std::int32_t mode : {0, 1, 2, 0}) {
