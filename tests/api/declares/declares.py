@@ -44,6 +44,7 @@ LANGUAGES = {
 NOT_FOR_PROGRAMS = {
     "DllRegisterServer": "the system's installer calls it (regsvr32)",
     "DllUnregisterServer": "the system's installer calls it (regsvr32 /u)",
+    "DllInstall": "the system's installer calls it (regsvr32 /i)",
     "DllGetClassObject": "the system's components call it, with types that these languages do not have",
     "DllCanUnloadNow": "the system's components call it",
 }
