@@ -2,7 +2,7 @@
 import re
 
 NUMBER = re.compile(r"(0[xX][0-9A-Fa-f']+|[\d'.]+(?:[eE][+-]?\d+)?)([uUlLfF]*)$")
-UNIT = re.compile(r"\\x[0-9A-Fa-f]+|\\.|.", re.DOTALL)
+UNIT = re.compile(r"\\x[0-9A-Fa-f]+|\\u[0-9A-Fa-f]{4}|\\.|.", re.DOTALL)
 STRING = re.compile(r'"(.*)"(\w*)$', re.DOTALL)
 # A text that is a table of characters: each of them counts.
 TABLE = re.compile(r"(?:\\x[0-9A-Fa-f]{2}|[0-9A-Fa-f])+$")
@@ -33,14 +33,16 @@ def other_doubles(digits, suffix):
 
 
 def code_of(unit):
-    if unit.startswith("\\x"):
+    if unit.startswith(("\\x", "\\u")):
         return int(unit[2:], 16)
     return ord(ESCAPES.get(unit, unit))
 
 
 def unit_of(code, quote):
+    if code > 0xFF:
+        return f"\\u{code:04X}"
     if not 32 <= code < 127:
-        return f"\\x{code & 0xFF:02X}"
+        return f"\\x{code:02X}"
     c = chr(code)
     return "\\" + c if c in (quote, "\\") else c
 
@@ -48,7 +50,8 @@ def unit_of(code, quote):
 def other_characters(text):
     """The next one and the one before."""
     code = code_of(text[1:-1])
-    return [f"'{unit_of(other & 0xFF, chr(39))}'" for other in (code + 1, code - 1)]
+    codes = 0x100 if code < 0x100 else 0x10000
+    return [f"'{unit_of(other % codes, chr(39))}'" for other in (code + 1, code - 1)]
 
 
 def other_strings(text):
