@@ -26,4 +26,4 @@ def made(table):
         text += f"\n' ---- {section.es} ----\n"
         for row in rows:
             text += "\n" + hosts.remarks(hosts.about(row), "' ") + declare(row)
-    return {"hosts/gambas/Kestra.module": text}
+    return {"hosts/gambas/.src/Kestra.module": text}

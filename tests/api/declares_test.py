@@ -62,7 +62,7 @@ LANGUAGES = (
     Language("vbnet/Kestra.vb", r"^ +<DllImport\(Biblioteca, CallingConvention:=CallingConvention\.StdCall, ExactSpelling:=True\)>\n"
              r" +Public (?:Function|Sub) (\w+)\((?!ByVal operador)(.*)\)(?: As Integer)?$", r" As ([\w()]+)",
              ("Byte()", "Integer", "KestraOperador"), ("Double",)),
-    Language("gambas/Kestra.module", r"^Public Extern (\w+)\((.*)\)(?: As Integer)?$", r" As (\w+)",
+    Language("gambas/.src/Kestra.module", r"^Public Extern (\w+)\((.*)\)(?: As Integer)?$", r" As (\w+)",
              ("String", "Pointer", "Integer"), ("Float",)),
     Language("harbour/kestra.prg", r'^   RETURN hb_dynCall\( \{ "(\w+)", Biblioteca\(\), hb_bitOr\( HB_DYN_CALLCONV_STDCALL, \w+ \)'
              r"(.*?) \}", r", HB_DYN_CTYPE_(\w+)", ("CHAR_PTR", "VOID_PTR", "INT"), ("DOUBLE",), OLD),

@@ -37,6 +37,8 @@ LANGUAGES = {row.name: row for row in [
     Language("perl", packages=("perl", "libffi-platypus-perl"), run=("perl", "{host}/tienda.pl")),
     Language("ruby", packages=("ruby",), run=("ruby", "-w", "{host}/tienda.rb")),
     Language("luajit", packages=("luajit",), run=("luajit", "{host}/tienda.lua")),
+    Language("gambas", packages=("gambas3-devel", "gambas3-runtime"), run=("gbr3", "{host}/tienda.gambas"),
+             build=(("gbc3", "-a"), ("gba3", "-o", "tienda.gambas"))),
     Language("cpp", run=("{host}/tienda",), packages=("g++",),
              build=(("g++", "-std=c++17", "tienda.cpp", "-lkestra", "-o", "tienda"),)),
     Language("csharp", run=("mono", "{host}/tienda.exe"), packages=("mono-mcs", "mono-runtime"),

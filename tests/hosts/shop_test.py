@@ -34,7 +34,7 @@ class HostShop(Shop):
         place = tempfile.TemporaryDirectory(prefix="kestra-hosts-")
         cls.addClassCleanup(place.cleanup)
         hosts = os.path.join(place.name, "hosts")
-        shutil.copytree(HOSTS, hosts)
+        shutil.copytree(HOSTS, hosts, ignore=shutil.ignore_patterns("node_modules", "build", "dist"))
         cls.host = os.path.join(hosts, cls.language.folder or cls.language.name)
         for command in cls.language.build:
             made = subprocess.run(cls.filled(command), cwd=cls.host, env=cls.environment(), text=True,
