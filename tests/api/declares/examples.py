@@ -1,5 +1,6 @@
 """Examples in languages that do not run here: the calls in them, counted against the declares."""
 import dataclasses
+import pathlib
 import re
 
 from shapes import closing, parts, without_comments
@@ -55,14 +56,15 @@ def routines(text, grammar):
     return counts, places
 
 
-def given(text, end, grammar):
-    """How many arguments the call whose name ends here has; None where it is no call."""
+def given_words(text, end, grammar):
+    """(arguments of the call whose name ends here, where it ends); None for the arguments where it is no call."""
     if opening := re.compile(r"[ \t]*\(").match(text, end):
-        return len(parts(text[opening.end():closing(text, opening.end() - 1)]))
-    rest = text[end:].split("\n", 1)[0].strip()
-    if not grammar.bare:
-        return None
-    return None if rest.startswith(("=", ".")) else len(parts(rest))
+        close = closing(text, opening.end() - 1)
+        return parts(text[opening.end():close]), close + 1
+    rest = text[end:].split("\n", 1)[0]
+    if not grammar.bare or rest.strip().startswith(("=", ".")):
+        return None, end
+    return parts(rest), end + len(rest)
 
 
 def calls(texts, language, declares):
@@ -79,9 +81,9 @@ def calls(texts, language, declares):
         for found in re.finditer(rf"\b(?<![.])(?:{names})\b", code):
             if any(begin <= found.start() < end for begin, end in definitions):
                 continue
-            count = given(code, found.end(), grammar)
-            if count is not None:
-                yield (found.group(), count, *counts.get(found.group(), (0, -1)))
+            words, _ = given_words(code, found.end(), grammar)
+            if words is not None:
+                yield (found.group(), len(words), *counts.get(found.group(), (0, -1)))
 
 
 def complaints(texts, language, declares):
@@ -89,6 +91,38 @@ def complaints(texts, language, declares):
             for name, count, fewest, most in calls(texts, language, declares) if not fewest <= count <= most]
 
 
+# -- Where they are --
+
+# The first ticket of each page: (folder, how the page names the language, whose declares, where it begins).
+PAGES = [
+    ("vb6", "vb", ("Visual Basic 6",), "Main"),
+    ("vba", "vb", ("VBA before 7", "VBA of 32 bits", "VBA of 64 bits"), "PrimerTique"),
+    ("foxpro", "foxpro", ("Visual FoxPro",), ""),
+    ("clarion", "clarion", ("Clarion",), ""),
+    ("powerbuilder", "powerbuilder", ("PowerBuilder",), ""),
+    ("xojo", "xojo", ("Xojo",), ""),
+    ("windev", "windev", ("WinDev",), ""),
+    ("harbour", "harbour", ("Harbour",), ""),
+    ("cppbuilder", "cpp", ("C++Builder",), ""),
+    ("vbnet", "vbnet", ("Visual Basic .NET",), "Main"),
+]
+
+# The shops: (files, how they are written, whose declares, where they begin).
+SHOPS = [
+    (("vb6/tienda.bas", "vb6/KestraCapa.bas"), "vb", ("Visual Basic 6", "VBA before 7", "VBA of 32 bits", "VBA of 64 bits"),
+     "Jornada"),
+    (("foxpro/tienda.prg", "foxpro/kestra_capa.prg"), "foxpro", ("Visual FoxPro",), ""),
+]
+
+
 def blocks(text, language):
     """The code of a page: what stands between ```language and ```."""
     return re.findall(rf"^```{language}\n(.*?)^```$", text, re.DOTALL | re.MULTILINE)
+
+
+def page(source, folder, language):
+    return blocks(pathlib.Path(source, "hosts", folder, "README.md").read_text(encoding="utf-8"), language)
+
+
+def shop(source, names):
+    return [pathlib.Path(source, "hosts", name).read_bytes().decode("cp1252").replace("\r\n", "\n") for name in names]

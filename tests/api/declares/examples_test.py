@@ -9,32 +9,12 @@ import unittest
 
 import examples
 from declares import LANGUAGES, text_of
+from examples import PAGES, SHOPS, page, shop
 
 SOURCE = sys.argv[1]
-HOSTS = pathlib.Path(SOURCE, "hosts")
 TICKET = {"EP_Init", "EP_AbrirComprobanteFiscal", "EP_ImprimirItem", "EP_ImprimirPago", "EP_CerrarComprobanteFiscal", "EP_Kill"}
 DAY = TICKET | {"EP_SetEncabezado", "EP_DescuentoGeneral", "EP_EspecificarPercepcionGlobal", "EP_AbrirComprobanteNoFiscal",
                 "EP_ImprimirTextoNoFiscal", "EP_CerrarComprobanteNoFiscal", "EP_ReporteX", "EP_ReporteZ"}
-
-# The first ticket of each page: (folder, how the page names the language, whose declares).
-PAGES = [
-    ("vb6", "vb", ("Visual Basic 6",)),
-    ("vba", "vb", ("VBA before 7", "VBA of 32 bits", "VBA of 64 bits")),
-    ("foxpro", "foxpro", ("Visual FoxPro",)),
-    ("clarion", "clarion", ("Clarion",)),
-    ("powerbuilder", "powerbuilder", ("PowerBuilder",)),
-    ("xojo", "xojo", ("Xojo",)),
-    ("windev", "windev", ("WinDev",)),
-    ("harbour", "harbour", ("Harbour",)),
-    ("cppbuilder", "cpp", ("C++Builder",)),
-    ("vbnet", "vbnet", ("Visual Basic .NET",)),
-]
-
-# The shops: (files, how they are written, whose declares).
-SHOPS = [
-    (("vb6/KestraCapa.bas", "vb6/tienda.bas"), "vb", ("Visual Basic 6", "VBA before 7", "VBA of 32 bits", "VBA of 64 bits")),
-    (("foxpro/kestra_capa.prg", "foxpro/tienda.prg"), "foxpro", ("Visual FoxPro",)),
-]
 
 # Spoiled words of the shops: (shop, words, what stands there instead, what is said about it).
 SPOILED = [
@@ -60,10 +40,6 @@ def declares(name):
     return LANGUAGES[name].read(text_of(SOURCE, LANGUAGES[name]))
 
 
-def files(names):
-    return [HOSTS.joinpath(name).read_bytes().decode("cp1252").replace("\r\n", "\n") for name in names]
-
-
 class Examples(unittest.TestCase):
     def expect_calls(self, texts, language, names, wanted):
         for name in names:
@@ -72,30 +48,29 @@ class Examples(unittest.TestCase):
             self.assertLessEqual(wanted, {call for call, *_ in examples.calls(texts, language, known)})
 
     def test_on_each_page_are_a_ticket_of_calls_that_fit(self):
-        for folder, language, names in PAGES:
+        for folder, language, names, _ in PAGES:
             with self.subTest(folder):
-                page = HOSTS.joinpath(folder, "README.md").read_text(encoding="utf-8")
-                texts = examples.blocks(page, language)
+                texts = page(SOURCE, folder, language)
                 self.assertNotEqual(texts, [])
                 self.expect_calls(texts, language, names, TICKET)
 
     def test_that_are_whole_shops_have_the_calls_of_the_day(self):
-        for names, language, whose in SHOPS:
+        for names, language, whose, _ in SHOPS:
             with self.subTest(names):
-                self.expect_calls(files(names), language, whose, DAY)
+                self.expect_calls(shop(SOURCE, names), language, whose, DAY)
 
     def test_of_old_windows_have_its_ends_of_lines(self):
         for names, *_ in SHOPS:
             for name in names:
                 with self.subTest(name):
-                    text = HOSTS.joinpath(name).read_bytes()
+                    text = pathlib.Path(SOURCE, "hosts", name).read_bytes()
                     self.assertEqual(text.count(b"\n"), text.count(b"\r\n"))
 
     def test_that_are_spoiled_are_noticed(self):
-        for shop, words, instead, line in SPOILED:
+        for number, words, instead, line in SPOILED:
             with self.subTest(words=words, instead=instead):
-                names, language, whose = SHOPS[shop]
-                texts = [text.replace("Gracias por su compra", "Gracias, muchas") for text in files(names)]
+                names, language, whose, _ = SHOPS[number]
+                texts = [text.replace("Gracias por su compra", "Gracias, muchas") for text in shop(SOURCE, names)]
                 self.assertTrue(any(words in text for text in texts))
                 spoiled = [text.replace(words, instead) for text in texts]
                 self.assertIn(line, examples.complaints(spoiled, language, declares(whose[0])))
