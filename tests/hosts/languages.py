@@ -19,6 +19,7 @@ class Language:
     packages: tuple = ()  # Debian's; "program:package" where the program may also come from elsewhere
     build: tuple = ()  # commands, one after the other, in {host}
     environment: dict = dataclasses.field(default_factory=dict)  # beside what finds the library and its header
+    example: tuple = ()  # its page's example: the file that it is put into, in {host}, and the command that runs it
     folder: str = ""  # in hosts/, where it is not the name
     network: bool = False  # the printer is at a tcp: address, for those that know no pseudo-terminal
 
@@ -29,14 +30,20 @@ LANGUAGES = {row.name: row for row in [
              build=(("/usr/bin/python3", "-m", "build", "--wheel", "--no-isolation"), ("/usr/bin/python3", "-m", "venv", "venv"),
                     ("sh", "-c", "venv/bin/pip install --no-index dist/*.whl")),
              run=("{host}/venv/bin/python", "-P", "{host}/tienda.py"),
+             example=("ejemplo.py", "{host}/venv/bin/python", "-P", "{host}/ejemplo.py"),
              environment={"KESTRA_BIBLIOTECA": ENV.get("KESTRA_LIBRARY", ""), "LD_LIBRARY_PATH": ""}),
     Language("python-sin-instalar", folder="python", packages=("python3",), run=("python3", "-B", "{host}/tienda.py")),
     Language("node", packages=("node:nodejs", "npm:npm"), run=("node", "{host}/tienda.mjs"),
+             example=("ejemplo.mjs", "node", "{host}/ejemplo.mjs"),
              build=(("npm", "install", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock"),)),
-    Language("php", packages=("php8.2-cli",), run=("php", "{host}/tienda.php")),
-    Language("perl", packages=("perl", "libffi-platypus-perl"), run=("perl", "{host}/tienda.pl")),
-    Language("ruby", packages=("ruby",), run=("ruby", "-w", "{host}/tienda.rb")),
-    Language("luajit", packages=("luajit",), run=("luajit", "{host}/tienda.lua")),
+    Language("php", packages=("php8.2-cli",), run=("php", "{host}/tienda.php"),
+             example=("ejemplo.php", "php", "{host}/ejemplo.php")),
+    Language("perl", packages=("perl", "libffi-platypus-perl"), run=("perl", "{host}/tienda.pl"),
+             example=("ejemplo.pl", "perl", "-I{host}/lib", "{host}/ejemplo.pl")),
+    Language("ruby", packages=("ruby",), run=("ruby", "-w", "{host}/tienda.rb"),
+             example=("ejemplo.rb", "ruby", "-w", "-I{host}/lib", "{host}/ejemplo.rb")),
+    Language("luajit", packages=("luajit",), run=("luajit", "{host}/tienda.lua"),
+             example=("ejemplo.lua", "luajit", "{host}/ejemplo.lua"), environment={"LUA_PATH": "{host}/?.lua;;"}),
     Language("gambas", packages=("gambas3-devel", "gambas3-runtime"), run=("gbr3", "{host}/tienda.gambas"),
              build=(("gbc3", "-a"), ("gba3", "-o", "tienda.gambas"))),
     Language("cpp", run=("{host}/tienda",), packages=("g++",),

@@ -135,8 +135,20 @@ class HostShop(Shop):
         self.assertEqual(len(shop.stdout.splitlines()), done, shop.stdout)
 
 
+class HostShopWithExample(HostShop):
+    def test_the_example_of_its_page_prints_a_documents_number(self):
+        file, *command = self.language.example
+        [example] = re.findall(r"(?ms)^## Usar$.*?^```\w+\n(.*?)^```$", read(os.path.join(self.host, "README.md")))
+        with open(os.path.join(self.host, file), "w", encoding="utf-8") as program:
+            program.write(example)
+        shop = self.run_shop(command=self.filled(command))
+        self.assertEqual((shop.returncode, shop.stderr, shop.stdout.strip()), (0, "", "00000001"))
+        self.assertIn("Con palo", self.paper())
+
+
 for row in LANGUAGES.values():
-    globals()[row.name] = type(row.name, (HostShop,), {"language": row, "__module__": __name__})
+    kind = HostShopWithExample if row.example else HostShop
+    globals()[row.name] = type(row.name, (kind,), {"language": row, "__module__": __name__})
 
 
 def load_tests(loader, _, __):
