@@ -3,6 +3,7 @@
 
     languages.py            name and packages of each, on a line
     languages.py NAME...    of these alone; ends with 1 when there is no such row
+    languages.py --windows [NAME...]    how many bits those of them have that are Windows programs, each once
 """
 import dataclasses
 import os
@@ -21,8 +22,12 @@ class Language:
     environment: dict = dataclasses.field(default_factory=dict)  # beside what finds the library and its header
     example: tuple = ()  # its page's example: the file that it is put into, in {host}, and the command that runs it
     folder: str = ""  # in hosts/, where it is not the name
-    network: bool = False  # the printer is at a tcp: address, for those that know no pseudo-terminal
+    windows: int = 0  # its bits, where it is a Windows program
 
+
+PASCAL = ("fp-compiler-3.2.2", "fp-units-rtl-3.2.2", "fpc-source-3.2.2")
+PASCAL_FOR_WINDOWS = ('pascal=$KESTRA_SOURCE/build/pascal && . "$KESTRA_SOURCE/scripts/pascal.sh" && '
+                      'pascal_for_windows "$pascal" &&')
 
 LANGUAGES = {row.name: row for row in [
     # From its wheel, with the library inside and none elsewhere; -P: the folder beside the shop is not it.
@@ -63,15 +68,28 @@ LANGUAGES = {row.name: row for row in [
                     ("rustc", "--edition", "2021", "--extern", "kestra=libkestra.rlib", "examples/tienda.rs"))),
     Language("c", run=("{host}/tienda",), packages=("gcc",),
              build=(("gcc", "-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror", "tienda.c", "-lkestra", "-o", "tienda"),)),
+    # Programs for Windows. What they are made with is no Windows program.
+    *(Language(f"delphi-win{bits}", folder="delphi", windows=bits, packages=PASCAL, run=("{host}/tienda.exe",),
+               build=(("bash", "-c", f'{PASCAL_FOR_WINDOWS} "$pascal/{compiler}" -Twin{bits} -n -v0we -Fu"$pascal/win{bits}" tienda.pas'),))
+      for bits, compiler in ((32, "ppc386"), (64, "ppcx64"))),
+    *(Language(f"go-win{bits}", folder="go", windows=bits, packages=("go:golang-go",), run=("{host}/tienda.exe",),
+               build=(("go", "build", "-o", "tienda.exe", "./tienda"),), environment={"GOOS": "windows", "GOARCH": processor})
+      for bits, processor in ((32, "386"), (64, "amd64"))),
 ]}
 
 
 def main(names):
+    bits = names[:1] == ["--windows"]
+    names = names[bits:]
     unknown = [name for name in names if name not in LANGUAGES]
     for name in unknown:
         print(f"No test of hosts/{name}. There are: {' '.join(LANGUAGES)}", file=sys.stderr)
-    for name in [] if unknown else names or LANGUAGES:
-        print(name, *LANGUAGES[name].packages)
+    chosen = [] if unknown else [LANGUAGES[name] for name in names or LANGUAGES]
+    if bits:
+        print(*sorted({row.windows for row in chosen} - {0}))
+    else:
+        for row in chosen:
+            print(row.name, *row.packages)
     return bool(unknown)
 
 

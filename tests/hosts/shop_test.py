@@ -11,6 +11,7 @@ import tempfile
 
 from languages import LANGUAGES
 from shop import ENV, Shop, read
+from windows_shop import UnderWine
 
 HOSTS = os.path.join(ENV["KESTRA_SOURCE"], "hosts")
 NOT_VIRTUAL = ["/dev/ttyS0", "/dev/null", "tcp:192.0.2.1:4001", "tcp:localhost.example:4001", "tcp:1127.0.0.1:4001",
@@ -55,17 +56,6 @@ class HostShop(Shop):
         environment.update({name: value.replace("{host}", cls.host)
                             for name, value in cls.language.environment.items()})
         return environment
-
-    def start_printer(self):
-        if not self.language.network:
-            return super().start_printer()
-        command = [ENV["KESTRA_PRINTER"], "--familia", self.family, "--tcp", "127.0.0.1:0",
-                   "--papel", self.path("papel.txt"), "--traza", self.path("traza.txt")]
-        printer = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
-        self.addCleanup(printer.stdout.close)
-        self.addCleanup(self.stop_printer, printer)
-        self.device = printer.stdout.readline().removeprefix("Puerto: ").strip()
-        return printer
 
     def run_shop(self, *flags, command=None):
         """The shop at its till; it ends, whatever it meets."""
@@ -148,7 +138,8 @@ class HostShopWithExample(HostShop):
 
 for row in LANGUAGES.values():
     kind = HostShopWithExample if row.example else HostShop
-    globals()[row.name] = type(row.name, (kind,), {"language": row, "__module__": __name__})
+    kinds = (UnderWine, kind) if row.windows else (kind,)
+    globals()[row.name] = type(row.name, kinds, {"language": row, "__module__": __name__})
 
 
 def load_tests(loader, _, __):
