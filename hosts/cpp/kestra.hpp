@@ -5,7 +5,6 @@
 #include <kestra/causas.h>
 #include <kestra/kestra.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -20,13 +19,12 @@ namespace kestra {
 
 using Texto = const std::string&;
 
-// Un texto que da la biblioteca con su largo. `pedir` es la función, con lo que va delante del búfer ya puesto.
+// Un texto que da la biblioteca. `pedir` es la función, con lo que va delante del búfer ya puesto.
 template <class Pedir>
 std::string texto_de(Pedir pedir) {
-    std::string texto(512, '\0');
+    std::string texto(1024, '\0');
     const std::int32_t largo = pedir(texto.data(), static_cast<std::int32_t>(texto.size()));
-    texto.resize(largo <= 0 ? 0 : std::min(texto.size() - 1, static_cast<std::size_t>(largo)));
-    return texto;
+    return largo <= 0 ? "" : texto.c_str();
 }
 
 // Una llamada que falló. what() es la oración para el operador: qué pasó, si se hizo y qué hacer ahora.
@@ -162,23 +160,33 @@ public:
     std::int32_t causa() const { return Kestra_Causa(); }
     std::string causa_texto() const { return texto_de(Kestra_CausaTexto); }
     std::string respuesta(int numero) const {
-        return texto_de([&](char* texto, std::int32_t largo) { return Kestra_Respuesta(numero, texto, largo); });
+        return pedido("Kestra_Respuesta",
+                      [&](char* texto, std::int32_t largo) { return Kestra_Respuesta(numero, texto, largo); });
     }
     std::int32_t intentos() const { return Kestra_Intentos(); }
     void estado() { hecho("Kestra_Estado", Kestra_Estado()); }
-    std::int32_t documento_abierto() const { return Kestra_DocumentoAbierto(); }
-    std::string subtotal() { return texto_de(Kestra_Subtotal); }
-    std::string numero_de(int clase, char letra = 0) {  // Kestra_Numeracion
-        return texto_de([&](char* texto, std::int32_t largo) { return Kestra_Numeracion(clase, letra, texto, largo); });
+    std::int32_t documento_abierto() const { return sabido("Kestra_DocumentoAbierto", Kestra_DocumentoAbierto()); }
+    std::string subtotal() { return pedido("Kestra_Subtotal", Kestra_Subtotal); }
+    std::string ultimo_numero(int clase, char letra = 0) {  // Kestra_Numeracion
+        return pedido("Kestra_Numeracion",
+                      [&](char* texto, std::int32_t largo) { return Kestra_Numeracion(clase, letra, texto, largo); });
     }
-    std::int32_t pendiente() { return Kestra_Pendiente(nullptr, 0); }  // 1 hay una, 0 no, -1 no se sabe
-    std::int32_t resolver() { return Kestra_Resolver(); }
-    std::string resolver_numero() { return texto_de(Kestra_ResolverNumero); }
-    std::int32_t olvidar() { return Kestra_Olvidar(); }
+    std::string pendiente() { return pedido("Kestra_Pendiente", Kestra_Pendiente); }  // la llamada, con sus argumentos
+    std::int32_t resolver() { return sabido("Kestra_Resolver", Kestra_Resolver()); }
+    std::string resolver_numero() { return pedido("Kestra_ResolverNumero", Kestra_ResolverNumero); }
+    std::int32_t olvidar() { return sabido("Kestra_Olvidar", Kestra_Olvidar()); }
 
 private:
     static void hecho(const char* llamada, std::int32_t resultado) {
         if (resultado != 0) throw ErrorFiscal(llamada);
+    }
+    static std::int32_t sabido(const char* llamada, std::int32_t resultado) {  // -1: no se puede saber ahora
+        if (resultado == -1) throw ErrorFiscal(llamada);
+        return resultado;
+    }
+    template <class Pedir>
+    static std::string pedido(const char* llamada, Pedir pedir) {
+        return texto_de([&](char* texto, std::int32_t largo) { return sabido(llamada, pedir(texto, largo)); });
     }
     template <std::size_t Bytes, class Llamar>
     static std::string recibido(const char* llamada, Llamar llamar) {

@@ -157,22 +157,34 @@ namespace KestraFiscal
         public int Desenlace() { return Kestra_Desenlace(); }
         public int Causa() { return Kestra_Causa(); }
         public string CausaTexto() { return TextoDe(Kestra_CausaTexto); }
-        public string Respuesta(int numero) { return TextoDe((texto, largo) => Kestra_Respuesta(numero, texto, largo)); }
+        public string Respuesta(int numero) { return Pedido("Kestra_Respuesta", (texto, largo) => Kestra_Respuesta(numero, texto, largo)); }
         public int Intentos() { return Kestra_Intentos(); }
         public void Estado() { Hecho("Kestra_Estado", Kestra_Estado()); }
-        public int DocumentoAbierto() { return Kestra_DocumentoAbierto(); }
-        public string Subtotal() { return TextoDe(Kestra_Subtotal); }
+        public int DocumentoAbierto() { return Sabido("Kestra_DocumentoAbierto", Kestra_DocumentoAbierto()); }
+        public string Subtotal() { return Pedido("Kestra_Subtotal", Kestra_Subtotal); }
         /// <summary>Kestra_Numeracion.</summary>
-        public string NumeroDe(int clase, char letra = '\0') { return TextoDe((texto, largo) => Kestra_Numeracion(clase, letra, texto, largo)); }
-        /// <summary>1 hay una, 0 no, -1 no se sabe.</summary>
-        public int Pendiente() { return Kestra_Pendiente(new byte[1], 1); }
-        public int Resolver() { return Kestra_Resolver(); }
-        public string ResolverNumero() { return TextoDe(Kestra_ResolverNumero); }
-        public int Olvidar() { return Kestra_Olvidar(); }
+        public string UltimoNumero(int clase, char letra = '\0') { return Pedido("Kestra_Numeracion", (texto, largo) => Kestra_Numeracion(clase, letra, texto, largo)); }
+        /// <summary>La llamada, con sus argumentos.</summary>
+        public string Pendiente() { return Pedido("Kestra_Pendiente", Kestra_Pendiente); }
+        public int Resolver() { return Sabido("Kestra_Resolver", Kestra_Resolver()); }
+        public string ResolverNumero() { return Pedido("Kestra_ResolverNumero", Kestra_ResolverNumero); }
+        public int Olvidar() { return Sabido("Kestra_Olvidar", Kestra_Olvidar()); }
 
         private static void Hecho(string llamada, int resultado)
         {
             if (resultado != 0) throw new ErrorFiscal(llamada);
+        }
+
+        // -1: no se puede saber ahora.
+        private static int Sabido(string llamada, int resultado)
+        {
+            if (resultado == -1) throw new ErrorFiscal(llamada);
+            return resultado;
+        }
+
+        private static string Pedido(string llamada, Func<byte[], int, int> pedir)
+        {
+            return TextoDe((texto, largo) => Sabido(llamada, pedir(texto, largo)));
         }
 
         private static byte[] T(string texto) { return Encoding.UTF8.GetBytes(texto + "\0"); }
@@ -192,7 +204,7 @@ namespace KestraFiscal
 
         internal static string TextoDe(Func<byte[], int, int> pedir)
         {
-            var bytes = new byte[512];
+            var bytes = new byte[1024];
             int largo = pedir(bytes, bytes.Length);
             return largo <= 0 ? "" : Hasta(bytes, bytes.Length);
         }

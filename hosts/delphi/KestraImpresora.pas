@@ -82,8 +82,8 @@ type
     procedure Estado;
     function DocumentoAbierto: Integer;
     function Subtotal: string;
-    function NumeroDe(Clase: Integer; Letra: Char = #0): string;  // Kestra_Numeracion
-    function Pendiente: Integer;                                  // 1 hay una, 0 no, -1 no se sabe
+    function UltimoNumero(Clase: Integer; Letra: Char = #0): string;  // Kestra_Numeracion
+    function Pendiente: string;                                       // la llamada, con sus argumentos
     function Resolver: Integer;
     function ResolverNumero: string;
     function Olvidar: Integer;
@@ -102,7 +102,7 @@ uses
 
 type
   TBytesDeTexto = {$IFDEF UNICODE} RawByteString {$ELSE} AnsiString {$ENDIF};
-  TBufer = array[0..511] of AnsiChar;
+  TBufer = array[0..1023] of AnsiChar;
 
 const
   // Terminados en cero: UTF-8 donde los textos del lenguaje lo son o se convierten, windows-1252 en Delphi hasta 2007.
@@ -134,7 +134,7 @@ var
   Bufer: TBufer;
 begin
   Bufer := Vacio;
-  Kestra_CausaTexto(Bufer, SizeOf(Bufer));
+  Kestra_CausaTexto(Bufer, SizeOf(Bufer) - 1);
   Result := DeBytes(Bufer);
 end;
 
@@ -142,6 +142,14 @@ procedure Hecho(const Llamada: string; Resultado: Integer);
 begin
   if Resultado <> 0 then
     raise EErrorFiscal.Create(Llamada);
+end;
+
+// -1: no se puede saber ahora.
+function Sabido(const Llamada: string; Resultado: Integer): Integer;
+begin
+  if Resultado = -1 then
+    raise EErrorFiscal.Create(Llamada);
+  Result := Resultado;
 end;
 
 constructor EErrorFiscal.Create(const ALlamada: string);
@@ -378,7 +386,7 @@ var
   Bufer: TBufer;
 begin
   Bufer := Vacio;
-  Kestra_Respuesta(Numero, Bufer, SizeOf(Bufer));
+  Sabido('Kestra_Respuesta', Kestra_Respuesta(Numero, Bufer, SizeOf(Bufer) - 1));
   Result := DeBytes(Bufer);
 end;
 
@@ -394,7 +402,7 @@ end;
 
 function TImpresora.DocumentoAbierto: Integer;
 begin
-  Result := Kestra_DocumentoAbierto;
+  Result := Sabido('Kestra_DocumentoAbierto', Kestra_DocumentoAbierto);
 end;
 
 function TImpresora.Subtotal: string;
@@ -402,27 +410,31 @@ var
   Bufer: TBufer;
 begin
   Bufer := Vacio;
-  Kestra_Subtotal(Bufer, SizeOf(Bufer));
+  Sabido('Kestra_Subtotal', Kestra_Subtotal(Bufer, SizeOf(Bufer) - 1));
   Result := DeBytes(Bufer);
 end;
 
-function TImpresora.NumeroDe(Clase: Integer; Letra: Char): string;
+function TImpresora.UltimoNumero(Clase: Integer; Letra: Char): string;
 var
   Bufer: TBufer;
 begin
   Bufer := Vacio;
-  Kestra_Numeracion(Clase, Ord(Letra), Bufer, SizeOf(Bufer));
+  Sabido('Kestra_Numeracion', Kestra_Numeracion(Clase, Ord(Letra), Bufer, SizeOf(Bufer) - 1));
   Result := DeBytes(Bufer);
 end;
 
-function TImpresora.Pendiente: Integer;
+function TImpresora.Pendiente: string;
+var
+  Bufer: TBufer;
 begin
-  Result := Kestra_Pendiente(nil, 0);
+  Bufer := Vacio;
+  Sabido('Kestra_Pendiente', Kestra_Pendiente(Bufer, SizeOf(Bufer) - 1));
+  Result := DeBytes(Bufer);
 end;
 
 function TImpresora.Resolver: Integer;
 begin
-  Result := Kestra_Resolver;
+  Result := Sabido('Kestra_Resolver', Kestra_Resolver);
 end;
 
 function TImpresora.ResolverNumero: string;
@@ -430,13 +442,13 @@ var
   Bufer: TBufer;
 begin
   Bufer := Vacio;
-  Kestra_ResolverNumero(Bufer, SizeOf(Bufer));
+  Sabido('Kestra_ResolverNumero', Kestra_ResolverNumero(Bufer, SizeOf(Bufer) - 1));
   Result := DeBytes(Bufer);
 end;
 
 function TImpresora.Olvidar: Integer;
 begin
-  Result := Kestra_Olvidar;
+  Result := Sabido('Kestra_Olvidar', Kestra_Olvidar);
 end;
 
 function ConsumidorFinal: TCliente;

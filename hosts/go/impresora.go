@@ -203,27 +203,37 @@ func (i *Impresora) Desenlace() int32   { return Kestra_Desenlace() }
 func (i *Impresora) Causa() int32       { return Kestra_Causa() }
 func (i *Impresora) CausaTexto() string { return textoDe(Kestra_CausaTexto) }
 
-func (i *Impresora) Respuesta(numero int) string {
-	return textoDe(func(texto *byte, largo int32) int32 { return Kestra_Respuesta(int32(numero), texto, largo) })
+func (i *Impresora) Respuesta(numero int) (string, error) {
+	return pedido("Kestra_Respuesta", func(texto *byte, largo int32) int32 { return Kestra_Respuesta(int32(numero), texto, largo) })
 }
 
-func (i *Impresora) Intentos() int32         { return Kestra_Intentos() }
-func (i *Impresora) Estado() error           { return hecho("Kestra_Estado", Kestra_Estado()) }
-func (i *Impresora) DocumentoAbierto() int32 { return Kestra_DocumentoAbierto() }
-func (i *Impresora) Subtotal() string        { return textoDe(Kestra_Subtotal) }
+func (i *Impresora) Intentos() int32 { return Kestra_Intentos() }
 
-// NumeroDe es Kestra_Numeracion. letra: 'A', 'B', 'C', o 0 para lo que no la lleva.
-func (i *Impresora) NumeroDe(clase int, letra byte) string {
-	return textoDe(func(texto *byte, largo int32) int32 {
+func (i *Impresora) Estado() error { return hecho("Kestra_Estado", Kestra_Estado()) }
+
+func (i *Impresora) DocumentoAbierto() (int32, error) {
+	return sabido("Kestra_DocumentoAbierto", Kestra_DocumentoAbierto())
+}
+
+func (i *Impresora) Subtotal() (string, error) { return pedido("Kestra_Subtotal", Kestra_Subtotal) }
+
+// UltimoNumero es Kestra_Numeracion. letra: 'A', 'B', 'C', o 0 para lo que no la lleva.
+func (i *Impresora) UltimoNumero(clase int, letra byte) (string, error) {
+	return pedido("Kestra_Numeracion", func(texto *byte, largo int32) int32 {
 		return Kestra_Numeracion(int32(clase), int32(letra), texto, largo)
 	})
 }
 
-// Pendiente: 1 hay una, 0 no, -1 no se sabe.
-func (i *Impresora) Pendiente() int32       { return Kestra_Pendiente(nil, 0) }
-func (i *Impresora) Resolver() int32        { return Kestra_Resolver() }
-func (i *Impresora) ResolverNumero() string { return textoDe(Kestra_ResolverNumero) }
-func (i *Impresora) Olvidar() int32         { return Kestra_Olvidar() }
+// Pendiente da la llamada, con sus argumentos.
+func (i *Impresora) Pendiente() (string, error) { return pedido("Kestra_Pendiente", Kestra_Pendiente) }
+
+func (i *Impresora) Resolver() (int32, error) { return sabido("Kestra_Resolver", Kestra_Resolver()) }
+
+func (i *Impresora) ResolverNumero() (string, error) {
+	return pedido("Kestra_ResolverNumero", Kestra_ResolverNumero)
+}
+
+func (i *Impresora) Olvidar() (int32, error) { return sabido("Kestra_Olvidar", Kestra_Olvidar()) }
 
 // ---- Cómo viajan los textos ----
 
@@ -236,6 +246,23 @@ func hecho(llamada string, resultado int32) error {
 		return falla(llamada)
 	}
 	return nil
+}
+
+// sabido: -1 es que no se puede saber ahora.
+func sabido(llamada string, resultado int32) (int32, error) {
+	if resultado == -1 {
+		return resultado, falla(llamada)
+	}
+	return resultado, nil
+}
+
+func pedido(llamada string, pedir func(*byte, int32) int32) (string, error) {
+	var err error
+	texto := textoDe(func(texto *byte, largo int32) (resultado int32) {
+		resultado, err = sabido(llamada, pedir(texto, largo))
+		return
+	})
+	return texto, err
 }
 
 func t(texto string) *byte {
@@ -256,7 +283,7 @@ func recibido(llamada string, largo int, llamar func(*byte) int32) (string, erro
 }
 
 func textoDe(pedir func(*byte, int32) int32) string {
-	texto := make([]byte, 512)
+	texto := make([]byte, 1024)
 	if pedir(&texto[0], int32(len(texto))) <= 0 {
 		return ""
 	}

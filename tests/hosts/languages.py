@@ -75,6 +75,11 @@ LANGUAGES = {row.name: row for row in [
     *(Language(f"go-win{bits}", folder="go", windows=bits, packages=("go:golang-go",), run=("{host}/tienda.exe",),
                build=(("go", "build", "-o", "tienda.exe", "./tienda"),), environment={"GOOS": "windows", "GOARCH": processor})
       for bits, processor in ((32, "386"), (64, "amd64"))),
+    Language("node-win32", folder="node", windows=32, packages=("npm:npm",),
+             build=(("npm", "install", "--force", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock",
+                     "node-win-x86@22"),),
+             run=("{host}/node_modules/node-win-x86/bin/node.exe", "{host}/tienda.mjs"),
+             environment={"NODE_SKIP_PLATFORM_CHECK": "1"}),
 ]}
 
 

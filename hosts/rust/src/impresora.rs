@@ -64,6 +64,24 @@ fn hecho(llamada: &'static str, resultado: i32) -> Resultado<()> {
     }
 }
 
+/// -1: no se puede saber ahora.
+fn sabido(llamada: &'static str, resultado: i32) -> Resultado<i32> {
+    if resultado == -1 {
+        Err(ErrorFiscal::de(llamada))
+    } else {
+        Ok(resultado)
+    }
+}
+
+fn pedido(llamada: &'static str, pedir: impl FnOnce(*mut u8, i32) -> i32) -> Resultado<String> {
+    let mut resultado = 0;
+    let texto = texto_de(|bytes, largo| {
+        resultado = pedir(bytes, largo);
+        resultado
+    });
+    sabido(llamada, resultado).map(|_| texto)
+}
+
 fn recibido<const N: usize>(llamada: &'static str, llamar: impl FnOnce(*mut u8) -> i32) -> Resultado<String> {
     let mut bytes = [0u8; N];
     hecho(llamada, llamar(bytes.as_mut_ptr()))?;
@@ -262,8 +280,8 @@ impl Impresora {
         texto_de(|texto, largo| unsafe { Kestra_CausaTexto(texto, largo) })
     }
 
-    pub fn respuesta(&self, numero: i32) -> String {
-        texto_de(|texto, largo| unsafe { Kestra_Respuesta(numero, texto, largo) })
+    pub fn respuesta(&self, numero: i32) -> Resultado<String> {
+        pedido("Kestra_Respuesta", |texto, largo| unsafe { Kestra_Respuesta(numero, texto, largo) })
     }
 
     pub fn intentos(&self) -> i32 {
@@ -274,33 +292,33 @@ impl Impresora {
         hecho("Kestra_Estado", unsafe { Kestra_Estado() })
     }
 
-    pub fn documento_abierto(&self) -> i32 {
-        unsafe { Kestra_DocumentoAbierto() }
+    pub fn documento_abierto(&self) -> Resultado<i32> {
+        sabido("Kestra_DocumentoAbierto", unsafe { Kestra_DocumentoAbierto() })
     }
 
-    pub fn subtotal(&mut self) -> String {
-        texto_de(|texto, largo| unsafe { Kestra_Subtotal(texto, largo) })
+    pub fn subtotal(&mut self) -> Resultado<String> {
+        pedido("Kestra_Subtotal", |texto, largo| unsafe { Kestra_Subtotal(texto, largo) })
     }
 
     /// Kestra_Numeracion. letra: b'A', b'B', b'C', o 0 para lo que no la lleva.
-    pub fn numero_de(&mut self, clase: i32, letra: u8) -> String {
-        texto_de(|texto, largo| unsafe { Kestra_Numeracion(clase, letra.into(), texto, largo) })
+    pub fn ultimo_numero(&mut self, clase: i32, letra: u8) -> Resultado<String> {
+        pedido("Kestra_Numeracion", |texto, largo| unsafe { Kestra_Numeracion(clase, letra.into(), texto, largo) })
     }
 
-    /// 1 hay una, 0 no, -1 no se sabe.
-    pub fn pendiente(&mut self) -> i32 {
-        unsafe { Kestra_Pendiente(std::ptr::null_mut(), 0) }
+    /// La llamada, con sus argumentos.
+    pub fn pendiente(&mut self) -> Resultado<String> {
+        pedido("Kestra_Pendiente", |texto, largo| unsafe { Kestra_Pendiente(texto, largo) })
     }
 
-    pub fn resolver(&mut self) -> i32 {
-        unsafe { Kestra_Resolver() }
+    pub fn resolver(&mut self) -> Resultado<i32> {
+        sabido("Kestra_Resolver", unsafe { Kestra_Resolver() })
     }
 
-    pub fn resolver_numero(&self) -> String {
-        texto_de(|texto, largo| unsafe { Kestra_ResolverNumero(texto, largo) })
+    pub fn resolver_numero(&self) -> Resultado<String> {
+        pedido("Kestra_ResolverNumero", |texto, largo| unsafe { Kestra_ResolverNumero(texto, largo) })
     }
 
-    pub fn olvidar(&mut self) -> i32 {
-        unsafe { Kestra_Olvidar() }
+    pub fn olvidar(&mut self) -> Resultado<i32> {
+        sabido("Kestra_Olvidar", unsafe { Kestra_Olvidar() })
     }
 }

@@ -21,9 +21,9 @@ pub(crate) fn hasta_el_cero(bytes: &[u8]) -> String {
     String::from_utf8_lossy(&bytes[..largo]).into_owned()
 }
 
-/// Un texto que la biblioteca da con su largo.
+/// Un texto que la biblioteca da.
 pub(crate) fn texto_de(pedir: impl FnOnce(*mut u8, i32) -> i32) -> String {
-    let mut bytes = [0u8; 512];
+    let mut bytes = [0u8; 1024];
     if pedir(bytes.as_mut_ptr(), bytes.len() as i32) <= 0 {
         return String::new();
     }

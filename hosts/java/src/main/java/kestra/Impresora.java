@@ -222,7 +222,7 @@ public final class Impresora implements AutoCloseable {
     }
 
     public String respuesta(int numero) {
-        return textoDe((texto, largo) -> kestra.Kestra_Respuesta(numero, texto, largo));
+        return pedido("Kestra_Respuesta", (texto, largo) -> kestra.Kestra_Respuesta(numero, texto, largo));
     }
 
     public int intentos() {
@@ -234,33 +234,33 @@ public final class Impresora implements AutoCloseable {
     }
 
     public int documentoAbierto() {
-        return kestra.Kestra_DocumentoAbierto();
+        return sabido("Kestra_DocumentoAbierto", kestra.Kestra_DocumentoAbierto());
     }
 
     public String subtotal() {
-        return textoDe(kestra::Kestra_Subtotal);
+        return pedido("Kestra_Subtotal", kestra::Kestra_Subtotal);
     }
 
     /** Kestra_Numeracion. letra: 'A', 'B', 'C', o 0 para lo que no la lleva. */
-    public String numeroDe(int clase, char letra) {
-        return textoDe((texto, largo) -> kestra.Kestra_Numeracion(clase, letra, texto, largo));
+    public String ultimoNumero(int clase, char letra) {
+        return pedido("Kestra_Numeracion", (texto, largo) -> kestra.Kestra_Numeracion(clase, letra, texto, largo));
     }
 
-    /** 1 hay una, 0 no, -1 no se sabe. */
-    public int pendiente() {
-        return kestra.Kestra_Pendiente(new byte[1], 1);
+    /** La llamada, con sus argumentos. */
+    public String pendiente() {
+        return pedido("Kestra_Pendiente", kestra::Kestra_Pendiente);
     }
 
     public int resolver() {
-        return kestra.Kestra_Resolver();
+        return sabido("Kestra_Resolver", kestra.Kestra_Resolver());
     }
 
     public String resolverNumero() {
-        return textoDe(kestra::Kestra_ResolverNumero);
+        return pedido("Kestra_ResolverNumero", kestra::Kestra_ResolverNumero);
     }
 
     public int olvidar() {
-        return kestra.Kestra_Olvidar();
+        return sabido("Kestra_Olvidar", kestra.Kestra_Olvidar());
     }
 
     // ---- Cómo viajan los textos ----
@@ -269,6 +269,18 @@ public final class Impresora implements AutoCloseable {
         if (resultado != 0) {
             throw error(llamada);
         }
+    }
+
+    // -1: no se puede saber ahora.
+    private int sabido(String llamada, int resultado) {
+        if (resultado == -1) {
+            throw error(llamada);
+        }
+        return resultado;
+    }
+
+    private String pedido(String llamada, ToIntBiFunction<byte[], Integer> pedir) {
+        return textoDe((texto, largo) -> sabido(llamada, pedir.applyAsInt(texto, largo)));
     }
 
     private ErrorFiscal error(String llamada) {
@@ -294,7 +306,7 @@ public final class Impresora implements AutoCloseable {
     }
 
     private static String textoDe(ToIntBiFunction<byte[], Integer> pedir) {
-        byte[] bytes = new byte[512];
+        byte[] bytes = new byte[1024];
         return pedir.applyAsInt(bytes, bytes.length) <= 0 ? "" : hasta(bytes);
     }
 
