@@ -1,0 +1,145 @@
+"""What each host language writes: its declare, cut out of the made file, and a call with the table's example."""
+import dataclasses
+import re
+
+
+@dataclasses.dataclass(frozen=True)
+class Language:
+    name: str
+    highlighter: str
+    file: str      # where its declares are
+    begins: str    # the first line of a declare; {} is the export's name
+    ends: str      # its last line
+    call: str      # {f} function, {a} arguments
+    text: str = '"{}"'
+    buffer: str = "{}"      # how a buffer is handed over
+    before: str = ""        # a line for each buffer
+    nothing: str = ""       # instead of a null pointer
+    variable: str = ""      # where a text has to be one: lines for it
+
+
+C_LIKE_BUFFER = "char {n}[{s}] = \"\";"
+LANGUAGES = (
+    Language("C", "c", "include/kestra/kestra.h", r"^\S.* KESTRA_CALL {}\(|^\S.* {}\(", r";\s*$", "{f}({a});", before=C_LIKE_BUFFER, nothing="NULL"),
+    Language("Python", "python", "hosts/python/kestra/_declaraciones.py", r'^\s*"{}":', r"\]\),?\s*$", "kestra.{f}({a})", 'b"{}"',
+             before="{n} = ctypes.create_string_buffer({s})", nothing="None"),
+    Language("Visual Basic 6", "vb.net", "hosts/vb6/Kestra.bas", r"Declare \w+ {} ", r"", "Dim r As Long\nr = {f}({a})",
+             before="Dim {n} As String\n{n} = Space$({s})", nothing="ByVal 0&"),
+    Language("VBA", "vb.net", "hosts/vba/KestraVBA.bas", r"Declare PtrSafe \w+ {} ", r"", "Dim r As Long\nr = {f}({a})",
+             before="Dim {n} As String\n{n} = Space$({s})", nothing="ByVal 0&"),
+    Language("Delphi", "delphi", "hosts/delphi/Kestra.pas", r"^(function|procedure) {}\b", r"external ", "{f}({a});", "'{}'",
+             before="var {n}: array[0..{t}] of AnsiChar;", nothing="nil"),
+    Language("C#", "csharp", "hosts/csharp/Kestra.cs", r"static extern \w+ {}\(", r";\s*$", "Kestra.{f}({a});", 'T("{}")',
+             before="var {n} = new byte[{s}];", nothing="null"),
+    Language("VB.NET", "vb.net", "hosts/vbnet/Kestra.vb", r"Public (Function|Sub|Declare.*) {}\b", r"End |\)\s*As Integer\s*$", "Kestra.{f}({a})",
+             'T("{}")', before="Dim {n}({t}) As Byte", nothing="Nothing"),
+    Language("FoxPro", "foxpro", "hosts/foxpro/kestra.prg", r"^DECLARE .*\b{} IN", r"[^;]\s*$", "? {f}({a})", before="{n} = SPACE({s})",
+             buffer="@{}", nothing="0"),
+    Language("Java", "java", "hosts/java/kestra/Kestra.java", r"^\s+\w+ {}\(", r";\s*$", "kestra.{f}({a});", 't("{}")',
+             before="byte[] {n} = new byte[{s}];", nothing="null"),
+    Language("Go", "go", "hosts/go/declaraciones_linux.go", r"^func {}\(", r"^\}", "kestra.{f}({a})", 't("{}")',
+             before="{n} := make([]byte, {s})", buffer="&{}[0]", nothing="nil"),
+    Language("Node.js", "javascript", "hosts/node/declaraciones.mjs", r"^\s+{}: \{", r"\},?\s*$", "kestra.{f}({a});", "'{}'",
+             before="const {n} = Buffer.alloc({s});", nothing="null"),
+    Language("PHP", "php", "hosts/php/declaraciones.h", r"^\S.* {}\(", r";\s*$", "$kestra->{f}({a});", '"{}"',
+             before='${n} = FFI::new("char[{s}]");', buffer="${}", nothing="null"),
+    Language("Ruby", "ruby", "hosts/ruby/lib/kestra/declaraciones.rb", r"^\s+'{}' =>", r"\],?\s*$", "kestra['{f}'].call({a})", "'{}'",
+             before="{n} = \"\\0\" * {s}", nothing="nil"),
+    Language("Perl", "perl", "hosts/perl/lib/Kestra/Declaraciones.pm", r"^\s+\['{}',", r"\],?\s*$", "$kestra{{{f}}}->({a});", "'{}'",
+             before='my ${n} = "\\0" x {s};\nmy (${n}_en) = scalar_to_buffer(${n});', buffer="${}_en", nothing="undef"),
+    Language("Rust", "rust", "hosts/rust/src/declaraciones.rs", r"^\s+pub fn {}\(", r";\s*$", "unsafe {{ {f}({a}) }};", 'b"{}\\0".as_ptr()',
+             before="let mut {n} = [0u8; {s}];", buffer="{}.as_mut_ptr()", nothing="std::ptr::null()"),
+    Language("LuaJIT", "lua", "hosts/luajit/declaraciones.lua", r"^\S.* {}\(", r";\s*$", "kestra.{f}({a})", '"{}"',
+             before='local {n} = ffi.new("char[?]", {s})', nothing="nil"),
+    Language("C++Builder", "c++", "hosts/cppbuilder/KestraBuilder.h", r"^\S.* {}\(", r";\s*$", "{f}({a});", before=C_LIKE_BUFFER, nothing="NULL"),
+    Language("Harbour", "foxpro", "hosts/harbour/kestra.prg", r"^(FUNCTION|PROCEDURE) {}\(", r"^\s+RETURN ", "{f}( {a} )", before="{n} := Space( {s} )",
+             buffer="@{}", nothing="NIL"),
+    Language("Clarion", "text", "hosts/clarion/kestra.clw", r"^\s+{}\(", r"[^|]\s*$", "r# = {f}({a})",
+             before="{n}  STRING({s})", nothing="0", variable="{n}  STRING({s})\n{n} = '{v}'"),
+    Language("PowerBuilder", "text", "hosts/powerbuilder/kestra_externas.txt", r"^(FUNCTION|SUBROUTINE) .*\b{}\(", r"", "{f}({a})",
+             before="string {n}\n{n} = Space({s})", nothing="0"),
+    Language("Xojo", "vb.net", "hosts/xojo/Kestra.xojo_code", r"Soft Declare \w+ {} ", r"", "Kestra.{f}({a})", 'T("{}")',
+             before="Var {n} As New MemoryBlock({s})", nothing="Nil"),
+    Language("WinDev", "text", "hosts/windev/kestra_procedimientos.txt", r"^PROCEDURE {}\(", r"API\(", "{f}({a})", before='{n} is ANSI string = RepeatString(" ", {s})',
+             nothing="0"),
+    Language("Gambas", "vb.net", "hosts/gambas/Kestra.module", r"Extern {}\(", r"", "Kestra.{f}({a})", before="Dim {n} As Pointer = Alloc({s})",
+             nothing="Null"),
+)
+BEFORE_LINE = {"C#": r"\[DllImport", "VB.NET": r"<DllImport"}
+
+
+def read(path):
+    """hosts/ has files for old Windows tools among them."""
+    data = path.read_bytes()
+    try:
+        text = data.decode("utf-8")
+    except UnicodeDecodeError:
+        text = data.decode("cp1252")
+    return text.replace("\r\n", "\n").split("\n")
+
+
+def found(root, file):
+    """The file of that name in the language's folder: where in it is the language's own business."""
+    folder, name = "/".join(file.split("/")[:2]), file.rpartition("/")[2]
+    paths = sorted((root / folder).rglob(name))
+    if len(paths) != 1:
+        raise RuntimeError(f"{folder} has {len(paths)} files {name}")
+    return paths[0]
+
+
+class Declares:
+    def __init__(self, root):
+        self.lines = {language.name: read(found(root, language.file)) for language in LANGUAGES}
+
+    def of(self, language, name):
+        """The declare's lines, without the indent that they share; nothing where the language has none."""
+        lines = self.lines[language.name]
+        begins = re.compile(language.begins.replace("{}", name))
+        for first, line in enumerate(lines):
+            if begins.search(line):
+                last = first
+                while language.ends and not re.search(language.ends, lines[last]):
+                    last += 1
+                if before := BEFORE_LINE.get(language.name):
+                    while first and re.search(before, lines[first - 1]):
+                        first -= 1
+                return without_indent(lines[first:last + 1])
+        return ""
+
+
+def without_indent(lines):
+    indent = min(len(line) - len(line.lstrip()) for line in lines if line.strip())
+    return "\n".join(line[indent:].rstrip() for line in lines)
+
+
+def number(value):
+    return f"{value:.2f}" if isinstance(value, float) and not value.is_integer() else str(int(value))
+
+
+def call(language, function, values=None):
+    """The call, with a buffer for each text that comes back; the table's example where no values are given."""
+    handed, lines = [], []
+    taking = [argument.name for argument in function.arguments if argument.name in function.examples]
+    examples = function.examples if values is None else dict(zip(taking, values))
+    for argument in function.arguments:
+        if argument.kind in ("result", "buffer"):
+            size = (argument.bytes or 400) + 1
+            lines.append(language.before.format(n=argument.name, s=size, t=size - 1))
+            handed.append(language.buffer.format(argument.name))
+        elif argument.kind == "length":
+            handed.append("400")
+        elif language.variable and argument.kind in ("text", "terminated"):
+            value = examples[argument.name]
+            lines.append(language.variable.format(n=argument.name, s=argument.bytes or len(value) + 1, v=value))
+            handed.append(argument.name)
+        elif argument.kind in ("text", "terminated"):
+            handed.append(language.text.format(examples[argument.name]))
+        elif argument.kind in ("amount", "integer"):
+            value = number(examples[argument.name])
+            handed.append(value + ".0" if language.name == "Rust" and argument.kind == "amount" and "." not in value else value)
+        else:
+            handed.append(language.nothing)
+    said = language.call.format(f=function.name, a=", ".join(handed))
+    if function.returns == "nothing":
+        said = said.replace("Dim r As Long\nr = ", "Call ")
+    return "\n".join([*lines, said])
