@@ -10,7 +10,7 @@ pascal_for_windows() {
   echo "Making a Pascal for Windows in $directory (some 20 seconds)..."
   rm -rf "$directory"
   mkdir -p "$directory/i386"
-  (cd "$directory/i386" && apt-get download -qq fp-compiler-3.2.2:i386 2>/dev/null && dpkg-deb -x ./*.deb .) || {
+  (cd "$directory/i386" && { pascal_download || { apt-get update -qq; pascal_download; }; } && dpkg-deb -x ./*.deb .) || {
     echo "Debian's package fp-compiler-3.2.2:i386 cannot be had." >&2
     return 1
   }
@@ -23,6 +23,10 @@ pascal_for_windows() {
   pascal_units "$directory" win64 x86_64 "$directory/ppcx64" ../win64 || return 1
   rm -rf "$directory/rtl"
   touch "$directory/complete"
+}
+
+pascal_download() {
+  apt-get download -qq fp-compiler-3.2.2:i386 2>/dev/null
 }
 
 # pascal_units DIRECTORY SYSTEM PROCESSOR COMPILER FOLDER: the units of the run-time library for SYSTEM.

@@ -84,6 +84,10 @@ LANGUAGES = {row.name: row for row in [
     *(Language(f"go-win{bits}", folder="go", windows=bits, packages=("go:golang-go",), run=("{host}/tienda.exe",),
                build=(("go", "build", "-o", "tienda.exe", "./tienda"),), environment={"GOOS": "windows", "GOARCH": processor})
       for bits, processor in ((32, "386"), (64, "amd64"))),
+    *(Language(f"{name}-win{bits}", folder=name, windows=bits, run=("{host}/tienda.exe",),
+               build=(("sh", "-c", f'{processor}-w64-mingw32-{compiler} -static {source} "$KESTRA_IMPORT_{bits}" -o tienda.exe'),))
+      for name, compiler, source in (("cpp", "g++ -std=c++17", "tienda.cpp"), ("c", "gcc", "tienda.c"))
+      for bits, processor in ((32, "i686"), (64, "x86_64"))),
     Language("node-win32", folder="node", windows=32, packages=("npm:npm",),
              build=(("npm", "install", "--force", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock",
                      "node-win-x86@22"),),
