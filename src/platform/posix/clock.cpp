@@ -10,10 +10,17 @@
 namespace kestra {
 namespace {
 
+using std::chrono::system_clock;
+
 tm LocalTime(time_t when) {
   tm local = {};
   ::localtime_r(&when, &local);
   return local;
+}
+
+// Not time(): that one is of the system's last tick, and some milliseconds longer in the second before.
+tm LocalNow() {
+  return LocalTime(system_clock::to_time_t(system_clock::now()));
 }
 
 int SecondOfDay(const tm& local) {
@@ -29,7 +36,6 @@ PosixClock::PosixClock()
       codeset_(locale_.Codeset()) {}
 
 double PosixClock::TimeOfDay() {
-  using std::chrono::system_clock;
   const auto now = system_clock::now();
   const auto second = std::chrono::floor<std::chrono::seconds>(now);
   if (second != second_) {
@@ -44,7 +50,7 @@ std::string PosixClock::ShortDate() {
 }
 
 std::string PosixClock::IsoDate() {
-  const tm local = LocalTime(::time(nullptr));
+  const tm local = LocalNow();
   std::array<char, 32> text{};
   return {text.data(), ::strftime(text.data(), text.size(), "%Y-%m-%d", &local)};
 }
@@ -59,7 +65,7 @@ double PosixClock::Elapsed() {
 }
 
 std::string PosixClock::Now(const char* local_form, const char* plain_form) const {
-  const tm local = LocalTime(::time(nullptr));
+  const tm local = LocalNow();
   std::array<char, 256> text{};
   if (plain_) return {text.data(), ::strftime(text.data(), text.size(), plain_form, &local)};
   const std::size_t length =
