@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "protocol/settlement.hpp"
 #include "state/library.hpp"
 
 namespace kestra {
@@ -446,6 +447,14 @@ TEST(Ledger, WhatNobodyKnowsIsNoBaseline) {
     EXPECT_EQ(ledger.perceptions.has_value(), row.perceptions);
     EXPECT_EQ(ledger.total.has_value(), row.total);
   }
+}
+
+TEST(ASheet, IsTurnedByEitherStepThatWasDone) {
+  for (const auto& step : {kSheet, kNextSheet}) {
+    EXPECT_TRUE(IsTurnedSheet(step, Outcome::kDone));
+    EXPECT_FALSE(IsTurnedSheet(step, Outcome::kNotDone));
+  }
+  EXPECT_FALSE(IsTurnedSheet(Ticket(), Outcome::kDone));
 }
 
 }  // namespace

@@ -75,6 +75,20 @@ TEST_F(JournalOfATill, HowLongAgoItWasSentIsKnownByItsMoment) {
   }
 }
 
+TEST_F(JournalOfATill, HowLongAgoItWasSentIsNotKnownByAMomentThatIsNone) {
+  auto till = Started();
+  CloseJournal(till->library);
+  JournalRecord intent{};
+  intent.kind = RecordKind::kIntent;
+  intent.moment = "ayer";
+  intent.command = "X";
+  intent.has_book = true;
+  Text() += TextOf(intent);
+  till->Start();
+  ASSERT_EQ(till->Pending(), "X");
+  EXPECT_LT(till->world.GetClock().Elapsed(), till->library.certainty.pending->sent);
+}
+
 TEST_F(JournalOfATill, WhatAProgramLeftPendingItselfIsToldOnceAndGoesBeforeAnothers) {
   for (const std::string own : {"B", "D"}) {
     *disk_ = {};
@@ -148,6 +162,32 @@ TEST_F(JournalOfATill, NothingStandsBetweenAnIntentAndItsResult) {
   JournalBooks(till->library);
   EXPECT_EQ(till->Pending(), "B");
   EXPECT_EQ(Text().find("libros"), std::string::npos);
+}
+
+TEST_F(JournalOfATill, CountersAreKeptWhereThereIsAFileOnly) {
+  auto till = Started();
+  CloseJournal(till->library);
+  const std::string before = Text();
+  JournalBooks(till->library);
+  EXPECT_EQ(Text(), before);
+  EXPECT_EQ(till->ReportedCause(), Cause::kNone);
+}
+
+// Of a call that another program left in part nothing is taken over what this one knows of its own.
+TEST_F(JournalOfATill, WhatAProgramKnowsOfItsOwnGoesBeforeAnothersParts) {
+  auto till = Started();
+  JournalIntent(till->library, {"EP_AB", "B", {"A"}, {}}, kItem);
+  JournalResult(till->library, {Outcome::kNotSent, Cause::kPortMissing});
+  auto& certainty = till->library.certainty;
+  certainty.pending = Pending{"EP_D", "D", {}, {}};
+  CloseJournal(till->library);
+  till->Start();
+  EXPECT_FALSE(certainty.settled);
+  certainty.pending.reset();
+  certainty.settled = Settled{"EP_D", {}, "D", kWasDone, {}};
+  CloseJournal(till->library);
+  till->Start();
+  EXPECT_EQ(certainty.settled->call, "EP_D");
 }
 
 TEST_F(JournalOfATill, CountersBetweenAPartOfACallAndItsRetryForgetNothing) {
