@@ -93,7 +93,7 @@ def index_entries(folder):
 
 def entry_of(message):
     """As markdown.index writes it."""
-    return " ".join(message.lstrip("- ").replace(";", ",").replace("!", "¡").replace("`", "'").split())
+    return " ".join(message.lstrip("- ").replace(";", ",").replace("`", "'").split())
 
 
 def told(folder, exports, messages):

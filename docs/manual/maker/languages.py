@@ -65,6 +65,8 @@ LANGUAGES = (
     Language("Gambas", "vb.net", "hosts/gambas/Kestra.module", r"Extern {}\(", r"", "Kestra.{f}({a})", before="Dim {n} As Pointer = Alloc({s})",
              nothing="Null"),
 )
+# Those whose texts are UTF-8; the others' are windows-1252.
+UTF_8 = ("Python", "C#", "VB.NET", "Java", "Go", "Node.js", "PHP", "Ruby", "Perl", "Rust", "LuaJIT", "Xojo", "Gambas")
 BEFORE_LINE = {"C#": r"\[DllImport", "VB.NET": r"<DllImport"}
 
 

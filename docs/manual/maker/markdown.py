@@ -23,5 +23,5 @@ def code(text):
 
 def index(*entries):
     """Entries of the index. A semicolon parts entry and place there, so it is none of theirs."""
-    said = (entry.replace(";", ",").replace("!", "¡") for entry in entries)
+    said = (entry.replace(";", ",") for entry in entries)
     return "\n\n".join(f"```{{index}} single: {entry}\n```" for entry in said)

@@ -26,10 +26,10 @@ def shown(value):
 def arguments(function):
     if not function.arguments:
         return "No lleva argumentos.\n"
-    rows = [("Argumento", "Qué es", "Tipo", "Ejemplo")]
+    rows = [("Argumento", "Qué es", "Tipo")]  # three columns fit a telephone
     for argument in function.arguments:
-        example = shown(function.examples[argument.name]) if argument.name in function.examples else "–"
-        rows.append((f"`{argument.name}`", argument.es, size(argument), example))
+        example = f". Ejemplo: {shown(function.examples[argument.name])}" if argument.name in function.examples else ""
+        rows.append((f"`{argument.name}`", argument.es + example, size(argument)))
     return table(rows)
 
 
@@ -71,9 +71,10 @@ def printed(function, call, slug, folder):
         return said.get(function.name, NOTHING_PRINTED) + "\n"
     part, whole = picture(call, slug, folder)
     count = call.rows[1] - call.rows[0]
-    marked = "" if (folder / part).read_text(encoding="utf-8").count("fill-opacity=\".16\"") == 0 else ", los marcados"
-    rows = "Un renglón" if count == 1 else f"{count} renglones"
-    return (f"{rows}{marked}, como los imprime la impresora virtual "
+    is_marked = 'fill-opacity=".16"' in (folder / part).read_text(encoding="utf-8")
+    rows = ("Un renglón" + ", el marcado" * is_marked + ", como lo" if count == 1 else
+            f"{count} renglones" + ", los marcados" * is_marked + ", como los")
+    return (f"{rows} imprime la impresora virtual "
             f"([el documento entero](papel/{whole})).\n\n```{{image}} papel/{part}\n:alt: Lo que imprime {function.name}\n"
             ":class: papel\n```\n")
 
@@ -112,6 +113,8 @@ def line(function, call):
 
 
 def visible(text):
+    """The bytes of a line of the log; its time is the printer's, so that the same manual is made each time."""
+    text = re.sub(r"^\[[^]]*\]", "[21/11/2026-10:30:00]", text)
     return "".join(f"^{chr(ord(each) + 64)}" if ord(each) < 32 else each for each in text)
 
 

@@ -24,7 +24,42 @@ def spanish(text):
     return MADE_WITH.sub("", text)
 
 
+def script_for_files(folder):
+    """The theme's script is two modules, which a browser takes from no file: one script of both."""
+    scripts = folder / "_static/scripts"
+    text = (scripts / "furo.js").read_text(encoding="utf-8")
+    if text.startswith("import Gumshoe"):
+        first = (scripts / "gumshoe-patched.js").read_text(encoding="utf-8")
+        (scripts / "furo.js").write_text(first + "\n" + text.partition("\n")[2], encoding="utf-8")
+
+
+def dark_by_itself(folder):
+    """The dark colours for whoever's system is dark: the theme's own rule for it is lost on its way to Debian."""
+    style = folder / "_static/styles/furo.css"
+    text = style.read_text(encoding="utf-8")
+    dark = re.search(r'body\[data-theme="dark"\] \{([^}]*)\}', text)
+    if not dark:
+        raise RuntimeError("furo.css has no dark colours where they were")
+    if "prefers-color-scheme" not in text:
+        text += ('\n@media not print { @media (prefers-color-scheme: dark) { body:not([data-theme="light"]) {' + dark[1] + "} } }\n")
+        style.write_text(text, encoding="utf-8")
+
+
+def search_words(folder):
+    """This sentence is put together before its translation is looked up."""
+    script = folder / "_static/searchtools.js"
+    text, count = re.subn(r"_\(\s*`Search finished, found[^`]*`\s*\)",
+                          '`Se encontr${resultCount === 1 ? "ó" : "aron"} ${resultCount} página${resultCount === 1 ? "" : "s"}.`',
+                          script.read_text(encoding="utf-8"))
+    if count != 1:
+        raise RuntimeError("searchtools.js does not tell what was found where it did")
+    script.write_text(text, encoding="utf-8")
+
+
 def finish(folder):
+    script_for_files(folder)
+    search_words(folder)
+    dark_by_itself(folder)
     for path in folder.rglob("*.html"):
         text = path.read_text(encoding="utf-8")
         path.write_text(spanish(text), encoding="utf-8")

@@ -30,6 +30,12 @@ def overflow(page, width):
     return needed - window
 
 
+def search_finds(word):
+    """From a file, as whoever opens the manual has it."""
+    told = browser(1280, 800, 1, "--dump-dom", (WORK / "html/search.html").as_uri() + f"?q={word}")
+    return re.search(r"Se encontraron \d+ páginas", told) is not None and '<ul class="search"><li>' in told
+
+
 def main():
     photos = WORK / "fotos"
     photos.mkdir(exist_ok=True)
@@ -45,6 +51,8 @@ def main():
     for pdf in WORK.glob("*.pdf"):
         for first, last in ((1, 6), (40, 43)):
             subprocess.run(["pdftoppm", "-r", "50", "-f", str(first), "-l", str(last), "-png", pdf, photos / "pdf"], check=True)
+    if not search_finds("tique"):
+        wide.append("the search finds nothing")
     print("\n".join(wide) or f"Fotos: {photos}")
     return 1 if wide else 0
 

@@ -10,7 +10,7 @@ from maker.markdown import fence, index
 LINK = re.compile(r"(!?)\[([^\]]*)\]\(([^)#\s]*)(#[^)\s]*)?\)")
 FENCED = re.compile(r"(?ms)^(```+|~~~+).*?^\1\s*$")
 FIRST_TICKET = (
-    ("EP_Init", ()), ("Kestra_Textos", (1,)),
+    ("Kestra_Textos", (1,)), ("EP_Init", ()),
     ("EP_AbrirComprobanteFiscal", ("FC", "B", "", "", "", "", "F", "", "", "", "", "", 1)),
     ("EP_ImprimirItem", ("Cafe molido 500 g", 2, 1500, 21, 0, "", "", "")),
     ("EP_ImprimirPago", ("Efectivo", 5000)),
@@ -85,6 +85,7 @@ def first_ticket(exports, root):
     for language in languages.LANGUAGES:
         lines, seen = [], set()
         for name, values in FIRST_TICKET:
+            values = (2,) if name == "Kestra_Textos" and language.name in languages.UTF_8 else values
             for line in languages.call(language, functions[name], values).split("\n"):
                 if line not in seen or not line.startswith("Dim "):
                     lines.append(line)
