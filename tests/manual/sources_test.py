@@ -72,6 +72,21 @@ class TheManual(unittest.TestCase):
                     if anchor and path.suffix == ".md" and path.is_relative_to(MANUAL):
                         self.assertIn(anchor, anchors(path))
 
+    def test_is_found_by_the_other_pages_that_lead_to_it(self):
+        folders = [SOURCE / name for name in ("api", "docs", "hosts", "src", "simulator", "tests")]
+        pages = [*SOURCE.glob("*.md"), *(page for folder in folders for page in folder.rglob("*.md"))]
+        for page in pages:
+            if page.is_relative_to(MANUAL) or "node_modules" in page.parts:
+                continue
+            text = re.sub(r"(?ms)^(`{3,}).*?^\1", "", page.read_text(encoding="utf-8"))
+            for target, anchor in re.findall(r"\]\(([^)#\s]+)#?([^)\s]*)\)", text):
+                if "://" not in target:
+                    path = (page.parent / target).resolve()
+                    with self.subTest(page=page.relative_to(SOURCE), target=target, anchor=anchor):
+                        self.assertTrue(path.exists())
+                        if anchor and path.suffix == ".md":
+                            self.assertIn(anchor, anchors(path))
+
 
 if __name__ == "__main__":
     unittest.main()

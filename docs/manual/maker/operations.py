@@ -115,7 +115,7 @@ def line(function, call):
 def visible(text):
     """The bytes of a line of the log; its time is the printer's, so that the same manual is made each time."""
     text = re.sub(r"^\[[^]]*\]", "[21/11/2026-10:30:00]", text)
-    return "".join(f"^{chr(ord(each) + 64)}" if ord(each) < 32 else each for each in text)
+    return "".join(f"^{chr(ord(each) ^ 64)}" if ord(each) < 32 or ord(each) == 127 else each for each in text)
 
 
 def trouble(function, causes):
