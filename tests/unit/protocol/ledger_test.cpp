@@ -417,6 +417,7 @@ const BlurredCountersRow kBlurredCounters[] = {
     {"an opening", Ticket(), true, true, true, true, true},
     {"a cancelling", kCancel, true, false, false, false, true},
     {"a closing", kClosing, true, true, false, true, true},
+    {"a closing of what has no counter", kNote, true, true, true, true, true},
     {"a closing of what is not fiscal", "J\x1CT", true, true, true, true, false},
     {"a day", kDay, false, true, true, false, false},
 };
