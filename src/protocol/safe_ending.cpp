@@ -133,7 +133,7 @@ void SafeEnding::EndDoneBefore(const Fields& fields) {
 void SafeEnding::EndUnsent(const Verdict& verdict) {
   ended_ = true;
   NoteVerdict(library_, verdict, ErrandOf(command_));
-  if (ErrandOf(command_) == Errand::kCommand) KeepParts(verdict);
+  KeepParts(verdict);
   library_.state.RespuestaActual = kCommunicationError;
   Tell(verdict);
 }
