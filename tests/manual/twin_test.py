@@ -49,6 +49,12 @@ class TheTwin(unittest.TestCase):
         for what in (blocks, commands, links, figures):
             self.assertEqual(what(read("LEEME.md")), what(read("README.md")), what.__name__)
 
+    def test_counts_the_fuzz_targets(self):
+        targets = len([path for path in (SOURCE / "tests/fuzz/corpus").iterdir() if path.is_dir()])
+        for name, words in (("README.md", {"eleven": 11, "twelve": 12}), ("LEEME.md", {"once": 11, "doce": 12})):
+            [word] = re.findall(r"docs/proof/fuzzing\.md\), (\w+) ", read(name))
+            self.assertEqual(words.get(word), targets, name)
+
 
 if __name__ == "__main__":
     unittest.main()
