@@ -1,8 +1,11 @@
 """hosts/clarion: the map's module and the equates."""
+import re
+
 from generator import hosts
 
 TYPES = {"text": "*STRING {}", "terminated": "*CSTRING {}", "result": "*STRING {}", "buffer": "*CSTRING {}",
          "length": "LONG {}", "integer": "LONG {}", "amount": "REAL {}", "operator": "LONG {}"}
+LINE = 100
 HEAD = [
     "",
     "Va en el MAP del programa: INCLUDE('kestra.clw'). Kestra.lib se hace con LibMaker, a partir de Kestra.dll.",
@@ -15,7 +18,17 @@ HEAD = [
 def declare(row):
     arguments = ",".join(TYPES[each.kind].format(each.name) for each in row.arguments)
     result = "" if row.returns == "nothing" else ",LONG"
-    return f"    {row.name}({arguments}){result},PASCAL,RAW,DLL(1),NAME('{row.name}')\n"
+    return continued(f"{row.name}({arguments}){result},PASCAL,RAW,DLL(1),NAME('{row.name}')")
+
+
+def continued(prototype):
+    """On lines that an editor shows whole, ended behind a comma: | says that one goes on."""
+    lines = [""]
+    for piece in re.split(r"(?<=,)", prototype):
+        if len(lines[-1]) + len(piece) > LINE:
+            lines.append("")
+        lines[-1] += piece
+    return "    " + " |\n        ".join(lines) + "\n"
 
 
 def made(table):

@@ -2,12 +2,13 @@
 from generator import hosts
 
 TYPES = {"text": "string {}", "terminated": "string {}", "result": "REF string {}", "buffer": "REF string {}",
-         "length": "long {}", "integer": "long {}", "amount": "double {}", "operator": "long {}"}
+         "length": "long {}", "integer": "long {}", "amount": "double {}", "operator": "longptr {}"}
 HEAD = [
     "",
     "Se pega en Declare, Global External Functions. ;Ansi hace que los textos vayan de a un byte por letra.",
     "Un texto se pasa completado con blancos: Left(texto + Space(50), 50). Un búfer se pasa lleno de blancos, Space(9),",
     "y vuelve escrito. PowerBuilder no tiene funciones que otro pueda llamar: a Kestra_DefinirOperador se le pasa 0.",
+    "Su longptr tiene el ancho del programa, 32 o 64 bits; donde PowerBuilder todavía no lo conoce va long.",
     *hosts.UNTRIED,
 ]
 

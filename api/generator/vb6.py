@@ -18,10 +18,12 @@ def parameter(argument):
 
 
 def declare(row, safe=""):
+    """With an alias: the editor rewrites a declare's name as another identifier of the project is written."""
     arguments = ", ".join(map(parameter, row.arguments))
+    where = f'{row.name} Lib "Kestra.dll" Alias "{row.name}" ({arguments})'
     if row.returns == "nothing":
-        return f'Public Declare {safe}Sub {row.name} Lib "Kestra.dll" ({arguments})\n'
-    return f'Public Declare {safe}Function {row.name} Lib "Kestra.dll" ({arguments}) As Long\n'
+        return f"Public Declare {safe}Sub {where}\n"
+    return f"Public Declare {safe}Function {where} As Long\n"
 
 
 def constants(table):

@@ -3,7 +3,7 @@ from generator import hosts
 
 TYPES = {"text": "LOCAL {} is ANSI string", "terminated": "LOCAL {} is ANSI string", "result": "{} is ANSI string",
          "buffer": "{} is ANSI string", "length": "LOCAL {} is int", "integer": "LOCAL {} is int",
-         "amount": "LOCAL {} is real", "operator": "LOCAL {} is int"}
+         "amount": "LOCAL {} is real", "operator": "LOCAL {} is system int"}
 HEAD = [
     "",
     "Se pega en una colección de procedimientos.",

@@ -25,34 +25,43 @@
     ! Textos: tipo 2 bytes; letra 1 byte; nombre1, nombre2 40 bytes cada uno; documento_tipo 6 bytes;
     ! documento_numero 11 bytes; responsabilidad_iva 1 byte; domicilio1, domicilio2, domicilio3, linea4, linea5 40
     ! bytes cada uno.
-    EP_AbrirComprobanteFiscal(*STRING tipo,*STRING letra,*STRING nombre1,*STRING nombre2,*STRING documento_tipo,*STRING documento_numero,*STRING responsabilidad_iva,*STRING domicilio1,*STRING domicilio2,*STRING domicilio3,*STRING linea4,*STRING linea5,LONG copias),LONG,PASCAL,RAW,DLL(1),NAME('EP_AbrirComprobanteFiscal')
+    EP_AbrirComprobanteFiscal(*STRING tipo,*STRING letra,*STRING nombre1,*STRING nombre2, |
+        *STRING documento_tipo,*STRING documento_numero,*STRING responsabilidad_iva,*STRING domicilio1, |
+        *STRING domicilio2,*STRING domicilio3,*STRING linea4,*STRING linea5,LONG copias),LONG,PASCAL,RAW, |
+        DLL(1),NAME('EP_AbrirComprobanteFiscal')
     ! Imprime una línea de venta.
     ! Textos: descripcion 50 bytes; extra1, extra2, extra3 22 bytes cada uno.
-    EP_ImprimirItem(*STRING descripcion,REAL cantidad,REAL precio,REAL iva,REAL impuestos_internos,*STRING extra1,*STRING extra2,*STRING extra3),LONG,PASCAL,RAW,DLL(1),NAME('EP_ImprimirItem')
+    EP_ImprimirItem(*STRING descripcion,REAL cantidad,REAL precio,REAL iva,REAL impuestos_internos, |
+        *STRING extra1,*STRING extra2,*STRING extra3),LONG,PASCAL,RAW,DLL(1),NAME('EP_ImprimirItem')
     ! Imprime la anulación de una línea.
     ! Textos: descripcion 50 bytes; extra1, extra2, extra3 22 bytes cada uno.
-    EP_AnularItem(*STRING descripcion,REAL cantidad,REAL precio,REAL iva,REAL impuestos_internos,*STRING extra1,*STRING extra2,*STRING extra3),LONG,PASCAL,RAW,DLL(1),NAME('EP_AnularItem')
+    EP_AnularItem(*STRING descripcion,REAL cantidad,REAL precio,REAL iva,REAL impuestos_internos, |
+        *STRING extra1,*STRING extra2,*STRING extra3),LONG,PASCAL,RAW,DLL(1),NAME('EP_AnularItem')
     ! Imprime un renglón de texto dentro del comprobante.
     ! Textos: texto 26 bytes.
     EP_ImprimirTextoFiscal(*STRING texto),LONG,PASCAL,RAW,DLL(1),NAME('EP_ImprimirTextoFiscal')
     ! Lo mismo, con un texto terminado en cero.
-    EP_ImprimirTextoFiscalInterna(*CSTRING texto),LONG,PASCAL,RAW,DLL(1),NAME('EP_ImprimirTextoFiscalInterna')
+    EP_ImprimirTextoFiscalInterna(*CSTRING texto),LONG,PASCAL,RAW,DLL(1), |
+        NAME('EP_ImprimirTextoFiscalInterna')
     ! Cierra el comprobante y da su número.
     ! Textos: tipo 2 bytes; letra 1 byte.
     ! Recibe: numero, hasta 8 bytes.
-    EP_CerrarComprobanteFiscal(*STRING tipo,*STRING letra,*STRING numero),LONG,PASCAL,RAW,DLL(1),NAME('EP_CerrarComprobanteFiscal')
+    EP_CerrarComprobanteFiscal(*STRING tipo,*STRING letra,*STRING numero),LONG,PASCAL,RAW,DLL(1), |
+        NAME('EP_CerrarComprobanteFiscal')
     ! Cancela el comprobante abierto.
     EP_Cancelar(),LONG,PASCAL,RAW,DLL(1),NAME('EP_Cancelar')
     ! ---- Totales y pagos ----
     ! Le descuenta un importe al comprobante.
     ! Textos: descripcion 80 bytes.
-    EP_DescuentoGeneral(*STRING descripcion,REAL monto),LONG,PASCAL,RAW,DLL(1),NAME('EP_DescuentoGeneral')
+    EP_DescuentoGeneral(*STRING descripcion,REAL monto),LONG,PASCAL,RAW,DLL(1), |
+        NAME('EP_DescuentoGeneral')
     ! Le suma un recargo al comprobante.
     ! Textos: descripcion 80 bytes.
     EP_RecargoGeneral(*STRING descripcion,REAL monto),LONG,PASCAL,RAW,DLL(1),NAME('EP_RecargoGeneral')
     ! Le suma una percepción al comprobante.
     ! Textos: descripcion 20 bytes; calificador 1 byte.
-    EP_EspecificarPercepcionGlobal(*STRING descripcion,REAL monto,REAL iva,*STRING calificador),LONG,PASCAL,RAW,DLL(1),NAME('EP_EspecificarPercepcionGlobal')
+    EP_EspecificarPercepcionGlobal(*STRING descripcion,REAL monto,REAL iva,*STRING calificador),LONG, |
+        PASCAL,RAW,DLL(1),NAME('EP_EspecificarPercepcionGlobal')
     ! Imprime una línea de pago.
     ! Textos: descripcion 80 bytes.
     EP_ImprimirPago(*STRING descripcion,REAL monto),LONG,PASCAL,RAW,DLL(1),NAME('EP_ImprimirPago')
@@ -62,10 +71,14 @@
     ! Abre un documento no fiscal homologado.
     ! Textos: tipo 2 bytes; marca1 1 byte; linea1, linea2 40 bytes cada uno; documento_tipo 6 bytes;
     ! documento_numero 11 bytes; marca2 1 byte; domicilio, linea4, linea5, linea6, linea7 40 bytes cada uno.
-    EP_AbrirComprobanteNoFiscalHomologado(*STRING tipo,*STRING marca1,*STRING linea1,*STRING linea2,*STRING documento_tipo,*STRING documento_numero,*STRING marca2,*STRING domicilio,*STRING linea4,*STRING linea5,*STRING linea6,*STRING linea7,LONG cantidad),LONG,PASCAL,RAW,DLL(1),NAME('EP_AbrirComprobanteNoFiscalHomologado')
+    EP_AbrirComprobanteNoFiscalHomologado(*STRING tipo,*STRING marca1,*STRING linea1,*STRING linea2, |
+        *STRING documento_tipo,*STRING documento_numero,*STRING marca2,*STRING domicilio,*STRING linea4, |
+        *STRING linea5,*STRING linea6,*STRING linea7,LONG cantidad),LONG,PASCAL,RAW,DLL(1), |
+        NAME('EP_AbrirComprobanteNoFiscalHomologado')
     ! Cierra el documento homologado.
     ! Textos: tipo 2 bytes; marca 1 byte.
-    EP_CerrarComprobanteNoFiscalHomologado(*STRING tipo,*STRING marca),LONG,PASCAL,RAW,DLL(1),NAME('EP_CerrarComprobanteNoFiscalHomologado')
+    EP_CerrarComprobanteNoFiscalHomologado(*STRING tipo,*STRING marca),LONG,PASCAL,RAW,DLL(1), |
+        NAME('EP_CerrarComprobanteNoFiscalHomologado')
     ! Abre un documento no fiscal.
     EP_AbrirComprobanteNoFiscal(),LONG,PASCAL,RAW,DLL(1),NAME('EP_AbrirComprobanteNoFiscal')
     ! Imprime un renglón en el documento no fiscal.
@@ -79,10 +92,12 @@
     ! Imprime el informe Z y cierra la jornada.
     EP_ReporteZ(),LONG,PASCAL,RAW,DLL(1),NAME('EP_ReporteZ')
     ! Lista los cierres Z entre dos números.
-    EP_ReporteZporNumeros(LONG primero,LONG ultimo,LONG tercero),LONG,PASCAL,RAW,DLL(1),NAME('EP_ReporteZporNumeros')
+    EP_ReporteZporNumeros(LONG primero,LONG ultimo,LONG tercero),LONG,PASCAL,RAW,DLL(1), |
+        NAME('EP_ReporteZporNumeros')
     ! Lista los cierres Z entre dos fechas.
     ! Textos: desde, hasta 6 bytes cada uno.
-    EP_ReporteZporFechas(*STRING desde,*STRING hasta,LONG tercero),LONG,PASCAL,RAW,DLL(1),NAME('EP_ReporteZporFechas')
+    EP_ReporteZporFechas(*STRING desde,*STRING hasta,LONG tercero),LONG,PASCAL,RAW,DLL(1), |
+        NAME('EP_ReporteZporFechas')
     ! ---- La impresora ----
     ! Abre el cajón de dinero.
     EP_AbrirCajonDeDinero(LONG cajon),LONG,PASCAL,RAW,DLL(1),NAME('EP_AbrirCajonDeDinero')
@@ -94,7 +109,8 @@
     EP_ObtenerFechaHora(*STRING resultado),LONG,PASCAL,RAW,DLL(1),NAME('EP_ObtenerFechaHora')
     ! Pone una línea del encabezado.
     ! Textos: texto 120 bytes.
-    EP_SetEncabezado(*STRING texto,LONG linea,LONG atributo),LONG,PASCAL,RAW,DLL(1),NAME('EP_SetEncabezado')
+    EP_SetEncabezado(*STRING texto,LONG linea,LONG atributo),LONG,PASCAL,RAW,DLL(1), |
+        NAME('EP_SetEncabezado')
     ! Lee una línea del encabezado.
     ! Recibe: resultado, hasta 120 bytes.
     EP_GetEncabezado(*STRING resultado,LONG linea),LONG,PASCAL,RAW,DLL(1),NAME('EP_GetEncabezado')
@@ -150,7 +166,8 @@
     Kestra_CausaTexto(*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_CausaTexto')
     ! Un campo de la última respuesta.
     ! Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-    Kestra_Respuesta(LONG numero,*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Respuesta')
+    Kestra_Respuesta(LONG numero,*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1), |
+        NAME('Kestra_Respuesta')
     ! Cuántas tramas mandó la última llamada.
     ! Devuelve: La cuenta, con repeticiones y preguntas; -1 mientras otra llamada está en curso.
     Kestra_Intentos(),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Intentos')
@@ -166,7 +183,8 @@
     Kestra_Subtotal(*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Subtotal')
     ! Pregunta el número del último comprobante de una clase.
     ! Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-    Kestra_Numeracion(LONG clase,LONG letra,*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Numeracion')
+    Kestra_Numeracion(LONG clase,LONG letra,*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1), |
+        NAME('Kestra_Numeracion')
     ! Si quedó una llamada sin resolver.
     ! Devuelve: 1 si la hay, 0 si no; -1 mientras no se pueda leer el diario o mientras otra llamada está en curso.
     Kestra_Pendiente(*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Pendiente')
@@ -176,7 +194,8 @@
     Kestra_Resolver(),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Resolver')
     ! El número del comprobante que Kestra_Resolver encontró cerrado.
     ! Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-    Kestra_ResolverNumero(*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_ResolverNumero')
+    Kestra_ResolverNumero(*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1), |
+        NAME('Kestra_ResolverNumero')
     ! Deja de lado lo pendiente sin preguntar.
     ! Devuelve: 1 lo dejó, 0 no había nada, -1 mientras otra llamada está en curso.
     Kestra_Olvidar(),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Olvidar')

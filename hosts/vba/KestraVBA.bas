@@ -159,11 +159,11 @@ End Type
 
 ' Lee Fiscal.ini y prepara el puerto.
 ' Devuelve: 1 lista, 0 falló. Es la única en la que 1 es éxito.
-Public Declare PtrSafe Function EP_Init Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_Init Lib "Kestra.dll" Alias "EP_Init" () As Long
 
 ' Suelta el puerto.
 ' Devuelve: No quiere decir nada.
-Public Declare PtrSafe Function EP_Kill Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_Kill Lib "Kestra.dll" Alias "EP_Kill" () As Long
 
 ' ---- Comprobantes fiscales ----
 
@@ -171,298 +171,298 @@ Public Declare PtrSafe Function EP_Kill Lib "Kestra.dll" () As Long
 ' Textos: tipo 2 bytes; letra 1 byte; nombre1, nombre2 40 bytes cada uno; documento_tipo 6 bytes;
 ' documento_numero 11 bytes; responsabilidad_iva 1 byte; domicilio1, domicilio2, domicilio3, linea4, linea5 40
 ' bytes cada uno.
-Public Declare PtrSafe Function EP_AbrirComprobanteFiscal Lib "Kestra.dll" (ByVal tipo As String, ByVal letra As String, ByVal nombre1 As String, ByVal nombre2 As String, ByVal documento_tipo As String, ByVal documento_numero As String, ByVal responsabilidad_iva As String, ByVal domicilio1 As String, ByVal domicilio2 As String, ByVal domicilio3 As String, ByVal linea4 As String, ByVal linea5 As String, ByVal copias As Long) As Long
+Public Declare PtrSafe Function EP_AbrirComprobanteFiscal Lib "Kestra.dll" Alias "EP_AbrirComprobanteFiscal" (ByVal tipo As String, ByVal letra As String, ByVal nombre1 As String, ByVal nombre2 As String, ByVal documento_tipo As String, ByVal documento_numero As String, ByVal responsabilidad_iva As String, ByVal domicilio1 As String, ByVal domicilio2 As String, ByVal domicilio3 As String, ByVal linea4 As String, ByVal linea5 As String, ByVal copias As Long) As Long
 
 ' Imprime una línea de venta.
 ' Textos: descripcion 50 bytes; extra1, extra2, extra3 22 bytes cada uno.
-Public Declare PtrSafe Function EP_ImprimirItem Lib "Kestra.dll" (ByVal descripcion As String, ByVal cantidad As Double, ByVal precio As Double, ByVal iva As Double, ByVal impuestos_internos As Double, ByVal extra1 As String, ByVal extra2 As String, ByVal extra3 As String) As Long
+Public Declare PtrSafe Function EP_ImprimirItem Lib "Kestra.dll" Alias "EP_ImprimirItem" (ByVal descripcion As String, ByVal cantidad As Double, ByVal precio As Double, ByVal iva As Double, ByVal impuestos_internos As Double, ByVal extra1 As String, ByVal extra2 As String, ByVal extra3 As String) As Long
 
 ' Imprime la anulación de una línea.
 ' Textos: descripcion 50 bytes; extra1, extra2, extra3 22 bytes cada uno.
-Public Declare PtrSafe Function EP_AnularItem Lib "Kestra.dll" (ByVal descripcion As String, ByVal cantidad As Double, ByVal precio As Double, ByVal iva As Double, ByVal impuestos_internos As Double, ByVal extra1 As String, ByVal extra2 As String, ByVal extra3 As String) As Long
+Public Declare PtrSafe Function EP_AnularItem Lib "Kestra.dll" Alias "EP_AnularItem" (ByVal descripcion As String, ByVal cantidad As Double, ByVal precio As Double, ByVal iva As Double, ByVal impuestos_internos As Double, ByVal extra1 As String, ByVal extra2 As String, ByVal extra3 As String) As Long
 
 ' Imprime un renglón de texto dentro del comprobante.
 ' Textos: texto 26 bytes.
-Public Declare PtrSafe Function EP_ImprimirTextoFiscal Lib "Kestra.dll" (ByVal texto As String) As Long
+Public Declare PtrSafe Function EP_ImprimirTextoFiscal Lib "Kestra.dll" Alias "EP_ImprimirTextoFiscal" (ByVal texto As String) As Long
 
 ' Lo mismo, con un texto terminado en cero.
-Public Declare PtrSafe Function EP_ImprimirTextoFiscalInterna Lib "Kestra.dll" (ByVal texto As String) As Long
+Public Declare PtrSafe Function EP_ImprimirTextoFiscalInterna Lib "Kestra.dll" Alias "EP_ImprimirTextoFiscalInterna" (ByVal texto As String) As Long
 
 ' Cierra el comprobante y da su número.
 ' Textos: tipo 2 bytes; letra 1 byte.
 ' Recibe: numero, hasta 8 bytes.
-Public Declare PtrSafe Function EP_CerrarComprobanteFiscal Lib "Kestra.dll" (ByVal tipo As String, ByVal letra As String, ByVal numero As String) As Long
+Public Declare PtrSafe Function EP_CerrarComprobanteFiscal Lib "Kestra.dll" Alias "EP_CerrarComprobanteFiscal" (ByVal tipo As String, ByVal letra As String, ByVal numero As String) As Long
 
 ' Cancela el comprobante abierto.
-Public Declare PtrSafe Function EP_Cancelar Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_Cancelar Lib "Kestra.dll" Alias "EP_Cancelar" () As Long
 
 ' ---- Totales y pagos ----
 
 ' Le descuenta un importe al comprobante.
 ' Textos: descripcion 80 bytes.
-Public Declare PtrSafe Function EP_DescuentoGeneral Lib "Kestra.dll" (ByVal descripcion As String, ByVal monto As Double) As Long
+Public Declare PtrSafe Function EP_DescuentoGeneral Lib "Kestra.dll" Alias "EP_DescuentoGeneral" (ByVal descripcion As String, ByVal monto As Double) As Long
 
 ' Le suma un recargo al comprobante.
 ' Textos: descripcion 80 bytes.
-Public Declare PtrSafe Function EP_RecargoGeneral Lib "Kestra.dll" (ByVal descripcion As String, ByVal monto As Double) As Long
+Public Declare PtrSafe Function EP_RecargoGeneral Lib "Kestra.dll" Alias "EP_RecargoGeneral" (ByVal descripcion As String, ByVal monto As Double) As Long
 
 ' Le suma una percepción al comprobante.
 ' Textos: descripcion 20 bytes; calificador 1 byte.
-Public Declare PtrSafe Function EP_EspecificarPercepcionGlobal Lib "Kestra.dll" (ByVal descripcion As String, ByVal monto As Double, ByVal iva As Double, ByVal calificador As String) As Long
+Public Declare PtrSafe Function EP_EspecificarPercepcionGlobal Lib "Kestra.dll" Alias "EP_EspecificarPercepcionGlobal" (ByVal descripcion As String, ByVal monto As Double, ByVal iva As Double, ByVal calificador As String) As Long
 
 ' Imprime una línea de pago.
 ' Textos: descripcion 80 bytes.
-Public Declare PtrSafe Function EP_ImprimirPago Lib "Kestra.dll" (ByVal descripcion As String, ByVal monto As Double) As Long
+Public Declare PtrSafe Function EP_ImprimirPago Lib "Kestra.dll" Alias "EP_ImprimirPago" (ByVal descripcion As String, ByVal monto As Double) As Long
 
 ' Agrega líneas hasta que el total sea el que se dice.
-Public Declare PtrSafe Function EP_AjusteRedondeo Lib "Kestra.dll" (ByVal total As Double) As Long
+Public Declare PtrSafe Function EP_AjusteRedondeo Lib "Kestra.dll" Alias "EP_AjusteRedondeo" (ByVal total As Double) As Long
 
 ' ---- Otros documentos ----
 
 ' Abre un documento no fiscal homologado.
 ' Textos: tipo 2 bytes; marca1 1 byte; linea1, linea2 40 bytes cada uno; documento_tipo 6 bytes;
 ' documento_numero 11 bytes; marca2 1 byte; domicilio, linea4, linea5, linea6, linea7 40 bytes cada uno.
-Public Declare PtrSafe Function EP_AbrirComprobanteNoFiscalHomologado Lib "Kestra.dll" (ByVal tipo As String, ByVal marca1 As String, ByVal linea1 As String, ByVal linea2 As String, ByVal documento_tipo As String, ByVal documento_numero As String, ByVal marca2 As String, ByVal domicilio As String, ByVal linea4 As String, ByVal linea5 As String, ByVal linea6 As String, ByVal linea7 As String, ByVal cantidad As Long) As Long
+Public Declare PtrSafe Function EP_AbrirComprobanteNoFiscalHomologado Lib "Kestra.dll" Alias "EP_AbrirComprobanteNoFiscalHomologado" (ByVal tipo As String, ByVal marca1 As String, ByVal linea1 As String, ByVal linea2 As String, ByVal documento_tipo As String, ByVal documento_numero As String, ByVal marca2 As String, ByVal domicilio As String, ByVal linea4 As String, ByVal linea5 As String, ByVal linea6 As String, ByVal linea7 As String, ByVal cantidad As Long) As Long
 
 ' Cierra el documento homologado.
 ' Textos: tipo 2 bytes; marca 1 byte.
-Public Declare PtrSafe Function EP_CerrarComprobanteNoFiscalHomologado Lib "Kestra.dll" (ByVal tipo As String, ByVal marca As String) As Long
+Public Declare PtrSafe Function EP_CerrarComprobanteNoFiscalHomologado Lib "Kestra.dll" Alias "EP_CerrarComprobanteNoFiscalHomologado" (ByVal tipo As String, ByVal marca As String) As Long
 
 ' Abre un documento no fiscal.
-Public Declare PtrSafe Function EP_AbrirComprobanteNoFiscal Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_AbrirComprobanteNoFiscal Lib "Kestra.dll" Alias "EP_AbrirComprobanteNoFiscal" () As Long
 
 ' Imprime un renglón en el documento no fiscal.
 ' Textos: texto 120 bytes.
-Public Declare PtrSafe Function EP_ImprimirTextoNoFiscal Lib "Kestra.dll" (ByVal texto As String) As Long
+Public Declare PtrSafe Function EP_ImprimirTextoNoFiscal Lib "Kestra.dll" Alias "EP_ImprimirTextoNoFiscal" (ByVal texto As String) As Long
 
 ' Cierra el documento no fiscal.
-Public Declare PtrSafe Function EP_CerrarComprobanteNoFiscal Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_CerrarComprobanteNoFiscal Lib "Kestra.dll" Alias "EP_CerrarComprobanteNoFiscal" () As Long
 
 ' ---- Informes ----
 
 ' Imprime el informe X.
-Public Declare PtrSafe Function EP_ReporteX Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_ReporteX Lib "Kestra.dll" Alias "EP_ReporteX" () As Long
 
 ' Imprime el informe Z y cierra la jornada.
-Public Declare PtrSafe Function EP_ReporteZ Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_ReporteZ Lib "Kestra.dll" Alias "EP_ReporteZ" () As Long
 
 ' Lista los cierres Z entre dos números.
-Public Declare PtrSafe Function EP_ReporteZporNumeros Lib "Kestra.dll" (ByVal primero As Long, ByVal ultimo As Long, ByVal tercero As Long) As Long
+Public Declare PtrSafe Function EP_ReporteZporNumeros Lib "Kestra.dll" Alias "EP_ReporteZporNumeros" (ByVal primero As Long, ByVal ultimo As Long, ByVal tercero As Long) As Long
 
 ' Lista los cierres Z entre dos fechas.
 ' Textos: desde, hasta 6 bytes cada uno.
-Public Declare PtrSafe Function EP_ReporteZporFechas Lib "Kestra.dll" (ByVal desde As String, ByVal hasta As String, ByVal tercero As Long) As Long
+Public Declare PtrSafe Function EP_ReporteZporFechas Lib "Kestra.dll" Alias "EP_ReporteZporFechas" (ByVal desde As String, ByVal hasta As String, ByVal tercero As Long) As Long
 
 ' ---- La impresora ----
 
 ' Abre el cajón de dinero.
-Public Declare PtrSafe Function EP_AbrirCajonDeDinero Lib "Kestra.dll" (ByVal cajon As Long) As Long
+Public Declare PtrSafe Function EP_AbrirCajonDeDinero Lib "Kestra.dll" Alias "EP_AbrirCajonDeDinero" (ByVal cajon As Long) As Long
 
 ' Pone en hora la impresora.
 ' Textos: fecha, hora 6 bytes cada uno.
-Public Declare PtrSafe Function EP_CambiarFechaHora Lib "Kestra.dll" (ByVal fecha As String, ByVal hora As String) As Long
+Public Declare PtrSafe Function EP_CambiarFechaHora Lib "Kestra.dll" Alias "EP_CambiarFechaHora" (ByVal fecha As String, ByVal hora As String) As Long
 
 ' Lee el reloj de la impresora.
 ' Recibe: resultado, hasta 12 bytes.
-Public Declare PtrSafe Function EP_ObtenerFechaHora Lib "Kestra.dll" (ByVal resultado As String) As Long
+Public Declare PtrSafe Function EP_ObtenerFechaHora Lib "Kestra.dll" Alias "EP_ObtenerFechaHora" (ByVal resultado As String) As Long
 
 ' Pone una línea del encabezado.
 ' Textos: texto 120 bytes.
-Public Declare PtrSafe Function EP_SetEncabezado Lib "Kestra.dll" (ByVal texto As String, ByVal linea As Long, ByVal atributo As Long) As Long
+Public Declare PtrSafe Function EP_SetEncabezado Lib "Kestra.dll" Alias "EP_SetEncabezado" (ByVal texto As String, ByVal linea As Long, ByVal atributo As Long) As Long
 
 ' Lee una línea del encabezado.
 ' Recibe: resultado, hasta 120 bytes.
-Public Declare PtrSafe Function EP_GetEncabezado Lib "Kestra.dll" (ByVal resultado As String, ByVal linea As Long) As Long
+Public Declare PtrSafe Function EP_GetEncabezado Lib "Kestra.dll" Alias "EP_GetEncabezado" (ByVal resultado As String, ByVal linea As Long) As Long
 
 ' Corta el papel.
-Public Declare PtrSafe Function EP_CortaPapel Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_CortaPapel Lib "Kestra.dll" Alias "EP_CortaPapel" () As Long
 
 ' Avanza el papel.
-Public Declare PtrSafe Function EP_AvanzaPapel Lib "Kestra.dll" (ByVal lineas As Long) As Long
+Public Declare PtrSafe Function EP_AvanzaPapel Lib "Kestra.dll" Alias "EP_AvanzaPapel" (ByVal lineas As Long) As Long
 
 ' Lee los datos del modelo.
 ' Recibe: resultado, hasta 64 bytes.
-Public Declare PtrSafe Function EP_ValoresModelo Lib "Kestra.dll" (ByVal resultado As String) As Long
+Public Declare PtrSafe Function EP_ValoresModelo Lib "Kestra.dll" Alias "EP_ValoresModelo" (ByVal resultado As String) As Long
 
 ' Lee los contadores.
 ' Recibe: resultado, hasta 80 bytes.
-Public Declare PtrSafe Function EP_Numeracion Lib "Kestra.dll" (ByVal resultado As String) As Long
+Public Declare PtrSafe Function EP_Numeracion Lib "Kestra.dll" Alias "EP_Numeracion" (ByVal resultado As String) As Long
 
 ' Lee el nombre del modelo.
 ' Recibe: resultado, hasta 14 bytes.
-Public Declare PtrSafe Function EP_AutodetectarModelo Lib "Kestra.dll" (ByVal resultado As String) As Long
+Public Declare PtrSafe Function EP_AutodetectarModelo Lib "Kestra.dll" Alias "EP_AutodetectarModelo" (ByVal resultado As String) As Long
 
 ' ---- Para programas viejos ----
 
 ' El último código de error: siempre 0.
-Public Declare PtrSafe Function EP_Chequear_Error Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_Chequear_Error Lib "Kestra.dll" Alias "EP_Chequear_Error" () As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_ReimprimirComprobante Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function EP_ReimprimirComprobante Lib "Kestra.dll" Alias "EP_ReimprimirComprobante" () As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_Configuracion Lib "Kestra.dll" (ByVal a As Long) As Long
+Public Declare PtrSafe Function EP_Configuracion Lib "Kestra.dll" Alias "EP_Configuracion" (ByVal a As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_ConsultaMemoria Lib "Kestra.dll" (ByVal a As Long) As Long
+Public Declare PtrSafe Function EP_ConsultaMemoria Lib "Kestra.dll" Alias "EP_ConsultaMemoria" (ByVal a As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_Copias Lib "Kestra.dll" (ByVal a As Long) As Long
+Public Declare PtrSafe Function EP_Copias Lib "Kestra.dll" Alias "EP_Copias" (ByVal a As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_ImpuestoInternoFijo Lib "Kestra.dll" (ByVal a As Long) As Long
+Public Declare PtrSafe Function EP_ImpuestoInternoFijo Lib "Kestra.dll" Alias "EP_ImpuestoInternoFijo" (ByVal a As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_ImpuestoInternoPorMonto Lib "Kestra.dll" (ByVal a As Long) As Long
+Public Declare PtrSafe Function EP_ImpuestoInternoPorMonto Lib "Kestra.dll" Alias "EP_ImpuestoInternoPorMonto" (ByVal a As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_InformacionRemito Lib "Kestra.dll" (ByVal a As Long) As Long
+Public Declare PtrSafe Function EP_InformacionRemito Lib "Kestra.dll" Alias "EP_InformacionRemito" (ByVal a As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_Inicializacion Lib "Kestra.dll" (ByVal a As Long) As Long
+Public Declare PtrSafe Function EP_Inicializacion Lib "Kestra.dll" Alias "EP_Inicializacion" (ByVal a As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_Memoria Lib "Kestra.dll" (ByVal a As Long) As Long
+Public Declare PtrSafe Function EP_Memoria Lib "Kestra.dll" Alias "EP_Memoria" (ByVal a As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_DescuentoUltimoItem Lib "Kestra.dll" (ByVal a As Long, ByVal b As Long, ByVal c As Long) As Long
+Public Declare PtrSafe Function EP_DescuentoUltimoItem Lib "Kestra.dll" Alias "EP_DescuentoUltimoItem" (ByVal a As Long, ByVal b As Long, ByVal c As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_ImprimirItemEnRemito Lib "Kestra.dll" (ByVal a As Long, ByVal b As Long, ByVal c As Long) As Long
+Public Declare PtrSafe Function EP_ImprimirItemEnRemito Lib "Kestra.dll" Alias "EP_ImprimirItemEnRemito" (ByVal a As Long, ByVal b As Long, ByVal c As Long) As Long
 
 ' No hace nada.
-Public Declare PtrSafe Function EP_DatosCliente Lib "Kestra.dll" (ByVal a As Long, ByVal b As Long, ByVal c As Long, ByVal d As Long, ByVal e As Long) As Long
+Public Declare PtrSafe Function EP_DatosCliente Lib "Kestra.dll" Alias "EP_DatosCliente" (ByVal a As Long, ByVal b As Long, ByVal c As Long, ByVal d As Long, ByVal e As Long) As Long
 
 ' ---- Qué fue de la última llamada ----
 
 ' Qué fue de la última llamada.
 ' Devuelve: Un número de KestraDesenlace; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Desenlace Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function Kestra_Desenlace Lib "Kestra.dll" Alias "Kestra_Desenlace" () As Long
 
 ' Por qué terminó así la última llamada.
 ' Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Causa Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function Kestra_Causa Lib "Kestra.dll" Alias "Kestra_Causa" () As Long
 
 ' Lo mismo para el operador, en castellano.
 ' Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_CausaTexto Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare PtrSafe Function Kestra_CausaTexto Lib "Kestra.dll" Alias "Kestra_CausaTexto" (ByVal texto As String, ByVal longitud As Long) As Long
 
 ' Un campo de la última respuesta.
 ' Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Respuesta Lib "Kestra.dll" (ByVal numero As Long, ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare PtrSafe Function Kestra_Respuesta Lib "Kestra.dll" Alias "Kestra_Respuesta" (ByVal numero As Long, ByVal texto As String, ByVal longitud As Long) As Long
 
 ' Cuántas tramas mandó la última llamada.
 ' Devuelve: La cuenta, con repeticiones y preguntas; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Intentos Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function Kestra_Intentos Lib "Kestra.dll" Alias "Kestra_Intentos" () As Long
 
 ' Le pregunta a la impresora cómo está.
 ' Devuelve: 0 contestó, 1 no contestó, -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Estado Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function Kestra_Estado Lib "Kestra.dll" Alias "Kestra_Estado" () As Long
 
 ' Qué comprobante está abierto y en qué etapa.
 ' Devuelve: Un número de KestraDocumento: la clase en los ocho bits bajos y la etapa encima; -1 mientras otra
 ' llamada está en curso.
-Public Declare PtrSafe Function Kestra_DocumentoAbierto Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function Kestra_DocumentoAbierto Lib "Kestra.dll" Alias "Kestra_DocumentoAbierto" () As Long
 
 ' Pregunta el total del comprobante abierto.
 ' Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Subtotal Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare PtrSafe Function Kestra_Subtotal Lib "Kestra.dll" Alias "Kestra_Subtotal" (ByVal texto As String, ByVal longitud As Long) As Long
 
 ' Pregunta el número del último comprobante de una clase.
 ' Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Numeracion Lib "Kestra.dll" (ByVal clase As Long, ByVal letra As Long, ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare PtrSafe Function Kestra_Numeracion Lib "Kestra.dll" Alias "Kestra_Numeracion" (ByVal clase As Long, ByVal letra As Long, ByVal texto As String, ByVal longitud As Long) As Long
 
 ' Si quedó una llamada sin resolver.
 ' Devuelve: 1 si la hay, 0 si no; -1 mientras no se pueda leer el diario o mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Pendiente Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare PtrSafe Function Kestra_Pendiente Lib "Kestra.dll" Alias "Kestra_Pendiente" (ByVal texto As String, ByVal longitud As Long) As Long
 
 ' Averigua qué fue de la llamada pendiente.
 ' Devuelve: Un número de KestraDesenlace: 0 no había nada, 1 hecha, 6 no hecha, 5 se dio vuelta la hoja y falta
 ' el ítem, 4 no se sabe todavía; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Resolver Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function Kestra_Resolver Lib "Kestra.dll" Alias "Kestra_Resolver" () As Long
 
 ' El número del comprobante que Kestra_Resolver encontró cerrado.
 ' Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_ResolverNumero Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare PtrSafe Function Kestra_ResolverNumero Lib "Kestra.dll" Alias "Kestra_ResolverNumero" (ByVal texto As String, ByVal longitud As Long) As Long
 
 ' Deja de lado lo pendiente sin preguntar.
 ' Devuelve: 1 lo dejó, 0 no había nada, -1 mientras otra llamada está en curso.
-Public Declare PtrSafe Function Kestra_Olvidar Lib "Kestra.dll" () As Long
+Public Declare PtrSafe Function Kestra_Olvidar Lib "Kestra.dll" Alias "Kestra_Olvidar" () As Long
 
 ' ---- El operador ----
 
 ' Hace que el programa conteste en lugar de los cuadros de la biblioteca.
 ' Devuelve: No devuelve nada.
-Public Declare PtrSafe Sub Kestra_DefinirOperador Lib "Kestra.dll" (ByRef operador As Any)
+Public Declare PtrSafe Sub Kestra_DefinirOperador Lib "Kestra.dll" Alias "Kestra_DefinirOperador" (ByRef operador As Any)
 
 ' ---- Textos ----
 
 ' Elige cómo se pasan los textos.
 ' Devuelve: El modo que regía; -1 mientras otra llamada está en curso, y entonces no cambia nada.
-Public Declare PtrSafe Function Kestra_Textos Lib "Kestra.dll" (ByVal modo As Long) As Long
+Public Declare PtrSafe Function Kestra_Textos Lib "Kestra.dll" Alias "Kestra_Textos" (ByVal modo As Long) As Long
 
 #Else
 
-Public Declare Function EP_Init Lib "Kestra.dll" () As Long
-Public Declare Function EP_Kill Lib "Kestra.dll" () As Long
-Public Declare Function EP_AbrirComprobanteFiscal Lib "Kestra.dll" (ByVal tipo As String, ByVal letra As String, ByVal nombre1 As String, ByVal nombre2 As String, ByVal documento_tipo As String, ByVal documento_numero As String, ByVal responsabilidad_iva As String, ByVal domicilio1 As String, ByVal domicilio2 As String, ByVal domicilio3 As String, ByVal linea4 As String, ByVal linea5 As String, ByVal copias As Long) As Long
-Public Declare Function EP_ImprimirItem Lib "Kestra.dll" (ByVal descripcion As String, ByVal cantidad As Double, ByVal precio As Double, ByVal iva As Double, ByVal impuestos_internos As Double, ByVal extra1 As String, ByVal extra2 As String, ByVal extra3 As String) As Long
-Public Declare Function EP_AnularItem Lib "Kestra.dll" (ByVal descripcion As String, ByVal cantidad As Double, ByVal precio As Double, ByVal iva As Double, ByVal impuestos_internos As Double, ByVal extra1 As String, ByVal extra2 As String, ByVal extra3 As String) As Long
-Public Declare Function EP_ImprimirTextoFiscal Lib "Kestra.dll" (ByVal texto As String) As Long
-Public Declare Function EP_ImprimirTextoFiscalInterna Lib "Kestra.dll" (ByVal texto As String) As Long
-Public Declare Function EP_CerrarComprobanteFiscal Lib "Kestra.dll" (ByVal tipo As String, ByVal letra As String, ByVal numero As String) As Long
-Public Declare Function EP_Cancelar Lib "Kestra.dll" () As Long
-Public Declare Function EP_DescuentoGeneral Lib "Kestra.dll" (ByVal descripcion As String, ByVal monto As Double) As Long
-Public Declare Function EP_RecargoGeneral Lib "Kestra.dll" (ByVal descripcion As String, ByVal monto As Double) As Long
-Public Declare Function EP_EspecificarPercepcionGlobal Lib "Kestra.dll" (ByVal descripcion As String, ByVal monto As Double, ByVal iva As Double, ByVal calificador As String) As Long
-Public Declare Function EP_ImprimirPago Lib "Kestra.dll" (ByVal descripcion As String, ByVal monto As Double) As Long
-Public Declare Function EP_AjusteRedondeo Lib "Kestra.dll" (ByVal total As Double) As Long
-Public Declare Function EP_AbrirComprobanteNoFiscalHomologado Lib "Kestra.dll" (ByVal tipo As String, ByVal marca1 As String, ByVal linea1 As String, ByVal linea2 As String, ByVal documento_tipo As String, ByVal documento_numero As String, ByVal marca2 As String, ByVal domicilio As String, ByVal linea4 As String, ByVal linea5 As String, ByVal linea6 As String, ByVal linea7 As String, ByVal cantidad As Long) As Long
-Public Declare Function EP_CerrarComprobanteNoFiscalHomologado Lib "Kestra.dll" (ByVal tipo As String, ByVal marca As String) As Long
-Public Declare Function EP_AbrirComprobanteNoFiscal Lib "Kestra.dll" () As Long
-Public Declare Function EP_ImprimirTextoNoFiscal Lib "Kestra.dll" (ByVal texto As String) As Long
-Public Declare Function EP_CerrarComprobanteNoFiscal Lib "Kestra.dll" () As Long
-Public Declare Function EP_ReporteX Lib "Kestra.dll" () As Long
-Public Declare Function EP_ReporteZ Lib "Kestra.dll" () As Long
-Public Declare Function EP_ReporteZporNumeros Lib "Kestra.dll" (ByVal primero As Long, ByVal ultimo As Long, ByVal tercero As Long) As Long
-Public Declare Function EP_ReporteZporFechas Lib "Kestra.dll" (ByVal desde As String, ByVal hasta As String, ByVal tercero As Long) As Long
-Public Declare Function EP_AbrirCajonDeDinero Lib "Kestra.dll" (ByVal cajon As Long) As Long
-Public Declare Function EP_CambiarFechaHora Lib "Kestra.dll" (ByVal fecha As String, ByVal hora As String) As Long
-Public Declare Function EP_ObtenerFechaHora Lib "Kestra.dll" (ByVal resultado As String) As Long
-Public Declare Function EP_SetEncabezado Lib "Kestra.dll" (ByVal texto As String, ByVal linea As Long, ByVal atributo As Long) As Long
-Public Declare Function EP_GetEncabezado Lib "Kestra.dll" (ByVal resultado As String, ByVal linea As Long) As Long
-Public Declare Function EP_CortaPapel Lib "Kestra.dll" () As Long
-Public Declare Function EP_AvanzaPapel Lib "Kestra.dll" (ByVal lineas As Long) As Long
-Public Declare Function EP_ValoresModelo Lib "Kestra.dll" (ByVal resultado As String) As Long
-Public Declare Function EP_Numeracion Lib "Kestra.dll" (ByVal resultado As String) As Long
-Public Declare Function EP_AutodetectarModelo Lib "Kestra.dll" (ByVal resultado As String) As Long
-Public Declare Function EP_Chequear_Error Lib "Kestra.dll" () As Long
-Public Declare Function EP_ReimprimirComprobante Lib "Kestra.dll" () As Long
-Public Declare Function EP_Configuracion Lib "Kestra.dll" (ByVal a As Long) As Long
-Public Declare Function EP_ConsultaMemoria Lib "Kestra.dll" (ByVal a As Long) As Long
-Public Declare Function EP_Copias Lib "Kestra.dll" (ByVal a As Long) As Long
-Public Declare Function EP_ImpuestoInternoFijo Lib "Kestra.dll" (ByVal a As Long) As Long
-Public Declare Function EP_ImpuestoInternoPorMonto Lib "Kestra.dll" (ByVal a As Long) As Long
-Public Declare Function EP_InformacionRemito Lib "Kestra.dll" (ByVal a As Long) As Long
-Public Declare Function EP_Inicializacion Lib "Kestra.dll" (ByVal a As Long) As Long
-Public Declare Function EP_Memoria Lib "Kestra.dll" (ByVal a As Long) As Long
-Public Declare Function EP_DescuentoUltimoItem Lib "Kestra.dll" (ByVal a As Long, ByVal b As Long, ByVal c As Long) As Long
-Public Declare Function EP_ImprimirItemEnRemito Lib "Kestra.dll" (ByVal a As Long, ByVal b As Long, ByVal c As Long) As Long
-Public Declare Function EP_DatosCliente Lib "Kestra.dll" (ByVal a As Long, ByVal b As Long, ByVal c As Long, ByVal d As Long, ByVal e As Long) As Long
-Public Declare Function Kestra_Desenlace Lib "Kestra.dll" () As Long
-Public Declare Function Kestra_Causa Lib "Kestra.dll" () As Long
-Public Declare Function Kestra_CausaTexto Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
-Public Declare Function Kestra_Respuesta Lib "Kestra.dll" (ByVal numero As Long, ByVal texto As String, ByVal longitud As Long) As Long
-Public Declare Function Kestra_Intentos Lib "Kestra.dll" () As Long
-Public Declare Function Kestra_Estado Lib "Kestra.dll" () As Long
-Public Declare Function Kestra_DocumentoAbierto Lib "Kestra.dll" () As Long
-Public Declare Function Kestra_Subtotal Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
-Public Declare Function Kestra_Numeracion Lib "Kestra.dll" (ByVal clase As Long, ByVal letra As Long, ByVal texto As String, ByVal longitud As Long) As Long
-Public Declare Function Kestra_Pendiente Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
-Public Declare Function Kestra_Resolver Lib "Kestra.dll" () As Long
-Public Declare Function Kestra_ResolverNumero Lib "Kestra.dll" (ByVal texto As String, ByVal longitud As Long) As Long
-Public Declare Function Kestra_Olvidar Lib "Kestra.dll" () As Long
-Public Declare Sub Kestra_DefinirOperador Lib "Kestra.dll" (ByRef operador As Any)
-Public Declare Function Kestra_Textos Lib "Kestra.dll" (ByVal modo As Long) As Long
+Public Declare Function EP_Init Lib "Kestra.dll" Alias "EP_Init" () As Long
+Public Declare Function EP_Kill Lib "Kestra.dll" Alias "EP_Kill" () As Long
+Public Declare Function EP_AbrirComprobanteFiscal Lib "Kestra.dll" Alias "EP_AbrirComprobanteFiscal" (ByVal tipo As String, ByVal letra As String, ByVal nombre1 As String, ByVal nombre2 As String, ByVal documento_tipo As String, ByVal documento_numero As String, ByVal responsabilidad_iva As String, ByVal domicilio1 As String, ByVal domicilio2 As String, ByVal domicilio3 As String, ByVal linea4 As String, ByVal linea5 As String, ByVal copias As Long) As Long
+Public Declare Function EP_ImprimirItem Lib "Kestra.dll" Alias "EP_ImprimirItem" (ByVal descripcion As String, ByVal cantidad As Double, ByVal precio As Double, ByVal iva As Double, ByVal impuestos_internos As Double, ByVal extra1 As String, ByVal extra2 As String, ByVal extra3 As String) As Long
+Public Declare Function EP_AnularItem Lib "Kestra.dll" Alias "EP_AnularItem" (ByVal descripcion As String, ByVal cantidad As Double, ByVal precio As Double, ByVal iva As Double, ByVal impuestos_internos As Double, ByVal extra1 As String, ByVal extra2 As String, ByVal extra3 As String) As Long
+Public Declare Function EP_ImprimirTextoFiscal Lib "Kestra.dll" Alias "EP_ImprimirTextoFiscal" (ByVal texto As String) As Long
+Public Declare Function EP_ImprimirTextoFiscalInterna Lib "Kestra.dll" Alias "EP_ImprimirTextoFiscalInterna" (ByVal texto As String) As Long
+Public Declare Function EP_CerrarComprobanteFiscal Lib "Kestra.dll" Alias "EP_CerrarComprobanteFiscal" (ByVal tipo As String, ByVal letra As String, ByVal numero As String) As Long
+Public Declare Function EP_Cancelar Lib "Kestra.dll" Alias "EP_Cancelar" () As Long
+Public Declare Function EP_DescuentoGeneral Lib "Kestra.dll" Alias "EP_DescuentoGeneral" (ByVal descripcion As String, ByVal monto As Double) As Long
+Public Declare Function EP_RecargoGeneral Lib "Kestra.dll" Alias "EP_RecargoGeneral" (ByVal descripcion As String, ByVal monto As Double) As Long
+Public Declare Function EP_EspecificarPercepcionGlobal Lib "Kestra.dll" Alias "EP_EspecificarPercepcionGlobal" (ByVal descripcion As String, ByVal monto As Double, ByVal iva As Double, ByVal calificador As String) As Long
+Public Declare Function EP_ImprimirPago Lib "Kestra.dll" Alias "EP_ImprimirPago" (ByVal descripcion As String, ByVal monto As Double) As Long
+Public Declare Function EP_AjusteRedondeo Lib "Kestra.dll" Alias "EP_AjusteRedondeo" (ByVal total As Double) As Long
+Public Declare Function EP_AbrirComprobanteNoFiscalHomologado Lib "Kestra.dll" Alias "EP_AbrirComprobanteNoFiscalHomologado" (ByVal tipo As String, ByVal marca1 As String, ByVal linea1 As String, ByVal linea2 As String, ByVal documento_tipo As String, ByVal documento_numero As String, ByVal marca2 As String, ByVal domicilio As String, ByVal linea4 As String, ByVal linea5 As String, ByVal linea6 As String, ByVal linea7 As String, ByVal cantidad As Long) As Long
+Public Declare Function EP_CerrarComprobanteNoFiscalHomologado Lib "Kestra.dll" Alias "EP_CerrarComprobanteNoFiscalHomologado" (ByVal tipo As String, ByVal marca As String) As Long
+Public Declare Function EP_AbrirComprobanteNoFiscal Lib "Kestra.dll" Alias "EP_AbrirComprobanteNoFiscal" () As Long
+Public Declare Function EP_ImprimirTextoNoFiscal Lib "Kestra.dll" Alias "EP_ImprimirTextoNoFiscal" (ByVal texto As String) As Long
+Public Declare Function EP_CerrarComprobanteNoFiscal Lib "Kestra.dll" Alias "EP_CerrarComprobanteNoFiscal" () As Long
+Public Declare Function EP_ReporteX Lib "Kestra.dll" Alias "EP_ReporteX" () As Long
+Public Declare Function EP_ReporteZ Lib "Kestra.dll" Alias "EP_ReporteZ" () As Long
+Public Declare Function EP_ReporteZporNumeros Lib "Kestra.dll" Alias "EP_ReporteZporNumeros" (ByVal primero As Long, ByVal ultimo As Long, ByVal tercero As Long) As Long
+Public Declare Function EP_ReporteZporFechas Lib "Kestra.dll" Alias "EP_ReporteZporFechas" (ByVal desde As String, ByVal hasta As String, ByVal tercero As Long) As Long
+Public Declare Function EP_AbrirCajonDeDinero Lib "Kestra.dll" Alias "EP_AbrirCajonDeDinero" (ByVal cajon As Long) As Long
+Public Declare Function EP_CambiarFechaHora Lib "Kestra.dll" Alias "EP_CambiarFechaHora" (ByVal fecha As String, ByVal hora As String) As Long
+Public Declare Function EP_ObtenerFechaHora Lib "Kestra.dll" Alias "EP_ObtenerFechaHora" (ByVal resultado As String) As Long
+Public Declare Function EP_SetEncabezado Lib "Kestra.dll" Alias "EP_SetEncabezado" (ByVal texto As String, ByVal linea As Long, ByVal atributo As Long) As Long
+Public Declare Function EP_GetEncabezado Lib "Kestra.dll" Alias "EP_GetEncabezado" (ByVal resultado As String, ByVal linea As Long) As Long
+Public Declare Function EP_CortaPapel Lib "Kestra.dll" Alias "EP_CortaPapel" () As Long
+Public Declare Function EP_AvanzaPapel Lib "Kestra.dll" Alias "EP_AvanzaPapel" (ByVal lineas As Long) As Long
+Public Declare Function EP_ValoresModelo Lib "Kestra.dll" Alias "EP_ValoresModelo" (ByVal resultado As String) As Long
+Public Declare Function EP_Numeracion Lib "Kestra.dll" Alias "EP_Numeracion" (ByVal resultado As String) As Long
+Public Declare Function EP_AutodetectarModelo Lib "Kestra.dll" Alias "EP_AutodetectarModelo" (ByVal resultado As String) As Long
+Public Declare Function EP_Chequear_Error Lib "Kestra.dll" Alias "EP_Chequear_Error" () As Long
+Public Declare Function EP_ReimprimirComprobante Lib "Kestra.dll" Alias "EP_ReimprimirComprobante" () As Long
+Public Declare Function EP_Configuracion Lib "Kestra.dll" Alias "EP_Configuracion" (ByVal a As Long) As Long
+Public Declare Function EP_ConsultaMemoria Lib "Kestra.dll" Alias "EP_ConsultaMemoria" (ByVal a As Long) As Long
+Public Declare Function EP_Copias Lib "Kestra.dll" Alias "EP_Copias" (ByVal a As Long) As Long
+Public Declare Function EP_ImpuestoInternoFijo Lib "Kestra.dll" Alias "EP_ImpuestoInternoFijo" (ByVal a As Long) As Long
+Public Declare Function EP_ImpuestoInternoPorMonto Lib "Kestra.dll" Alias "EP_ImpuestoInternoPorMonto" (ByVal a As Long) As Long
+Public Declare Function EP_InformacionRemito Lib "Kestra.dll" Alias "EP_InformacionRemito" (ByVal a As Long) As Long
+Public Declare Function EP_Inicializacion Lib "Kestra.dll" Alias "EP_Inicializacion" (ByVal a As Long) As Long
+Public Declare Function EP_Memoria Lib "Kestra.dll" Alias "EP_Memoria" (ByVal a As Long) As Long
+Public Declare Function EP_DescuentoUltimoItem Lib "Kestra.dll" Alias "EP_DescuentoUltimoItem" (ByVal a As Long, ByVal b As Long, ByVal c As Long) As Long
+Public Declare Function EP_ImprimirItemEnRemito Lib "Kestra.dll" Alias "EP_ImprimirItemEnRemito" (ByVal a As Long, ByVal b As Long, ByVal c As Long) As Long
+Public Declare Function EP_DatosCliente Lib "Kestra.dll" Alias "EP_DatosCliente" (ByVal a As Long, ByVal b As Long, ByVal c As Long, ByVal d As Long, ByVal e As Long) As Long
+Public Declare Function Kestra_Desenlace Lib "Kestra.dll" Alias "Kestra_Desenlace" () As Long
+Public Declare Function Kestra_Causa Lib "Kestra.dll" Alias "Kestra_Causa" () As Long
+Public Declare Function Kestra_CausaTexto Lib "Kestra.dll" Alias "Kestra_CausaTexto" (ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare Function Kestra_Respuesta Lib "Kestra.dll" Alias "Kestra_Respuesta" (ByVal numero As Long, ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare Function Kestra_Intentos Lib "Kestra.dll" Alias "Kestra_Intentos" () As Long
+Public Declare Function Kestra_Estado Lib "Kestra.dll" Alias "Kestra_Estado" () As Long
+Public Declare Function Kestra_DocumentoAbierto Lib "Kestra.dll" Alias "Kestra_DocumentoAbierto" () As Long
+Public Declare Function Kestra_Subtotal Lib "Kestra.dll" Alias "Kestra_Subtotal" (ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare Function Kestra_Numeracion Lib "Kestra.dll" Alias "Kestra_Numeracion" (ByVal clase As Long, ByVal letra As Long, ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare Function Kestra_Pendiente Lib "Kestra.dll" Alias "Kestra_Pendiente" (ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare Function Kestra_Resolver Lib "Kestra.dll" Alias "Kestra_Resolver" () As Long
+Public Declare Function Kestra_ResolverNumero Lib "Kestra.dll" Alias "Kestra_ResolverNumero" (ByVal texto As String, ByVal longitud As Long) As Long
+Public Declare Function Kestra_Olvidar Lib "Kestra.dll" Alias "Kestra_Olvidar" () As Long
+Public Declare Sub Kestra_DefinirOperador Lib "Kestra.dll" Alias "Kestra_DefinirOperador" (ByRef operador As Any)
+Public Declare Function Kestra_Textos Lib "Kestra.dll" Alias "Kestra_Textos" (ByVal modo As Long) As Long
 
 #End If

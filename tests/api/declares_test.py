@@ -24,9 +24,10 @@ class Language:
     doubles: tuple  # types of eight
     encoding: str = "utf-8"
     times: int = 1  # how often each function is declared
+    continued: str = ""  # between the lines of a declare
 
 
-BASIC = r'^Public Declare {}(?:Function|Sub) (\w+) Lib "Kestra\.dll" \((.*)\)(?: As Long)?$'
+BASIC = r'^Public Declare {}(?:Function|Sub) (\w+) Lib "Kestra\.dll" Alias "\1" \((.*)\)(?: As Long)?$'
 VB = {"parameter": r" As (\w+)", "words": ("String", "Long", "Any"), "doubles": ("Double",), "encoding": OLD}
 C = {"parameter": r"(\w+\*{0,2}) \w+(?:,|$)", "words": ("char*", "int32_t", "KestraOperador*"), "doubles": ("double",)}
 
@@ -67,13 +68,13 @@ LANGUAGES = (
     Language("harbour/kestra.prg", r'^   RETURN hb_dynCall\( \{ "(\w+)", Biblioteca\(\), hb_bitOr\( HB_DYN_CALLCONV_STDCALL, \w+ \)'
              r"(.*?) \}", r", HB_DYN_CTYPE_(\w+)", ("CHAR_PTR", "VOID_PTR", "INT"), ("DOUBLE",), OLD),
     Language("clarion/kestra.clw", r"^    (\w+)\((.*)\)(?:,LONG)?,PASCAL,RAW,DLL\(1\),NAME\('\1'\)$", r"([*\w]+) \w+(?:,|$)",
-             ("*STRING", "*CSTRING", "LONG"), ("REAL",), OLD),
+             ("*STRING", "*CSTRING", "LONG"), ("REAL",), OLD, continued=r" \|\n +"),
     Language("powerbuilder/kestra_externas.txt", r'^(?:FUNCTION long|SUBROUTINE) (\w+)\((.*)\) LIBRARY "Kestra\.dll" ALIAS FOR "\1;Ansi"$',
-             r"(\w+) \w+(?:,|$)", ("string", "long"), ("double",), OLD),
+             r"(\w+) \w+(?:,|$)", ("string", "long", "longptr"), ("double",), OLD),
     Language("xojo/Kestra.xojo_code", r"^\t\tSoft Declare (?:Function|Sub) (\w+) Lib Biblioteca \((.*)\)(?: As Int32)?$",
              r" As (\w+)", ("Ptr", "Int32"), ("Double",)),
     Language("windev/kestra_procedimientos.txt", r'^PROCEDURE (\w+)\((.*)\)(?:: int)?\n(?:RESULT )?API\("Kestra\.dll", "\1".*\)$',
-             r"\w+ is ([\w ]+)", ("ANSI string", "int"), ("real",), OLD),
+             r"\w+ is ([\w ]+)", ("ANSI string", "int", "system int"), ("real",), OLD),
     Language("cppbuilder/KestraBuilder.h", r"^(?:int|void) __stdcall (\w+)\((?:void|(.*))\);$", r"(\w+\*{0,2}) \w+(?:,|$)",
              ("char*", "int", "KestraOperador*"), ("double",), OLD),
 )
@@ -97,6 +98,7 @@ def size(language, parameters):
 
 def declared(language):
     text = (SOURCE / "hosts" / language.file).read_bytes().decode(language.encoding).replace("\r\n", "\n")
+    text = re.sub(language.continued, "", text) if language.continued else text
     found = {}
     for match in re.finditer(language.declare, text, re.MULTILINE):
         found.setdefault(match[1], []).append(size(language, match[2] or ""))
@@ -112,6 +114,10 @@ class Declares(unittest.TestCase):
         for language in LANGUAGES:
             with self.subTest(language.file):
                 self.assertEqual(declared(language), {name: [count] * language.times for name, count in wanted.items()})
+
+    def test_clarions_lines_are_shown_whole_by_its_editor(self):
+        lines = (SOURCE / "hosts/clarion/kestra.clw").read_text(encoding=OLD).splitlines()
+        self.assertEqual([line for line in lines if len(line) > 120], [])
 
     def test_old_tools_get_lines_that_end_as_theirs_do(self):
         for language in LANGUAGES:

@@ -93,9 +93,11 @@ SPOILED = [
     ("WinDev", "LOCAL calificador is ANSI string", "LOCAL calificador is UNICODE string",
      "EP_EspecificarPercepcionGlobal: calificador is a wide, not a text"),
     # Another name.
-    ("Visual Basic 6", f'{PAYMENT} Lib "Kestra.dll"', f'{PAYMENT} Lib "Kestra.dll" Alias "EP_ImprimirPagos"',
-     f"{PAYMENT}: the library has no EP_ImprimirPagos"),
-    ("VBA of 32 bits", f'{PAYMENT} Lib "Kestra.dll"', f'{PAYMENT} Lib "Kestra.dll" Alias "_{PAYMENT}@12"',
+    ("Visual Basic 6", f'Alias "{PAYMENT}"', 'Alias "EP_ImprimirPagos"', f"{PAYMENT}: the library has no EP_ImprimirPagos"),
+    ("Visual Basic 6", f'Alias "{PAYMENT}"', 'Alias "EP_Imprimirpago"', f"{PAYMENT}: the library has no EP_Imprimirpago"),
+    ("Visual Basic 6", f' Alias "{PAYMENT}"', "", f"{PAYMENT}: no alias: its export's name is what the editor makes of it"),
+    ("VBA of 64 bits", f' Alias "{PAYMENT}"', "", f"{PAYMENT}: no alias: its export's name is what the editor makes of it"),
+    ("VBA of 32 bits", f'Alias "{PAYMENT}"', f'Alias "_{PAYMENT}@12"',
      f"{PAYMENT}: the library has no _{PAYMENT}@12"),
     ("Visual FoxPro", f"INTEGER {PAYMENT} IN Kestra.dll", f"INTEGER Pago IN Kestra.dll AS {PAYMENT}",
      f"{PAYMENT}: the library has no Pago"),
@@ -109,8 +111,11 @@ SPOILED = [
     ("C++Builder", 'extern "C" {', "{", "EP_Init: the library has no ?EP_Init"),
     ("Visual Basic .NET", f"Public Function {PAYMENT}", "Public Function EP_Pago", "EP_Pago: the library has no EP_Pago"),
     ("C#", f"extern int {PAYMENT}", "extern int EP_Pago", "EP_Pago: the library has no EP_Pago"),
+    # A line that goes on without saying so.
+    ("Clarion", "REAL impuestos_internos, |\n", "REAL impuestos_internos,\n",
+     "prototype: EP_ImprimirItem(*STRING descripcion,REAL cantidad,REAL precio,REAL iva,REAL impuestos_internos,"),
     # One that is not there at all.
-    ("Visual Basic 6", 'Public Declare Function EP_ReporteZ Lib "Kestra.dll" () As Long', "", "EP_ReporteZ: missing"),
+    ("Visual Basic 6", 'Public Declare Function EP_ReporteZ Lib "Kestra.dll" Alias "EP_ReporteZ" () As Long', "", "EP_ReporteZ: missing"),
     ("Visual FoxPro", "DECLARE INTEGER EP_ReporteZ IN Kestra.dll\n", "\n", "EP_ReporteZ: missing"),
     # Another convention.
     ("Visual Basic 6", f"{PAYMENT} Lib", f"{PAYMENT} CDecl Lib", f"{PAYMENT}: cdecl, not stdcall"),
@@ -127,9 +132,9 @@ SPOILED = [
     ("Visual Basic .NET", "CallingConvention.StdCall", "CallingConvention.Cdecl", "EP_Init: cdecl, not stdcall"),
     ("C#", "CallingConvention.StdCall", "CallingConvention.Cdecl", "EP_Init: cdecl, not stdcall"),
     # Another result, and what only one language knows.
-    ("Visual Basic 6", 'EP_Init Lib "Kestra.dll" () As Long', 'EP_Init Lib "Kestra.dll" () As Integer',
+    ("Visual Basic 6", 'EP_Init Lib "Kestra.dll" Alias "EP_Init" () As Long', 'EP_Init Lib "Kestra.dll" Alias "EP_Init" () As Integer',
      "EP_Init: gives short, not int"),
-    ("Visual Basic 6", 'EP_Init Lib "Kestra.dll" () As Long', 'EP_Init Lib "Kestra.dll" ()', "EP_Init: gives variant, not int"),
+    ("Visual Basic 6", 'EP_Init Lib "Kestra.dll" Alias "EP_Init" () As Long', 'EP_Init Lib "Kestra.dll" Alias "EP_Init" ()', "EP_Init: gives variant, not int"),
     ("VBA of 64 bits", "PtrSafe Function EP_Init", "Function EP_Init", "EP_Init: PtrSafe is missing"),
     ("VBA before 7", "Declare Function EP_Init", "Declare PtrSafe Function EP_Init", "EP_Init: PtrSafe is not known here"),
     ("Visual FoxPro", "DECLARE INTEGER EP_Init", "DECLARE EP_Init", "EP_Init: gives none, not int"),

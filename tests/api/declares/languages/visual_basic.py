@@ -1,6 +1,7 @@
 """Visual Basic 6 and VBA: a Declare is by reference unless it says ByVal, and a Variant unless it says a type.
 
 A String by value is the address of an ANSI copy, which is copied back after the call. Long has 4 bytes, Integer 2.
+The editor gives names that differ in case alone the case of one of them; an alias it leaves as it is.
 """
 import re
 
@@ -66,9 +67,11 @@ def reader(constants=(), safe=False):
             found = fitting(DECLARE, line, "declare")
             if bool(found["safe"]) != safe:
                 raise Trouble(f"{found['name']}: PtrSafe {'is missing' if safe else 'is not known here'}")
+            if not found["alias"]:
+                raise Trouble(f"{found['name']}: no alias: its export's name is what the editor makes of it")
             result = "none" if found["what"].lower() == "sub" else (found["result"] or "Variant").lower()
             declares.append(Declare(
-                found["name"], found["alias"] or found["name"], "cdecl" if found["cdecl"] else "stdcall",
+                found["name"], found["alias"], "cdecl" if found["cdecl"] else "stdcall",
                 tuple(argument(words, types, known) for words in parts(found["arguments"] or "")),
                 types.get(result, result)))
         return declares
