@@ -1,10 +1,20 @@
-# Whoever builds everything compiles a target's sources several at a time: most of a source's cost is what it
-# includes. together.py says which may stand together. What a developer builds by hand is compiled one by one, and the
-# library that is shipped always is.
-option(KESTRA_TOGETHER "Compile the sources of a target several at a time" OFF)
+# A target's sources are compiled several at a time: most of a source's cost is what it includes, and what is shipped
+# becomes smaller. together.py says which may stand together. What a developer builds by hand is compiled one by one,
+# so that little is made again after a change.
+if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+  set(together OFF)
+else()
+  set(together ON)
+endif()
+option(KESTRA_TOGETHER "Compile the sources of a target several at a time" ${together})
 
 # kestra_together(TARGET...): each source in one unit only, in whichever of the targets it is.
 function(kestra_together)
+  find_package(Python3 COMPONENTS Interpreter)
+  if(NOT Python3_Interpreter_FOUND)
+    message(STATUS "Without Python each source is compiled alone.")
+    return()
+  endif()
   set(lists "")
   set(seen "")
   foreach(target ${ARGN})
@@ -28,7 +38,6 @@ function(kestra_together)
     list(APPEND joined ${target})
     string(APPEND lists "${target};${fresh}\n")
   endforeach()
-  find_package(Python3 REQUIRED COMPONENTS Interpreter)
   file(WRITE ${PROJECT_BINARY_DIR}/together.lists "${lists}")
   execute_process(COMMAND ${Python3_EXECUTABLE} -B ${PROJECT_SOURCE_DIR}/cmake/together.py
     INPUT_FILE ${PROJECT_BINARY_DIR}/together.lists OUTPUT_VARIABLE groups COMMAND_ERROR_IS_FATAL ANY)
