@@ -1,0 +1,10 @@
+#pragma once
+
+#include "command.hpp"
+#include "console.hpp"
+
+namespace kestra::tool {
+
+Exit RunStatus(const Request& request, Console& console);
+
+}  // namespace kestra::tool

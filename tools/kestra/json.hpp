@@ -1,0 +1,16 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include "console.hpp"
+
+namespace kestra::tool {
+
+using Json = nlohmann::ordered_json;
+
+// What is no UTF-8, as a name in another code, becomes marks.
+inline void Print(Console& console, const Json& value) {
+  console.Out() << value.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+}  // namespace kestra::tool

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/seam/serial_port.hpp"
+
+namespace kestra::tool {
+
+// What Fiscal.ini of the current folder says of the way to the printer, as the library reads it.
+struct Way {
+  std::string device;  // ImpresoraDispositivo
+  std::string number;  // ImpresoraPuerto
+  std::string speed;   // ImpresoraConfig
+  std::string family;  // TipoComprobante
+  std::string model;   // ModeloNombre
+};
+
+Way ReadWay();
+
+// The name of the device that the library would open; empty when it would refuse the settings.
+std::string DeviceOf(const Way& way);
+
+// Closed. Throws Stop for settings that are none.
+std::unique_ptr<SerialPort> PortOf(const Way& way);
+
+}  // namespace kestra::tool
