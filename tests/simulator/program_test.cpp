@@ -53,7 +53,11 @@ class ProgramPlayer : public prueba::Player {
     };
     verbs_["stop"] = [this](std::string_view) { program_->Stop(); };
     verbs_["open"] = [this](std::string_view name) { port_.emplace(In(name)); };
-    verbs_["connect"] = [this](std::string_view) { port_.emplace(ConnectTo(where_it_is_)); };
+    // One host at a time: who comes while another is connected is turned away.
+    verbs_["connect"] = [this](std::string_view) {
+      port_.reset();
+      port_.emplace(ConnectTo(where_it_is_));
+    };
     verbs_["close"] = [this](std::string_view) { port_.reset(); };
     verbs_["send"] = [this](std::string_view line) {
       const std::string bytes = prueba::BytesOf(line);
