@@ -1,4 +1,4 @@
-* Kestra 0.1.0: declaraciones para Visual FoxPro: constantes.
+* Kestra 1.0.0: declaraciones para Visual FoxPro: constantes.
 * Las hace api/generate a partir de api/kestra.toml: un cambio a mano se pierde.
 
 * Qué fue de una llamada.

@@ -1,5 +1,5 @@
 <?php
-// Kestra 0.1.0: declaraciones para PHP: constantes.
+// Kestra 1.0.0: declaraciones para PHP: constantes.
 // Las hace api/generate a partir de api/kestra.toml: un cambio a mano se pierde.
 
 // Qué fue de una llamada.

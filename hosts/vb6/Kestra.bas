@@ -1,5 +1,5 @@
 Attribute VB_Name = "Kestra"
-' Kestra 0.1.0: declaraciones para Visual Basic 6.
+' Kestra 1.0.0: declaraciones para Visual Basic 6.
 ' Las hace api/generate a partir de api/kestra.toml: un cambio a mano se pierde.
 '
 ' Resultado de una operación: 0 éxito, 1 fracaso; en EP_Init es al revés, 1 éxito y 0 fracaso.

@@ -141,8 +141,11 @@ class Declares(unittest.TestCase):
 
     def test_a_package_that_tells_its_version_tells_this_one(self):
         version = json.loads((SOURCE / "api/kestra.json").read_text(encoding="utf-8"))["version"]
-        package = json.loads((SOURCE / "hosts/node/package.json").read_text(encoding="utf-8"))
-        self.assertEqual(package["version"], version)
+        for name, form in (("node/package.json", r'"version": "([^"]*)"'), ("rust/Cargo.toml", r'^version = "([^"]*)"'),
+                           ("gambas/.project", r"^Version=(.*)$")):
+            with self.subTest(name):
+                told = re.findall(form, (SOURCE / "hosts" / name).read_text(encoding="utf-8"), re.MULTILINE)
+                self.assertEqual(told, [version])
 
 
 if __name__ == "__main__":

@@ -1,4 +1,4 @@
-"""Kestra 0.1.0: declaraciones para Python (ctypes).
+"""Kestra 1.0.0: declaraciones para Python (ctypes).
 Las hace api/generate a partir de api/kestra.toml: un cambio a mano se pierde.
 
 Resultado de una operación: 0 éxito, 1 fracaso; en EP_Init es al revés, 1 éxito y 0 fracaso.
@@ -13,7 +13,7 @@ import ctypes
 import sys
 from ctypes import POINTER, Structure, c_char_p, c_double, c_int32, c_uint32, c_void_p
 
-__version__ = "0.1.0"
+__version__ = "1.0.0"
 
 # stdcall en Windows de 32 bits; en los demás es lo mismo.
 FUNCION = ctypes.WINFUNCTYPE if sys.platform == "win32" else ctypes.CFUNCTYPE

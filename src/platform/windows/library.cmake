@@ -30,5 +30,5 @@ add_custom_command(TARGET kestra POST_BUILD
           --temp-prefix kestra_import --output-lib $<TARGET_LINKER_FILE:kestra>
   VERBATIM)
 
-configure_file(platform/windows/version.rc.in version.rc @ONLY)
-target_sources(kestra PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
+kestra_file_properties(kestra Kestra.dll "Kestra: controlador de impresoras fiscales Epson"
+  "Biblioteca para puntos de venta: comprobantes, informes y configuración")

@@ -1,7 +1,7 @@
 # The top file of a private copy of the tree: the core and its quick tests, built for speed. Warnings do not
 # count, because a mutant may well leave something unused.
 cmake_minimum_required(VERSION 3.25)
-project(kestra_quick_tests VERSION 0.1.0 LANGUAGES C CXX)
+project(kestra_quick_tests VERSION 0 LANGUAGES C CXX)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
