@@ -7,13 +7,18 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
+#include <memory>
 #include <regex>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace kestra {
 
@@ -53,6 +58,51 @@ struct Cliente {
     std::string domicilio1 = "", domicilio2 = "", domicilio3 = "", linea4 = "", linea5 = "";
 };
 
+// Un renglón del informe de estados.
+struct Fila {
+    std::int32_t grupo, numero, clase;  // grupo: 0 de la impresora, 1 fiscal; clase: 0 información, 1 error
+    bool encendida;
+    std::string texto, ayuda;
+};
+
+// Quien contesta en lugar de los cuadros; sin una de las funciones, ese tema sigue en los suyos. Lo que lance una, vale
+// como No o Cerrar: a través de la biblioteca no puede salir.
+struct Operador {
+    std::function<int(Texto texto, Texto titulo, int estilo)> mensaje;  // 1 Aceptar, 6 Sí, 7 No; estilo: 0 Aceptar, 4 y 36 Sí/No
+    std::function<bool(Texto impresora, Texto fiscal, const std::vector<Fila>& filas)> informe_estados;  // si mandar otra vez
+    std::function<void()> memoria_llena;
+};
+
+// Un operador como lo llama la biblioteca; `contexto` es el Operador.
+struct Llamadas {
+    template <class Contestar>
+    static auto sin_caer(Contestar contestar) -> decltype(contestar()) {
+        try {
+            return contestar();
+        } catch (const std::exception& error) {
+            std::cerr << "operador: " << error.what() << '\n';
+        } catch (...) {
+            std::cerr << "operador: excepción\n";
+        }
+        return decltype(contestar())();
+    }
+    static std::int32_t KESTRA_CALL mensaje(void* contexto, const char* texto, const char* titulo, std::int32_t estilo) {
+        return sin_caer([&] { return static_cast<Operador*>(contexto)->mensaje(texto, titulo, estilo); });
+    }
+    static std::int32_t KESTRA_CALL informe_estados(void* contexto, const char* impresora, const char* fiscal,
+                                                    const KestraFila* filas, std::int32_t cantidad) {
+        return sin_caer([&] {
+            std::vector<Fila> propias;
+            for (const KestraFila* fila = filas; fila != filas + cantidad; ++fila)
+                propias.push_back({fila->grupo, fila->numero, fila->clase, fila->encendida != 0, fila->texto, fila->ayuda});
+            return static_cast<Operador*>(contexto)->informe_estados(impresora, fiscal, propias);
+        });
+    }
+    static void KESTRA_CALL memoria_llena(void* contexto) {
+        sin_caer([&] { static_cast<Operador*>(contexto)->memoria_llena(); });
+    }
+};
+
 // La impresora, desde EP_Init hasta EP_Kill: una por programa, y un hilo por vez. Los textos son UTF-8; lo que pasa
 // del largo que la función lee se corta. Los métodos se llaman como las funciones de kestra.h, que dice qué hace cada una.
 class Impresora {
@@ -65,10 +115,24 @@ public:
     }
     ~Impresora() {
         EP_Kill();
+        if (operador_) Kestra_DefinirOperador(nullptr);
         Kestra_Textos(textos_);
     }
     Impresora(const Impresora&) = delete;
     Impresora& operator=(const Impresora&) = delete;
+
+    // Contesta en lugar de los cuadros, mientras dure la impresora; sin funciones vuelve a los cuadros.
+    void definir_operador(Operador operador) {
+        auto propio = std::make_unique<Operador>(std::move(operador));
+        KestraOperador registro = {};
+        registro.tamano = sizeof registro;
+        registro.contexto = propio.get();
+        if (propio->mensaje) registro.mensaje = Llamadas::mensaje;
+        if (propio->informe_estados) registro.informe_estados = Llamadas::informe_estados;
+        if (propio->memoria_llena) registro.memoria_llena = Llamadas::memoria_llena;
+        Kestra_DefinirOperador(&registro);
+        operador_.swap(propio);
+    }
 
     // Comprobantes fiscales.
     void abrir_comprobante_fiscal(Texto tipo, Texto letra, const Cliente& de = {}, int copias = 1) {
@@ -196,6 +260,7 @@ private:
     }
 
     std::int32_t textos_;  // cómo se pasaban antes
+    std::unique_ptr<Operador> operador_;
 };
 
 // Si la impresora de ./Fiscal.ini es virtual: una dirección de esta máquina, un pipe con nombre o una pseudoterminal.

@@ -39,6 +39,65 @@ namespace KestraFiscal
         public string Domicilio1 = "", Domicilio2 = "", Domicilio3 = "", Linea4 = "", Linea5 = "";
     }
 
+    /// <summary>Un renglón del informe de estados.</summary>
+    public sealed class Fila
+    {
+        public int Grupo, Numero, Clase;  // Grupo: 0 de la impresora, 1 fiscal; Clase: 0 información, 1 error
+        public bool Encendida;
+        public string Texto, Ayuda;
+    }
+
+    /// <summary>Quien contesta en lugar de los cuadros; sin una de las funciones, ese tema sigue en los suyos. Lo que lance
+    /// una, vale como No o Cerrar: a través de la biblioteca no puede salir.</summary>
+    public sealed class Operador
+    {
+        /// <summary>Texto, título y estilo (0 Aceptar, 4 y 36 Sí/No). Da 1 Aceptar, 6 Sí, 7 No.</summary>
+        public Func<string, string, int, int> Mensaje;
+        /// <summary>Palabras de la impresora y fiscal, y filas. Da si mandar otra vez.</summary>
+        public Func<string, string, Fila[], bool> InformeEstados;
+        public Action MemoriaLlena;
+
+        internal KestraOperador Registro()
+        {
+            var registro = new KestraOperador { tamano = (uint)Marshal.SizeOf(typeof(KestraOperador)) };
+            if (Mensaje != null)
+                registro.mensaje = (_, texto, titulo, estilo) => SinCaer(() => Mensaje(Texto(texto), Texto(titulo), estilo));
+            if (InformeEstados != null)
+                registro.informe_estados = (_, impresora, fiscal, filas, cantidad) =>
+                    SinCaer(() => InformeEstados(Texto(impresora), Texto(fiscal), Filas(filas, cantidad)) ? 1 : 0);
+            if (MemoriaLlena != null) registro.memoria_llena = _ => SinCaer(() => { MemoriaLlena(); return 0; });
+            return registro;
+        }
+
+        private static int SinCaer(Func<int> contestar)
+        {
+            try { return contestar(); }
+            catch (Exception error) { Console.Error.WriteLine(error); return 0; }
+        }
+
+        private static Fila[] Filas(IntPtr filas, int cantidad)
+        {
+            var propias = new Fila[cantidad];
+            for (int i = 0; i < cantidad; i++)
+            {
+                IntPtr lugar = new IntPtr(filas.ToInt64() + i * Marshal.SizeOf(typeof(KestraFila)));
+                var fila = (KestraFila)Marshal.PtrToStructure(lugar, typeof(KestraFila));
+                propias[i] = new Fila { Grupo = fila.grupo, Numero = fila.numero, Clase = fila.clase,
+                    Encendida = fila.encendida != 0, Texto = Texto(fila.texto), Ayuda = Texto(fila.ayuda) };
+            }
+            return propias;
+        }
+
+        private static string Texto(IntPtr texto)
+        {
+            int largo = 0;
+            while (Marshal.ReadByte(texto, largo) != 0) largo++;
+            var bytes = new byte[largo];
+            Marshal.Copy(texto, bytes, 0, largo);
+            return Encoding.UTF8.GetString(bytes);
+        }
+    }
+
     /// <summary>La impresora, de EP_Init a EP_Kill: una por programa, y un hilo por vez. Lo que pasa del largo que la
     /// función lee se corta. Los métodos se llaman como las funciones de Kestra.cs, que dice qué hace cada una.</summary>
     public sealed class Impresora : IDisposable
@@ -57,6 +116,17 @@ namespace KestraFiscal
         {
             EP_Kill();
             Kestra_Textos(textos);
+        }
+
+        private static KestraOperador operador;  // que sus funciones vivan mientras la biblioteca las use
+
+        /// <summary>Contesta en lugar de los cuadros; null vuelve a los cuadros.</summary>
+        public void DefinirOperador(Operador nuevo)
+        {
+            var registro = nuevo == null ? new KestraOperador() : nuevo.Registro();
+            if (nuevo == null) Kestra_DefinirOperador(IntPtr.Zero);
+            else Kestra_DefinirOperador(ref registro);
+            operador = registro;
         }
 
         // Comprobantes fiscales.

@@ -24,6 +24,26 @@ type
     Domicilio1, Domicilio2, Domicilio3, Linea4, Linea5: string;
   end;
 
+  // Un renglón del informe de estados.
+  TFila = record
+    Grupo: Integer;  // 0 de la impresora, 1 fiscal
+    Numero: Integer;
+    Clase: Integer;  // 0 información, 1 error
+    Encendida: Boolean;
+    Texto, Ayuda: string;
+  end;
+  TFilas = array of TFila;
+
+  // Quien contesta en lugar de los cuadros de la biblioteca. Lo que levante vale como No o Cerrar.
+  TOperador = class
+  public
+    // Estilo: 0 Aceptar, 4 y 36 Sí/No. Da 1 Aceptar, 6 Sí, 7 No.
+    function Mensaje(const Texto, Titulo: string; Estilo: Integer): Integer; virtual; abstract;
+    // Da si mandar otra vez.
+    function InformeEstados(const Impresora, Fiscal: string; const Filas: TFilas): Boolean; virtual; abstract;
+    procedure MemoriaLlena; virtual; abstract;
+  end;
+
   // La impresora, de EP_Init (Create) a EP_Kill (Free): una por programa, y un hilo por vez. Lo que pasa del largo que la
   // función lee se corta. Los métodos se llaman como las funciones de Kestra.pas, que dice qué hace cada una. Los textos
   // son string: en Free Pascal y Lazarus, UTF-8; en Delphi, los suyos (hasta Delphi 2007, windows-1252).
@@ -33,6 +53,9 @@ type
   public
     constructor Create;
     destructor Destroy; override;
+
+    // Contesta en lugar de los cuadros; nil vuelve a los cuadros. Tiene que vivir mientras tanto, y lo libera el programa.
+    procedure DefinirOperador(Operador: TOperador);
 
     procedure AbrirComprobanteFiscal(const Tipo, Letra: string; const Cliente: TCliente; Copias: Integer = 1);
     procedure ImprimirItem(const Descripcion: string; Cantidad, Precio, Iva: Double; const Extra1: string = '';
@@ -118,10 +141,15 @@ begin
   Result := PAnsiChar(Texto);
 end;
 
+function DePuntero(Puntero: PAnsiChar): string;
+begin
+  Result := {$IFDEF UNICODE} UTF8ToString(Puntero) {$ELSE} Puntero {$ENDIF};
+end;
+
 // El texto de un búfer que estaba en cero.
 function DeBytes(const Bufer: TBufer): string;
 begin
-  Result := {$IFDEF UNICODE} UTF8ToString(PAnsiChar(@Bufer[0])) {$ELSE} PAnsiChar(@Bufer[0]) {$ENDIF};
+  Result := DePuntero(PAnsiChar(@Bufer[0]));
 end;
 
 function Vacio: TBufer;
@@ -173,9 +201,82 @@ begin
     raise EErrorFiscal.Create('EP_Init');
 end;
 
+// Lo que levante el operador se muestra: a través de la biblioteca no puede salir.
+procedure MostrarFalla(Falla: Exception);
+begin
+  WriteLn(ErrOutput, 'operador: ', Falla.Message);
+end;
+
+function AlMensaje(Contexto: Pointer; Texto: PAnsiChar; Titulo: PAnsiChar; Estilo: Integer): Integer;
+  {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF}
+begin
+  Result := 0;
+  try
+    Result := TOperador(Contexto).Mensaje(DePuntero(Texto), DePuntero(Titulo), Estilo);
+  except
+    on Falla: Exception do
+      MostrarFalla(Falla);
+  end;
+end;
+
+function AlInformeEstados(Contexto: Pointer; Impresora: PAnsiChar; Fiscal: PAnsiChar; Filas: PKestraFila;
+  Cantidad: Integer): Integer; {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF}
+var
+  Propias: TFilas;
+  I: Integer;
+begin
+  Result := 0;
+  try
+    SetLength(Propias, Cantidad);
+    for I := 0 to Cantidad - 1 do
+    begin
+      Propias[I].Grupo := Filas^.grupo;
+      Propias[I].Numero := Filas^.numero;
+      Propias[I].Clase := Filas^.clase;
+      Propias[I].Encendida := Filas^.encendida <> 0;
+      Propias[I].Texto := DePuntero(Filas^.texto);
+      Propias[I].Ayuda := DePuntero(Filas^.ayuda);
+      Inc(Filas);
+    end;
+    if TOperador(Contexto).InformeEstados(DePuntero(Impresora), DePuntero(Fiscal), Propias) then
+      Result := 1;
+  except
+    on Falla: Exception do
+      MostrarFalla(Falla);
+  end;
+end;
+
+procedure AlMemoriaLlena(Contexto: Pointer); {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF}
+begin
+  try
+    TOperador(Contexto).MemoriaLlena;
+  except
+    on Falla: Exception do
+      MostrarFalla(Falla);
+  end;
+end;
+
+procedure TImpresora.DefinirOperador(Operador: TOperador);
+var
+  Registro: TKestraOperador;
+begin
+  if Operador = nil then
+  begin
+    Kestra_DefinirOperador(nil);
+    Exit;
+  end;
+  Registro.tamano := SizeOf(Registro);
+  Registro.contexto := Operador;
+  Registro.mensaje := AlMensaje;
+  Registro.informe_estados := AlInformeEstados;
+  Registro.memoria_llena := AlMemoriaLlena;
+  Kestra_DefinirOperador(@Registro);
+end;
+
 destructor TImpresora.Destroy;
 begin
   EP_Kill;
+  Kestra_DefinirOperador(nil);
   Kestra_Textos(FTextos);
   inherited Destroy;
 end;

@@ -5,6 +5,7 @@
 --   impresora:abrir_comprobante_fiscal("FC", "B", {responsabilidad_iva = "F"})
 local ffi = require("ffi")
 local k = require("declaraciones")
+local kestra_operador = require("kestra_operador")
 
 local UTF_8 = 2 -- modo de Kestra_Textos: textos terminados en cero, en UTF-8
 local LARGO = 1024 -- de los textos que dicen su propio largo
@@ -71,7 +72,7 @@ end
 
 local function metodo(funcion, definidos)
   local operacion = funcion:sub(1, 3) == "EP_"
-  return function(impresora, ...)
+  local function llamar(impresora, ...)
     local argumentos, escrito = argumentos_de(funcion, definidos, {...})
     local resultado = impresora.biblioteca[funcion](unpack(argumentos))
     local fallo = resultado == -1
@@ -80,11 +81,27 @@ local function metodo(funcion, definidos)
     if escrito then return ffi.string(escrito) end
     if not operacion then return resultado end
   end
+  jit.off(llamar) -- de una llamada compilada no se puede volver a Lua: el operador
+  return llamar
 end
 
 for _, declarada in ipairs(k.FUNCIONES) do
   local funcion, definidos = unpack(declarada)
   if not APARTE[funcion] then Impresora[nombre_del_metodo(funcion)] = metodo(funcion, definidos) end
+end
+
+local liberar = function() end -- las funciones del operador, que viven mientras la biblioteca las use
+
+-- Contesta en lugar de los cuadros, con las funciones que tenga de estas; nil vuelve a los cuadros.
+--   mensaje(texto, titulo, estilo)              1 Aceptar, 6 Sí, 7 No; estilo: 0 Aceptar, 4 y 36 Sí/No
+--   informe_estados(impresora, fiscal, filas)   verdadero para mandar otra vez
+--   memoria_llena()
+function Impresora:definir_operador(operador)
+  local registro, liberar_propias = nil, function() end
+  if operador then registro, liberar_propias = kestra_operador.registro_de(operador) end
+  self.biblioteca.Kestra_DefinirOperador(registro)
+  liberar()
+  liberar = liberar_propias
 end
 
 -- Lee el Fiscal.ini del directorio de trabajo. Una por programa.

@@ -4,6 +4,7 @@
 //   impresora.abrirComprobanteFiscal('FC', 'B', { responsabilidad_iva: 'F' });
 import koffi from 'koffi';
 import { FUNCIONES, declarar } from './declaraciones.mjs';
+import { funcionesDe } from './operador.mjs';
 
 export * from './declaraciones.mjs';
 export { exigirImpresoraVirtual, impresoraVirtual } from './virtual.mjs';
@@ -25,6 +26,8 @@ export class ErrorFiscal extends Error {
   }
 }
 
+let llamadas = []; // las del operador, que viven mientras la biblioteca las use
+
 const texto = (bufer) => bufer.toString('utf8', 0, bufer.indexOf(0));
 
 // EP_AbrirComprobanteFiscal, abrirComprobanteFiscal.
@@ -36,7 +39,6 @@ function nombreDelMetodo(funcion) {
 // Lee el Fiscal.ini del directorio de trabajo. Una por programa.
 export class Impresora {
   #biblioteca;
-  #llamadas;
 
   constructor(ruta = process.platform === 'win32' ? 'Kestra.dll' : 'libkestra.so') {
     this.#biblioteca = declarar(koffi, ruta);
@@ -44,23 +46,22 @@ export class Impresora {
     this.iniciar();
   }
 
-  // { mensaje, informeEstados, memoriaLlena }: funciones para contestar en lugar de los cuadros; null vuelve a ellos.
+  // Contesta en lugar de los cuadros, con las funciones que tenga de estas; null vuelve a los cuadros:
+  //   mensaje(texto, titulo, estilo)              1 Aceptar, 6 Sí, 7 No; estilo: 0 Aceptar, 4 y 36 Sí/No
+  //   informeEstados(impresora, fiscal, filas)    verdadero para mandar otra vez
+  //   memoriaLlena()
   definirOperador(operador) {
     const { tipos, Kestra_DefinirOperador } = this.#biblioteca;
-    const anteriores = this.#llamadas ?? [];
-    this.#llamadas = [];
-    const puntero = (funcion, tipo) => {
-      if (!funcion) return null;
-      this.#llamadas.push(koffi.register(funcion, koffi.pointer(tipo)));
-      return this.#llamadas.at(-1);
-    };
-    Kestra_DefinirOperador(operador && {
-      tamano: koffi.sizeof(tipos.KestraOperador),
-      contexto: null,
-      mensaje: puntero(operador.mensaje, tipos.mensaje),
-      informe_estados: puntero(operador.informeEstados, tipos.informe_estados),
-      memoria_llena: puntero(operador.memoriaLlena, tipos.memoria_llena),
-    });
+    const anteriores = llamadas;
+    llamadas = [];
+    const registro = operador && { tamano: koffi.sizeof(tipos.KestraOperador), contexto: null };
+    if (operador) {
+      for (const [nombre, funcion] of Object.entries(funcionesDe(operador, koffi, tipos.KestraFila))) {
+        registro[nombre] = funcion && koffi.register(funcion, koffi.pointer(tipos[nombre]));
+        if (funcion) llamadas.push(registro[nombre]);
+      }
+    }
+    Kestra_DefinirOperador(registro);
     anteriores.forEach((llamada) => koffi.unregister(llamada));
   }
 

@@ -13,6 +13,14 @@ ENV = os.environ
 
 
 @dataclasses.dataclass(frozen=True)
+class Example:
+    """How the examples of a language's page are run: what stands there is put into a file, in {host}."""
+    file: str
+    run: tuple
+    build: tuple = ()
+
+
+@dataclasses.dataclass(frozen=True)
 class Language:
     """How a language's shop is made and run. {host} is a copy of its folder, with the other folders of hosts/ beside it."""
     name: str
@@ -20,14 +28,25 @@ class Language:
     packages: tuple = ()  # Debian's; "program:package" where the program may also come from elsewhere
     build: tuple = ()  # commands, one after the other, in {host}
     environment: dict = dataclasses.field(default_factory=dict)  # beside what finds the library and its header
-    example: tuple = ()  # its page's example: the file that it is put into, in {host}, and the command that runs it
+    example: Example = None  # where its page has examples
     folder: str = ""  # in hosts/, where it is not the name
     windows: int = 0  # its bits, where it is a Windows program
 
 
 PASCAL = ("fp-compiler-3.2.2", "fp-units-rtl-3.2.2", "fpc-source-3.2.2")
-PASCAL_FOR_WINDOWS = ('pascal=$KESTRA_SOURCE/build/pascal && . "$KESTRA_SOURCE/scripts/pascal.sh" && '
-                      'pascal_for_windows "$pascal" &&')
+
+
+def pascal_for_windows(bits, source):
+    compiler = {32: "ppc386", 64: "ppcx64"}[bits]
+    return ("bash", "-c", 'pascal=$KESTRA_SOURCE/build/pascal && . "$KESTRA_SOURCE/scripts/pascal.sh" && '
+            f'pascal_for_windows "$pascal" && "$pascal/{compiler}" -Twin{bits} -n -v0we -Fu"$pascal/win{bits}" {source}')
+
+
+def mingw(bits, ending, name):
+    processor = {32: "i686", 64: "x86_64"}[bits]
+    compiler = {"c": "gcc", "cpp": "g++ -std=c++17"}[ending]
+    return ("sh", "-c", f'{processor}-w64-mingw32-{compiler} -static {name}.{ending} "$KESTRA_IMPORT_{bits}" -o {name}.exe')
+
 
 LANGUAGES = {row.name: row for row in [
     # From its wheel, with the library inside and none elsewhere; -P: the folder beside the shop is not it.
@@ -35,63 +54,72 @@ LANGUAGES = {row.name: row for row in [
              build=(("/usr/bin/python3", "-m", "build", "--wheel", "--no-isolation"), ("/usr/bin/python3", "-m", "venv", "venv"),
                     ("sh", "-c", "venv/bin/pip install --no-index dist/*.whl")),
              run=("{host}/venv/bin/python", "-P", "{host}/tienda.py"),
-             example=("ejemplo.py", "{host}/venv/bin/python", "-P", "{host}/ejemplo.py"),
+             example=Example("ejemplo.py", run=("{host}/venv/bin/python", "-P", "{host}/ejemplo.py")),
              environment={"KESTRA_BIBLIOTECA": ENV.get("KESTRA_LIBRARY", ""), "LD_LIBRARY_PATH": ""}),
     Language("python-sin-instalar", folder="python", packages=("python3",), run=("python3", "-B", "{host}/tienda.py")),
     Language("node", packages=("node:nodejs", "npm:npm"), run=("node", "{host}/tienda.mjs"),
-             example=("ejemplo.mjs", "node", "{host}/ejemplo.mjs"),
+             example=Example("ejemplo.mjs", run=("node", "{host}/ejemplo.mjs")),
              build=(("npm", "install", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock"),)),
     Language("php", packages=("php8.2-cli",), run=("php", "{host}/tienda.php"),
-             example=("ejemplo.php", "php", "{host}/ejemplo.php")),
+             example=Example("ejemplo.php", run=("php", "{host}/ejemplo.php"))),
     Language("perl", packages=("perl", "libffi-platypus-perl"), run=("perl", "{host}/tienda.pl"),
-             example=("ejemplo.pl", "perl", "-I{host}/lib", "{host}/ejemplo.pl")),
+             example=Example("ejemplo.pl", run=("perl", "-I{host}/lib", "{host}/ejemplo.pl"))),
     Language("ruby", packages=("ruby",), run=("ruby", "-w", "{host}/tienda.rb"),
-             example=("ejemplo.rb", "ruby", "-w", "-I{host}/lib", "{host}/ejemplo.rb")),
+             example=Example("ejemplo.rb", run=("ruby", "-w", "-I{host}/lib", "{host}/ejemplo.rb"))),
     Language("luajit", packages=("luajit",), run=("luajit", "{host}/tienda.lua"),
-             example=("ejemplo.lua", "luajit", "{host}/ejemplo.lua"), environment={"LUA_PATH": "{host}/?.lua;;"}),
+             example=Example("ejemplo.lua", run=("luajit", "{host}/ejemplo.lua")), environment={"LUA_PATH": "{host}/?.lua;;"}),
     Language("gambas", packages=("gambas3-devel", "gambas3-runtime"), run=("gbr3", "{host}/tienda.gambas"),
-             build=(("gbc3", "-a"), ("gba3", "-o", "tienda.gambas"))),
+             build=(("gbc3", "-a"), ("gba3", "-o", "tienda.gambas")),
+             example=Example(".src/Ejemplo.module", run=("gbr3", "{host}/ejemplo.gambas"),
+                             build=(("sed", "-i", "s/^Startup=.*/Startup=Ejemplo/", ".project"), ("gbc3", "-a"),
+                                    ("gba3", "-o", "ejemplo.gambas")))),
     Language("cpp", run=("{host}/tienda",), packages=("g++",),
-             example=("ejemplo.cpp", "sh", "-c", "g++ -std=c++17 {host}/ejemplo.cpp -lkestra -o {host}/ejemplo && {host}/ejemplo"),
+             example=Example("ejemplo.cpp", run=("{host}/ejemplo",),
+                             build=(("g++", "-std=c++17", "ejemplo.cpp", "-lkestra", "-o", "ejemplo"),)),
              build=(("g++", "-std=c++17", "tienda.cpp", "-lkestra", "-o", "tienda"),)),
     Language("csharp", run=("mono", "{host}/tienda.exe"), packages=("mono-mcs", "mono-runtime"),
-             example=("ejemplo.cs", "sh", "-c", "(cd {host} && mcs -out:ejemplo.exe ejemplo.cs Impresora.cs Kestra.cs) && "
-                      "mono {host}/ejemplo.exe"),
+             example=Example("ejemplo.cs", run=("mono", "{host}/ejemplo.exe"),
+                             build=(("mcs", "-out:ejemplo.exe", "ejemplo.cs", "Impresora.cs", "Kestra.cs"),)),
              build=(("mcs", "-out:tienda.exe", "tienda.cs", "Impresora.cs", "Kestra.cs"),)),
     Language("java", run=("java", "-cp", "{host}/clases:/usr/share/java/jna.jar", "Tienda"),
              packages=("openjdk-17-jdk-headless", "libjna-java"),
-             example=("Ejemplo.java", "java", "-cp", "{host}/clases:/usr/share/java/jna.jar", "{host}/Ejemplo.java"),
+             example=Example("Ejemplo.java", run=("java", "-cp", "{host}/clases:/usr/share/java/jna.jar", "{host}/Ejemplo.java")),
              build=(("javac", "-encoding", "UTF-8", "-cp", "/usr/share/java/jna.jar", "-sourcepath", "src/main/java",
                      "-d", "clases", "src/main/java/Tienda.java"),)),
     Language("delphi", run=("{host}/tienda",), packages=("fp-compiler", "fp-units-rtl"),
-             example=("ejemplo.pas", "sh", "-c", 'fpc -v0we -l- -Fl"$LIBRARY_PATH" {host}/ejemplo.pas >{host}/said && {host}/ejemplo'),
+             example=Example("ejemplo.pas", run=("{host}/ejemplo",),
+                             build=(("sh", "-c", 'fpc -v0we -Fl"$LIBRARY_PATH" ejemplo.pas'),)),
              build=(("sh", "-c", 'fpc -v0we -Fl"$LIBRARY_PATH" tienda.pas'),)),
     Language("go", run=("{host}/tienda_go",), packages=("go:golang-go", "gcc"),
-             example=("tienda/ejemplo.go", "sh", "-c", "(cd {host} && go build -o ejemplo tienda/ejemplo.go) && {host}/ejemplo"),
+             example=Example("tienda/ejemplo.go", run=("{host}/ejemplo",), build=(("go", "build", "-o", "ejemplo", "tienda/ejemplo.go"),)),
              build=(("go", "build", "-o", "tienda_go", "./tienda"),)),
     Language("rust", run=("{host}/tienda",), packages=("rustc:rustc", "gcc"),
-             example=("ejemplo.rs", "sh", "-c", "(cd {host} && rustc --edition 2021 --extern kestra=libkestra.rlib ejemplo.rs) && "
-                      "{host}/ejemplo"),
+             example=Example("ejemplo.rs", run=("{host}/ejemplo",),
+                             build=(("rustc", "--edition", "2021", "--extern", "kestra=libkestra.rlib", "ejemplo.rs"),)),
              build=(("rustc", "--edition", "2021", "--crate-type", "rlib", "--crate-name", "kestra", "src/lib.rs"),
                     ("rustc", "--edition", "2021", "--extern", "kestra=libkestra.rlib", "examples/tienda.rs"))),
     Language("c", run=("{host}/tienda",), packages=("gcc",),
-             example=("ejemplo.c", "sh", "-c", "gcc {host}/ejemplo.c -lkestra -o {host}/ejemplo && {host}/ejemplo"),
+             example=Example("ejemplo.c", run=("{host}/ejemplo",), build=(("gcc", "ejemplo.c", "-lkestra", "-o", "ejemplo"),)),
              build=(("gcc", "-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror", "tienda.c", "-lkestra", "-o", "tienda"),)),
     # Programs for Windows. What they are made with is no Windows program.
     *(Language(f"delphi-win{bits}", folder="delphi", windows=bits, packages=PASCAL, run=("{host}/tienda.exe",),
-               build=(("bash", "-c", f'{PASCAL_FOR_WINDOWS} "$pascal/{compiler}" -Twin{bits} -n -v0we -Fu"$pascal/win{bits}" tienda.pas'),))
-      for bits, compiler in ((32, "ppc386"), (64, "ppcx64"))),
+               build=(pascal_for_windows(bits, "tienda.pas"),),
+               example=Example("ejemplo.pas", run=("{host}/ejemplo.exe",), build=(pascal_for_windows(bits, "ejemplo.pas"),)))
+      for bits in (32, 64)),
     *(Language(f"go-win{bits}", folder="go", windows=bits, packages=("go:golang-go",), run=("{host}/tienda.exe",),
-               build=(("go", "build", "-o", "tienda.exe", "./tienda"),), environment={"GOOS": "windows", "GOARCH": processor})
+               build=(("go", "build", "-o", "tienda.exe", "./tienda"),), environment={"GOOS": "windows", "GOARCH": processor},
+               example=Example("tienda/ejemplo.go", run=("{host}/ejemplo.exe",),
+                               build=(("go", "build", "-o", "ejemplo.exe", "tienda/ejemplo.go"),)))
       for bits, processor in ((32, "386"), (64, "amd64"))),
     *(Language(f"{name}-win{bits}", folder=name, windows=bits, run=("{host}/tienda.exe",),
-               build=(("sh", "-c", f'{processor}-w64-mingw32-{compiler} -static {source} "$KESTRA_IMPORT_{bits}" -o tienda.exe'),))
-      for name, compiler, source in (("cpp", "g++ -std=c++17", "tienda.cpp"), ("c", "gcc", "tienda.c"))
-      for bits, processor in ((32, "i686"), (64, "x86_64"))),
+               build=(mingw(bits, name, "tienda"),),
+               example=Example(f"ejemplo.{name}", run=("{host}/ejemplo.exe",), build=(mingw(bits, name, "ejemplo"),)))
+      for name in ("cpp", "c") for bits in (32, 64)),
     Language("node-win32", folder="node", windows=32, packages=("npm:npm",),
              build=(("npm", "install", "--force", "--prefer-offline", "--no-audit", "--no-fund", "--no-package-lock",
                      "node-win-x86@22"),),
              run=("{host}/node_modules/node-win-x86/bin/node.exe", "{host}/tienda.mjs"),
+             example=Example("ejemplo.mjs", run=("{host}/node_modules/node-win-x86/bin/node.exe", "{host}/ejemplo.mjs")),
              environment={"NODE_SKIP_PLATFORM_CHECK": "1"}),
 ]}
 

@@ -18,6 +18,8 @@ NOT_VIRTUAL = ["/dev/ttyS0", "/dev/null", "tcp:192.0.2.1:4001", "tcp:localhost.e
                "/dev/pts/ninguna"]
 NOBODY = "tcp:127.0.0.1:1"  # this machine, and nobody there
 NOBODY_THERE = "Nadie atiende en la dirección de la impresora."
+PAPER_ENDS = "comando 1 de ítem: sin_papel\ncomando 2 de ítem: sin_papel = no\n"
+PAPER_IS_MISSING = ["Error y/o falla de impresora", "Impresora sin papel"] * 2  # of no paper, and of a refusal
 REFUSED = "La impresora no aceptó un dato del comando."
 
 
@@ -37,7 +39,11 @@ class HostShop(Shop):
         hosts = os.path.join(place.name, "hosts")
         shutil.copytree(HOSTS, hosts, ignore=shutil.ignore_patterns("node_modules", "build", "dist"))
         cls.host = os.path.join(hosts, cls.language.folder or cls.language.name)
-        for command in cls.language.build:
+        cls.build(cls.language.build)
+
+    @classmethod
+    def build(cls, commands):
+        for command in commands:
             made = subprocess.run(cls.filled(command), cwd=cls.host, env=cls.environment(), text=True,
                                   capture_output=True, check=False)
             if made.returncode != 0:
@@ -57,20 +63,26 @@ class HostShop(Shop):
                             for name, value in cls.language.environment.items()})
         return environment
 
-    def run_shop(self, *flags, command=None):
+    def run_shop(self, *flags):
         """The shop at its till; it ends, whatever it meets."""
-        return subprocess.run([*(command or self.filled(self.language.run)), *flags], cwd=self.folder,
+        return self.run_program([*self.filled(self.language.run), *flags])
+
+    def run_program(self, command):
+        return self.run_here(command)
+
+    def run_here(self, command):
+        return subprocess.run(command, cwd=self.folder,
                               env=self.environment(), text=True, encoding="utf-8", capture_output=True,
                               stdin=subprocess.DEVNULL, start_new_session=True, timeout=600, check=False)
 
-    def other_printer(self):
+    def other_printer(self, **settings):
         """A printer as it comes, without paper on it."""
         os.remove(self.path("papel.txt"))
         self.printer = self.start_printer()
-        self.write_settings()
+        self.write_settings(**settings)
 
     def test_its_day_is_that_of_the_shop_in_c(self):
-        shop_in_c = self.run_shop(command=[ENV["KESTRA_DAY"]])
+        shop_in_c = self.run_here([ENV["KESTRA_DAY"]])
         self.assertEqual((shop_in_c.returncode, shop_in_c.stderr), (0, ""))
         paper_in_c = self.paper()
         self.assertIn("Libreria Muñoz S.R.L.", paper_in_c)
@@ -125,20 +137,35 @@ class HostShop(Shop):
         self.assertEqual(len(shop.stdout.splitlines()), done, shop.stdout)
 
 
-class HostShopWithExample(HostShop):
+class Examples:
+    """Of the language's page, which are run as they stand there."""
+
+    def run_example(self, section):
+        example = self.language.example
+        [text] = re.findall(rf"(?ms)^## {section}$.*?^```\w+\n(.*?)^```$", read(os.path.join(self.host, "README.md")))
+        with open(os.path.join(self.host, example.file), "w", encoding="utf-8") as program:
+            program.write(text)
+        self.build(example.build)
+        return self.run_program(self.filled(example.run))
+
     def test_the_example_of_its_page_prints_a_documents_number(self):
-        file, *command = self.language.example
-        [example] = re.findall(r"(?ms)^## Usar$.*?^```\w+\n(.*?)^```$", read(os.path.join(self.host, "README.md")))
-        with open(os.path.join(self.host, file), "w", encoding="utf-8") as program:
-            program.write(example)
-        shop = self.run_shop(command=self.filled(command))
+        shop = self.run_example("Usar")
         self.assertEqual((shop.returncode, shop.stderr, shop.stdout.strip()), (0, "", "00000001"))
         self.assertIn("Con palo", self.paper())
 
+    def test_the_operator_of_its_page_answers_instead_of_the_boxes(self):
+        """Each command is asked for, and the paper ends in the middle of the document: a box would say no to both."""
+        self.stop_printer()
+        with open(self.path("fallas.txt"), "w", encoding="utf-8") as faults:
+            faults.write(PAPER_ENDS)
+        self.printer_flags = ["--fallas", self.path("fallas.txt")]
+        self.other_printer(MostrarComandos=1)
+        shop = self.run_example("Contestar en lugar de los cuadros")
+        self.assertEqual((shop.returncode, shop.stderr, words(shop.stdout)), (0, "", [*PAPER_IS_MISSING, "00000001"]))
+        self.assertEqual(self.paper().count("Con palo"), 1)
 
 for row in LANGUAGES.values():
-    kind = HostShopWithExample if row.example else HostShop
-    kinds = (UnderWine, kind) if row.windows else (kind,)
+    kinds = (*[UnderWine] * bool(row.windows), *[Examples] * bool(row.example), HostShop)
     globals()[row.name] = type(row.name, kinds, {"language": row, "__module__": __name__})
 
 

@@ -18,22 +18,19 @@ class UnderWine:
         super().setUpClass()
         bits = cls.language.windows
         ENV.update(KESTRA_WINE=ENV[f"KESTRA_WINE_{bits}"], KESTRA_STARTER=ENV[f"KESTRA_STARTER_{bits}"])
-        shutil.copy(ENV[f"KESTRA_DLL_{bits}"], os.path.dirname(cls.filled(cls.language.run)[0]))
+        shutil.copy(ENV[f"KESTRA_DLL_{bits}"], os.path.dirname(cls.filled(cls.language.run)[0]))  # of the example too
 
     def start_printer(self):
         command = [ENV["KESTRA_PRINTER"], "--familia", self.family, "--tcp", "127.0.0.1:0",
-                   "--papel", self.path("papel.txt"), "--traza", self.path("traza.txt")]
+                   "--papel", self.path("papel.txt"), "--traza", self.path("traza.txt"), *self.printer_flags]
         printer = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
         self.addCleanup(printer.stdout.close)
         self.addCleanup(self.stop_printer, printer)
         self.device = printer.stdout.readline().removeprefix("Puerto: ").strip()
         return printer
 
-    def run_shop(self, *flags, command=None):
+    def run_program(self, command):
         """Boxes for the operator are closed; there are none where all goes well."""
-        if command:
-            return super().run_shop(*flags, command=command)
-        command = [*self.filled(self.language.run), *flags]
         shop = programs.Program(command, self.folder, variables=self.language.environment)
         try:
             boxes = self.boxes_closed_until_the_end_of(shop)

@@ -1,28 +1,25 @@
 # impresora-virtual --familia TF --sin-papel
 # Fiscal.ini: TipoComprobante=TF
-import ctypes
+from kestra import ErrorFiscal, Impresora
 
-from kestra import ErrorFiscal, Impresora, _declaraciones as d
-
-NO, CERRAR = 7, 0
+NO = 7
 
 
-def mensaje(_, texto, titulo, estilo):
-    print("Mensaje:", texto.decode())
-    return NO if estilo & 15 == 4 else 1
+class Operador:
+    def mensaje(self, texto, titulo, estilo):
+        print("Mensaje:", texto)
+        return NO if estilo & 15 == 4 else 1
+
+    def informe_estados(self, impresora, fiscal, filas):
+        print("Informe:", ", ".join(fila.texto for fila in filas if fila.encendida and fila.clase == 1))
+        return False                                     # cerrar
+
+    def memoria_llena(self):
+        print("Quedan pocos cierres Z.")
 
 
-def informe(_, impresora, fiscal, filas, cantidad):
-    encendidas = [filas[i].texto.decode() for i in range(cantidad) if filas[i].encendida and filas[i].clase == 1]
-    print("Informe:", ", ".join(encendidas))
-    return CERRAR
-
-
-campos = {nombre: tipo for nombre, tipo in d.KestraOperador._fields_}
-operador = d.KestraOperador(tamano=ctypes.sizeof(d.KestraOperador), mensaje=campos["mensaje"](mensaje),
-                            informe_estados=campos["informe_estados"](informe))
 with Impresora() as impresora:
-    impresora.definir_operador(operador)
+    impresora.definir_operador(Operador())
     try:
         impresora.reporte_x()
     except ErrorFiscal as error:

@@ -20,7 +20,7 @@ class Impresora
 
     private static array $funciones = [];
     private FFI $biblioteca;
-    private ?FFI\CData $operador = null;
+    private static ?FFI\CData $operador = null;
 
     public function __construct(string $ruta = PHP_OS_FAMILY === 'Windows' ? 'Kestra.dll' : 'libkestra.so')
     {
@@ -32,19 +32,25 @@ class Impresora
         $this->iniciar();
     }
 
-    /** Contesta en lugar de los cuadros, con las funciones mensaje, informe_estados y memoria_llena; null vuelve a ellos. */
-    public function definirOperador(?array $funciones): void
+    /**
+     * Contesta en lugar de los cuadros, con los métodos que tenga de estos; null vuelve a los cuadros.
+     *
+     *   mensaje($texto, $titulo, $estilo)             1 Aceptar, 6 Sí, 7 No; estilo: 0 Aceptar, 4 y 36 Sí/No
+     *   informeEstados($impresora, $fiscal, $filas)   verdadero para mandar otra vez
+     *   memoriaLlena()
+     */
+    public function definirOperador(?object $operador): void
     {
-        $operador = null;
-        if ($funciones !== null) {
-            $operador = $this->biblioteca->new('KestraOperador');
-            $operador->tamano = FFI::sizeof($operador);
-            foreach ($funciones as $nombre => $funcion) {
-                $operador->$nombre = $funcion;
+        $registro = null;
+        if ($operador !== null) {
+            $registro = $this->biblioteca->new('KestraOperador');
+            $registro->tamano = FFI::sizeof($registro);
+            foreach (Operador::funciones($operador) as $nombre => $funcion) {
+                $registro->$nombre = $funcion;
             }
         }
-        $this->biblioteca->Kestra_DefinirOperador($operador === null ? null : FFI::addr($operador));
-        $this->operador = $operador; // que viva mientras la biblioteca lo use
+        $this->biblioteca->Kestra_DefinirOperador($registro === null ? null : FFI::addr($registro));
+        self::$operador = $registro; // que viva mientras la biblioteca lo use
     }
 
     /**

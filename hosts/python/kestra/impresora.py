@@ -5,6 +5,7 @@ import re
 import sys
 
 from . import _declaraciones as declaraciones
+from .operador import registro
 
 UTF_8 = 2  # modo de Kestra_Textos: textos terminados en cero, en UTF-8
 LARGO = 1024  # de los textos que dicen su propio largo
@@ -49,9 +50,15 @@ class Impresora:
         self.cerrar()
 
     def definir_operador(self, operador):
-        """Un KestraOperador, o None para volver a los cuadros de la biblioteca."""
-        self._operador = operador  # que viva mientras la biblioteca lo use
-        self._biblioteca.Kestra_DefinirOperador(operador and ctypes.byref(operador))
+        """Contesta en lugar de los cuadros, con los métodos que tenga de estos; None vuelve a los cuadros.
+
+        mensaje(texto, titulo, estilo)              1 Aceptar, 6 Sí, 7 No; estilo: 0 Aceptar, 4 y 36 Sí/No
+        informe_estados(impresora, fiscal, filas)   verdadero para mandar otra vez
+        memoria_llena()
+        """
+        propio = operador and registro(operador)
+        self._biblioteca.Kestra_DefinirOperador(propio and ctypes.byref(propio))
+        Impresora._operador = propio  # que viva mientras la biblioteca lo use
 
     def _llamar(self, funcion, *valores, **nombrados):
         """Los argumentos que faltan van en blanco o en cero; los búferes los pone ella, y su texto es lo que devuelve."""

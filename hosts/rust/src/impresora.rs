@@ -1,5 +1,6 @@
 use crate::declaraciones::*;
 use crate::error::{ErrorFiscal, Resultado};
+use crate::operador::{registro, Operador, Propio};
 use crate::textos::{hasta_el_cero, t, texto_de};
 use std::marker::PhantomData;
 
@@ -45,12 +46,14 @@ pub struct Item<'a> {
 pub struct Impresora {
     textos: i32,                          // cómo se pasaban antes; desde aquí, UTF-8 terminado en cero
     un_solo_hilo: PhantomData<*const ()>, // no pasa a otro
+    operador: Option<Box<Propio>>,
 }
 
 impl Drop for Impresora {
     fn drop(&mut self) {
         unsafe {
             EP_Kill();
+            Kestra_DefinirOperador(std::ptr::null());
             Kestra_Textos(self.textos);
         }
     }
@@ -92,11 +95,19 @@ fn recibido<const N: usize>(llamada: &'static str, llamar: impl FnOnce(*mut u8) 
 impl Impresora {
     pub fn abrir() -> Resultado<Impresora> {
         let textos = unsafe { Kestra_Textos(2) };
-        let impresora = Impresora { textos, un_solo_hilo: PhantomData };
+        let impresora = Impresora { textos, un_solo_hilo: PhantomData, operador: None };
         match unsafe { EP_Init() } {
             1 => Ok(impresora),
             _ => Err(ErrorFiscal::de("EP_Init")),
         }
+    }
+
+    /// Contesta en lugar de los cuadros, mientras dure la impresora; con None vuelven los cuadros.
+    pub fn definir_operador(&mut self, operador: Option<Box<dyn Operador>>) {
+        let mut nuevo = operador.map(Box::new);
+        let registro = nuevo.as_deref_mut().map(registro);
+        unsafe { Kestra_DefinirOperador(registro.as_ref().map_or(std::ptr::null(), |registro| registro)) };
+        self.operador = nuevo; // la biblioteca ya no usa el anterior
     }
 
     // ---- Comprobantes fiscales ----

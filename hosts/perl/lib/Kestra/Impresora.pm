@@ -14,9 +14,11 @@ use FFI::Platypus::Buffer ();
 use FFI::Platypus::DL ();
 use Kestra::Declaraciones;
 use Kestra::ErrorFiscal;
+use Kestra::Operador;
 
 use constant UTF_8 => 2;       # modo de Kestra_Textos: textos terminados en cero, en UTF-8
 use constant LARGO => 1024;    # de los textos que dicen su propio largo
+my $registro;                      # del operador, que vive mientras la biblioteca lo use
 my %EXITO   = (EP_Init => 1);    # en las demás funciones EP_, 0
 my %NOMBRES = (EP_Init => 'iniciar', EP_Kill => 'cerrar', Kestra_Numeracion => 'ultimo_numero');
 
@@ -34,11 +36,24 @@ sub new {
     $ruta //= $^O eq 'MSWin32' ? 'Kestra.dll' : 'libkestra.so';
     FFI::Platypus::DL::dlopen($ruta, FFI::Platypus::DL::RTLD_PLATYPUS_DEFAULT())
         or Carp::croak(FFI::Platypus::DL::dlerror());
-    my %funciones = Kestra::Declaraciones::declarar(FFI::Platypus->new(api => 2, lib => [$ruta]));
-    my $propia = bless { funciones => \%funciones }, $clase;
+    my $ffi = FFI::Platypus->new(api => 2, lib => [$ruta]);
+    my %funciones = Kestra::Declaraciones::declarar($ffi);
+    my $propia = bless { ffi => $ffi, funciones => \%funciones }, $clase;
     $funciones{Kestra_Textos}->(UTF_8);
     $propia->iniciar;
     return $propia;
+}
+
+# Contesta en lugar de los cuadros, con los métodos que tenga de estos; undef vuelve a los cuadros.
+#   mensaje($texto, $titulo, $estilo)             1 Aceptar, 6 Sí, 7 No; estilo: 0 Aceptar, 4 y 36 Sí/No
+#   informe_estados($impresora, $fiscal, $filas)  verdadero para mandar otra vez
+#   memoria_llena()
+sub definir_operador {
+    my ($propia, $operador) = @_;
+    my $propio = $operador && Kestra::Operador::registro($propia->{ffi}, $operador);
+    $propia->{funciones}{Kestra_DefinirOperador}->($propio && (FFI::Platypus::Buffer::scalar_to_buffer($propio->{bytes}))[0]);
+    $registro = $propio;
+    return;
 }
 
 # Los argumentos van en orden, o por nombre en una referencia a un hash al final; los que faltan, en blanco o en cero.

@@ -22,7 +22,8 @@ module Kestra
     EXITO = { 'EP_Init' => 1 }.freeze # en las demás funciones EP_, 0
     NOMBRES = { 'EP_Init' => 'iniciar', 'EP_Kill' => 'cerrar', 'Kestra_Numeracion' => 'ultimo_numero' }.freeze
     APARTE = %w[Kestra_DefinirOperador Kestra_Textos].freeze
-    private_constant :UTF_8, :LARGO, :EXITO, :NOMBRES, :APARTE
+    OPERADOR = [nil] # el que la biblioteca usa, que mientras tanto viva
+    private_constant :OPERADOR, :UTF_8, :LARGO, :EXITO, :NOMBRES, :APARTE
 
     # EP_AbrirComprobanteFiscal, abrir_comprobante_fiscal.
     def self.nombre_del_metodo(funcion)
@@ -45,6 +46,17 @@ module Kestra
 
     (Declaraciones::FUNCIONES.keys - APARTE).each do |funcion|
       define_method(nombre_del_metodo(funcion)) { |*valores, **nombrados| llamar(funcion, valores, nombrados) }
+    end
+
+    # Contesta en lugar de los cuadros, con los métodos que tenga de estos; nil vuelve a los cuadros.
+    #
+    #   mensaje(texto, titulo, estilo)              1 Aceptar, 6 Sí, 7 No; estilo: 0 Aceptar, 4 y 36 Sí/No
+    #   informe_estados(impresora, fiscal, filas)   verdadero para mandar otra vez
+    #   memoria_llena
+    def definir_operador(operador)
+      propio = operador && Operador.new(operador)
+      @biblioteca['Kestra_DefinirOperador'].call(propio&.direccion)
+      OPERADOR.replace([propio])
     end
 
     private

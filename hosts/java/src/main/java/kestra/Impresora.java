@@ -20,6 +20,8 @@ public final class Impresora implements AutoCloseable {
     private static final Pattern AQUI =
         Pattern.compile("tcp:(127(\\.[0-9]{1,3}){3}|localhost|\\[?::1\\]?):[0-9]+");
 
+    private static Kestra.KestraOperador operador; // que sus funciones vivan mientras la biblioteca las use
+
     private final Kestra kestra;
     private final int textos; // cómo se pasaban antes; desde aquí, UTF-8 terminado en cero
 
@@ -42,6 +44,13 @@ public final class Impresora implements AutoCloseable {
     public void close() {
         kestra.EP_Kill();
         kestra.Kestra_Textos(textos);
+    }
+
+    /** Contesta en lugar de los cuadros; null vuelve a los cuadros. */
+    public void definirOperador(Operador nuevo) {
+        Kestra.KestraOperador registro = nuevo == null ? null : Registro.de(nuevo);
+        kestra.Kestra_DefinirOperador(registro);
+        operador = registro;
     }
 
     // ---- Comprobantes fiscales ----
