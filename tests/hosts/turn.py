@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""The languages whose shop a build server runs: those whose folder the commits of the last day have changed; all of them
-when it was what all stand on; without such a commit one, another one for each commit. Prints their names.
+"""The languages whose shop a build server runs: those whose folder the commits of the last day have changed, of all of
+them when it was what all stand on, but no more than it has time for; without such a commit one. Which ones, another
+commit has otherwise. Prints their names.
 """
 import os
 import pathlib
@@ -9,16 +10,19 @@ import subprocess
 from languages import LANGUAGES
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+MOST = 3  # a minute each, where their tools have to be installed
 OF_ALL = ("api/", "include/", "tests/hosts/", "scripts/hosts")
 
 
 def turn(changed, share, languages):
     """Of so many languages, by the paths that have changed; `share` is any number that another commit has otherwise."""
-    if any(path.startswith(OF_ALL) for path in changed):
-        return list(languages)
     folders = {path.split("/")[1] for path in changed if path.startswith("hosts/")}
-    touched = [name for name, row in languages.items() if (row.folder or name) in folders]
-    return touched or [list(languages)[share % len(languages)]]
+    of_all = any(path.startswith(OF_ALL) for path in changed)
+    touched = [name for name, row in languages.items() if of_all or (row.folder or name) in folders]
+    if len(touched) <= MOST:
+        return touched or [list(languages)[share % len(languages)]]
+    first = share * MOST % len(touched)
+    return (touched + touched)[first:first + MOST]
 
 
 def said(*words):
