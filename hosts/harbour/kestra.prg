@@ -6,7 +6,7 @@
 // completarlos con blancos. Uno más corto hace leer memoria ajena. Un puntero nulo se lee como blancos.
 // Búferes de resultado: reciben a lo sumo los bytes que se dicen, sin un cero detrás.
 //
-// Para Harbour en Windows de 32 bits. En xHarbour, DllCall() con los mismos argumentos.
+// Para Harbour en Windows de 32 bits. El de xHarbour es kestra_xharbour.prg.
 // Un texto se pasa completado con blancos: PadR( cTexto, 50 ). Un búfer se pasa con @ y lleno de blancos:
 // cNumero := Space( 8 ); EP_CerrarComprobanteFiscal( cTipo, cLetra, @cNumero ).
 // A Kestra_DefinirOperador se le pasa NIL, o el registro que prepara una función en C.

@@ -67,6 +67,8 @@ LANGUAGES = (
              ("String", "Pointer", "Integer"), ("Float",)),
     Language("harbour/kestra.prg", r'^   RETURN hb_dynCall\( \{ "(\w+)", Biblioteca\(\), hb_bitOr\( HB_DYN_CALLCONV_STDCALL, \w+ \)'
              r"(.*?) \}", r", HB_DYN_CTYPE_(\w+)", ("CHAR_PTR", "VOID_PTR", "INT"), ("DOUBLE",), OLD),
+    Language("harbour/kestra_xharbour.prg", r'^   (?:RETURN )?DllCall\( Biblioteca\(\), STDCALL, "(\w+)"(.*?) \)$',
+             r", (@|\w+\(|(?=\w+(?:,|$)))", ("", "@", "Entero(", "Puntero("), ("Doble(",), OLD),
     Language("clarion/kestra.clw", r"^    (\w+)\((.*)\)(?:,LONG)?,PASCAL,RAW,DLL\(1\),NAME\('\1'\)$", r"([*\w]+) \w+(?:,|$)",
              ("*STRING", "*CSTRING", "LONG"), ("REAL",), OLD, continued=r" \|\n +"),
     Language("powerbuilder/kestra_externas.txt", r'^(?:FUNCTION long|SUBROUTINE) (\w+)\((.*)\) LIBRARY "Kestra\.dll" ALIAS FOR "\1;Ansi"$',

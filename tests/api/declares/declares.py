@@ -8,7 +8,7 @@ import pathlib
 import re
 import typing
 
-from languages import c_family, clarion, dotnet, foxpro, harbour, pascal, powerbuilder, visual_basic, windev, xojo
+from languages import c_family, clarion, dotnet, foxpro, harbour, pascal, powerbuilder, visual_basic, windev, xharbour, xojo
 from shapes import stack, width
 
 
@@ -34,6 +34,7 @@ LANGUAGES = {
     "Xojo": Language("xojo/Kestra.xojo_code", xojo.read, encoding="utf-8", tells_buffers=False, record="buffer"),
     "WinDev": Language("windev/kestra_procedimientos.txt", windev.read, record="address"),
     "Harbour": Language("harbour/kestra.prg", harbour.read, record="address"),
+    "xHarbour": Language("harbour/kestra_xharbour.prg", xharbour.read, record="address"),
     "Delphi": Language("delphi/Kestra.pas", pascal.read, tells_buffers=False),
     "C++Builder": Language("cppbuilder/KestraBuilder.h", c_family.read),
     "Visual Basic .NET": Language("vbnet/Kestra.vb", dotnet.reader("vb"), encoding="utf-8", tells_buffers=False),
