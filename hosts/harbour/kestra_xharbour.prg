@@ -1,4 +1,4 @@
-// Kestra 0.1.0: declaraciones para xHarbour.
+// Kestra 1.0.0: declaraciones para xHarbour.
 // Las hace api/generate a partir de api/kestra.toml: un cambio a mano se pierde.
 //
 // Resultado de una operación: 0 éxito, 1 fracaso; en EP_Init es al revés, 1 éxito y 0 fracaso.
