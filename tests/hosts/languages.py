@@ -64,11 +64,8 @@ LANGUAGES = {row.name: row for row in [
              example=Example("ejemplo.php", run=("php", "{host}/ejemplo.php"))),
     Language("perl", packages=("perl", "libffi-platypus-perl"), run=("perl", "{host}/tienda.pl"),
              example=Example("ejemplo.pl", run=("perl", "-I{host}/lib", "{host}/ejemplo.pl"))),
-    # The example with its gem, the shop from the folder.
-    Language("ruby", packages=("ruby",), run=("ruby", "-w", "{host}/tienda.rb"), environment={"GEM_PATH": "{host}/gemas"},
-             build=(("gem", "build", "kestra.gemspec"),
-                    ("sh", "-c", "gem install --local --no-document --install-dir gemas kestra-*.gem")),
-             example=Example("ejemplo.rb", run=("ruby", "-w", "{host}/ejemplo.rb"))),
+    Language("ruby", packages=("ruby",), run=("ruby", "-w", "{host}/tienda.rb"),
+             example=Example("ejemplo.rb", run=("ruby", "-w", "-I{host}/lib", "{host}/ejemplo.rb"))),
     Language("luajit", packages=("luajit",), run=("luajit", "{host}/tienda.lua"),
              example=Example("ejemplo.lua", run=("luajit", "{host}/ejemplo.lua")), environment={"LUA_PATH": "{host}/?.lua;;"}),
     Language("gambas", packages=("gambas3-devel", "gambas3-runtime"), run=("gbr3", "{host}/tienda.gambas"),
