@@ -9,7 +9,9 @@ import shutil
 import subprocess
 import tempfile
 
+import manual_calls
 from languages import LANGUAGES
+from manual_test import ManualCalls
 from shop import ENV, Shop, read
 from windows_shop import UnderWine
 
@@ -165,7 +167,8 @@ class Examples:
         self.assertEqual(self.paper().count("Con palo"), 1)
 
 for row in LANGUAGES.values():
-    kinds = (*[UnderWine] * bool(row.windows), *[Examples] * bool(row.example), HostShop)
+    kinds = (*[UnderWine] * bool(row.windows), *[ManualCalls] * (row.name in manual_calls.ROWS),
+             *[Examples] * bool(row.example), HostShop)
     globals()[row.name] = type(row.name, kinds, {"language": row, "__module__": __name__})
 
 

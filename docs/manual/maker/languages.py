@@ -15,7 +15,11 @@ class Language:
     buffer: str = "{}"      # how a buffer is handed over
     before: str = ""        # a line for each buffer
     nothing: str = ""       # instead of a null pointer
-    variable: str = ""      # where a text has to be one: lines for it
+    call_nothing: str = ""  # the call of what gives no result, where it is another
+    ended: str = ""         # a buffer that the library ends with a zero, or a text that has one, where those are another type
+    assigned: str = ""      # where a text has to be in a variable: how it comes into it
+    begins_code: str = ""   # what parts variables from what is done with them
+    ends_code: str = ""
 
 
 C_LIKE_BUFFER = "char {n}[{s}] = \"\";"
@@ -24,17 +28,19 @@ LANGUAGES = (
     Language("Python", "python", "hosts/python/kestra/_declaraciones.py", r'^\s*"{}":', r"\]\),?\s*$", "kestra.{f}({a})", 'b"{}"',
              before="{n} = ctypes.create_string_buffer({s})", nothing="None"),
     Language("Visual Basic 6", "vb.net", "hosts/vb6/Kestra.bas", r"Declare \w+ {} ", r"", "Dim r As Long\nr = {f}({a})",
-             before="Dim {n} As String\n{n} = Space$({s})", nothing="ByVal 0&"),
+             before="Dim {n} As String\n{n} = Space$({s})", nothing="ByVal 0&",
+             call_nothing="Call {f}({a})"),
     Language("VBA", "vb.net", "hosts/vba/KestraVBA.bas", r"Declare PtrSafe \w+ {} ", r"", "Dim r As Long\nr = {f}({a})",
-             before="Dim {n} As String\n{n} = Space$({s})", nothing="ByVal 0&"),
+             before="Dim {n} As String\n{n} = Space$({s})", nothing="ByVal 0&",
+             call_nothing="Call {f}({a})"),
     Language("Delphi", "delphi", "hosts/delphi/Kestra.pas", r"^(function|procedure) {}\b", r"external ", "{f}({a});", "'{}'",
-             before="var {n}: array[0..{t}] of AnsiChar;", nothing="nil"),
+             before="var {n}: array[0..{t}] of AnsiChar;", nothing="nil", begins_code="begin", ends_code="end;"),
     Language("C#", "csharp", "hosts/csharp/Kestra.cs", r"static extern \w+ {}\(", r";\s*$", "Kestra.{f}({a});", 'T("{}")',
              before="var {n} = new byte[{s}];", nothing="null"),
     Language("VB.NET", "vb.net", "hosts/vbnet/Kestra.vb", r"Public (Function|Sub|Declare.*) {}\b", r"End |\)\s*As Integer\s*$", "Kestra.{f}({a})",
              'T("{}")', before="Dim {n}({t}) As Byte", nothing="Nothing"),
     Language("FoxPro", "foxpro", "hosts/foxpro/kestra.prg", r"^DECLARE .*\b{} IN", r"[^;]\s*$", "? {f}({a})", before="{n} = SPACE({s})",
-             buffer="@{}", nothing="0"),
+             buffer="@{}", nothing="0", call_nothing="{f}({a})"),
     Language("Java", "java", "hosts/java/kestra/Kestra.java", r"^\s+\w+ {}\(", r";\s*$", "kestra.{f}({a});", 't("{}")',
              before="byte[] {n} = new byte[{s}];", nothing="null"),
     Language("Go", "go", "hosts/go/declaraciones_linux.go", r"^func {}\(", r"^\}", "kestra.{f}({a})", 't("{}")',
@@ -54,8 +60,9 @@ LANGUAGES = (
     Language("C++Builder", "c++", "hosts/cppbuilder/KestraBuilder.h", r"^\S.* {}\(", r";\s*$", "{f}({a});", before=C_LIKE_BUFFER, nothing="NULL"),
     Language("Harbour", "foxpro", "hosts/harbour/kestra.prg", r"^(FUNCTION|PROCEDURE) {}\(", r"^\s+RETURN ", "{f}( {a} )", before="{n} := Space( {s} )",
              buffer="@{}", nothing="NIL"),
-    Language("Clarion", "text", "hosts/clarion/kestra.clw", r"^\s+{}\(", r"[^|]\s*$", "r# = {f}({a})",
-             before="{n}  STRING({s})", nothing="0", variable="{n}  STRING({s})\n{n} = '{v}'"),
+    Language("Clarion", "text", "hosts/clarion/kestra.clw", r"^\s+{}\(", r"[^|]\s*$", "  r# = {f}({a})",
+             before="{n}  STRING({s})", nothing="0", call_nothing="  {f}({a})", ended="{n}  CSTRING({s})", assigned="{n} = '{v}'",
+             begins_code="  CODE"),
     Language("PowerBuilder", "text", "hosts/powerbuilder/kestra_externas.txt", r"^(FUNCTION|SUBROUTINE) .*\b{}\(", r"", "{f}({a})",
              before="string {n}\n{n} = Space({s})", nothing="0"),
     Language("Xojo", "vb.net", "hosts/xojo/Kestra.xojo_code", r"Soft Declare \w+ {} ", r"", "Kestra.{f}({a})", 'T("{}")',
@@ -118,30 +125,53 @@ def number(value):
     return f"{value:.2f}" if isinstance(value, float) and not value.is_integer() else str(int(value))
 
 
-def call(language, function, values=None):
+@dataclasses.dataclass
+class Call:
+    """What a program writes."""
+    variables: list = dataclasses.field(default_factory=list)  # a line or two for each buffer, and for each text that has to be one
+    before: list = dataclasses.field(default_factory=list)  # what those texts are
+    said: str = ""
+    buffers: list = dataclasses.field(default_factory=list)  # names of those that come back written
+
+
+def handed_over(language, argument, example, made):
+    """The argument as it stands in the call; what it needs before goes into `made`."""
+    name = argument.name
+    before = language.ended if argument.kind in ("buffer", "terminated") and language.ended else language.before
+    if argument.kind in ("result", "buffer"):
+        size = (argument.bytes or 400) + 1
+        made.variables.append(before.format(n=name, s=size, t=size - 1))
+        made.buffers.append(name)
+        return language.buffer.format(name)
+    if argument.kind == "length":
+        return "400"
+    if argument.kind in ("text", "terminated"):
+        if not language.assigned:
+            return language.text.format(example)
+        made.variables.append(before.format(n=name, s=argument.bytes or len(example) + 1))
+        made.before.append(language.assigned.format(n=name, v=example))
+        return name
+    if argument.kind in ("amount", "integer"):
+        value = number(example)
+        return value + ".0" if language.name == "Rust" and argument.kind == "amount" and "." not in value else value
+    return language.nothing
+
+
+def written(language, function, values=None):
     """The call, with a buffer for each text that comes back; the table's example where no values are given."""
-    handed, lines = [], []
     taking = [argument.name for argument in function.arguments if argument.name in function.examples]
     examples = function.examples if values is None else dict(zip(taking, values))
-    for argument in function.arguments:
-        if argument.kind in ("result", "buffer"):
-            size = (argument.bytes or 400) + 1
-            lines.append(language.before.format(n=argument.name, s=size, t=size - 1))
-            handed.append(language.buffer.format(argument.name))
-        elif argument.kind == "length":
-            handed.append("400")
-        elif language.variable and argument.kind in ("text", "terminated"):
-            value = examples[argument.name]
-            lines.append(language.variable.format(n=argument.name, s=argument.bytes or len(value) + 1, v=value))
-            handed.append(argument.name)
-        elif argument.kind in ("text", "terminated"):
-            handed.append(language.text.format(examples[argument.name]))
-        elif argument.kind in ("amount", "integer"):
-            value = number(examples[argument.name])
-            handed.append(value + ".0" if language.name == "Rust" and argument.kind == "amount" and "." not in value else value)
-        else:
-            handed.append(language.nothing)
-    said = language.call.format(f=function.name, a=", ".join(handed))
-    if function.returns == "nothing":
-        said = said.replace("Dim r As Long\nr = ", "Call ")
-    return "\n".join([*lines, said])
+    made = Call()
+    handed = [handed_over(language, argument, examples.get(argument.name), made) for argument in function.arguments]
+    template = language.call_nothing if function.returns == "nothing" and language.call_nothing else language.call
+    made.said = template.format(f=function.name, a=", ".join(handed))
+    return made
+
+
+def call(language, function):
+    """The table's example as lines."""
+    made = written(language, function)
+    code = [*made.before, made.said]
+    if not (made.variables and language.begins_code):
+        return "\n".join([*made.variables, *code])
+    return "\n".join([*made.variables, language.begins_code, *("  " + line.strip() for line in code), language.ends_code]).rstrip()

@@ -3,20 +3,12 @@ import posixpath
 import re
 import shutil
 
-from maker import causes_pages, days, languages, messages, operations, recipes, till
+from maker import causes_pages, days, first_ticket, languages, messages, operations, programs, recipes, till
 from maker.flowchart import without_charts
 from maker.markdown import fence, index
 
 LINK = re.compile(r"(!?)\[([^\]]*)\]\(([^)#\s]*)(#[^)\s]*)?\)")
 FENCED = re.compile(r"(?ms)^(```+|~~~+).*?^\1\s*$")
-FIRST_TICKET = (
-    ("Kestra_Textos", (1,)), ("EP_Init", ()),
-    ("EP_AbrirComprobanteFiscal", ("FC", "B", "", "", "", "", "F", "", "", "", "", "", 1)),
-    ("EP_ImprimirItem", ("Cafe molido 500 g", 2, 1500, 21, 0, "", "", "")),
-    ("EP_ImprimirPago", ("Efectivo", 5000)),
-    ("EP_CerrarComprobanteFiscal", ("FC", "B")),
-    ("EP_Kill", ()),
-)
 SHOPS = (
     ("C", "c", "c/tienda.c"), ("C++", "c++", "cpp/tienda.cpp"), ("C#", "csharp", "csharp/tienda.cs"),
     ("Delphi", "delphi", "delphi/tienda.pas"), ("Go", "go", "go/tienda.go"), ("Java", "java", "java/Tienda.java"),
@@ -78,23 +70,10 @@ def ini_keys(source):
     page.write_text(re.sub(r"(?m)(^\|.*\n)+", with_entries, text), encoding="utf-8")
 
 
-def first_ticket(exports, root):
-    """The calls of a ticket in each language."""
-    functions = {function.name: function for function in exports.functions}
-    text = ""
-    for language in languages.LANGUAGES:
-        lines, seen = [], set()
-        for name, values in FIRST_TICKET:
-            values = (2,) if name == "Kestra_Textos" and language.name in languages.UTF_8 else values
-            for line in languages.call(language, functions[name], values).split("\n"):
-                if line not in seen or not line.startswith("Dim "):
-                    lines.append(line)
-                seen.add(line)
-        lines = [line for line in lines if line.startswith("Dim ")] + [line for line in lines if not line.startswith("Dim ")]
-        file = languages.found(root, language.file).relative_to(root)
-        text += (f"````{{tab}} {language.name}\nDeclaraciones: `{file}`\n\n"
-                 f"{fence(language.highlighter, chr(10).join(lines))}````\n\n")
-    return text
+def of_hosts(text):
+    """A page of hosts/ as part of one of the manual: its links are those of the manual, or a file's name."""
+    text = re.sub(r"\]\(\.\./\.\./docs/manual/", "](", text)
+    return outside_code(text, lambda part: re.sub(r"\[([^\]]*)\]\((?!\w+\.md)([^)]*)\)", r"\1", part))
 
 
 def shops(root):
@@ -104,6 +83,16 @@ def shops(root):
         for path in sorted((root / "hosts" / folder).rglob(program)):
             code = "\n".join(languages.read(path)).rstrip()
             text += f"````{{tab}} {name}\n`{path.relative_to(root)}`\n\n{fence(highlighter, code)}````\n\n"
+    return text
+
+
+def frames(exports):
+    """What stands around the calls, in the languages that the manual's calls are run in."""
+    functions = {function.name: function for function in exports.functions}
+    text = ""
+    for language in languages.LANGUAGES:
+        if program := programs.whole(language, functions):
+            text += f"````{{tab}} {language.name}\n{fence(language.highlighter, program)}````\n\n"
     return text
 
 
@@ -123,7 +112,7 @@ def operations_index(exports, source):
     for section, rows in sections:
         text += f"## {section.es}\n\n```{{toctree}}\n:maxdepth: 1\n\n" + "\n".join(row.name for row in rows) + "\n```\n\n"
         text += "".join(f"- [{row.name}]({row.name}.md): {row.title}.\n" for row in rows) + "\n"
-    fill(source / "operaciones/index.md", {"secciones": text})
+    fill(source / "operaciones/index.md", {"programas": frames(exports), "secciones": text})
 
 
 def code_lists(exports, source):
@@ -152,6 +141,6 @@ def prepare(root, work, tools, exports):
     page, said = messages.made(exports, root, manual)
     (source / "mensajes.md").write_text(page, encoding="utf-8")
     (source / "causas_una_por_una.md").write_text(causes_pages.made(exports), encoding="utf-8")
-    fill(source / "empezar.md", {"primer tique": first_ticket(exports, root), "tiendas": shops(root)})
+    fill(source / "empezar.md", {"primer tique": first_ticket.made(root, of_hosts), "tiendas": shops(root)})
     recipes.make(root, work, source, tools)
     return said
