@@ -30,10 +30,18 @@ def without_index_page(page):
     page.write_text(text.replace("Índice alfabético <genindex>\n", ""), encoding="utf-8")
 
 
+def without_links_outside(page):
+    """A leaf of paper leads nowhere but to itself: the browser would write where this machine has the other files."""
+    text = page.read_text(encoding="utf-8")
+    text = re.sub(r'\s*\(<a class="reference download[^>]*>(?:(?!</a>).)*</a>\)', "", text, flags=re.DOTALL)
+    text = re.sub(r'<a (?:(?!>)[^"]|"[^"]*")*?href="(?!#|index\.html|https?:)[^"]*"[^>]*>(.*?)</a>', r"\1", text, flags=re.DOTALL)
+    page.write_text(text, encoding="utf-8")
+
+
 def print_to_pdf(browser, page, target):
     subprocess.run([browser, "--headless", "--no-sandbox", "--disable-gpu", "--no-pdf-header-footer", "--generate-pdf-document-outline",
                     f"--user-data-dir={WORK / 'navegador'}", "--virtual-time-budget=20000", f"--print-to-pdf={target}",
-                    page.as_uri()], check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=500)
+                    page.as_uri()], check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=1800)
     # The browser writes a place for each word, and when it did so: a third of it says the same.
     raw = target.with_suffix(".entero")
     raw.write_bytes(re.sub(rb"(/(?:Creation|Mod)Date \(D:)\d{14}", rb"\g<1>20260101000000", target.read_bytes()))
@@ -76,6 +84,7 @@ def main():
         without_index_page(WORK / "fuente/index.md")
         sphinx("singlehtml", WORK / "fuente", WORK / "uno", exports)
         pages.finish(WORK / "uno")
+        without_links_outside(WORK / "uno/index.html")
         print_to_pdf(browser, WORK / "uno/index.html", WORK / pdf)
         step("pdf")
         put_together(pdf, exports.version)

@@ -15,6 +15,7 @@ class Language:
     buffer: str = "{}"      # how a buffer is handed over
     before: str = ""        # a line for each buffer
     nothing: str = ""       # instead of a null pointer
+    letters: str = ""       # instead of `text`, for one that is not all ASCII
     call_nothing: str = ""  # the call of what gives no result, where it is another
     ended: str = ""         # a buffer that the library ends with a zero, or a text that has one, where those are another type
     assigned: str = ""      # where a text has to be in a variable: how it comes into it
@@ -26,7 +27,7 @@ C_LIKE_BUFFER = "char {n}[{s}] = \"\";"
 LANGUAGES = (
     Language("C", "c", "include/kestra/kestra.h", r"^\S.* KESTRA_CALL {}\(|^\S.* {}\(", r";\s*$", "{f}({a});", before=C_LIKE_BUFFER, nothing="NULL"),
     Language("Python", "python", "hosts/python/kestra/_declaraciones.py", r'^\s*"{}":', r"\]\),?\s*$", "kestra.{f}({a})", 'b"{}"',
-             before="{n} = ctypes.create_string_buffer({s})", nothing="None"),
+             before="{n} = ctypes.create_string_buffer({s})", nothing="None", letters='"{}".encode()'),
     Language("Visual Basic 6", "vb.net", "hosts/vb6/Kestra.bas", r"Declare \w+ {} ", r"", "Dim r As Long\nr = {f}({a})",
              before="Dim {n} As String\n{n} = Space$({s})", nothing="ByVal 0&",
              call_nothing="Call {f}({a})"),
@@ -45,7 +46,7 @@ LANGUAGES = (
              before="byte[] {n} = new byte[{s}];", nothing="null"),
     Language("Go", "go", "hosts/go/declaraciones_linux.go", r"^func {}\(", r"^\}", "kestra.{f}({a})", 't("{}")',
              before="{n} := make([]byte, {s})", buffer="&{}[0]", nothing="nil"),
-    Language("Node.js", "javascript", "hosts/node/declaraciones.mjs", r"^\s+{}: \{", r"\},?\s*$", "kestra.{f}({a});", "'{}'",
+    Language("Node.js", "javascript", "hosts/node/declaraciones.mjs", r"^\s+{}: \{", r"\},?\s*$", "kestra.{f}({a});", "t('{}')",
              before="const {n} = Buffer.alloc({s});", nothing="null"),
     Language("PHP", "php", "hosts/php/declaraciones.h", r"^\S.* {}\(", r";\s*$", "$kestra->{f}({a});", '"{}"',
              before='${n} = FFI::new("char[{s}]");', buffer="${}", nothing="null"),
@@ -53,7 +54,7 @@ LANGUAGES = (
              before="{n} = \"\\0\" * {s}", nothing="nil"),
     Language("Perl", "perl", "hosts/perl/lib/Kestra/Declaraciones.pm", r"^\s+\['{}',", r"\],?\s*$", "$kestra{{{f}}}->({a});", "'{}'",
              before='my ${n} = "\\0" x {s};\nmy (${n}_en) = scalar_to_buffer(${n});', buffer="${}_en", nothing="undef"),
-    Language("Rust", "rust", "hosts/rust/src/declaraciones.rs", r"^\s+pub fn {}\(", r";\s*$", "unsafe {{ {f}({a}) }};", 'b"{}\\0".as_ptr()',
+    Language("Rust", "rust", "hosts/rust/src/declaraciones.rs", r"^\s+pub fn {}\(", r";\s*$", "unsafe {{ {f}({a}) }};", '"{}\\0".as_ptr()',
              before="let mut {n} = [0u8; {s}];", buffer="{}.as_mut_ptr()", nothing="std::ptr::null()"),
     Language("LuaJIT", "lua", "hosts/luajit/declaraciones.lua", r"^\S.* {}\(", r";\s*$", "kestra.{f}({a})", '"{}"',
              before='local {n} = ffi.new("char[?]", {s})', nothing="nil"),
@@ -147,7 +148,7 @@ def handed_over(language, argument, example, made):
         return "400"
     if argument.kind in ("text", "terminated"):
         if not language.assigned:
-            return language.text.format(example)
+            return (language.text if example.isascii() else language.letters or language.text).format(example)
         made.variables.append(before.format(n=name, s=argument.bytes or len(example) + 1))
         made.before.append(language.assigned.format(n=name, v=example))
         return name

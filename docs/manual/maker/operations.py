@@ -2,7 +2,7 @@
 import collections
 import re
 
-from maker import languages
+from maker import languages, steady
 from maker.markdown import code, fence, index, table
 
 FAMILIES = {"TQ": "`TQ`, tiques", "TF": "`TF`, tique-facturas", "FC": "`FC`, formularios"}
@@ -42,7 +42,7 @@ def outcome(call):
 
 def picture(call, slug, folder):
     """The rows that this call printed, cut out of the document's picture, which is left beside it whole."""
-    drawing = call.picture.read_text(encoding="utf-8")
+    drawing = steady.moments(call.picture.read_text(encoding="utf-8"))
     texts = re.findall(r'<text x="[\d.]+" y="([\d.]+)" font-size="([\d.]+)"', drawing)
     usual = collections.Counter(letters for _, letters in texts).most_common(1)[0][0]
     heights = sorted({float(y) for y, letters in texts if letters == usual})

@@ -15,7 +15,7 @@ def browser(width, height, scheme, *wanted):
     return subprocess.run(["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--hide-scrollbars",
                            f"--user-data-dir={WORK / 'navegador'}", f"--window-size={width},{height}",
                            f"--blink-settings=preferredColorScheme={scheme}", "--virtual-time-budget=8000", *wanted],
-                          check=True, capture_output=True, text=True, timeout=120).stdout
+                          check=True, capture_output=True, text=True, timeout=600).stdout
 
 
 def overflow(page, width):

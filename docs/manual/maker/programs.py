@@ -104,6 +104,7 @@ import koffi from 'koffi';
 import { declarar } from './declaraciones.mjs';
 
 const kestra = declarar(koffi, 'libkestra.so');
+const t = (texto) => Buffer.from(texto + '\\0');
 LLAMADAS
 """, "console.log({n}.toString('utf8', 0, {n}.indexOf(0)));"),
     "PHP": Program("llamadas.php", """\

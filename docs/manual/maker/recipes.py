@@ -13,7 +13,7 @@ import socket
 import subprocess
 import sys
 
-from maker import till
+from maker import steady, till
 from maker.markdown import fence
 
 MARK = re.compile(r"<!-- receta (\w+) -->")
@@ -42,10 +42,10 @@ def run(root, program, folder, tools):
                         LD_LIBRARY_PATH=str(tools.library.parent))
     with till.printer(tools, folder, *options):
         ended = subprocess.run([sys.executable, program.name], cwd=folder, env=surroundings, capture_output=True, text=True,
-                               timeout=60, check=False, start_new_session=True)
+                               timeout=600, check=False, start_new_session=True)
     if ended.returncode != 0:
         raise RuntimeError(f"recetas/{program.name}: {ended.stderr}{ended.stdout}")
-    return code.replace("PUERTO", "4001"), ended.stdout
+    return code.replace("PUERTO", "4001"), steady.moments(ended.stdout)
 
 
 def make(root, work, source, tools):
@@ -65,7 +65,7 @@ def make(root, work, source, tools):
         for path in drawn:
             target = page.parent / "papel" / f"{name}-{path.name}"
             target.parent.mkdir(exist_ok=True)
-            shutil.copy(path, target)
+            target.write_text(steady.moments(path.read_text(encoding="utf-8")), encoding="utf-8")
             title = re.sub(r"^\d+-|-\d+(?=\.)|\.svg$", "", path.name).replace("-", " ")
             text += f"```{{image}} papel/{target.name}\n:alt: {title}\n:class: papel\n```\n"
         return text

@@ -3,7 +3,7 @@ import posixpath
 import re
 import shutil
 
-from maker import causes_pages, days, first_ticket, languages, messages, operations, programs, recipes, till
+from maker import causes_pages, days, first_ticket, languages, messages, operations, programs, recipes, steady, till
 from maker.flowchart import without_charts
 from maker.markdown import fence, index
 
@@ -131,7 +131,8 @@ def prepare(root, work, tools, exports):
     ini_keys(source)
     functions = {function.name: function for function in exports.functions}
     shutil.rmtree(work / "caja", ignore_errors=True)
-    calls = [call for day in days.days(exports) for call in till.live(tools, manual, work / "caja" / day.name, day, functions)]
+    calls = [call for day in days.days(exports)
+             for call in steady.steadied(till.live(tools, manual, work / "caja" / day.name, day, functions))]
     pictures = source / "operaciones/papel"
     pictures.mkdir(parents=True)
     for name, text in operations.made(exports, calls, root, pictures).items():
@@ -143,4 +144,6 @@ def prepare(root, work, tools, exports):
     (source / "causas_una_por_una.md").write_text(causes_pages.made(exports), encoding="utf-8")
     fill(source / "empezar.md", {"primer tique": first_ticket.made(root, of_hosts), "tiendas": shops(root)})
     recipes.make(root, work, source, tools)
+    [paper] = (source / "recetas/papel").glob("factura_a-*.svg")
+    fill(source / "index.md", {"papel": f"```{{image}} recetas/papel/{paper.name}\n:alt: Una factura A de la impresora virtual\n:class: papel\n```"})
     return said
