@@ -6,7 +6,7 @@ TYPES = {"text": "String", "terminated": "String", "result": "Pointer", "buffer"
 HEAD = [
     "",
     "Un texto es una String con sus bytes exactos: Left(Conv(texto, \"UTF-8\", \"WINDOWS-1252\") & Space(50), 50).",
-    "Un búfer es un Pointer de Alloc, que se lee con String@ o StrPtr y se suelta con Free.",
+    "Un búfer son los datos de un Byte[] nuevo, que está en cero y tiene un byte más: New Byte[9], y se lee con String@(b.Data).",
 ]
 
 

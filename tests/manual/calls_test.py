@@ -35,7 +35,7 @@ READERS = {
     "Visual Basic 6": Reader(DOUBLE, "ByVal 0&", room=r"\b{} = Space\$\((\d+)\)"),
     "VBA": Reader(DOUBLE, "ByVal 0&", room=r"\b{} = Space\$\((\d+)\)"),
     "Delphi": Reader(SINGLE, "nil", room=r"\b{}: array\[0\.\.(\d+)\] of AnsiChar", last=True),
-    "C#": Reader(BYTES, "null"), "VB.NET": Reader(BYTES, "Nothing", room=r"\bDim {}\((\d+)\) As Byte", last=True),
+    "C#": Reader(BYTES, "IntPtr.Zero"), "VB.NET": Reader(BYTES, "IntPtr.Zero", room=r"\bDim {}\((\d+)\) As Byte", last=True),
     "FoxPro": Reader(DOUBLE, "0", r"@(\w+)"), "Java": Reader(BYTES, "null"), "Go": Reader(BYTES, "nil", r"&(\w+)\[0\]"),
     "Node.js": Reader(r"t\('(.*)'\)", "null"), "PHP": Reader(DOUBLE, "null", r"\$(\w+)"), "Ruby": Reader(SINGLE, "nil"),
     "Perl": Reader(SINGLE, "undef", r"\$(\w+)_en", r'\${} = "\\0" x (\d+);'), "Rust": Reader(r'"(.*)\\0"\.as_ptr\(\)', "std::ptr::null()", r"(\w+)\.as_mut_ptr\(\)",
@@ -43,7 +43,7 @@ READERS = {
     "LuaJIT": Reader(DOUBLE, "nil"), "Harbour": Reader(DOUBLE, "NIL", r"@(\w+)"),
     "Clarion": Reader(r"^$", "0", room=r"^{}  C?STRING\((\d+)\)$", variable=r"(\w+)"),
     "PowerBuilder": Reader(DOUBLE, "0", room=r"\b{} = Space\((\d+)\)"), "Xojo": Reader(BYTES, "Nil"),
-    "WinDev": Reader(DOUBLE, "0"), "Gambas": Reader(DOUBLE, "Null"),
+    "WinDev": Reader(DOUBLE, "0"), "Gambas": Reader(DOUBLE, "Null", r"(\w+)\.Data"),
 }
 
 

@@ -37,9 +37,9 @@ LANGUAGES = (
     Language("Delphi", "delphi", "hosts/delphi/Kestra.pas", r"^(function|procedure) {}\b", r"external ", "{f}({a});", "'{}'",
              before="var {n}: array[0..{t}] of AnsiChar;", nothing="nil", begins_code="begin", ends_code="end;"),
     Language("C#", "csharp", "hosts/csharp/Kestra.cs", r"static extern \w+ {}\(", r";\s*$", "Kestra.{f}({a});", 'T("{}")',
-             before="var {n} = new byte[{s}];", nothing="null"),
+             before="var {n} = new byte[{s}];", nothing="IntPtr.Zero"),
     Language("VB.NET", "vb.net", "hosts/vbnet/Kestra.vb", r"Public (Function|Sub|Declare.*) {}\b", r"End |\)\s*As Integer\s*$", "Kestra.{f}({a})",
-             'T("{}")', before="Dim {n}({t}) As Byte", nothing="Nothing"),
+             'T("{}")', before="Dim {n}({t}) As Byte", nothing="IntPtr.Zero"),
     Language("FoxPro", "foxpro", "hosts/foxpro/kestra.prg", r"^DECLARE .*\b{} IN", r"[^;]\s*$", "? {f}({a})", before="{n} = SPACE({s})",
              buffer="@{}", nothing="0", call_nothing="{f}({a})"),
     Language("Java", "java", "hosts/java/kestra/Kestra.java", r"^\s+\w+ {}\(", r";\s*$", "kestra.{f}({a});", 't("{}")',
@@ -70,8 +70,8 @@ LANGUAGES = (
              before="Var {n} As New MemoryBlock({s})", nothing="Nil"),
     Language("WinDev", "text", "hosts/windev/kestra_procedimientos.txt", r"^PROCEDURE {}\(", r"API\(", "{f}({a})", before='{n} is ANSI string = RepeatString(" ", {s})',
              nothing="0"),
-    Language("Gambas", "vb.net", "hosts/gambas/Kestra.module", r"Extern {}\(", r"", "Kestra.{f}({a})", before="Dim {n} As Pointer = Alloc({s})",
-             nothing="Null"),
+    Language("Gambas", "vb.net", "hosts/gambas/Kestra.module", r"Extern {}\(", r"", "Kestra.{f}({a})", before="Dim {n} As Byte[] = New Byte[{s}]",
+             buffer="{}.Data", nothing="Null"),
 )
 # Those whose texts are UTF-8; the others' are windows-1252.
 UTF_8 = ("Python", "C#", "VB.NET", "Java", "Go", "Node.js", "PHP", "Ruby", "Perl", "Rust", "LuaJIT", "Xojo", "Gambas")

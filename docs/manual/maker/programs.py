@@ -154,7 +154,7 @@ Public Sub Main()
   LLAMADAS
 
 End
-""", "Print String@({n})"),
+""", "Print String@({n}.Data)"),
 }
 
 
