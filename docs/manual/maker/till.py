@@ -60,7 +60,7 @@ def printer(tools, folder, *options):
 
 
 def panel_of(running, told):
-    for _ in range(400):
+    for _ in range(6000):  # a busy machine takes its time
         said = told.read_text(encoding="utf-8")
         if address := re.search(r"http://[\d.:]+", said):
             return address[0]
@@ -115,7 +115,7 @@ class Paper:
         self.start = self.end = self.done = 0
 
     def ask(self, path):
-        with urllib.request.urlopen(self.panel + path, timeout=10) as answer:
+        with urllib.request.urlopen(self.panel + path, timeout=300) as answer:
             return answer.read().decode("utf-8")
 
     def news(self):
@@ -150,7 +150,7 @@ class Till:
         result = getattr(self.library, name)(*given)
         frames = self.library.Kestra_Intentos() if function.nature in ("operation", "question") else 0
         new_trace, new_log = self.told()
-        for _ in range(200):  # the trace is written behind the answer
+        for _ in range(3000):  # the trace is written behind the answer
             if len(new_trace) - len(trace) >= frames:
                 break
             time.sleep(0.02)
