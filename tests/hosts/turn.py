@@ -11,7 +11,9 @@ from languages import LANGUAGES
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 MOST = 3  # a minute each, where their tools have to be installed
-OF_ALL = ("api/", "include/", "tests/hosts/", "scripts/hosts")
+MANUAL = "docs/manual/maker/"
+OF_ALL = ("api/", "include/", "tests/hosts/", "scripts/hosts",
+          *(MANUAL + name for name in ("days.py", "first_ticket.py", "languages.py", "programs.py", "till.py")))
 
 
 def turn(changed, share, languages):

@@ -14,6 +14,8 @@ CASES = [  # what has changed, the commit's number, whose turn it is
     (["include/kestra/kestra.h", "hosts/c/tienda.c"], 1, ["go-win32", "c", "go"]),
     (["tests/hosts/shop_test.py"], 2, ["python", "go-win32", "c"]),
     (["hosts/python/tienda.py", "hosts/go/go.mod", "hosts/c/tienda.c"], 3, ["go", "python", "go-win32"]),
+    (["docs/manual/maker/languages.py"], 0, ["c", "go", "python"]),
+    (["docs/manual/maker/pages.py"], 0, ["c"]),
     (["src/frame/exports.cpp"], 2, ["python"]),
     ([""], 7, ["go-win32"]),
 ]

@@ -1,6 +1,8 @@
 """A place for each cause: its number, what happened, what to do, and which operations can end so."""
 from maker.markdown import index
 
+MANY = 15  # more names than anybody reads
+
 
 def made(exports):
     users = {}
@@ -21,7 +23,7 @@ def made(exports):
         if cause.advice:
             page += [f"**Qué hacer.** {cause.advice}", ""]
         if names := users.get(cause.name):
-            many = len(names) > 20
-            said = ", ".join(f"[{name}](operaciones/{name}.md)" for name in names[:20])
-            page += [f"Puede pasar en {said}{' y las demás operaciones' if many else ''}.", ""]
+            said = ", ".join(f"[{name}](operaciones/{name}.md)" for name in names)
+            page += ["Puede pasar en casi todas las [operaciones](operaciones/index.md): lo dice la página de cada una."
+                     if len(names) > MANY else f"Puede pasar en {said}.", ""]
     return "\n".join(page)
