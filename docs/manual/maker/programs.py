@@ -94,11 +94,15 @@ func t(texto string) *byte {
 	return &terminado[0]
 }
 
+func leido(bufer []byte) string {
+	return string(bufer[:bytes.IndexByte(bufer, 0)])
+}
+
 func main() {
 	runtime.LockOSThread() // todas las llamadas, en un mismo hilo
 	LLAMADAS
 }
-""", "fmt.Println(string({n}[:bytes.IndexByte({n}, 0)]))"),
+""", "fmt.Println(leido({n}))"),
     "Node.js": Program("llamadas.mjs", """\
 import koffi from 'koffi';
 import { declarar } from './declaraciones.mjs';

@@ -98,7 +98,8 @@ def arguments(function, values):
 
 
 def read_lines(path):
-    return path.read_bytes().decode("utf-8", "replace").splitlines() if path.exists() else []
+    """Its whole lines: the printer may be writing the next one."""
+    return path.read_bytes().rpartition(b"\n")[0].decode("utf-8", "replace").splitlines() if path.exists() else []
 
 
 def read_log(path):
@@ -194,6 +195,7 @@ def in_process_of_its_own(tools, folder, day, functions, panel):
     try:
         return ours.recv()
     except EOFError:
-        raise RuntimeError(f"the till of the day {day.name} did not end it") from None
+        said = (folder / "preguntas.txt").read_text(encoding="utf-8", errors="replace")
+        raise RuntimeError(f"the till of the day {day.name} did not end it: {said}") from None
     finally:
         process.join()
