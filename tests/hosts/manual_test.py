@@ -95,6 +95,6 @@ class ManualCalls:
         path.parent.mkdir(exist_ok=True)
         path.write_text(manual_calls.code_of(manual_calls.SOURCE, ticket) + "\n", encoding="utf-8")
         commands = ticket.run.replace("/usr/local/lib", os.path.dirname(ENV["KESTRA_LIBRARY"]))
-        ran = self.run_shop(command=["sh", "-e", "-c", commands])
+        ran = self.run_here(["sh", "-e", "-c", commands])
         self.assertEqual((ran.returncode, ran.stdout.splitlines()[-1:]), (0, ["00000001"]), ran.stdout + ran.stderr)
         self.assertIn("Yerba mate 1 kg", self.paper())
