@@ -70,7 +70,7 @@ LANGUAGES = (
              before="Var {n} As New MemoryBlock({s})", nothing="Nil"),
     Language("WinDev", "text", "hosts/windev/kestra_procedimientos.txt", r"^PROCEDURE {}\(", r"API\(", "{f}({a})", before='{n} is ANSI string = RepeatString(" ", {s})',
              nothing="0"),
-    Language("Gambas", "vb.net", "hosts/gambas/Kestra.module", r"Extern {}\(", r"", "Kestra.{f}({a})", before="Dim {n} As Byte[] = New Byte[{s}]",
+    Language("Gambas", "qbasic", "hosts/gambas/Kestra.module", r"Extern {}\(", r"", "Kestra.{f}({a})", before="Dim {n} As Byte[] = New Byte[{s}]",
              buffer="{}.Data", nothing="Null"),
 )
 # Those whose texts are UTF-8; the others' are windows-1252.
