@@ -6,5 +6,7 @@
 namespace kestra::tool {
 
 Exit RunStatus(const Request& request, Console& console);
+Exit RunRelay(const Request& request, Console& console);
+Exit RunLog(const Request& request, Console& console);
 
 }  // namespace kestra::tool
