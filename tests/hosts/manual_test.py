@@ -49,7 +49,7 @@ class ManualCalls:
                                   errors="replace", capture_output=True, check=False)
             self.assertEqual(made.returncode, 0, f"{' '.join(command)}:\n{made.stdout}{made.stderr}")
 
-    def run_program(self, row, folder):
+    def run_calls(self, row, folder):
         ran = subprocess.run(self.filled(row.run), cwd=folder, env=self.environment(), capture_output=True,
                              stdin=subprocess.DEVNULL, start_new_session=True, timeout=600, check=False)
         mode = manual_calls.MODES[row.language in manual_calls.languages.UTF_8]
@@ -73,7 +73,7 @@ class ManualCalls:
                 settings = manual_calls.settings(MANUAL, {"TipoComprobante": day.family, **day.settings})
                 (folder / "Fiscal.ini").write_text(settings, encoding="cp1252")
                 with manual_calls.printer(TOOLS, folder, *day.options):
-                    said, mode = self.run_program(row, folder)
+                    said, mode = self.run_calls(row, folder)
                 self.assertEqual(lines_without_times(said), lines_without_times(manual_calls.told(calls, mode)))
                 self.assertEqual(line(folder), line(place / "caja"))
                 self.assertEqual(paper(folder), paper(place / "caja"))
@@ -82,7 +82,7 @@ class ManualCalls:
     def test_the_manuals_program_reads_a_line_of_the_heading(self):
         row = manual_calls.ROWS[self.language.name]
         self.build_program(row, manual_calls.programs.whole(manual_calls.language_of(row), manual_calls.FUNCTIONS) + "\n")
-        said, _ = self.run_program(row, self.folder)
+        said, _ = self.run_calls(row, self.folder)
         self.assertEqual([line.rstrip() for line in said], [""])
         self.assertIn("EP_GetEncabezado", read(self.path("fiscal.log")))
 

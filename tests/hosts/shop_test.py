@@ -166,6 +166,7 @@ class Examples:
         self.assertEqual((shop.returncode, shop.stderr, words(shop.stdout)), (0, "", [*PAPER_IS_MISSING, "00000001"]))
         self.assertEqual(self.paper().count("Con palo"), 1)
 
+
 for row in LANGUAGES.values():
     kinds = (*[UnderWine] * bool(row.windows), *[ManualCalls] * (row.name in manual_calls.ROWS),
              *[Examples] * bool(row.example), HostShop)
