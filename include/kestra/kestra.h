@@ -58,9 +58,10 @@ extern "C" {
 
 /*
  * Reads Fiscal.ini and sets up the serial port; opens nothing yet. Result: 1 ready, 0 failed (for
- * example a port number outside 1..256 and no ImpresoraDispositivo). A bad key in Fiscal.ini is
- * shown to the operator, keeps the keys behind it from being read, and does not by itself make the
- * call fail. Calling it again reads the file anew.
+ * example a port number outside 1..256 and no ImpresoraDispositivo). KESTRA_DISPOSITIVO in the
+ * environment names the device before the file does. A bad key in Fiscal.ini is shown to the
+ * operator, keeps the keys behind it from being read, and does not by itself make the call fail.
+ * Calling it again reads the file anew.
  */
 KESTRA_API int32_t KESTRA_CALL EP_Init(void);
 

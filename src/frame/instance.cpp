@@ -40,6 +40,7 @@ class HostPlatform : public Platform {
   void BeginStartUp() override { system_->BeginStartUp(); }
   void EndStartUp() override { system_->EndStartUp(); }
   void ShutDown() override { system_->ShutDown(); }
+  std::string DeviceInstead() override { return system_->DeviceInstead(); }
   std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override {
     return system_->CreatePort(settings);
   }

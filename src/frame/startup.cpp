@@ -45,7 +45,8 @@ std::string SetUpPort(Library& library) {
   const PortNotice notice{library};
   library.state.Puerto.reset();
   PortSettings settings;
-  settings.device = LeerValorIni(library, "ImpresoraDispositivo");
+  settings.device = library.platform.DeviceInstead();
+  if (settings.device.empty()) settings.device = LeerValorIni(library, "ImpresoraDispositivo");
   // The number says nothing where a device is named.
   if (settings.device.empty()) settings.CommPort = PortNumber(library.state.ImpresoraPuerto);
   settings.Handshaking = 0;

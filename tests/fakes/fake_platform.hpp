@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "fakes/fake_clock.hpp"
 #include "fakes/fake_journal_file.hpp"
@@ -20,6 +21,7 @@ class FakePlatform : public Platform {
   FakePlatform();
 
   std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override;
+  std::string DeviceInstead() override { return device_instead; }
   FakeClock& GetClock() override { return clock_; }
   FakeOperator& GetOperator() override { return operator_; }
   FakeProfile& GetProfile() override { return profile_; }
@@ -29,6 +31,8 @@ class FakePlatform : public Platform {
   FakeLine& Line() { return line_; }
   Journal& GetJournal() { return journal_; }
   Trouble& GetTrouble() { return trouble_; }
+
+  std::string device_instead;
 
  private:
   Journal journal_;

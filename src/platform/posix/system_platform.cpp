@@ -1,3 +1,6 @@
+#include <cstdlib>
+#include <string>
+
 #include "platform/posix/clock.hpp"
 #include "platform/posix/files.hpp"
 #include "platform/posix/journal_file.hpp"
@@ -42,6 +45,10 @@ namespace {
 
 class PosixPlatform : public Platform {
  public:
+  std::string DeviceInstead() override {
+    const char* const device = std::getenv(kDeviceVariable);
+    return device == nullptr ? std::string() : device;
+  }
   std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) override {
     return MakePort(settings);
   }

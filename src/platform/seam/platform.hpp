@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "platform/seam/clock.hpp"
 #include "platform/seam/files.hpp"
@@ -9,6 +10,9 @@
 #include "platform/seam/serial_port.hpp"
 
 namespace kestra {
+
+// The variable of the process's environment that names it.
+constexpr const char* kDeviceVariable = "KESTRA_DISPOSITIVO";
 
 // The world behind six interfaces.
 class Platform {
@@ -27,6 +31,9 @@ class Platform {
 
   // Ends the thread's use of the platform.
   virtual void ShutDown() {}
+
+  // The device that whoever started the host has named for it, before any that its own file names; or nothing.
+  virtual std::string DeviceInstead() { return {}; }
 
   // A closed port set up as told. Throws Failure when the settings cannot be had.
   virtual std::unique_ptr<SerialPort> CreatePort(const PortSettings& settings) = 0;

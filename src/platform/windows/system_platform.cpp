@@ -1,3 +1,8 @@
+#include <windows.h>
+
+#include <array>
+#include <string>
+
 #include "platform/seam/platform.hpp"
 #include "platform/shared/ports.hpp"
 #include "platform/windows/clock.hpp"
@@ -5,12 +10,22 @@
 #include "platform/windows/dialogs/window_operator.hpp"
 #include "platform/windows/files.hpp"
 #include "platform/windows/journal_file.hpp"
+#include "platform/windows/text.hpp"
 
 namespace kestra {
 namespace {
 
+// No longer than any name of a device; a longer one is as if it were not there.
+std::string Variable(const char* name) {
+  std::array<wchar_t, kLongestProfileValue + 1> value{};
+  const DWORD length = ::GetEnvironmentVariableW(WideFromAnsi(name).c_str(), value.data(),
+                                                 static_cast<DWORD>(value.size()));
+  return AnsiFromWide({value.data(), length < value.size() ? length : 0});
+}
+
 class WindowsPlatform : public Platform {
  public:
+  std::string DeviceInstead() override { return Variable(kDeviceVariable); }
   void BeginStartUp() override { components_.Begin(); }
   void EndStartUp() override { components_.End(); }
   void ShutDown() override { components_.ShutDown(); }

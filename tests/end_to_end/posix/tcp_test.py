@@ -52,6 +52,14 @@ class APrinterBehindTheNetwork(faults.AWorkingPrinter, NetworkTill):
         self.write_settings(ImpresoraDispositivo=f"tcp:impresora.prueba:{self.port}")
         self.expect_time(self.read_clock()[0])
 
+    def test_is_found_by_the_environment_where_the_file_may_not_be_touched(self):
+        self.write_settings(ImpresoraDispositivo="no-hay", ImpresoraPuerto=999)
+        self.variables = {"KESTRA_DISPOSITIVO": self.device}
+        self.expect_time(self.read_clock()[0])
+        self.variables = {"KESTRA_DISPOSITIVO": ""}
+        out, err = self.read_clock()
+        self.expect_failure(out, err, (8015, "No existe el dispositivo no-hay"))
+
     def test_at_an_address_that_is_none_fails_the_start(self):
         self.write_settings(ImpresoraDispositivo="tcp:caja")
         out, _ = self.run_host("print(lib.EP_Init())")

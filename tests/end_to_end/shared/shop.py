@@ -33,6 +33,7 @@ class Shop(unittest.TestCase):
     settings = {}
     added_settings = {}  # that the file to start from leaves out
     printer_flags = []
+    variables = {}  # of the till's environment
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory(prefix="kestra-")
@@ -76,7 +77,7 @@ class Shop(unittest.TestCase):
         return {"ImpresoraDispositivo": self.device}
 
     def host_environment(self):
-        environment = dict(ENV, LC_ALL="C.UTF-8")
+        environment = dict(ENV, LC_ALL="C.UTF-8", **self.variables)
         if "KESTRA_PRELOAD" in ENV:
             environment.update(LD_PRELOAD=ENV["KESTRA_PRELOAD"], ASAN_OPTIONS="detect_leaks=0")
         return environment

@@ -17,6 +17,13 @@ class ANetworkTill(tcp_test.NetworkShop, Till):
         self.assertEqual(err, "")
         self.assertEqual(self.paper().rstrip("\n"), tcp_test.PAPER.rstrip("\n"))
 
+    def test_is_led_there_by_the_environment_when_its_file_may_not_be_touched(self):
+        self.write_settings(ImpresoraDispositivo="", ImpresoraPuerto=99)
+        self.variables = {"KESTRA_DISPOSITIVO": self.device}
+        out, err = self.run_program(ENV["KESTRA_TICKET"])
+        self.assertIn("Ticket emitido: 00000001", out)
+        self.assertEqual(err, "")
+
     def test_is_told_that_nobody_listens_and_works_when_somebody_does(self):
         self.stop_printer()
         host = self.start(ENV["KESTRA_CLOCK"])

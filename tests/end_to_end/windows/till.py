@@ -69,7 +69,7 @@ class Till(Shop):
         for file in (program, ENV["KESTRA_LIBRARY"]):
             shutil.copy(file, self.folder)
         listens = program == ENV["KESTRA_CLOCK"]
-        return TillProgram([self.path(os.path.basename(program))], self.folder, talk=listens)
+        return TillProgram([self.path(os.path.basename(program))], self.folder, variables=self.variables, talk=listens)
 
     def run_program(self, program):
         """What it wrote to its standard output and error when it has ended."""
