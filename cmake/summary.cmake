@@ -1,5 +1,5 @@
-# What will be built, as the last words of configuring. A folder that leaves something out for want of a package says so
-# in a line of the global property KESTRA_FEATURES.
+# What will be built, as the last words of configuring. What the virtual printer has of others stands in lines of the
+# global property KESTRA_FEATURES.
 
 # kestra_option(WORDS OPTION): a part that is switched by an option.
 function(kestra_option words option)

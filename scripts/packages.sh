@@ -45,9 +45,31 @@ know_i386() {
 # The virtual printer's libraries: its loop, its panel, its memory, the pictures of its paper.
 # shellcheck disable=SC2034
 printer_packages=(
-  libasio-dev libcpp-httplib-dev nlohmann-json3-dev libsqlite3-dev libfreetype-dev libpng-dev
-  fonts-dejavu-core
+  libasio-dev libboost-dev nlohmann-json3-dev libsqlite3-dev libstb-dev fonts-dejavu-core
 )
+
+# SQLite in one source, for the Windows printer: Debian has it as a library for its own system only. An npm package
+# carries it within; this is the one that was looked at.
+sqlite_package=better-sqlite3@12.11.1
+sqlite_sum=76af40b40a608393c616d0733c54819771d94231e893981a40233ace1d989346929830acd426e7548f3f1e001242434ab16169b1e20ef5b7a0e71c696216c87c
+
+# ensure_sqlite_source: in build/sqlite, once for each version; npm keeps what it has fetched for other folders.
+ensure_sqlite_source() {
+  local folder=build/sqlite file
+  [ "$(cat "$folder/package" 2>/dev/null)" != "$sqlite_package" ] || return 0
+  command -v npm >/dev/null || ensure_packages npm || return 1
+  rm -rf "$folder"
+  mkdir -p "$folder"
+  file=$(cd "$folder" && npm pack --silent --prefer-offline "$sqlite_package") || return 1
+  [ "$(sha512sum <"$folder/$file")" = "$sqlite_sum  -" ] || {
+    echo "$sqlite_package is not what it was." >&2
+    return 1
+  }
+  tar -xzf "$folder/$file" -C "$folder" --strip-components=3 \
+    package/deps/sqlite3/sqlite3.c package/deps/sqlite3/sqlite3.h
+  rm "$folder/$file"
+  echo "$sqlite_package" >"$folder/package"
+}
 
 # ensure_browser: what the panel's page is tested in. Node.js may be there without Debian's packages.
 ensure_browser() {

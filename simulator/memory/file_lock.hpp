@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 namespace impresora {
@@ -14,7 +15,8 @@ class FileLock {
   ~FileLock();
 
  private:
-  int fd_;
+  struct Handle;
+  std::unique_ptr<Handle> handle_;
 };
 
 }  // namespace impresora

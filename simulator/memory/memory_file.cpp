@@ -68,9 +68,8 @@ void MemoryFile::Open(const Settings& settings) {
     CheckFormat();
     CheckIdentity(settings);
   }
-  // What is committed outlives this program however it ends; only if the whole system goes down may
-  // the last commands be missing, and then as if they had never come.
-  database_.Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;");
+  // What is committed is on the disk before the host hears of it, and outlives a cut of the power.
+  database_.Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL;");
 }
 
 void MemoryFile::Create(const Settings& settings) {

@@ -10,7 +10,6 @@
 #include "panel/event_json.hpp"
 #include "panel/state_json.hpp"
 #include "panel/web_files.hpp"
-#include "panel/web_server.hpp"
 #include "pictures/drawing.hpp"
 #include "pictures/paper_folder.hpp"
 #include "pictures/svg.hpp"
@@ -71,6 +70,17 @@ std::optional<unsigned> ReadCount(std::string_view text) {
   return number;
 }
 
+// The value of the first of that name, or nothing.
+std::string_view Parameter(std::string_view query, std::string_view name) {
+  while (!query.empty()) {
+    std::string_view part = query.substr(0, query.find('&'));
+    query.remove_prefix(std::min(part.size() + 1, query.size()));
+    const std::size_t equals = std::min(part.find('='), part.size());
+    if (part.substr(0, equals) == name) return part.substr(std::min(equals + 1, part.size()));
+  }
+  return {};
+}
+
 bool Matches(std::string_view pattern, std::string_view path, unsigned& number) {
   if (pattern == path) return true;
   if (std::count(pattern.begin(), pattern.end(), '/') !=
@@ -98,7 +108,7 @@ Api::Api(Session& session, History& history, Feed& feed, LoopCalls& loop,
       loop_(loop),
       power_cycle_(std::move(power_cycle)) {}
 
-void Api::Handle(const httplib::Request& request, httplib::Response& response) {
+void Api::Handle(const Request& request, Response& response) {
   const std::string_view asked = request.method;
   const std::string_view method = asked == "HEAD" ? "GET" : asked;
   std::string allowed;
@@ -114,9 +124,9 @@ void Api::Handle(const httplib::Request& request, httplib::Response& response) {
     if (try_route(route)) return;
   }
   response.status = allowed.empty() ? 404 : 405;
-  if (!allowed.empty()) response.set_header("Allow", allowed);
-  const char* const words = allowed.empty() ? "no hay nada aquí" : "método no admitido aquí";
-  response.set_content(WebServer::ErrorBody(words), kJson);
+  response.allow = allowed;
+  response.body = ErrorBody(allowed.empty() ? "no hay nada aquí" : "método no admitido aquí");
+  response.type = kJson;
 }
 
 void Api::Answer(const Call& call, std::function<Reply()> question) {
@@ -124,18 +134,20 @@ void Api::Answer(const Call& call, std::function<Reply()> question) {
   try {
     reply = loop_.Ask<Reply>(std::move(question));
   } catch (const LoopGone& error) {
-    reply = {.status = 503, .body = WebServer::ErrorBody(error.what())};
+    reply = {.status = 503, .body = ErrorBody(error.what())};
   } catch (const std::exception& error) {
     reply = {.status = 500, .body = OneLine({{"error", error.what()}}) + "\n"};
   }
   call.response.status = reply.status;
-  call.response.set_content(reply.body, reply.type);
+  call.response.body = std::move(reply.body);
+  call.response.type = reply.type;
 }
 
 void Api::Page(const Call& call) {
   for (const WebFile& file : WebFiles()) {
     if (file.path != call.request.path) continue;
-    call.response.set_content(file.content.data(), file.content.size(), file.type);
+    call.response.body = file.content;
+    call.response.type = file.type;
   }
 }
 
@@ -187,8 +199,7 @@ void Api::Documents(const Call& call) {
 Api::Reply Api::DocumentReply(unsigned ordinal, bool picture) {
   const KeptDocument* const kept = history_.FindDocument(ordinal);
   if (kept == nullptr) {
-    return {.status = 404,
-            .body = WebServer::ErrorBody("ese documento no está entre los últimos 50")};
+    return {.status = 404, .body = ErrorBody("ese documento no está entre los últimos 50")};
   }
   const std::size_t columns = session_.GetPrinter().GetSettings().PaperColumns();
   if (!picture) return {.body = impresora::PaperText(kept->paper, columns), .type = kText};
@@ -205,11 +216,15 @@ void Api::DocumentPicture(const Call& call) {
 }
 
 void Api::Exchanges(const Call& call) {
-  const std::string text = call.request.get_param_value("desde");
+  const std::string_view text = Parameter(call.request.query, "desde");
   const auto from = text.empty() ? std::optional(0U) : ReadCount(text);
   if (!from) {
-    call.response.status = 400;
-    return call.response.set_content(WebServer::ErrorBody("desde tiene que ser un número"), kJson);
+    call.response = {.status = 400,
+                     .type = kJson,
+                     .body = ErrorBody("desde tiene que ser un número"),
+                     .allow = {},
+                     .stream = {}};
+    return;
   }
   Answer(call, [this, from] {
     std::string body;

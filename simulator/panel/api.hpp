@@ -1,12 +1,11 @@
 #pragma once
 
-#include <httplib.h>
-
 #include <functional>
 #include <string>
 
 #include "panel/feed.hpp"
 #include "panel/history.hpp"
+#include "panel/http.hpp"
 #include "panel/loop_calls.hpp"
 
 namespace impresora {
@@ -18,12 +17,12 @@ class Api {
       std::function<void()> power_cycle);
 
   // Answers the request, whatever it is.
-  void Handle(const httplib::Request& request, httplib::Response& response);
+  void Handle(const Request& request, Response& response);
 
   // One row of the table of addresses. `number` is what stands for N in its path.
   struct Call {
-    const httplib::Request& request;
-    httplib::Response& response;
+    const Request& request;
+    Response& response;
     unsigned number;
   };
 
@@ -60,7 +59,8 @@ class Api {
   Reply SetControlsNow(const std::string& body);
   Reply CheckNow(const std::string& body);
   Reply DocumentReply(unsigned ordinal, bool picture);
-  bool SendNews(httplib::DataSink& sink, Feed::Place& place);
+  bool SendNews(Listener& listener, Feed::Place& place);
+  void TellNews(Listener& listener, Feed::Place place);
 
   Session& session_;
   History& history_;

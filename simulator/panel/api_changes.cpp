@@ -6,7 +6,6 @@
 #include "panel/api.hpp"
 #include "panel/expectation.hpp"
 #include "panel/state_json.hpp"
-#include "panel/web_server.hpp"
 #include "pictures/paper_folder.hpp"
 
 namespace impresora {

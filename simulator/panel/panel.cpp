@@ -14,12 +14,11 @@ class Panel::Parts {
       : loop_(std::move(host.post)),
         history_(feed_),
         session_(host.session),
-        api_(host.session, history_, feed_, loop_, std::move(host.power_cycle)) {
-    const auto handle = [this](const httplib::Request& request, httplib::Response& response) {
-      api_.Handle(request, response);
-    };
-    server_.Get(".*", handle).Post(".*", handle).Delete(".*", handle);
-    server_.Bind(settings.host, settings.port);
+        api_(host.session, history_, feed_, loop_, std::move(host.power_cycle)),
+        server_({settings.host, settings.port, settings.reuse_port},
+                [this](const Request& request, Response& response) {
+                  api_.Handle(request, response);
+                }) {
     server_.Start();
     host.session.Attach(history_);
   }

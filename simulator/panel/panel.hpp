@@ -11,6 +11,7 @@ class Session;
 struct PanelSettings {
   std::string host = "127.0.0.1";  // nobody but this machine unless told otherwise
   int port = 0;                    // 0: any that is free
+  bool reuse_port = false;         // right after its last owner, where that takes it from nobody
 };
 
 // What the panel needs of the program around it. A function given to `post` is run on the thread

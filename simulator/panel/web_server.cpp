@@ -1,15 +1,10 @@
 #include "panel/web_server.hpp"
 
-#include <sys/socket.h>
-
-#include <array>
-#include <atomic>
+#include <charconv>
 #include <chrono>
-#include <memory>
-#include <stdexcept>
-#include <string>
-
-#include "panel/workers.hpp"
+#include <cstddef>
+#include <string_view>
+#include <utility>
 
 namespace impresora {
 namespace {
@@ -19,141 +14,99 @@ constexpr std::size_t kPlaces = 32;
 constexpr std::chrono::milliseconds kMoment(200);
 constexpr std::chrono::milliseconds kShortMoment(10);
 
-const httplib::Headers kHeaders{
-    {"Content-Security-Policy",
-     "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; connect-src 'self'; "
-     "base-uri 'none'; form-action 'none'; frame-ancestors 'none'"},
-    {"X-Content-Type-Options", "nosniff"},
-    {"Cache-Control", "no-store"},
-    {"Referrer-Policy", "no-referrer"},
-    {"Cross-Origin-Resource-Policy", "same-origin"},
-    {"Cross-Origin-Opener-Policy", "same-origin"},
-};
+constexpr Refusal kLate{408, "el pedido no llegó entero"};
+constexpr Refusal kTooLarge{431, "el encabezado pasa de 16 KiB"};
+constexpr Refusal kNoRequest{400, "esto no es un pedido HTTP"};
+constexpr Refusal kTorn{400, "el cuerpo no llegó entero"};
+constexpr Refusal kTooMany{503, "demasiados pedidos a la vez"};
 
-struct Reason {
-  int status;
-  std::string_view words;
-};
-
-constexpr std::array<Reason, 9> kReasons{{
-    {400, "Bad Request"},
-    {403, "Forbidden"},
-    {405, "Method Not Allowed"},
-    {408, "Request Timeout"},
-    {411, "Length Required"},
-    {413, "Payload Too Large"},
-    {414, "URI Too Long"},
-    {415, "Unsupported Media Type"},
-    {431, "Request Header Fields Too Large"},
-}};
-
-std::string_view ReasonOf(int status) {
-  for (const Reason& row : kReasons) {
-    if (row.status == status) return row.words;
-  }
-  return "Service Unavailable";
+bool Refuse(Connection& connection, const Refusal& refusal) {
+  Response response{.status = refusal.status,
+                    .type = "application/json",
+                    .body = ErrorBody(refusal.words),
+                    .allow = refusal.status == 405 ? "GET, HEAD, POST, DELETE" : "",
+                    .stream = {}};
+  return connection.Write(ToBytes(response, false));
 }
 
-// Another program may not come and share the port, as the library's own choice would let it.
-void SetSocketOptions(socket_t fd) {
-  const int yes = 1;
-  setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+// The gate has seen that it is a number, and not a large one.
+std::size_t BodySize(const Head& head) {
+  const std::string_view text = head.Value("content-length");
+  std::size_t size = 0;
+  std::from_chars(text.data(), text.data() + text.size(), size);
+  return size;
 }
 
 }  // namespace
 
-WebServer::WebServer() {
-  new_task_queue = [] { return new Workers(kThreads, kPlaces); };
-  set_socket_options(SetSocketOptions);
-  set_payload_max_length(kLargestBody);
-  set_tcp_nodelay(true);
-  set_default_headers(kHeaders);
-}
+WebServer::WebServer(const DoorSettings& settings, Handler handler)
+    : door_(settings),
+      own_(settings.host, door_.Port()),
+      handler_(std::move(handler)),
+      workers_(kThreads, kPlaces) {}
 
 WebServer::~WebServer() {
   Stop();
 }
 
-void WebServer::Bind(const std::string& host, int port) {
-  const bool bound = port == 0 ? (port = bind_to_any_port(host)) > 0 : bind_to_port(host, port);
-  if (!bound) {
-    throw std::runtime_error("no se puede abrir el panel en " + host + ":" + std::to_string(port) +
-                             ": no es una dirección de esta máquina, o está en uso");
-  }
-  own_.emplace(host, port);
-}
-
 void WebServer::Start() {
-  if (!own_) throw std::runtime_error("el panel no tiene dirección");
-  auto ended = std::make_shared<std::atomic<bool>>(false);
-  thread_ = std::thread([this, ended] {
-    listen_after_bind();
-    *ended = true;
+  thread_ = std::thread([this] {
+    door_.Receive(
+        [this](std::shared_ptr<Connection> connection) { Welcome(std::move(connection)); });
   });
-  while (!is_running() && !*ended) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  if (!*ended) return;
-  thread_.join();
-  throw std::runtime_error("el panel no puede atender pedidos");
 }
 
 void WebServer::Stop() {
   if (!thread_.joinable()) return;
-  stop();
+  door_.Close();
   thread_.join();
+  workers_.End();
 }
 
-std::string WebServer::ErrorBody(std::string_view words) {
-  return "{\"error\": \"" + std::string(words) + "\"}\n";
+// Who finds no room gets a short word of regret.
+void WebServer::Welcome(std::shared_ptr<Connection> connection) {
+  if (workers_.Take([this, connection] { Serve(*connection); })) return;
+  Refuse(*connection, kTooMany);
+  connection->Finish(kShortMoment);
 }
 
-void WebServer::Refuse(Connection& connection, const Refusal& refusal) {
-  const std::string body = ErrorBody(refusal.words);
-  std::string answer = "HTTP/1.1 " + std::to_string(refusal.status) + " ";
-  answer.append(ReasonOf(refusal.status)).append("\r\n");
-  for (const auto& [name, value] : kHeaders)
-    answer.append(name).append(": ").append(value) += "\r\n";
-  if (refusal.status == 405) answer += "Allow: GET, HEAD, POST, DELETE\r\n";
-  answer += "Content-Type: application/json\r\nConnection: close\r\nContent-Length: " +
-            std::to_string(body.size()) + "\r\n\r\n" + body;
-  connection.write(answer.data(), answer.size());
+void WebServer::Serve(Connection& connection) const {
+  if (Answer(connection)) connection.Finish(kMoment);
 }
 
-// Nothing when the request may go on; `gone` when there is nobody to answer.
-std::optional<Refusal> WebServer::Admit(Connection& connection, bool& gone) {
-  if (Workers::TurnedAway()) return Refusal{503, "demasiados pedidos a la vez"};
+// False when there is nobody to answer.
+bool WebServer::Answer(Connection& connection) const {
   std::string bytes;
   switch (connection.ReadHead(bytes, kLargestHead)) {
-    case Connection::HeadState::kWhole:
+    case Connection::State::kWhole:
       break;
-    case Connection::HeadState::kLate:
-      return Refusal{408, "el pedido no llegó entero"};
-    case Connection::HeadState::kTooLarge:
-      return Refusal{431, "el encabezado pasa de 16 KiB"};
-    case Connection::HeadState::kGone:
-      gone = true;
-      return std::nullopt;
+    case Connection::State::kLate:
+      return Refuse(connection, kLate);
+    case Connection::State::kTooLarge:
+      return Refuse(connection, kTooLarge);
+    case Connection::State::kGone:
+      return false;
   }
   const auto head = ParseHead(bytes);
-  if (!head) return Refusal{400, "esto no es un pedido HTTP"};
-  if (const auto refusal = Judge(*head, *own_)) return refusal;
-  if (head->Count("expect") > 0) connection.write("HTTP/1.1 100 Continue\r\n\r\n");
-  connection.PutBack(CleanedHead(*head));
-  return std::nullopt;
+  if (!head) return Refuse(connection, kNoRequest);
+  if (const auto refusal = Judge(*head, own_)) return Refuse(connection, *refusal);
+  return AnswerRequest(connection, *head);
 }
 
-bool WebServer::process_and_close_socket(socket_t fd) {
-  Connection connection(fd);
-  bool gone = false;
-  const auto refusal = Admit(connection, gone);
-  if (gone) return false;
-  bool closed = false;
-  if (refusal) {
-    Refuse(connection, *refusal);
-  } else {
-    process_request(connection, true, closed, nullptr);
+bool WebServer::AnswerRequest(Connection& connection, const Head& head) const {
+  if (head.Count("expect") > 0) connection.Write("HTTP/1.1 100 Continue\r\n\r\n");
+  std::string body;
+  if (connection.ReadBody(body, BodySize(head)) != Connection::State::kWhole) {
+    return Refuse(connection, kTorn);
   }
-  connection.Finish(Workers::TurnedAway() ? kShortMoment : kMoment);
-  return true;
+  const auto request = ReadRequest(CleanedHead(head) + body);
+  if (!request) return Refuse(connection, kNoRequest);
+  Response response;
+  handler_(*request, response);
+  if (!connection.Write(ToBytes(response, request->method == "HEAD"))) return false;
+  if (!response.stream) return true;
+  response.stream(connection);
+  return connection.Write(Chunk(""));
 }
 
 }  // namespace impresora

@@ -1,40 +1,45 @@
 #pragma once
 
-#include <httplib.h>
-
-#include <optional>
+#include <functional>
+#include <memory>
+#include <string>
 #include <thread>
 
-#include "panel/connection.hpp"
 #include "panel/gate.hpp"
+#include "panel/http.hpp"
+#include "panel/workers.hpp"
 
 namespace impresora {
 
 // The door of the panel: reads each request's head itself, with limits, refuses what it does not
 // like and hands on the rest. One request per connection.
-class WebServer : public httplib::Server {
+class WebServer {
  public:
-  WebServer();
-  ~WebServer() override;
+  // Answers a request, whatever it is, on any thread.
+  using Handler = std::function<void(const Request&, Response&)>;
 
-  // Takes the address; throws std::runtime_error when it cannot be had. Port 0 is any.
-  void Bind(const std::string& host, int port);
+  // Takes the address; throws std::runtime_error when it cannot be had.
+  WebServer(const DoorSettings& settings, Handler handler);
+  WebServer(const WebServer&) = delete;
+  WebServer& operator=(const WebServer&) = delete;
+  ~WebServer();
 
-  // Begins to serve, on threads of its own; throws std::runtime_error when it cannot.
+  // Begins to serve, on threads of its own.
   void Start();
   void Stop();
 
-  const OwnAddress& Own() const { return *own_; }
-
-  // {"error": words}
-  static std::string ErrorBody(std::string_view words);
+  const OwnAddress& Own() const { return own_; }
 
  private:
-  bool process_and_close_socket(socket_t fd) override;
-  void Refuse(Connection& connection, const Refusal& refusal);
-  std::optional<Refusal> Admit(Connection& connection, bool& gone);
+  void Welcome(std::shared_ptr<Connection> connection);
+  void Serve(Connection& connection) const;
+  bool Answer(Connection& connection) const;
+  bool AnswerRequest(Connection& connection, const Head& head) const;
 
-  std::optional<OwnAddress> own_;
+  Door door_;
+  OwnAddress own_;
+  Handler handler_;
+  Workers workers_;
   std::thread thread_;
 };
 

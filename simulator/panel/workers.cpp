@@ -3,39 +3,24 @@
 #include <utility>
 
 namespace impresora {
-namespace {
-
-thread_local bool no_room = false;
-
-}  // namespace
 
 Workers::Workers(std::size_t threads, std::size_t places) : places_(places) {
   for (std::size_t i = 0; i < threads; ++i) threads_.emplace_back([this] { Work(); });
 }
 
 Workers::~Workers() {
-  shutdown();
+  End();
 }
 
-bool Workers::TurnedAway() {
-  return no_room;
+bool Workers::Take(std::function<void()> task) {
+  const std::lock_guard lock(mutex_);
+  if (tasks_.size() >= places_ || ended_) return false;
+  tasks_.push_back(std::move(task));
+  changed_.notify_one();
+  return true;
 }
 
-void Workers::enqueue(std::function<void()> task) {
-  {
-    const std::lock_guard lock(mutex_);
-    if (tasks_.size() < places_ && !ended_) {
-      tasks_.push_back(std::move(task));
-      changed_.notify_one();
-      return;
-    }
-  }
-  no_room = true;
-  task();
-  no_room = false;
-}
-
-void Workers::shutdown() {
+void Workers::End() {
   {
     const std::lock_guard lock(mutex_);
     ended_ = true;
@@ -51,10 +36,12 @@ void Workers::Work() {
   while (true) {
     changed_.wait(lock, [this] { return ended_ || !tasks_.empty(); });
     if (tasks_.empty()) return;
-    const std::function<void()> task = std::move(tasks_.front());
-    tasks_.pop_front();
-    lock.unlock();
-    task();
+    {
+      const std::function<void()> task = std::move(tasks_.front());
+      tasks_.pop_front();
+      lock.unlock();
+      task();
+    }
     lock.lock();
   }
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <httplib.h>
-
 #include <condition_variable>
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -11,18 +10,19 @@
 
 namespace impresora {
 
-// A fixed number of threads with a short queue before them. What no longer fits is run at once with
-// `TurnedAway()` true, for a short word of regret.
-class Workers : public httplib::TaskQueue {
+// A fixed number of threads with a short queue before them.
+class Workers {
  public:
   Workers(std::size_t threads, std::size_t places);
-  ~Workers() override;
+  Workers(const Workers&) = delete;
+  Workers& operator=(const Workers&) = delete;
+  ~Workers();
 
-  void enqueue(std::function<void()> task) override;
-  void shutdown() override;
+  // False when there is no room for it.
+  bool Take(std::function<void()> task);
 
-  // Of the task that runs on this thread.
-  static bool TurnedAway();
+  // Nothing more is taken; what was is still done.
+  void End();
 
  private:
   void Work();

@@ -10,6 +10,7 @@
 #include "fiscal/amounts.hpp"
 #include "pictures/drawing.hpp"
 #include "pictures/svg.hpp"
+#include "text/path.hpp"
 #include "text/utf8.hpp"
 
 namespace impresora {
@@ -64,7 +65,7 @@ std::string Hyphenated(std::string_view title) {
 }
 
 unsigned OrderOf(const fs::path& file) {
-  const std::string name = file.filename().string();
+  const std::string name = NameOf(file.filename());
   unsigned order = 0;
   const auto end = std::from_chars(name.data(), name.data() + name.size(), order);
   return end.ec == std::errc() ? order : 0;
@@ -141,7 +142,7 @@ void PaperFolder::WriteFile(const std::string& name, std::string_view bytes) {
   if (!file) {
     std::error_code ignored;
     fs::remove(unfinished, ignored);
-    throw std::system_error(std::make_error_code(std::errc::io_error), folder_.string());
+    throw std::system_error(std::make_error_code(std::errc::io_error), NameOf(folder_));
   }
   fs::rename(unfinished, folder_ / name);
 }

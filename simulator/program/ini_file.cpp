@@ -4,6 +4,8 @@
 #include <charconv>
 #include <fstream>
 
+#include "text/path.hpp"
+
 namespace impresora {
 namespace {
 
@@ -159,7 +161,7 @@ std::optional<std::string> IniSection::Value(std::string_view key) const {
 }
 
 std::string ApplyFiscalIni(const std::string& path, Settings& settings) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(PathOf(path), std::ios::binary);
   if (!file) return "no se puede leer " + path;
   const std::string wrong = ApplySection(IniSection(file, "Epson_Fiscal"), settings);
   return wrong.empty() ? wrong : path + ": " + wrong;

@@ -6,6 +6,8 @@
 
 #include "program/options.hpp"
 #include "program/station.hpp"
+#include "program/system.hpp"
+#include "text/path.hpp"
 #include "trace/compare.hpp"
 
 namespace {
@@ -27,8 +29,8 @@ int Run(const impresora::Options& options) {
 
 int main(int argc, char** argv) {
   impresora::Options options;
-  const std::vector<std::string_view> arguments(argv + 1, argv + argc);
-  const std::string wrong = impresora::ParseOptions(arguments, options);
+  const std::vector<std::string> arguments = impresora::Arguments(argc, argv);
+  const std::string wrong = impresora::ParseOptions({arguments.begin(), arguments.end()}, options);
   if (!wrong.empty()) {
     std::cerr << "impresora-virtual: " << wrong << "\nPruebe con --ayuda.\n";
     return kBadUsage;
@@ -42,7 +44,8 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (!options.compare.empty()) {
-    return impresora::CompareFiles(options.compare[0], options.compare[1],
+    return impresora::CompareFiles(impresora::PathOf(options.compare[0]),
+                                   impresora::PathOf(options.compare[1]),
                                    {.clock = options.compare_clock}, std::cout, std::cerr);
   }
   return Run(options);

@@ -3,6 +3,7 @@
 #include <cerrno>
 
 #include "program/cannot_open.hpp"
+#include "program/system.hpp"
 
 namespace impresora {
 namespace {
@@ -10,7 +11,7 @@ namespace {
 std::FILE* Open(const std::string& path) {
   if (path.empty()) return nullptr;
   if (path == "-") return stdout;
-  std::FILE* const file = std::fopen(path.c_str(), "we");
+  std::FILE* const file = OpenToWrite(path);
   if (file == nullptr) throw CannotOpen(path, {errno, std::generic_category()});
   return file;
 }

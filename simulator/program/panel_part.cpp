@@ -2,6 +2,7 @@
 
 #include "panel/panel.hpp"
 #include "program/parts.hpp"
+#include "program/system.hpp"
 
 namespace impresora {
 namespace {
@@ -9,7 +10,8 @@ namespace {
 class RunningPanel : public PanelPart {
  public:
   RunningPanel(const TcpAddress& address, PanelHost host)
-      : panel_({.host = address.host, .port = address.port}, std::move(host)) {}
+      : panel_({.host = address.host, .port = address.port, .reuse_port = MayReusePorts()},
+               std::move(host)) {}
 
   std::string Url() const override { return panel_.Url(); }
   std::string Warning() const override { return panel_.Warning(); }

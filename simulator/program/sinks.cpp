@@ -6,6 +6,7 @@
 
 #include "pictures/paper_folder.hpp"
 #include "program/output_file.hpp"
+#include "text/path.hpp"
 #include "trace/exchange_json.hpp"
 #include "trace/exchange_text.hpp"
 #include "trace/recording.hpp"
@@ -47,7 +48,8 @@ void TellPerson(const std::string& text) {
 class PaperPictures : public Sink {
  public:
   PaperPictures(const Options& options, const Printer& printer)
-      : folder_(options.paper, printer.GetSettings().PaperColumns(), options.font, TellPerson) {}
+      : folder_(PathOf(options.paper), printer.GetSettings().PaperColumns(), options.font,
+                TellPerson) {}
 
   void Resumed(const std::vector<PaperLine>& paper) override { folder_.Resumed(paper); }
   void Printed(const PaperLine& line) override { folder_.Printed(line); }
@@ -91,7 +93,8 @@ class RecordingFile : public Sink {
 
 bool IsFolder(const std::string& path) {
   std::error_code ignored;
-  return path.back() == '/' || path.back() == '\\' || std::filesystem::is_directory(path, ignored);
+  return path.back() == '/' || path.back() == '\\' ||
+         std::filesystem::is_directory(PathOf(path), ignored);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "program/endpoints.hpp"
 #include "program/system.hpp"
+#include "text/path.hpp"
 
 namespace impresora {
 namespace {
@@ -22,7 +23,7 @@ SessionSettings LineOf(const Options& options) {
 // Every mistake of the file, not only the first.
 void AddFaults(const std::string& path, FaultPlan& plan) {
   if (path.empty()) return;
-  const std::ifstream file(path, std::ios::binary);
+  const std::ifstream file(PathOf(path), std::ios::binary);
   if (!file) throw std::runtime_error("no se puede leer " + path);
   std::ostringstream text;
   text << file.rdbuf();
@@ -51,7 +52,7 @@ Station::Station(const Options& options)
 
 std::unique_ptr<Seat> Station::MakeSeat(const Options& options) {
   if (options.replay.empty()) return std::make_unique<SeatOf<Session>>(session_);
-  player_.emplace(ReadRecordingFile(options.replay), [](const std::string& words) {
+  player_.emplace(ReadRecordingFile(PathOf(options.replay)), [](const std::string& words) {
     std::fprintf(stderr, "impresora-virtual: %s\n", words.c_str());
   });
   return std::make_unique<SeatOf<Player>>(*player_);

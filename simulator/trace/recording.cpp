@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "text/path.hpp"
 #include "trace/exchange_text.hpp"
 
 namespace impresora {
@@ -99,11 +100,11 @@ Recording ReadRecording(std::istream& text) {
 
 Recording ReadRecordingFile(const std::filesystem::path& path) {
   std::ifstream file(path);
-  if (!file) throw RecordingFailure(path.string() + ": no se puede abrir");
+  if (!file) throw RecordingFailure(NameOf(path) + ": no se puede abrir");
   try {
     return ReadRecording(file);
   } catch (const RecordingFailure& failure) {
-    throw RecordingFailure(path.string() + ": " + failure.what());
+    throw RecordingFailure(NameOf(path) + ": " + failure.what());
   }
 }
 

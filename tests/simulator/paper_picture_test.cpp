@@ -9,7 +9,9 @@
 #include "host.hpp"
 #include "pictures/drawing.hpp"
 #include "pictures/paper_folder.hpp"
+#include "pictures/raster.hpp"
 #include "pictures/svg.hpp"
+#include "pictures/typeface.hpp"
 #include "text/utf8.hpp"
 
 namespace impresora {
@@ -168,6 +170,76 @@ std::uint32_t BigEndian(std::string_view bytes) {
   return value;
 }
 
+// Black on white, as the red of each pixel in rows.
+std::vector<std::vector<int>> Inked(std::size_t width, std::size_t height, const Outline& outline) {
+  Canvas canvas(width, height);
+  Fill(canvas, outline, {0, 0, 0, ""});
+  std::vector<std::vector<int>> rows(height);
+  for (std::size_t y = 0; y < height; ++y) {
+    for (std::size_t x = 0; x < width; ++x) rows[y].push_back(canvas.Row(y)[x * 3]);
+  }
+  return rows;
+}
+
+TEST(Raster, APixelGetsAsMuchInkAsLiesInside) {
+  const struct {
+    const char* words;
+    Outline outline;
+    std::vector<std::vector<int>> rows;
+  } cases[] = {
+      {"nothing", {}, {{255, 255, 255}, {255, 255, 255}}},
+      {"a point", {{{1, 1}}}, {{255, 255, 255}, {255, 255, 255}}},
+      {"one whole pixel", {{{1, 0}, {2, 0}, {2, 1}, {1, 1}}}, {{255, 0, 255}, {255, 255, 255}}},
+      {"the other way round", {{{1, 0}, {1, 1}, {2, 1}, {2, 0}}}, {{255, 0, 255}, {255, 255, 255}}},
+      {"a fifth of two, half of the two below",
+       {{{0.5, 0.6}, {1.5, 0.6}, {1.5, 2}, {0.5, 2}}},
+       {{204, 204, 255}, {127, 127, 255}}},
+      {"a triangle over two pixels", {{{0, 0}, {2, 0}, {0, 1}}}, {{64, 191, 255}, {255, 255, 255}}},
+      {"beyond every edge", {{{-9, -9}, {9, -9}, {9, 9}, {-9, 9}}}, {{0, 0, 0}, {0, 0, 0}}},
+      {"twice the same is no darker",
+       {{{0, 0}, {1, 0}, {1, 2}, {0, 2}}, {{0, 0}, {1, 0}, {1, 2}, {0, 2}}},
+       {{0, 255, 255}, {0, 255, 255}}},
+      {"with a hole",
+       {{{0, 0}, {3, 0}, {3, 2}, {0, 2}}, {{1, 0}, {1, 1}, {2, 1}, {2, 0}}},
+       {{0, 255, 0}, {0, 0, 0}}},
+  };
+  for (const auto& row : cases) EXPECT_EQ(Inked(3, 2, row.outline), row.rows) << row.words;
+}
+
+TEST(Raster, ATallShapeIsFilledToItsFoot) {
+  const auto rows = Inked(2, 1'000, {{{0, 0.5}, {1, 0.5}, {1, 999.5}, {0, 999.5}}});
+  EXPECT_EQ(rows.front().front(), 127);
+  EXPECT_EQ(rows.back().front(), 127);
+  for (std::size_t y = 1; y < 999; ++y) ASSERT_EQ(rows[y], (std::vector<int>{0, 255})) << y;
+}
+
+TEST(Typeface, StrongLettersAreThickerOnAllSides) {
+  const char* const file = "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf";
+  if (!fs::exists(file)) GTEST_SKIP() << "no DejaVu Sans Mono here";
+  Typeface face;
+  ASSERT_TRUE(face.Open(file));
+  EXPECT_TRUE(face.Letter(U' ', false).empty());
+  const auto cover = [&](char32_t letter, bool strong) {
+    Outline outline = face.Letter(letter, strong);
+    for (auto& line : outline) {
+      for (Point& point : line) point = {point.x * 100 + 10, point.y * 100 + 110};
+    }
+    int ink = 0;
+    for (const auto& row : Inked(90, 150, outline)) {
+      for (const int pixel : row) ink += 255 - pixel;
+    }
+    return ink / 255;
+  };
+  for (const char32_t letter : U"AaEñóg8$%&") {
+    if (letter == 0) continue;
+    const int thin = cover(letter, false);
+    const int thick = cover(letter, true);
+    EXPECT_GT(thin, 300) << static_cast<unsigned>(letter);
+    EXPECT_GT(thick, thin * 1.2) << static_cast<unsigned>(letter);
+    EXPECT_LT(thick, thin * 2) << static_cast<unsigned>(letter);
+  }
+}
+
 TEST(Picture, PngIsAPictureOfThatSize) {
   PngMaker maker("");
   if (!maker.Ready()) GTEST_SKIP() << maker.Complaint();
@@ -187,6 +259,19 @@ TEST(Picture, AFontThatCannotBeUsedIsTold) {
   EXPECT_FALSE(missing.Ready());
   EXPECT_EQ(missing.Make(Draw({}, 40, "")), "");
   EXPECT_NE(missing.Complaint().find("no se hacen PNG, solo SVG"), std::string::npos);
+}
+
+TEST(Picture, AFontOfWhichTheEndIsMissingIsNoFont) {
+  const std::string whole = prueba::Contents("/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf");
+  if (whole.empty()) GTEST_SKIP() << "no DejaVu Sans Mono here";
+  const prueba::Folder folder;
+  for (const std::size_t size : {std::size_t{0}, std::size_t{3}, std::size_t{12}, std::size_t{100},
+                                 whole.size() / 2, whole.size() - 300}) {
+    prueba::Fill(folder / "f.ttf", whole.substr(0, size));
+    EXPECT_FALSE(PngMaker(folder / "f.ttf").Ready()) << size;
+  }
+  prueba::Fill(folder / "f.ttf", std::string(5'000, 'x'));
+  EXPECT_FALSE(PngMaker(folder / "f.ttf").Ready());
 }
 
 struct NameRow {

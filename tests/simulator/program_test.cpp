@@ -219,7 +219,6 @@ TEST_F(ProgramTest, UnpluggedTheConnectionEndsAndTheNextHostIsServed) {
   EXPECT_EQ(next.Exchange(41, "Y").substr(0, 3), "\x02)Y");
 }
 
-#ifdef IMPRESORA_CON_MEMORIA
 TEST_F(ProgramTest, KilledInTheMiddleOfADocumentItsPaperIsWholeAllTheSame) {
   for (const bool as_folder : {true, false}) {
     const std::string memory = In(as_folder ? "m1.db" : "m2.db");
@@ -248,7 +247,6 @@ TEST_F(ProgramTest, KilledInTheMiddleOfADocumentItsPaperIsWholeAllTheSame) {
     EXPECT_EQ(text.find("COMERCIO DE PRUEBA"), text.rfind("COMERCIO DE PRUEBA"));
   }
 }
-#endif
 
 }  // namespace
 }  // namespace impresora

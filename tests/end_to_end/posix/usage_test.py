@@ -7,8 +7,8 @@ import unittest
 
 ENV = os.environ
 SOURCE = ENV["KESTRA_SOURCE"]
-SCRIPTS = ["bench", "coverage", "crashes", "demo", "fuzz", "hosts", "line_faults", "manual", "mutate", "soak", "steady",
-           "test", "tidy", "torture"]
+SCRIPTS = ["bench", "coverage", "crashes", "demo", "fuzz", "hosts", "kit", "line_faults", "manual", "mutate",
+           "soak", "sqlite", "steady", "test", "tidy", "torture"]
 
 
 class Script(unittest.TestCase):

@@ -48,14 +48,13 @@ class PanelPlayer : public prueba::Player {
                                      "Access-Control-Allow-Origin: none"}) {
         verbs_.at("header")(line);
       }
-      const std::string policy = answer_.get_header_value("Content-Security-Policy");
+      const std::string policy = answer_.Field("Content-Security-Policy").value_or("none");
       Expect(policy.find("default-src 'none'") != std::string::npos, "a policy", policy);
     };
     verbs_["header"] = [this](std::string_view rest) {
       const std::size_t colon = rest.find(": ");
       const std::string name(rest.substr(0, colon));
-      Expect(rest.substr(colon + 2),
-             answer_.has_header(name) ? answer_.get_header_value(name) : "none");
+      Expect(rest.substr(colon + 2), answer_.Field(name).value_or("none"));
     };
     verbs_["lamp"] = [this](std::string_view rest) {
       const auto words = Split(rest, ' ');
@@ -83,20 +82,20 @@ class PanelPlayer : public prueba::Player {
     const std::size_t end = std::min(rest.find(' '), rest.size());
     const std::string path(rest.substr(0, end));
     std::string body = Unescaped(rest.substr(std::min(end + 1, rest.size())));
-    httplib::Headers headers;
+    prueba::HeadFields headers;
     if (body.starts_with('[') && body.find(": ") < body.find(']')) {
       const std::size_t colon = body.find(": ");
       const std::size_t close = body.find(']');
       std::string value = body.substr(colon + 2, close - colon - 2);
       if (value == "http://own") value = "http://" + desk_->own;
-      headers.emplace(body.substr(1, colon - 1), value);
+      headers.emplace_back(body.substr(1, colon - 1), value);
       body.erase(0, std::min(close + 2, body.size()));
     }
-    const httplib::Result result = method == "GET"    ? desk_->Get(path, headers)
-                                   : method == "POST" ? desk_->Post(path, body, headers)
-                                                      : desk_->Delete(path, headers);
+    const auto result = method == "GET"    ? desk_->Get(path, headers)
+                        : method == "POST" ? desk_->Post(path, body, headers)
+                                           : desk_->Delete(path, headers);
     Expect(expected, result ? std::to_string(result->status) : "no answer");
-    answer_ = result ? *result : httplib::Response();
+    answer_ = result.value_or(prueba::PanelAnswer());
   }
   Printer& GetPrinter() override { return desk_->session->GetPrinter(); }
 
@@ -107,7 +106,7 @@ class PanelPlayer : public prueba::Player {
   };
 
   std::unique_ptr<Window> desk_;
-  httplib::Response answer_;
+  prueba::PanelAnswer answer_;
   std::string heard_;
 };
 

@@ -41,19 +41,18 @@ class PanelEvents : public prueba::Desk {
  protected:
   // Listens until `wanted` stands in what came; everything that came.
   std::string Listen(
-      const std::string& wanted, const httplib::Headers& headers,
+      const std::string& wanted, const prueba::HeadFields& fields,
       const std::function<void()>& meanwhile = [] {}) {
     std::string heard;
     bool begun = false;
-    httplib::Client("127.0.0.1", port)
-        .Get("/api/eventos", headers, [&](const char* data, std::size_t size) {
-          heard.append(data, size);
-          if (!begun && heard.find("event: estado") != std::string::npos) {
-            begun = true;
-            meanwhile();
-          }
-          return heard.find(wanted) == std::string::npos;
-        });
+    prueba::ListenToPanel(port, fields, [&](const std::string& so_far) {
+      heard = so_far;
+      if (!begun && heard.find("event: estado") != std::string::npos) {
+        begun = true;
+        meanwhile();
+      }
+      return heard.find(wanted) != std::string::npos;
+    });
     return heard;
   }
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <httplib.h>
 
 #include <condition_variable>
 #include <deque>
@@ -12,6 +11,7 @@
 #include <thread>
 
 #include "../booth.hpp"
+#include "client.hpp"
 #include "line/session.hpp"
 #include "panel/json_text.hpp"
 #include "panel/panel.hpp"
@@ -115,15 +115,15 @@ class Desk : public testing::Test {
     Send({"E", "T"});
   }
 
-  httplib::Result Get(const std::string& path, httplib::Headers headers = {}) {
-    return httplib::Client("127.0.0.1", port).Get(path, headers);
+  std::optional<PanelAnswer> Get(const std::string& path, const HeadFields& fields = {}) const {
+    return AskPanel(port, "GET", path, fields);
   }
-  httplib::Result Post(const std::string& path, const std::string& body,
-                       httplib::Headers headers = {}) {
-    return httplib::Client("127.0.0.1", port).Post(path, headers, body, "application/json");
+  std::optional<PanelAnswer> Post(const std::string& path, const std::string& body,
+                                  const HeadFields& fields = {}) const {
+    return AskPanel(port, "POST", path, fields, body);
   }
-  httplib::Result Delete(const std::string& path, httplib::Headers headers = {}) {
-    return httplib::Client("127.0.0.1", port).Delete(path, headers);
+  std::optional<PanelAnswer> Delete(const std::string& path, const HeadFields& fields = {}) const {
+    return AskPanel(port, "DELETE", path, fields);
   }
   Json State() { return Json::parse(Get("/api/estado")->body); }
 

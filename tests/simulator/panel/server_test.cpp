@@ -1,8 +1,4 @@
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <array>
+#include <memory>
 #include <vector>
 
 #include "loop.hpp"
@@ -11,36 +7,17 @@
 namespace impresora {
 namespace {
 
+using prueba::PanelLine;
+
 class PanelServer : public prueba::Desk {
  protected:
-  int Connect() {
-    const int fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    EXPECT_EQ(connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    return fd;
-  }
-
-  static std::string ReadAll(int fd) {
-    std::string all;
-    std::array<char, 4096> buffer{};
-    while (true) {
-      const ssize_t count = recv(fd, buffer.data(), buffer.size(), 0);
-      if (count <= 0) break;
-      all.append(buffer.data(), static_cast<std::size_t>(count));
-    }
-    close(fd);
-    return all;
-  }
-
   // Raw bytes there, everything that comes back.
-  std::string Say(const std::string& bytes) {
-    const int fd = Connect();
-    EXPECT_EQ(send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL), std::ssize(bytes));
-    shutdown(fd, SHUT_WR);
-    return ReadAll(fd);
+  std::string Say(const std::string& bytes) const {
+    const PanelLine line(port);
+    EXPECT_TRUE(line.Connected());
+    line.Send(bytes);
+    line.SayNoMore();
+    return line.ReadAll();
   }
 
   static std::string StatusLine(const std::string& answer) {
@@ -48,24 +25,28 @@ class PanelServer : public prueba::Desk {
   }
 };
 
-TEST(WebServer, SaysSoWhenItHasNoAddress) {
-  WebServer without_address;
-  EXPECT_THROW(without_address.Start(), std::runtime_error);
-}
-
-TEST(WebServer, ListeningThatFailsAtOnceIsNotWaitedForForEver) {
-  for (int times = 0; times < 20; ++times) {
-    WebServer server;
-    int door = -1;
-    server.set_socket_options([&door](socket_t fd) { door = fd; });
-    server.Bind("127.0.0.1", 0);
-    shutdown(door, SHUT_RDWR);
+TEST(WebServer, SaysWhenItsAddressCannotBeHad) {
+  const WebServer first({.host = "127.0.0.1"}, {});
+  const int taken = std::stoi(first.Own().Url().substr(17));
+  for (const DoorSettings& settings :
+       {DoorSettings{.host = "127.0.0.1", .port = taken},
+        DoorSettings{.host = "127.0.0.1", .port = taken, .reuse_port = true},
+        DoorSettings{.host = "192.0.2.1"}, DoorSettings{.host = "no es un nombre"}}) {
     try {
-      server.Start();
+      const WebServer server(settings, {});
+      ADD_FAILURE() << settings.host;
     } catch (const std::runtime_error& error) {
-      EXPECT_STREQ(error.what(), "el panel no puede atender pedidos");
+      EXPECT_EQ(error.what(), "no se puede abrir el panel en " + settings.host + ":" +
+                                  std::to_string(settings.port) +
+                                  ": no es una dirección de esta máquina, o está en uso");
     }
   }
+}
+
+TEST(WebServer, OneThatWasNeverBegunEndsAllTheSame) {
+  WebServer server({.host = "127.0.0.1"}, {});
+  server.Stop();
+  server.Stop();
 }
 
 TEST_F(PanelServer, NoFileOfTheMachineIsServed) {
@@ -110,11 +91,11 @@ TEST_F(PanelServer, HostileRequestsGetAnAnswerAndDoNoHarm) {
 }
 
 TEST_F(PanelServer, TooManyConnectionsAreTurnedAwayAndTheRestGoOn) {
-  std::vector<int> silent;
-  for (int i = 0; i < 60; ++i) silent.push_back(Connect());
+  std::vector<std::unique_ptr<PanelLine>> silent;
+  for (int i = 0; i < 60; ++i) silent.push_back(std::make_unique<PanelLine>(port));
   const std::string answer = Say("GET /api/estado HTTP/1.1\r\nHost: " + own + "\r\n\r\n");
   EXPECT_EQ(StatusLine(answer), "HTTP/1.1 503 Service Unavailable");
-  for (const int fd : silent) close(fd);
+  silent.clear();
   for (int tries = 0; tries < 100; ++tries) {
     const auto again = Get("/api/estado");
     if (again && again->status == 200) return;

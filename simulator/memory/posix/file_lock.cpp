@@ -33,22 +33,28 @@ std::string WordsOf(int error) {
 
 }  // namespace
 
+struct FileLock::Handle {
+  explicit Handle(int opened) : fd(opened) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() {
+    if (fd >= 0) close(fd);
+  }
+  int fd;
+};
+
 // Opened to write, though it only locks, so that a file that cannot be written is told at once.
 FileLock::FileLock(const std::string& path)
-    : fd_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644)) {
-  if (fd_ < 0) throw MemoryFailure(WordsOf(errno));
+    : handle_(std::make_unique<Handle>(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644))) {
+  const int fd = handle_->fd;
+  if (fd < 0) throw MemoryFailure(WordsOf(errno));
   struct stat about {};
-  if (fstat(fd_, &about) != 0 || !S_ISREG(about.st_mode)) {
-    close(fd_);
-    throw MemoryFailure("no es un archivo");
+  if (fstat(fd, &about) != 0 || !S_ISREG(about.st_mode)) throw MemoryFailure("no es un archivo");
+  if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
+    throw MemoryFailure("la está usando otra impresora virtual");
   }
-  if (flock(fd_, LOCK_EX | LOCK_NB) == 0) return;
-  close(fd_);
-  throw MemoryFailure("la está usando otra impresora virtual");
 }
 
-FileLock::~FileLock() {
-  close(fd_);
-}
+FileLock::~FileLock() = default;
 
 }  // namespace impresora

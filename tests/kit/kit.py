@@ -1,0 +1,139 @@
+"""The virtual printer as a program of either system, and a host that speaks to it in frames."""
+
+import os
+import platform
+import re
+import shutil
+import signal
+import socket
+import subprocess
+import tempfile
+import unittest
+
+ENV = os.environ
+WINDOWS = ENV["KIT_SYSTEM"] == "windows"
+PATIENCE = 300.0  # seconds; only what hangs takes so long
+EMPTY = "\x7f"
+# Newer systems put the heap of a 64-bit program anywhere, once in 6000 times where Wine must have a page.
+STEADY = ["setarch", platform.machine(), "--addr-no-randomize"]
+
+
+def words_before():
+    can = subprocess.run([*STEADY, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0
+    return [*(STEADY if can else []), ENV["KIT_WINE"], ENV["KIT_WINDOWS_PRINTER"]]
+
+
+COMMAND = words_before() if WINDOWS else [ENV["KIT_LINUX_PRINTER"]]
+
+
+def at_home(path):
+    """A path as the program's own system writes it."""
+    return "Z:" + path.replace("/", "\\") if WINDOWS else path
+
+
+class Gone(Exception):
+    """The printer, or its line."""
+
+
+class Printer:
+    """The program at work in a folder, with the name of its line."""
+
+    def __init__(self, folder, *flags):
+        self.process = subprocess.Popen(
+            [*COMMAND, *flags], cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE)
+        self.port = self.hear("Puerto: ")
+
+    def hear(self, begins):
+        for line in self.process.stdout:
+            text = line.decode("utf-8").rstrip("\r\n")
+            if text.startswith(begins):
+                return text.removeprefix(begins)
+        raise Gone(self.end()[1])
+
+    def kill(self):
+        """At once, as when the power goes: nothing of the program runs any more."""
+        self.process.send_signal(signal.SIGKILL)
+        self.end()
+
+    def end(self):
+        """Its result and what it wrote to its standard error."""
+        _, errors = self.process.communicate(timeout=PATIENCE)
+        return self.process.returncode, errors.decode("utf-8", "replace")
+
+
+class Host:
+    """Whoever is at the other end of a line over TCP."""
+
+    def __init__(self, port, first=0x20):
+        self.line = socket.create_connection(("127.0.0.1", int(port.rpartition(":")[2])), PATIENCE)
+        self.sequence = first
+
+    def close(self):
+        self.line.close()
+
+    def ask(self, *fields):
+        """The fields of the answer; the two status words are the first."""
+        self.sequence = 0x20 if self.sequence >= 0x7E else self.sequence + 1
+        frame = b"\x02" + bytes([self.sequence]) + "\x1c".join(fields).encode("cp1252") + b"\x03"
+        try:
+            self.line.sendall(frame + b"%04X" % sum(frame))
+            answer = self.hear()
+            self.line.sendall(b"\x06")
+        except OSError as error:
+            raise Gone(error) from error
+        return answer[3:answer.index(b"\x03")].decode("cp1252").split("\x1c")[1:]
+
+    def hear(self):
+        heard = b""
+        while not re.search(rb"\x03....", heard, re.DOTALL):
+            more = self.line.recv(4096)
+            if not more:
+                raise Gone(heard)
+            heard += more
+        return heard[heard.index(b"\x02"):]
+
+    # The everyday commands, with what a test does not care about filled in.
+
+    def open_ticket(self):
+        return self.ask("@", "C")
+
+    def open_invoice(self, letter):
+        return self.ask("`", "T", "C", letter, "1", "F", "12", "I", "I", "Juan Perez", " ", "CUIT", "20123456786",
+                        "N", "Calle Falsa 123", EMPTY, EMPTY, EMPTY, EMPTY, "C")
+
+    def ticket_item(self, text="Pan", price="1210"):
+        return self.ask("B", text, "1000", price, "2100", "M", "0001", "0000", "000000000")
+
+    def invoice_item(self):
+        return self.ask("b", "Pan", "1000", "1210", "2100", "M", "0001", "0000", EMPTY, EMPTY, EMPTY, EMPTY, "000000000")
+
+    def close_ticket(self):
+        return self.ask("E", "T")
+
+    def close_invoice(self, letter):
+        return self.ask("e", "T", letter, EMPTY)
+
+
+class InAFolder(unittest.TestCase):
+    name = "kestra-"
+
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix=self.name)
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+
+    def path(self, *names):
+        return os.path.join(self.folder, *names)
+
+    def start(self, *flags):
+        printer = Printer(self.folder, *flags)
+        self.addCleanup(printer.process.stdout.close)
+        self.addCleanup(printer.process.stderr.close)
+        self.addCleanup(lambda: printer.process.poll() is None and printer.kill())
+        return printer
+
+    def run_it(self, *flags):
+        """The result of a run that ends by itself, and all that it said."""
+        ended = subprocess.run([*COMMAND, *flags], cwd=self.folder, stdin=subprocess.DEVNULL,
+                               capture_output=True, timeout=PATIENCE, check=False)
+        return ended.returncode, (ended.stdout + ended.stderr).decode("utf-8", "replace").replace("\r\n", "\n")
