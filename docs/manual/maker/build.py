@@ -64,6 +64,8 @@ def main():
     browser = sys.argv[5]
     exports = tables.read(ROOT)
     WORK.mkdir(parents=True, exist_ok=True)
+    for old in WORK.glob("kestra-manual-*"):
+        old.unlink()
     took, began = {}, time.monotonic()
 
     def step(name):
