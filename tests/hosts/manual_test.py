@@ -90,7 +90,7 @@ class ManualCalls:
         """From the folder of Fiscal.ini, with a copy of the language's folder in it."""
         ticket = manual_calls.TICKETS[self.language.folder or self.language.name]
         copy = pathlib.Path(self.folder, ticket.folder)
-        shutil.copytree(self.host, copy)
+        shutil.copytree(manual_calls.SOURCE / "hosts" / ticket.folder, copy, ignore=shutil.ignore_patterns("node_modules"))
         path = copy / ticket.file
         path.parent.mkdir(exist_ok=True)
         path.write_text(manual_calls.code_of(manual_calls.SOURCE, ticket) + "\n", encoding="utf-8")
