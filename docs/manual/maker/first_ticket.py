@@ -72,6 +72,8 @@ def made(root, mended):
     text = ""
     for ticket in TICKETS:
         first = f"sudo apt-get install {ticket.packages}\ncp -r {COPIED}/{ticket.folder} ."
+        if "/" in ticket.file and not (root / "hosts" / ticket.folder / ticket.file).parent.exists():
+            first += f"\nmkdir {ticket.folder}/{ticket.file.rpartition('/')[0]}"
         text += tab(ticket.name, f"{fence('sh', first)}\n`{ticket.folder}/{ticket.file}`:\n\n{fence(ticket.highlighter, code_of(root, ticket))}\n"
                                  f"{fence('sh', ticket.run)}")
     for name, folder, highlighter in ON_WINDOWS:
