@@ -71,6 +71,10 @@ ensure_sqlite_source() {
   echo "$sqlite_package" >"$folder/package"
 }
 
+# The manual's pages: Debian's Sphinx and what it uses.
+# shellcheck disable=SC2034
+manual_packages=(furo python3-myst-parser python3-sphinx-copybutton python3-sphinx-inline-tabs)
+
 # ensure_browser: what the panel's page is tested in. Node.js may be there without Debian's packages.
 ensure_browser() {
   local wanted=(chromium)
