@@ -20,6 +20,7 @@ set(environment
   "KESTRA_TICKET=$<TARGET_FILE:ticket>"
   "KESTRA_DAY=$<TARGET_FILE:jornada>"
   "KESTRA_TILL=$<TARGET_FILE:caja>"
+  "KESTRA_TOOL=$<$<TARGET_EXISTS:kestra_tool>:$<TARGET_FILE:kestra_tool>>"
   "KESTRA_CLOCK=$<TARGET_FILE:clock>"
   "KESTRA_SETTINGS=${PROJECT_SOURCE_DIR}/tools/Fiscal.ini"
   "KESTRA_BUILD=${PROJECT_BINARY_DIR}"
@@ -41,6 +42,11 @@ endfunction()
 foreach(story paper_test faults_test accidents_test network_test windows_printer_test)
   kestra_story(end_to_end.${story} end_to_end/windows -m unittest -v ${story})
 endforeach()
+
+# The tool for the shop.
+if(TARGET kestra_tool)
+  kestra_story(tools.windows_tool_test tool/windows -m unittest -v windows_tool_test)
+endif()
 
 # The classes: these look at the whole registry, so that nothing else may run beside them.
 add_subdirectory(contract/windows/components)

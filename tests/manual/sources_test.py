@@ -51,7 +51,7 @@ class TheManual(unittest.TestCase):
         self.assertEqual(silent, ["'Se cayó el techo' (dialogs/roof.cpp)"])
 
     def test_names_every_key_of_the_settings(self):
-        code = (SOURCE / "src/frame/configuration.cpp").read_text(encoding="utf-8")
+        code = (SOURCE / "src/frame/keys.hpp").read_text(encoding="utf-8")
         keys = {key for key in re.findall(r'"([A-Z]\w+)"', code)}
         told = (MANUAL / "configuracion.md").read_text(encoding="utf-8")
         self.assertGreater(len(keys), 55)

@@ -1,6 +1,6 @@
 #include "arguments.hpp"
 
-#include <algorithm>
+#include "words.hpp"
 
 namespace kestra::tool {
 namespace {
@@ -38,17 +38,8 @@ void TakeOption(const Command& command, std::span<const std::string>& words, Req
   }
 }
 
-// Length in characters, which all take one column here.
-std::size_t Columns(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0u) != 0x80u;
-  }));
-}
-
 std::string Row(std::string_view left, std::size_t width, std::string_view right) {
-  std::string row = "  ";
-  row.append(left);
-  row.append(width - std::min(width, Columns(left)) + 2, ' ');
+  std::string row = "  " + Padded(left, width) + "  ";
   for (const char c : right) {
     row += c;
     if (c == '\n') row.append(width + 4, ' ');

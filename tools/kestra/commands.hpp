@@ -1,12 +1,23 @@
 #pragma once
 
+#include <span>
+
 #include "command.hpp"
 #include "console.hpp"
 
 namespace kestra::tool {
 
+Exit RunDiagnosis(const Request& request, Console& console);
 Exit RunStatus(const Request& request, Console& console);
 Exit RunRelay(const Request& request, Console& console);
 Exit RunLog(const Request& request, Console& console);
+Exit RunCounters(const Request& request, Console& console);
+Exit RunClock(const Request& request, Console& console);
+Exit RunModel(const Request& request, Console& console);
+Exit RunResolve(const Request& request, Console& console);
+Exit RunIni(const Request& request, Console& console);
+
+// Those that tell what goes over the line in the virtual printer's words: none where that is not built.
+std::span<const Command> LineCommands();
 
 }  // namespace kestra::tool

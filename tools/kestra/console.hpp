@@ -15,6 +15,7 @@ class Console {
   [[nodiscard]] bool WantsJson() const { return json_; }
 
   std::ostream& Out() { return out_; }
+  std::ostream& Error() { return error_; }
   void Line(std::string_view text = {}) { out_ << text << '\n'; }
   void Complain(std::string_view text) { error_ << "kestra: " << text << '\n'; }
 

@@ -10,7 +10,7 @@
 #include "command.hpp"
 #include "console.hpp"
 #include "json.hpp"
-#include "system.hpp"
+#include "this_system.hpp"
 
 namespace kestra::tool {
 namespace {

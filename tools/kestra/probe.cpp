@@ -59,7 +59,9 @@ bool TakeAnswers(std::string& received, std::string_view frame, Reply& reply) {
   while (const auto length = AnswerLength(received)) {
     const auto answer = TrimAnswer(received);
     received.erase(0, length);
-    if (AnswerHeader(answer) != frame.substr(1, 2)) {
+    if (answer == frame) {
+      reply.echo = true;
+    } else if (AnswerHeader(answer) != frame.substr(1, 2)) {
       ++reply.foreign;
     } else if (!SumIsRight(answer)) {
       ++reply.damaged;
@@ -78,19 +80,18 @@ Probe::Probe(std::unique_ptr<SerialPort> port)
     : port_(std::move(port)),
       sequence_(NextSequence({}, static_cast<int>(std::time(nullptr) % 60)).current) {}
 
-Reply Probe::Ask(std::string_view command, double patience) {
+Reply Probe::Ask(std::string_view command, Wait wait) {
   const OpenPort open(*port_);
-  return Exchange(NextFrame(command), patience);
+  return Exchange(NextFrame(command), wait);
 }
 
 Reply Probe::AskTwice(std::string_view command, std::int32_t milliseconds, Reply& first) {
-  constexpr double kPatience = 5;
   const OpenPort open(*port_);
   const auto frame = NextFrame(command);
-  first = Exchange(frame, kPatience);
+  first = Exchange(frame, {}, false);
   if (!first.answered) return {};
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-  return Exchange(frame, kPatience);
+  return Exchange(frame, {});
 }
 
 std::string Probe::NextFrame(std::string_view command) {
@@ -100,14 +101,14 @@ std::string Probe::NextFrame(std::string_view command) {
   return packet + ChecksumOf(packet);
 }
 
-Reply Probe::Exchange(std::string_view frame, double patience) {
+Reply Probe::Exchange(std::string_view frame, Wait wait, bool acknowledge) {
   Reply reply;
   std::string received;
   port_->DiscardInput();
   const auto begun = Time::now();
   port_->Output(frame);
   auto waiting_since = begun;
-  while (SecondsSince(waiting_since) < patience) {
+  while (SecondsSince(waiting_since) < wait.silence && SecondsSince(begun) < wait.all) {
     if (port_->InBufferCount() == 0) continue;
     const auto come = port_->Input();
     reply.bytes += come.size();
@@ -118,7 +119,7 @@ Reply Probe::Exchange(std::string_view frame, double patience) {
       waiting_since = Time::now();
     }
     if (TakeAnswers(received, frame, reply)) {
-      port_->Output({&kAck, 1});
+      if (acknowledge) port_->Output({&kAck, 1});
       break;
     }
   }

@@ -20,6 +20,13 @@ struct Reply {
   int refusals = 0;       // of damaged frames
   int damaged = 0;        // answers whose sum is wrong
   int foreign = 0;        // answers to other frames
+  bool echo = false;      // the frame itself came back
+};
+
+// How long to wait, in seconds.
+struct Wait {
+  double silence = 5.0;  // from the frame, or the last word that the printer is busy
+  double all = 30.0;     // whatever it says
 };
 
 // Asks the printer by frames of its own, past the library: nothing goes to fiscal.log or the journal, and nothing
@@ -30,14 +37,14 @@ class Probe {
   explicit Probe(std::unique_ptr<SerialPort> port);
 
   // Failures of the line throw Failure.
-  Reply Ask(std::string_view command, double patience = 5.0);
+  Reply Ask(std::string_view command, Wait wait = {});
 
-  // The same frame twice, the second one so many milliseconds behind the first one's answer; the answer to
-  // the second.
+  // The same frame twice, the second one so many milliseconds behind the first one's answer, as of a host that has
+  // missed it: it is not acknowledged. The answer to the second.
   Reply AskTwice(std::string_view command, std::int32_t milliseconds, Reply& first);
 
  private:
-  Reply Exchange(std::string_view frame, double patience);
+  Reply Exchange(std::string_view frame, Wait wait, bool acknowledge = true);
   std::string NextFrame(std::string_view command);
 
   std::unique_ptr<SerialPort> port_;

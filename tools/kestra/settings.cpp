@@ -6,7 +6,8 @@
 #include "base/failure.hpp"
 #include "command.hpp"
 #include "platform/shared/ports.hpp"
-#include "system.hpp"
+#include "platform/shared/tcp_port.hpp"
+#include "this_system.hpp"
 
 namespace kestra::tool {
 namespace {
@@ -26,6 +27,10 @@ Way ReadWay() {
           .speed = ReadSetting("ImpresoraConfig"),
           .family = ReadSetting("TipoComprobante"),
           .model = ReadSetting("ModeloNombre")};
+}
+
+bool IsNetwork(const Way& way) {
+  return IsTcp(way.device);
 }
 
 std::string DeviceOf(const Way& way) {

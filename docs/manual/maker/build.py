@@ -1,4 +1,4 @@
-"""Makes the manual: python3 build.py ROOT WORK PRINTER LIBRARY BROWSER. scripts/manual calls it."""
+"""Makes the manual: python3 build.py ROOT WORK PRINTER LIBRARY TOOL BROWSER. scripts/manual calls it."""
 import os
 import pathlib
 import re
@@ -60,8 +60,8 @@ def put_together(name, version):
 
 
 def main():
-    tools = till.Tools(pathlib.Path(sys.argv[3]).resolve(), pathlib.Path(sys.argv[4]).resolve())
-    browser = sys.argv[5]
+    tools = till.Tools(*(pathlib.Path(argument).resolve() for argument in sys.argv[3:6]))
+    browser = sys.argv[6]
     exports = tables.read(ROOT)
     WORK.mkdir(parents=True, exist_ok=True)
     for old in WORK.glob("kestra-manual-*"):

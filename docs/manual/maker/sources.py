@@ -3,7 +3,7 @@ import posixpath
 import re
 import shutil
 
-from maker import causes_pages, days, first_ticket, languages, messages, operations, programs, recipes, steady, till
+from maker import causes_pages, days, first_ticket, languages, messages, operations, programs, recipes, steady, till, tool
 from maker.flowchart import without_charts
 from maker.markdown import fence, index
 
@@ -143,6 +143,8 @@ def prepare(root, work, tools, exports):
     (source / "mensajes.md").write_text(page, encoding="utf-8")
     (source / "causas_una_por_una.md").write_text(causes_pages.made(exports), encoding="utf-8")
     fill(source / "empezar.md", {"primer tique": first_ticket.made(root, of_hosts), "tiendas": shops(root)})
+    shutil.rmtree(work / "herramienta", ignore_errors=True)
+    fill(source / "herramienta.md", tool.marks(root, work, tools))
     recipes.make(root, work, source, tools)
     [paper] = (source / "recetas/papel").glob("factura_a-*.svg")
     fill(source / "index.md", {"papel": f"```{{image}} recetas/papel/{paper.name}\n:alt: Una factura A de la impresora virtual\n:class: papel\n```"})

@@ -14,9 +14,10 @@ import urllib.request
 
 @dataclasses.dataclass(frozen=True)
 class Tools:
-    """What was built: the printer and the library."""
+    """What was built: the printer, the library and the tool for the shop."""
     printer: pathlib.Path
     library: pathlib.Path
+    tool: pathlib.Path
 
 
 @dataclasses.dataclass
@@ -57,6 +58,14 @@ def printer(tools, folder, *options):
         finally:
             running.terminate()
             running.wait()
+
+
+def wait_for(path):
+    for _ in range(400):
+        if path.exists():
+            return
+        time.sleep(0.05)
+    raise RuntimeError(f"{path} does not come")
 
 
 def panel_of(running, told):

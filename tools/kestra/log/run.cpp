@@ -9,7 +9,7 @@
 #include "commands.hpp"
 #include "log/report.hpp"
 #include "log/source.hpp"
-#include "system.hpp"
+#include "this_system.hpp"
 
 namespace kestra::tool {
 namespace {

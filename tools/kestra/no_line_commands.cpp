@@ -1,0 +1,11 @@
+#include <span>
+
+#include "commands.hpp"
+
+namespace kestra::tool {
+
+std::span<const Command> LineCommands() {
+  return {};
+}
+
+}  // namespace kestra::tool
