@@ -40,7 +40,7 @@
     ! Imprime un renglón de texto dentro del comprobante.
     ! Textos: texto 26 bytes.
     EP_ImprimirTextoFiscal(*STRING texto),LONG,PASCAL,RAW,DLL(1),NAME('EP_ImprimirTextoFiscal')
-    ! Lo mismo, con un texto terminado en cero.
+    ! Imprime un renglón de texto terminado en cero.
     EP_ImprimirTextoFiscalInterna(*CSTRING texto),LONG,PASCAL,RAW,DLL(1), |
         NAME('EP_ImprimirTextoFiscalInterna')
     ! Cierra el comprobante y da su número.
@@ -161,7 +161,7 @@
     ! Por qué terminó así la última llamada.
     ! Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso.
     Kestra_Causa(),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_Causa')
-    ! Lo mismo para el operador, en castellano.
+    ! Por qué terminó así la última llamada, en una frase para el operador.
     ! Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
     Kestra_CausaTexto(*CSTRING texto,LONG longitud),LONG,PASCAL,RAW,DLL(1),NAME('Kestra_CausaTexto')
     ! Un campo de la última respuesta.

@@ -158,7 +158,7 @@ int __stdcall EP_AnularItem(const char* descripcion, double cantidad, double pre
    Textos: texto 26 bytes. */
 int __stdcall EP_ImprimirTextoFiscal(const char* texto);
 
-/* Lo mismo, con un texto terminado en cero. */
+/* Imprime un renglón de texto terminado en cero. */
 int __stdcall EP_ImprimirTextoFiscalInterna(const char* texto);
 
 /* Cierra el comprobante y da su número.
@@ -316,7 +316,7 @@ int __stdcall Kestra_Desenlace(void);
    Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso. */
 int __stdcall Kestra_Causa(void);
 
-/* Lo mismo para el operador, en castellano.
+/* Por qué terminó así la última llamada, en una frase para el operador.
    Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso. */
 int __stdcall Kestra_CausaTexto(char* texto, int longitud);
 

@@ -147,7 +147,7 @@ namespace KestraFiscal
         [DllImport(Biblioteca, CallingConvention = CallingConvention.StdCall, ExactSpelling = true)]
         public static extern int EP_ImprimirTextoFiscal(byte[] texto);
 
-        /// <summary>Lo mismo, con un texto terminado en cero.</summary>
+        /// <summary>Imprime un renglón de texto terminado en cero.</summary>
         [DllImport(Biblioteca, CallingConvention = CallingConvention.StdCall, ExactSpelling = true)]
         public static extern int EP_ImprimirTextoFiscalInterna(byte[] texto);
 
@@ -347,7 +347,7 @@ namespace KestraFiscal
         [DllImport(Biblioteca, CallingConvention = CallingConvention.StdCall, ExactSpelling = true)]
         public static extern int Kestra_Causa();
 
-        /// <summary>Lo mismo para el operador, en castellano.
+        /// <summary>Por qué terminó así la última llamada, en una frase para el operador.
         /// Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.</summary>
         [DllImport(Biblioteca, CallingConvention = CallingConvention.StdCall, ExactSpelling = true)]
         public static extern int Kestra_CausaTexto(byte[] texto, int longitud);

@@ -186,7 +186,7 @@ function EP_AnularItem(descripcion: PAnsiChar; cantidad: Double; precio: Double;
 function EP_ImprimirTextoFiscal(texto: PAnsiChar): Integer;
   {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF} external KestraBiblioteca name 'EP_ImprimirTextoFiscal';
 
-// Lo mismo, con un texto terminado en cero.
+// Imprime un renglón de texto terminado en cero.
 function EP_ImprimirTextoFiscalInterna(texto: PAnsiChar): Integer;
   {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF} external KestraBiblioteca name 'EP_ImprimirTextoFiscalInterna';
 
@@ -389,7 +389,7 @@ function Kestra_Desenlace: Integer;
 function Kestra_Causa: Integer;
   {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF} external KestraBiblioteca name 'Kestra_Causa';
 
-// Lo mismo para el operador, en castellano.
+// Por qué terminó así la última llamada, en una frase para el operador.
 // Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
 function Kestra_CausaTexto(texto: PAnsiChar; longitud: Integer): Integer;
   {$IFDEF LINUX} cdecl; {$ELSE} stdcall; {$ENDIF} external KestraBiblioteca name 'Kestra_CausaTexto';

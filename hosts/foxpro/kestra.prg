@@ -44,7 +44,7 @@ DECLARE INTEGER EP_AnularItem IN Kestra.dll STRING descripcion, DOUBLE cantidad,
 * Textos: texto 26 bytes.
 DECLARE INTEGER EP_ImprimirTextoFiscal IN Kestra.dll STRING texto
 
-* Lo mismo, con un texto terminado en cero.
+* Imprime un renglón de texto terminado en cero.
 DECLARE INTEGER EP_ImprimirTextoFiscalInterna IN Kestra.dll STRING texto
 
 * Cierra el comprobante y da su número.
@@ -202,7 +202,7 @@ DECLARE INTEGER Kestra_Desenlace IN Kestra.dll
 * Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso.
 DECLARE INTEGER Kestra_Causa IN Kestra.dll
 
-* Lo mismo para el operador, en castellano.
+* Por qué terminó así la última llamada, en una frase para el operador.
 * Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
 DECLARE INTEGER Kestra_CausaTexto IN Kestra.dll STRING @texto, INTEGER longitud
 

@@ -52,7 +52,7 @@ func EP_ImprimirTextoFiscal(texto *byte) int32 {
 	return int32(C.EP_ImprimirTextoFiscal((*C.char)(unsafe.Pointer(texto))))
 }
 
-// EP_ImprimirTextoFiscalInterna: Lo mismo, con un texto terminado en cero.
+// EP_ImprimirTextoFiscalInterna: Imprime un renglón de texto terminado en cero.
 func EP_ImprimirTextoFiscalInterna(texto *byte) int32 {
 	return int32(C.EP_ImprimirTextoFiscalInterna((*C.char)(unsafe.Pointer(texto))))
 }
@@ -294,7 +294,7 @@ func Kestra_Causa() int32 {
 	return int32(C.Kestra_Causa())
 }
 
-// Kestra_CausaTexto: Lo mismo para el operador, en castellano.
+// Kestra_CausaTexto: Por qué terminó así la última llamada, en una frase para el operador.
 // Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
 func Kestra_CausaTexto(texto *byte, longitud int32) int32 {
 	return int32(C.Kestra_CausaTexto((*C.char)(unsafe.Pointer(texto)), C.int32_t(longitud)))

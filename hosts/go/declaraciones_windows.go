@@ -147,7 +147,7 @@ func EP_ImprimirTextoFiscal(texto *byte) int32 {
 	return int32(dado)
 }
 
-// EP_ImprimirTextoFiscalInterna: Lo mismo, con un texto terminado en cero.
+// EP_ImprimirTextoFiscalInterna: Imprime un renglón de texto terminado en cero.
 func EP_ImprimirTextoFiscalInterna(texto *byte) int32 {
 	dado, _, _ := proc_EP_ImprimirTextoFiscalInterna.Call(uintptr(unsafe.Pointer(texto)))
 	return int32(dado)
@@ -457,7 +457,7 @@ func Kestra_Causa() int32 {
 	return int32(dado)
 }
 
-// Kestra_CausaTexto: Lo mismo para el operador, en castellano.
+// Kestra_CausaTexto: Por qué terminó así la última llamada, en una frase para el operador.
 // Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
 func Kestra_CausaTexto(texto *byte, longitud int32) int32 {
 	dado, _, _ := proc_Kestra_CausaTexto.Call(uintptr(unsafe.Pointer(texto)), uintptr(longitud))

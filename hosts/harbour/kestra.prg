@@ -68,7 +68,7 @@ FUNCTION EP_ImprimirTextoFiscal( texto )
 
    RETURN hb_dynCall( { "EP_ImprimirTextoFiscal", Biblioteca(), hb_bitOr( HB_DYN_CALLCONV_STDCALL, HB_DYN_CTYPE_INT ), HB_DYN_CTYPE_CHAR_PTR }, texto )
 
-// Lo mismo, con un texto terminado en cero.
+// Imprime un renglón de texto terminado en cero.
 FUNCTION EP_ImprimirTextoFiscalInterna( texto )
 
    RETURN hb_dynCall( { "EP_ImprimirTextoFiscalInterna", Biblioteca(), hb_bitOr( HB_DYN_CALLCONV_STDCALL, HB_DYN_CTYPE_INT ), HB_DYN_CTYPE_CHAR_PTR }, texto )
@@ -310,7 +310,7 @@ FUNCTION Kestra_Causa()
 
    RETURN hb_dynCall( { "Kestra_Causa", Biblioteca(), hb_bitOr( HB_DYN_CALLCONV_STDCALL, HB_DYN_CTYPE_INT ) } )
 
-// Lo mismo para el operador, en castellano.
+// Por qué terminó así la última llamada, en una frase para el operador.
 // Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
 FUNCTION Kestra_CausaTexto( /* @ */ texto, longitud )
 

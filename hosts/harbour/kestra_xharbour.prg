@@ -81,7 +81,7 @@ FUNCTION EP_ImprimirTextoFiscal( texto )
 
    RETURN DllCall( Biblioteca(), STDCALL, "EP_ImprimirTextoFiscal", texto )
 
-// Lo mismo, con un texto terminado en cero.
+// Imprime un renglón de texto terminado en cero.
 FUNCTION EP_ImprimirTextoFiscalInterna( texto )
 
    RETURN DllCall( Biblioteca(), STDCALL, "EP_ImprimirTextoFiscalInterna", texto )
@@ -323,7 +323,7 @@ FUNCTION Kestra_Causa()
 
    RETURN DllCall( Biblioteca(), STDCALL, "Kestra_Causa" )
 
-// Lo mismo para el operador, en castellano.
+// Por qué terminó así la última llamada, en una frase para el operador.
 // Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
 FUNCTION Kestra_CausaTexto( /* @ */ texto, longitud )
 

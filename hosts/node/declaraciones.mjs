@@ -141,7 +141,7 @@ export const FUNCIONES = {
   // Imprime un renglón de texto dentro del comprobante.
   // Textos: texto 26 bytes.
   EP_ImprimirTextoFiscal: { devuelve: 'int32_t', argumentos: [['texto', 'texto', 26]] },
-  // Lo mismo, con un texto terminado en cero.
+  // Imprime un renglón de texto terminado en cero.
   EP_ImprimirTextoFiscalInterna: { devuelve: 'int32_t', argumentos: [['texto', 'texto', 0]] },
   // Cierra el comprobante y da su número.
   // Textos: tipo 2 bytes; letra 1 byte.
@@ -277,7 +277,7 @@ export const FUNCIONES = {
   // Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en
   // curso.
   Kestra_Causa: { devuelve: 'int32_t', argumentos: [] },
-  // Lo mismo para el operador, en castellano.
+  // Por qué terminó así la última llamada, en una frase para el operador.
   // Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
   Kestra_CausaTexto: { devuelve: 'int32_t', argumentos: [['texto', 'bufer', 0], ['longitud', 'int32_t', 0]] },
   // Un campo de la última respuesta.

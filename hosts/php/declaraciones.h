@@ -61,7 +61,7 @@ int32_t EP_AnularItem(const char* descripcion, double cantidad, double precio, d
    Textos: texto 26 bytes. */
 int32_t EP_ImprimirTextoFiscal(const char* texto);
 
-/* Lo mismo, con un texto terminado en cero. */
+/* Imprime un renglón de texto terminado en cero. */
 int32_t EP_ImprimirTextoFiscalInterna(const char* texto);
 
 /* Cierra el comprobante y da su número.
@@ -219,7 +219,7 @@ int32_t Kestra_Desenlace(void);
    Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso. */
 int32_t Kestra_Causa(void);
 
-/* Lo mismo para el operador, en castellano.
+/* Por qué terminó así la última llamada, en una frase para el operador.
    Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso. */
 int32_t Kestra_CausaTexto(char* texto, int32_t longitud);
 

@@ -185,7 +185,7 @@ Public Declare PtrSafe Function EP_AnularItem Lib "Kestra.dll" Alias "EP_AnularI
 ' Textos: texto 26 bytes.
 Public Declare PtrSafe Function EP_ImprimirTextoFiscal Lib "Kestra.dll" Alias "EP_ImprimirTextoFiscal" (ByVal texto As String) As Long
 
-' Lo mismo, con un texto terminado en cero.
+' Imprime un renglón de texto terminado en cero.
 Public Declare PtrSafe Function EP_ImprimirTextoFiscalInterna Lib "Kestra.dll" Alias "EP_ImprimirTextoFiscalInterna" (ByVal texto As String) As Long
 
 ' Cierra el comprobante y da su número.
@@ -343,7 +343,7 @@ Public Declare PtrSafe Function Kestra_Desenlace Lib "Kestra.dll" Alias "Kestra_
 ' Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso.
 Public Declare PtrSafe Function Kestra_Causa Lib "Kestra.dll" Alias "Kestra_Causa" () As Long
 
-' Lo mismo para el operador, en castellano.
+' Por qué terminó así la última llamada, en una frase para el operador.
 ' Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
 Public Declare PtrSafe Function Kestra_CausaTexto Lib "Kestra.dll" Alias "Kestra_CausaTexto" (ByVal texto As String, ByVal longitud As Long) As Long
 

@@ -154,7 +154,7 @@ Namespace KestraFiscal
         Public Function EP_ImprimirTextoFiscal(ByVal texto As Byte()) As Integer
         End Function
 
-        ' Lo mismo, con un texto terminado en cero.
+        ' Imprime un renglón de texto terminado en cero.
         <DllImport(Biblioteca, CallingConvention:=CallingConvention.StdCall, ExactSpelling:=True)>
         Public Function EP_ImprimirTextoFiscalInterna(ByVal texto As Byte()) As Integer
         End Function
@@ -396,7 +396,7 @@ Namespace KestraFiscal
         Public Function Kestra_Causa() As Integer
         End Function
 
-        ' Lo mismo para el operador, en castellano.
+        ' Por qué terminó así la última llamada, en una frase para el operador.
         ' Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
         <DllImport(Biblioteca, CallingConvention:=CallingConvention.StdCall, ExactSpelling:=True)>
         Public Function Kestra_CausaTexto(ByVal texto As Byte(), ByVal longitud As Integer) As Integer

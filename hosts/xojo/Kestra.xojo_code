@@ -56,7 +56,7 @@ Protected Module Kestra
 		Soft Declare Function EP_ImprimirTextoFiscal Lib Biblioteca (texto As Ptr) As Int32
 	#tag EndExternalMethod
 
-	// Lo mismo, con un texto terminado en cero.
+	// Imprime un renglón de texto terminado en cero.
 	#tag ExternalMethod, Flags = &h0
 		Soft Declare Function EP_ImprimirTextoFiscalInterna Lib Biblioteca (texto As Ptr) As Int32
 	#tag EndExternalMethod
@@ -298,7 +298,7 @@ Protected Module Kestra
 		Soft Declare Function Kestra_Causa Lib Biblioteca () As Int32
 	#tag EndExternalMethod
 
-	// Lo mismo para el operador, en castellano.
+	// Por qué terminó así la última llamada, en una frase para el operador.
 	// Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
 	#tag ExternalMethod, Flags = &h0
 		Soft Declare Function Kestra_CausaTexto Lib Biblioteca (texto As Ptr, longitud As Int32) As Int32

@@ -28,7 +28,7 @@ def arguments(function):
         return "No lleva argumentos.\n"
     rows = [("Argumento", "Qué es", "Tipo")]  # three columns fit a telephone
     for argument in function.arguments:
-        example = f". Ejemplo: {shown(function.examples[argument.name])}" if argument.name in function.examples else ""
+        example = f". Ejemplo: {shown(function.examples[argument.name])}" if argument.name in function.examples and argument.kind != "length" else ""
         rows.append((f"`{argument.name}`", argument.es + example, size(argument)))
     return table(rows)
 

@@ -110,7 +110,7 @@ def operations_index(exports, source):
     sections = exports.sections + [(section, rows) for section in exports.of(type(exports.sections[0][0])) if section.only_if
                                    for rows in [[row for row in exports.functions if row.section is section]]]
     for section, rows in sections:
-        text += f"## {section.es}\n\n```{{toctree}}\n:maxdepth: 1\n\n" + "\n".join(row.name for row in rows) + "\n```\n\n"
+        text += f"## {section.es}\n\n```{{toctree}}\n:hidden:\n\n" + "\n".join(row.name for row in rows) + "\n```\n\n"
         text += "".join(f"- [{row.name}]({row.name}.md): {row.title}.\n" for row in rows) + "\n"
     fill(source / "operaciones/index.md", {"programas": frames(exports), "secciones": text})
 

@@ -11,8 +11,9 @@ class Operador:
         return NO if estilo & 15 == 4 else 1
 
     def informe_estados(self, impresora, fiscal, filas):
-        print("Informe:", ", ".join(fila.texto for fila in filas if fila.encendida and fila.clase == 1))
-        return False                                     # cerrar
+        fallas = [fila.texto for fila in filas if fila.encendida and fila.clase == 1]
+        print("Informe:", ", ".join(fallas))
+        return False  # cerrar
 
     def memoria_llena(self):
         print("Quedan pocos cierres Z.")

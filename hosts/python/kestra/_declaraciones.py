@@ -213,7 +213,7 @@ FUNCIONES = {
     # Imprime un renglón de texto dentro del comprobante.
     # Textos: texto 26 bytes.
     "EP_ImprimirTextoFiscal": (c_int32, [("texto", Texto, 26)]),
-    # Lo mismo, con un texto terminado en cero.
+    # Imprime un renglón de texto terminado en cero.
     "EP_ImprimirTextoFiscalInterna": (c_int32, [("texto", Texto, 0)]),
     # Cierra el comprobante y da su número.
     # Textos: tipo 2 bytes; letra 1 byte.
@@ -341,7 +341,7 @@ FUNCIONES = {
     # Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en
     # curso.
     "Kestra_Causa": (c_int32, []),
-    # Lo mismo para el operador, en castellano.
+    # Por qué terminó así la última llamada, en una frase para el operador.
     # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
     "Kestra_CausaTexto": (c_int32, [("texto", Bufer, 0), ("longitud", c_int32, 0)]),
     # Un campo de la última respuesta.

@@ -248,7 +248,7 @@ extern "system" {
     /// Imprime un renglón de texto dentro del comprobante.
     /// Textos: texto 26 bytes.
     pub fn EP_ImprimirTextoFiscal(texto: *const u8) -> i32;
-    /// Lo mismo, con un texto terminado en cero.
+    /// Imprime un renglón de texto terminado en cero.
     pub fn EP_ImprimirTextoFiscalInterna(texto: *const u8) -> i32;
     /// Cierra el comprobante y da su número.
     /// Textos: tipo 2 bytes; letra 1 byte.
@@ -358,7 +358,7 @@ extern "system" {
     /// Por qué terminó así la última llamada.
     /// Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso.
     pub fn Kestra_Causa() -> i32;
-    /// Lo mismo para el operador, en castellano.
+    /// Por qué terminó así la última llamada, en una frase para el operador.
     /// Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
     pub fn Kestra_CausaTexto(texto: *mut u8, longitud: i32) -> i32;
     /// Un campo de la última respuesta.

@@ -138,7 +138,7 @@ our @FUNCIONES = (
     # Imprime un renglón de texto dentro del comprobante.
     # Textos: texto 26 bytes.
     ['EP_ImprimirTextoFiscal', 'sint32', ['texto', 'string', 26]],
-    # Lo mismo, con un texto terminado en cero.
+    # Imprime un renglón de texto terminado en cero.
     ['EP_ImprimirTextoFiscalInterna', 'sint32', ['texto', 'string', 0]],
     # Cierra el comprobante y da su número.
     # Textos: tipo 2 bytes; letra 1 byte.
@@ -248,7 +248,7 @@ our @FUNCIONES = (
     # Por qué terminó así la última llamada.
     # Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso.
     ['Kestra_Causa', 'sint32'],
-    # Lo mismo para el operador, en castellano.
+    # Por qué terminó así la última llamada, en una frase para el operador.
     # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
     ['Kestra_CausaTexto', 'sint32', ['texto', 'opaque', 0], ['longitud', 'sint32', 0]],
     # Un campo de la última respuesta.

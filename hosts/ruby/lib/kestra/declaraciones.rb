@@ -138,7 +138,7 @@ module Kestra
       # Imprime un renglón de texto dentro del comprobante.
       # Textos: texto 26 bytes.
       'EP_ImprimirTextoFiscal' => [ENTERO, [['texto', TEXTO, 26]]],
-      # Lo mismo, con un texto terminado en cero.
+      # Imprime un renglón de texto terminado en cero.
       'EP_ImprimirTextoFiscalInterna' => [ENTERO, [['texto', TEXTO, 0]]],
       # Cierra el comprobante y da su número.
       # Textos: tipo 2 bytes; letra 1 byte.
@@ -248,7 +248,7 @@ module Kestra
       # Por qué terminó así la última llamada.
       # Devuelve: Un número de KestraCausa; 0 cuando no hay nada que decir; -1 mientras otra llamada está en curso.
       'Kestra_Causa' => [ENTERO, []],
-      # Lo mismo para el operador, en castellano.
+      # Por qué terminó así la última llamada, en una frase para el operador.
       # Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
       'Kestra_CausaTexto' => [ENTERO, [['texto', BUFER, 0], ['longitud', ENTERO, 0]]],
       # Un campo de la última respuesta.

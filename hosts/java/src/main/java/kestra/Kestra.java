@@ -210,7 +210,7 @@ public interface Kestra extends Library {
      */
     int EP_ImprimirTextoFiscal(byte[] texto);
 
-    /** Lo mismo, con un texto terminado en cero. */
+    /** Imprime un renglón de texto terminado en cero. */
     int EP_ImprimirTextoFiscalInterna(byte[] texto);
 
     /**
@@ -405,7 +405,7 @@ public interface Kestra extends Library {
     int Kestra_Causa();
 
     /**
-     * Lo mismo para el operador, en castellano.
+     * Por qué terminó así la última llamada, en una frase para el operador.
      * Devuelve: El largo del texto entero, 0 si no hay; -1 mientras otra llamada está en curso.
      */
     int Kestra_CausaTexto(byte[] texto, int longitud);
