@@ -8,6 +8,7 @@ import signal
 import socket
 import subprocess
 import tempfile
+import time
 import unittest
 
 ENV = os.environ
@@ -36,20 +37,34 @@ class Gone(Exception):
 
 
 class Printer:
-    """The program at work in a folder, with the name of its line."""
+    """The program at work in a folder, with the name of its line. What it says goes to files: the other end of a pipe
+    would be held by whatever Wine starts beside it, and outlive it."""
 
     def __init__(self, folder, *flags):
-        self.process = subprocess.Popen(
-            [*COMMAND, *flags], cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-            stderr=subprocess.PIPE)
+        self.said = tempfile.mkdtemp(prefix="kestra-said-")
+        with open(self.file(0), "wb") as output, open(self.file(1), "wb") as errors:
+            self.process = subprocess.Popen([*COMMAND, *flags], cwd=folder, stdin=subprocess.DEVNULL,
+                                            stdout=output, stderr=errors)
         self.port = self.hear("Puerto: ")
 
+    def file(self, number):
+        return os.path.join(self.said, str(number))
+
+    def words(self, number):
+        with open(self.file(number), "rb") as file:
+            return file.read().decode("utf-8", "replace").replace("\r\n", "\n")
+
     def hear(self, begins):
-        for line in self.process.stdout:
-            text = line.decode("utf-8").rstrip("\r\n")
-            if text.startswith(begins):
-                return text.removeprefix(begins)
-        raise Gone(self.end()[1])
+        """What stands behind these words on a line that it writes to its standard output."""
+        deadline = time.monotonic() + PATIENCE
+        while True:
+            over = self.process.poll() is not None
+            found = re.search(rf"(?m)^{re.escape(begins)}(.*)\n", self.words(0))
+            if found:
+                return found.group(1)
+            if over or time.monotonic() > deadline:
+                raise Gone(self.words(1))
+            time.sleep(0.005)
 
     def kill(self):
         """At once, as when the power goes: nothing of the program runs any more."""
@@ -58,8 +73,12 @@ class Printer:
 
     def end(self):
         """Its result and what it wrote to its standard error."""
-        _, errors = self.process.communicate(timeout=PATIENCE)
-        return self.process.returncode, errors.decode("utf-8", "replace")
+        return self.process.wait(PATIENCE), self.words(1)
+
+    def forget(self):
+        if self.process.poll() is None:
+            self.kill()
+        shutil.rmtree(self.said, ignore_errors=True)
 
 
 class Host:
@@ -67,6 +86,7 @@ class Host:
 
     def __init__(self, port, first=0x20):
         self.line = socket.create_connection(("127.0.0.1", int(port.rpartition(":")[2])), PATIENCE)
+        self.line.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
         self.sequence = first
 
     def close(self):
@@ -127,13 +147,13 @@ class InAFolder(unittest.TestCase):
 
     def start(self, *flags):
         printer = Printer(self.folder, *flags)
-        self.addCleanup(printer.process.stdout.close)
-        self.addCleanup(printer.process.stderr.close)
-        self.addCleanup(lambda: printer.process.poll() is None and printer.kill())
+        self.addCleanup(printer.forget)
         return printer
 
     def run_it(self, *flags):
         """The result of a run that ends by itself, and all that it said."""
-        ended = subprocess.run([*COMMAND, *flags], cwd=self.folder, stdin=subprocess.DEVNULL,
-                               capture_output=True, timeout=PATIENCE, check=False)
-        return ended.returncode, (ended.stdout + ended.stderr).decode("utf-8", "replace").replace("\r\n", "\n")
+        with tempfile.TemporaryFile() as said:
+            ended = subprocess.run([*COMMAND, *flags], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=said,
+                                   stderr=said, timeout=PATIENCE, check=False)
+            said.seek(0)
+            return ended.returncode, said.read().decode("utf-8", "replace").replace("\r\n", "\n")
