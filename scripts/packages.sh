@@ -45,7 +45,7 @@ know_i386() {
 # The virtual printer's libraries: its loop, its panel, its memory, the pictures of its paper.
 # shellcheck disable=SC2034
 printer_packages=(
-  libasio-dev libboost-dev nlohmann-json3-dev libsqlite3-dev libstb-dev fonts-dejavu-core
+  libasio-dev libboost-dev libedit-dev nlohmann-json3-dev libsqlite3-dev libstb-dev fonts-dejavu-core
 )
 
 # SQLite in one source, for the Windows printer: Debian has it as a library for its own system only. An npm package

@@ -10,6 +10,7 @@ namespace kestra::tool {
 Exit RunDiagnosis(const Request& request, Console& console);
 Exit RunStatus(const Request& request, Console& console);
 Exit RunRelay(const Request& request, Console& console);
+Exit RunPrompt(const Request& request, Console& console);
 Exit RunLog(const Request& request, Console& console);
 Exit RunCounters(const Request& request, Console& console);
 Exit RunClock(const Request& request, Console& console);

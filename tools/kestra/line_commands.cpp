@@ -30,6 +30,12 @@ constexpr std::array kRelayOptions = {
     Option{"--grabar", "ARCHIVO", "para impresora-virtual --reproducir"},
 };
 
+constexpr std::array kPromptOptions = {
+    Option{"--virtual", "FAMILIA",
+           "con una impresora virtual propia, TQ, TF o FC, cuyo papel\nse muestra"},
+    Option{"--impresora-real", "", "imprimir también en una impresora que no sea virtual"},
+};
+
 constexpr std::array kCommands = {
     Command{.name = "registro",
             .operands = "[FISCAL.LOG]",
@@ -43,6 +49,12 @@ constexpr std::array kCommands = {
             .summary = "entre la caja y la impresora: muestra lo que pasa, o lo graba",
             .options = kRelayOptions,
             .run = RunRelay},
+    Command{.name = "consola",
+            .operands = "[GUION]",
+            .most_operands = 1,
+            .summary = "las operaciones de la biblioteca, una por línea",
+            .options = kPromptOptions,
+            .run = RunPrompt},
 };
 
 }  // namespace

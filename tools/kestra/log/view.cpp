@@ -211,6 +211,8 @@ View Viewer::Show(const Entry& entry) {
             .outcome = entry.outcome,
             .outcome_words = std::string(WordsOf(entry.outcome).words),
             .document = entry.document};
+  view.document.letter = Utf8FromHost(entry.document.letter);
+  view.document.number = Utf8FromHost(entry.document.number);
   const impresora::Packet* const packet = entry.packet ? &*entry.packet : nullptr;
   if (packet != nullptr) {
     view.mark = impresora::CommandMark(packet->command);
@@ -303,7 +305,7 @@ std::vector<std::string> Viewer::Notes(const Entry& entry) {
 std::string NameOf(const DocumentName& document) {
   std::string name = document.title;
   for (const std::string* const more : {&document.letter, &document.number}) {
-    if (!more->empty()) name += " " + Utf8FromHost(*more);
+    if (!more->empty()) name += " " + *more;
   }
   return document.cancelled ? name + ", cancelado" : name;
 }
