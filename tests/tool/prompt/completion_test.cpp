@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "prompt/line_editor.hpp"
 
 namespace kestra::tool {
