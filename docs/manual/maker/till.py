@@ -17,7 +17,7 @@ class Tools:
     """What was built: the printer, the library and the tool for the shop."""
     printer: pathlib.Path
     library: pathlib.Path
-    tool: pathlib.Path
+    tool: pathlib.Path | None = None  # of the pages alone
 
 
 @dataclasses.dataclass
