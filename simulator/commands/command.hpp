@@ -21,6 +21,7 @@ namespace impresora {
 struct Outcome {
   std::uint16_t error = 0;
   std::vector<std::string> fields;
+  std::string_view why = {};  // for people, where the bits alone leave them guessing
 };
 
 inline Outcome Refused(std::uint16_t bit) {

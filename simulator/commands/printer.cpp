@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "commands/commands.hpp"
+#include "commands/strict.hpp"
+#include "machine/power.hpp"
 #include "machine/status.hpp"
 #include "paper/layout.hpp"
 #include "wire/control_bytes.hpp"
@@ -49,6 +51,10 @@ Attempt Try(Machine& m, const Packet& packet) {
   if ((row->stages & static_cast<unsigned>(m.GetStage())) == 0) return {Refused(kWrongState)};
   const auto fields = ReadFields(packet, *row, m.settings);
   if (!fields) return {Refused(kInvalidField)};
+  if (m.settings.strict) {
+    const StrictRule* const rule = BrokenRule({m, *row, *fields});
+    if (rule != nullptr) return {{.error = rule->error, .fields = {}, .why = rule->words}};
+  }
   if (NeedsPaper(*row, packet) && Stuck(m.faults)) return {.outcome = {}, .mechanism_failed = true};
   return {row->run(m, *fields)};
 }
@@ -89,7 +95,8 @@ Answer Printer::Execute(const Packet& packet, std::int64_t local_seconds) {
   const unsigned failure = attempt.mechanism_failed ? kPrinterFailure : 0U;
   return {.printer = PrinterShown(machine_, failure),
           .fiscal = FiscalShown(machine_, attempt.outcome.error),
-          .fields = std::move(attempt.outcome.fields)};
+          .fields = std::move(attempt.outcome.fields),
+          .why = attempt.outcome.why};
 }
 
 // What the command printed comes off the roll and is kept while its document is open: its copies and
@@ -131,22 +138,24 @@ std::vector<Receipt> Printer::TakeReceipts() {
 
 void Printer::UseMemory(Store& store) {
   store_ = &store;
-  Load();
+  if (Load()) CutShort();
   Keep();
 }
 
-void Printer::Load() {
+bool Printer::Load() {
   std::optional<Recall> recall = store_->Load();
-  if (!recall) return;
+  if (!recall) return false;
   static_cast<Books&>(machine_) = std::move(recall->books);
   machine_.closings = std::move(recall->closings);
-  CutShort();
+  return true;
 }
 
 void Printer::Restart() {
   machine_.receipts.clear();
-  if (store_ != nullptr) return Load();
+  if (store_ != nullptr && !Load()) return;
+  if (machine_.settings.strict) ForgetWithoutPower(machine_);
   CutShort();
+  if (machine_.settings.strict) Keep();
 }
 
 void Printer::CutShort() {

@@ -16,6 +16,7 @@ struct Answer {
   std::uint16_t printer = 0;
   std::uint16_t fiscal = 0;
   std::vector<std::string> fields;
+  std::string_view why = {};  // it was refused, for people; nothing of it goes out
 };
 
 // The fiscal printer as such: commands in, answers and paper out. It does no input or output and
@@ -66,7 +67,7 @@ class Printer {
   Machine& GetMachine() { return machine_; }
 
  private:
-  void Load();
+  bool Load();
   void CutShort();
   void Account(std::size_t lines_before);
 

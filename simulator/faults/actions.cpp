@@ -4,6 +4,7 @@
 
 #include "faults/effects.hpp"
 #include "faults/rule_reader.hpp"
+#include "wire/speed.hpp"
 
 namespace impresora {
 namespace {
@@ -94,6 +95,17 @@ void ReadNoise(RuleReader& reader, Action& action) {
   }
 }
 
+// "4800", or "4800 en lugar de 19200".
+void ReadSpeeds(RuleReader& reader, Action& action) {
+  constexpr const char* kSpeeds = "de 50 a 4000000 baudios";
+  action.number = reader.Integer(kSlowest, kFastest, kSpeeds);
+  action.other = kUsualBaud;
+  if (!reader.Take("en")) return;
+  reader.Need("lugar");
+  reader.Need("de");
+  action.other = reader.Integer(kSlowest, kFastest, kSpeeds);
+}
+
 void ReadTime(RuleReader& reader, Action& action) {
   action.time = reader.Time();
 }
@@ -128,7 +140,7 @@ constexpr unsigned kOnAnswers =
 constexpr unsigned kOnBoth = kOnCommands | kOnAnswers;
 
 // clang-format off
-constexpr std::array<ActionRow, 28> kActions{{
+constexpr std::array<ActionRow, 29> kActions{{
     // The printer itself.
     {"poner", "poner CONTROL = VALOR", kOnBoth, Phase::kState, ReadControlValue, SetControlValue},
     {"encender", "encender BIT [desde ahora]", kOnBoth, Phase::kState, ReadLampAndSpan, LightBits},
@@ -160,6 +172,7 @@ constexpr std::array<ActionRow, 28> kActions{{
     {"insertar", "insertar BYTES en byte K, o tras byte K", kOnAnswers, Phase::kBytes,
      ReadInsertion, InsertBytes},
     {"truncar", "truncar en byte K", kOnAnswers, Phase::kBytes, ReadTruncation, Truncate},
+    {"velocidad", "velocidad N [en lugar de M]", kOnBoth, Phase::kBytes, ReadSpeeds, ChangeSpeed},
     // How they leave.
     {"ruido", "ruido N bytes, o ruido BYTES", kOnAnswers, Phase::kLeaving, ReadNoise, AddNoise},
     {"demorar", "demorar T", kOnAnswers, Phase::kLeaving, ReadTime, Delay},

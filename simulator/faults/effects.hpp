@@ -31,6 +31,7 @@ bool DoubleByte(const Action& action, Scene& scene);
 bool ReplaceByte(const Action& action, Scene& scene);
 bool InsertBytes(const Action& action, Scene& scene);
 bool Truncate(const Action& action, Scene& scene);
+bool ChangeSpeed(const Action& action, Scene& scene);
 
 bool AddNoise(const Action& action, Scene& scene);
 bool Delay(const Action& action, Scene& scene);

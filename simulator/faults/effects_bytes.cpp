@@ -1,8 +1,10 @@
 // The bytes of the answer, and how they leave.
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "faults/effects.hpp"
+#include "wire/speed.hpp"
 
 namespace impresora {
 namespace {
@@ -88,6 +90,21 @@ bool Truncate(const Action& action, Scene& scene) {
   if (!index) return false;
   scene.draft.bytes.resize(*index);
   return true;
+}
+
+// A command that is heard at another speed is no frame any more.
+bool ChangeSpeed(const Action& action, Scene& scene) {
+  if (scene.answer == nullptr) {
+    const bool same = action.number == action.other;
+    scene.draft.heard = scene.draft.heard && same;
+    return !same;
+  }
+  std::string& bytes = scene.draft.bytes;
+  std::string heard =
+      AsHeard(bytes, static_cast<int>(action.number), static_cast<int>(action.other));
+  const bool changed = heard != bytes;
+  bytes = std::move(heard);
+  return changed;
 }
 
 bool AddNoise(const Action& action, Scene& scene) {

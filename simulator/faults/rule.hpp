@@ -51,6 +51,7 @@ struct Action {
   std::optional<Place> place;
   std::optional<std::int64_t> field;
   std::int64_t number = 0;
+  std::int64_t other = 0;
   bool flag = false;
   Micros time{};
   std::string bytes;

@@ -87,6 +87,9 @@ class Line {
   bool Acknowledged() const { return acknowledged_; }
   unsigned Acknowledgements() const { return acknowledgements_; }
 
+  // Frames and confirmations so far, sound or not: what of a host's bytes made sense.
+  unsigned Heard() const { return exchange_number_ + acknowledgements_; }
+
   std::vector<Exchange> TakeExchanges();
 
  private:

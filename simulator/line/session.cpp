@@ -30,6 +30,8 @@ Session::Session(Settings settings, WallClock& clock, SessionSettings session)
 void Session::Receive(std::string_view bytes, Micros now) {
   now_ = std::max(now_, now);
   if (off_until_ && now < *off_until_) return;  // nobody listens
+  signs_.heard = clock_.LocalSeconds();
+  if (!signs_.puzzled) signs_.puzzled = signs_.heard;
   line_.Receive(bytes, now);
 }
 
@@ -76,6 +78,7 @@ void Session::Detach(Observer& observer) {
 }
 
 void Session::Gather() {
+  if (std::exchange(heard_, line_.Heard()) != line_.Heard()) signs_.puzzled.reset();
   for (PaperLine& line : printer_.TakePaper()) news_.emplace_back(std::move(line));
   for (Receipt& receipt : printer_.TakeReceipts()) news_.emplace_back(std::move(receipt));
   for (Exchange& exchange : line_.TakeExchanges()) news_.emplace_back(std::move(exchange));

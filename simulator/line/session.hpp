@@ -10,6 +10,7 @@
 #include "commands/printer.hpp"
 #include "faults/fault_plan.hpp"
 #include "line/line.hpp"
+#include "line/till.hpp"
 
 namespace impresora {
 
@@ -75,6 +76,10 @@ class Session {
   FaultPlan& Faults() { return faults_; }
   const FaultPlan& Faults() const { return faults_; }
 
+  // What is known of the host, and the time that it is told in.
+  const HostSigns& Signs() const { return signs_; }
+  std::int64_t LocalSeconds() { return clock_.LocalSeconds(); }
+
   // Whether the host has confirmed the last answer.
   bool Acknowledged() const { return line_.Acknowledged(); }
 
@@ -92,7 +97,9 @@ class Session {
   std::vector<News> news_;
   bool changed_ = false;
   std::optional<Micros> off_until_;
-  Micros now_{};  // the last that anybody said
+  HostSigns signs_;
+  unsigned heard_ = 0;  // what of its bytes made sense
+  Micros now_{};        // the last that anybody said
 };
 
 }  // namespace impresora

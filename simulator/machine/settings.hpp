@@ -42,6 +42,7 @@ struct Settings {
   int closings_left = 1825;   // daily closings that still fit in the fiscal memory
   int lines_per_form = 24;    // item lines that fit on one form
   bool strict_cuit = false;   // refuse a customer's CUIT whose check digit is wrong
+  bool strict = false;        // refuse what a shop's printer refuses (commands/strict.cpp)
   bool knows_repeats = true;  // a frame that comes again is not carried out again
 
   // How long the printer works on each command before it answers, by command byte.

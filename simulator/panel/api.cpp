@@ -27,11 +27,13 @@ struct Route {
   void (Api::*run)(const Api::Call&);
 };
 
-constexpr std::array<Route, 21> kRoutes{{
+constexpr std::array<Route, 31> kRoutes{{
     {"GET", "/", &Api::Page},
     {"GET", "/panel.css", &Api::Page},
     {"GET", "/panel.js", &Api::Page},
     {"GET", "/trace.js", &Api::Page},
+    {"GET", "/figures.js", &Api::Page},
+    {"GET", "/shop.js", &Api::Page},
     {"GET", "/icono.svg", &Api::Page},
     {"GET", "/api/estado", &Api::State},
     {"GET", "/api/papel", &Api::PaperText},
@@ -49,6 +51,14 @@ constexpr std::array<Route, 21> kRoutes{{
     {"DELETE", "/api/fallas/N", &Api::RemoveFault},
     {"POST", "/api/reiniciar", &Api::PowerCycle},
     {"POST", "/api/verificar", &Api::Check},
+    {"GET", "/api/caja", &Api::Till},
+    {"GET", "/api/comandos", &Api::Commands},
+    {"GET", "/api/escenas", &Api::GetScenes},
+    {"POST", "/api/escenas", &Api::PlayScene},
+    {"GET", "/api/grabacion", &Api::RecordingStatus},
+    {"POST", "/api/grabacion", &Api::Record},
+    {"GET", "/api/grabacion.jsonl", &Api::RecordingText},
+    {"GET", "/api/traza.txt", &Api::TraceText},
 }};
 
 constexpr Route kEvents{"GET", "/api/eventos", &Api::Events};
@@ -100,13 +110,13 @@ bool Matches(std::string_view pattern, std::string_view path, unsigned& number) 
 
 }  // namespace
 
-Api::Api(Session& session, History& history, Feed& feed, LoopCalls& loop,
-         std::function<void()> power_cycle)
-    : session_(session),
+Api::Api(PanelHost host, History& history, KeptRecording& recording, Feed& feed, LoopCalls& loop)
+    : host_(std::move(host)),
+      session_(host_.session),
       history_(history),
+      recording_(recording),
       feed_(feed),
-      loop_(loop),
-      power_cycle_(std::move(power_cycle)) {}
+      loop_(loop) {}
 
 void Api::Handle(const Request& request, Response& response) {
   const std::string_view asked = request.method;
@@ -152,7 +162,9 @@ void Api::Page(const Call& call) {
 }
 
 Api::Reply Api::StateReply() {
-  return {.body = OneLine(StateJson(session_, history_)) + "\n"};
+  Json state = StateJson(session_, history_);
+  state["grabacion"] = recording_.Status();
+  return {.body = OneLine(state) + "\n"};
 }
 
 void Api::State(const Call& call) {

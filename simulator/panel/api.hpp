@@ -1,20 +1,27 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "panel/feed.hpp"
 #include "panel/history.hpp"
 #include "panel/http.hpp"
+#include "panel/kept_recording.hpp"
 #include "panel/loop_calls.hpp"
+#include "panel/panel.hpp"
 
 namespace impresora {
+
+struct SceneRow;
+
+// Nothing but an object, of a depth that is none of an attack.
+std::optional<Json> ReadObject(const std::string& body);
 
 // What the panel's addresses answer. Every question about the printer is put to its own thread.
 class Api {
  public:
-  Api(Session& session, History& history, Feed& feed, LoopCalls& loop,
-      std::function<void()> power_cycle);
+  Api(PanelHost host, History& history, KeptRecording& recording, Feed& feed, LoopCalls& loop);
 
   // Answers the request, whatever it is.
   void Handle(const Request& request, Response& response);
@@ -43,6 +50,14 @@ class Api {
   void RemoveAllFaults(const Call& call);
   void PowerCycle(const Call& call);
   void Check(const Call& call);
+  void Till(const Call& call);
+  void Commands(const Call& call);
+  void GetScenes(const Call& call);
+  void PlayScene(const Call& call);
+  void Record(const Call& call);
+  void RecordingStatus(const Call& call);
+  void RecordingText(const Call& call);
+  void TraceText(const Call& call);
   void Events(const Call& call);
 
  private:
@@ -58,15 +73,17 @@ class Api {
   Reply StateReply();
   Reply SetControlsNow(const std::string& body);
   Reply CheckNow(const std::string& body);
+  Reply PlayNow(const SceneRow& scene, bool on);
   Reply DocumentReply(unsigned ordinal, bool picture);
   bool SendNews(Listener& listener, Feed::Place& place);
   void TellNews(Listener& listener, Feed::Place place);
 
+  PanelHost host_;
   Session& session_;
   History& history_;
+  KeptRecording& recording_;
   Feed& feed_;
   LoopCalls& loop_;
-  std::function<void()> power_cycle_;
 };
 
 }  // namespace impresora

@@ -11,21 +11,6 @@
 namespace impresora {
 namespace {
 
-// Nothing but an object; hostile depth is a mistake like any other.
-std::optional<Json> ReadObject(const std::string& body) {
-  constexpr int kDeepest = 32;
-  int depth = 0;
-  bool too_deep = false;
-  const auto watch = [&](int level, Json::parse_event_t, Json&) {
-    depth = level;
-    too_deep = too_deep || depth > kDeepest;
-    return !too_deep;
-  };
-  Json json = Json::parse(body, watch, false);
-  if (too_deep || json.is_discarded() || !json.is_object()) return std::nullopt;
-  return json;
-}
-
 std::string Quoted(std::string_view text) {
   return "«" + std::string(text) + "»";
 }
@@ -79,6 +64,21 @@ std::string ErrorJson(const std::string& words) {
 constexpr const char* kNoObject = "el cuerpo tiene que ser un objeto JSON";
 
 }  // namespace
+
+// Hostile depth is a mistake like any other.
+std::optional<Json> ReadObject(const std::string& body) {
+  constexpr int kDeepest = 32;
+  int depth = 0;
+  bool too_deep = false;
+  const auto watch = [&](int level, Json::parse_event_t, Json&) {
+    depth = level;
+    too_deep = too_deep || depth > kDeepest;
+    return !too_deep;
+  };
+  Json json = Json::parse(body, watch, false);
+  if (too_deep || json.is_discarded() || !json.is_object()) return std::nullopt;
+  return json;
+}
 
 // The other observers hear of it from the session, the panel's own pages at once.
 void Api::Changed() {
@@ -143,7 +143,7 @@ void Api::PowerCycle(const Call& call) {
     if (!json || !json->empty()) {
       return {.status = 400, .body = ErrorJson("se espera un cuerpo vacío o {}")};
     }
-    power_cycle_();
+    host_.power_cycle();
     Changed();
     return StateReply();
   });

@@ -2,7 +2,7 @@
 set(code "#include \"panel/web_files.hpp\"\n\n#include <array>\n\nnamespace impresora {\nnamespace {\n\n")
 set(rows "")
 set(types "html=text/html" "css=text/css" "js=text/javascript" "svg=image/svg+xml")
-foreach(row "/=index.html" "/panel.css=panel.css" "/panel.js=panel.js" "/trace.js=trace.js"
+foreach(row "/=index.html" "/panel.css=panel.css" "/panel.js=panel.js" "/trace.js=trace.js" "/figures.js=figures.js" "/shop.js=shop.js"
             "/icono.svg=icono.svg")
   string(REGEX REPLACE "=.*" "" path "${row}")
   string(REGEX REPLACE ".*=" "" name "${row}")

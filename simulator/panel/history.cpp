@@ -6,6 +6,7 @@
 #include "machine/status.hpp"
 #include "panel/event_json.hpp"
 #include "trace/exchange_json.hpp"
+#include "trace/exchange_text.hpp"
 
 namespace impresora {
 namespace {
@@ -36,7 +37,7 @@ void History::Exchanged(const Exchange& exchange) {
   counters_.refused += (bits & kSummary) != 0 ? 1 : 0;
   std::string json = TraceJson(exchange);
   feed_.Publish("intercambio", json);
-  Keep(exchanges_, {exchange.number, std::move(json)}, kExchanges);
+  Keep(exchanges_, {exchange.number, std::move(json), Describe(exchange)}, kExchanges);
 }
 
 void History::Printed(const PaperLine& line) {

@@ -44,6 +44,7 @@ class History : public Observer {
   struct KeptExchange {
     unsigned number;
     std::string json;
+    std::string text;
   };
   const std::deque<KeptExchange>& Exchanges() const { return exchanges_; }
   const std::deque<KeptDocument>& Documents() const { return documents_; }

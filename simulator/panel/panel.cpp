@@ -14,13 +14,14 @@ class Panel::Parts {
       : loop_(std::move(host.post)),
         history_(feed_),
         session_(host.session),
-        api_(host.session, history_, feed_, loop_, std::move(host.power_cycle)),
+        api_(std::move(host), history_, recording_, feed_, loop_),
         server_({settings.host, settings.port, settings.reuse_port},
                 [this](const Request& request, Response& response) {
                   api_.Handle(request, response);
                 }) {
     server_.Start();
-    host.session.Attach(history_);
+    session_.Attach(history_);
+    session_.Attach(recording_);
   }
 
   // First nobody waits any longer, then nobody is served.
@@ -28,6 +29,7 @@ class Panel::Parts {
     loop_.Close();
     feed_.Close();
     server_.Stop();
+    session_.Detach(recording_);
     session_.Detach(history_);
   }
 
@@ -40,6 +42,7 @@ class Panel::Parts {
   LoopCalls loop_;
   Feed feed_;
   History history_;
+  KeptRecording recording_;
   Session& session_;
   Api api_;
   WebServer server_;

@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "line/till.hpp"
+
 namespace impresora {
 
 class Session;
@@ -15,11 +17,15 @@ struct PanelSettings {
 };
 
 // What the panel needs of the program around it. A function given to `post` is run on the thread
-// that the session lives on. `power_cycle` is called there and switches the printer off and on.
+// that the session lives on. The others are called there: `power_cycle` switches the printer off and
+// on, `line` tells what is known of the line, and `occupy` has another program take the port or leave
+// it, and returns whether that can be.
 struct PanelHost {
   Session& session;
   std::function<void(std::function<void()>)> post;
   std::function<void()> power_cycle;
+  std::function<HostLine()> line = [] { return HostLine(); };
+  std::function<bool(bool)> occupy = [](bool) { return false; };
 };
 
 // A page and an HTTP interface to look at a printer and to work on it while it runs. It is made and

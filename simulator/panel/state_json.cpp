@@ -41,11 +41,6 @@ constexpr std::array<SeriesName, 6> kSeries{{
 
 constexpr std::string_view kLetters = "ABCRX";
 
-std::string_view FamilyCode(Family family) {
-  if (family == Family::kTicket) return "TQ";
-  return family == Family::kForm ? "FC" : "TF";
-}
-
 std::string_view StageWords(Stage stage) {
   for (const StageName& row : kStages) {
     if (row.stage == stage) return row.name;
@@ -151,6 +146,11 @@ constexpr std::string_view KindWord(ControlKind kind) {
 }
 
 }  // namespace
+
+std::string_view FamilyCode(Family family) {
+  if (family == Family::kTicket) return "TQ";
+  return family == Family::kForm ? "FC" : "TF";
+}
 
 Json ControlsJson(const Printer& printer) {
   Json rows = Json::array();

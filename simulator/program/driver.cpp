@@ -14,8 +14,14 @@ Micros Now() {
 
 }  // namespace
 
-Driver::Driver(asio::io_context& loop, Seat& seat, Endpoint& endpoint, std::function<void()> after)
-    : seat_(seat), endpoint_(endpoint), loop_(loop), due_(loop), after_(std::move(after)) {}
+Driver::Driver(asio::io_context& loop, Seat& seat, Endpoint& endpoint, LineSpeed& speed,
+               std::function<void()> after)
+    : seat_(seat),
+      endpoint_(endpoint),
+      speed_(speed),
+      loop_(loop),
+      due_(loop),
+      after_(std::move(after)) {}
 
 void Driver::Start() {
   endpoint_.Start({.arrived = [this](std::string_view bytes) { Arrived(bytes); },
@@ -23,13 +29,13 @@ void Driver::Start() {
 }
 
 void Driver::Arrived(std::string_view bytes) {
-  seat_.Receive(bytes, Now());
+  seat_.Receive(speed_.FromHost(bytes), Now());
   Turn();
 }
 
 void Driver::Turn() {
   const Output output = seat_.Advance(Now());
-  if (!output.bytes.empty()) endpoint_.Write(output.bytes);
+  if (!output.bytes.empty()) endpoint_.Write(speed_.ToHost(output.bytes));
   // Not at once: the cable may be in the middle of handing over what it has read.
   if (output.hang_up) asio::post(loop_, [this] { endpoint_.HangUp(); });
   after_();

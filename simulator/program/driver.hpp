@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "program/endpoint.hpp"
+#include "program/line_speed.hpp"
 #include "program/seat.hpp"
 
 namespace impresora {
@@ -13,7 +14,8 @@ namespace impresora {
 class Driver {
  public:
   // `after` runs after each turn, when what there was to answer has been answered.
-  Driver(asio::io_context& loop, Seat& seat, Endpoint& endpoint, std::function<void()> after);
+  Driver(asio::io_context& loop, Seat& seat, Endpoint& endpoint, LineSpeed& speed,
+         std::function<void()> after);
 
   void Start();
 
@@ -26,6 +28,7 @@ class Driver {
 
   Seat& seat_;
   Endpoint& endpoint_;
+  LineSpeed& speed_;
   asio::io_context& loop_;
   asio::steady_timer due_;
   std::function<void()> after_;

@@ -26,6 +26,12 @@ class Endpoint {
   // Never waits: what the line cannot take is lost, as on a wire that nobody listens to.
   virtual void Write(std::string_view bytes) = 0;
 
+  // The speed that the host has set on its side, or 0 where a line has none or nobody can tell.
+  virtual int HostBaud() const { return 0; }
+
+  // Another program takes the port, or leaves it; false on a line where that cannot be.
+  virtual bool Occupy(bool /*by_another*/) { return false; }
+
   // Pulls the plug on the present host and puts it in again for the next.
   virtual void HangUp() = 0;
 };

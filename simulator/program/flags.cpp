@@ -5,6 +5,7 @@
 
 #include "machine/controls.hpp"
 #include "program/ini_file.hpp"
+#include "wire/speed.hpp"
 
 namespace impresora {
 namespace {
@@ -149,7 +150,7 @@ constexpr std::array kFlags{
     Flag{"--tuberia", "NOMBRE", "atender en una tubería de Windows (\\\\.\\pipe\\NOMBRE)",
          [](Options& o, Text v) { return o.pipe = v, !v.empty(); }},
     Flag{"--baudios", "N", "velocidad de la línea (por omisión, sin límite)",
-         [](Options& o, Text v) { return ReadInt(v, 50, 4'000'000, o.baud); }, 1,
+         [](Options& o, Text v) { return ReadInt(v, kSlowest, kFastest, o.baud); }, 1,
          "un número de 50 a 4000000"},
     Flag{"--demora", "MS|X=MS,...", "milisegundos de trabajo por comando, o solo del comando X",
          SetThinkingTimes, 1, "milisegundos de 0 a 3600000 o X=milisegundos"},
@@ -203,6 +204,10 @@ constexpr std::array kFlags{
          "un número de 1 a 999"},
     Flag{"--cuit-estricto", "", "rechazar los CUIT con el dígito verificador mal",
          [](Options& o, Text) { return o.settings.strict_cuit = true; }},
+    Flag{"--estricta", "",
+         "rechazar lo que rechaza la impresora de un comercio; con --baudios, oír mal a\n"
+         "quien habla a otra velocidad",
+         [](Options& o, Text) { return o.settings.strict = true; }},
     Flag{"--sin-repetidas", "", "no reconocer tramas repetidas: cada una es un comando nuevo",
          [](Options& o, Text) { return o.settings.knows_repeats = false, true; }},
     Flag{"--sin-papel", "", "arrancar sin papel",

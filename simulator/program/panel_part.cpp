@@ -22,11 +22,14 @@ class RunningPanel : public PanelPart {
 
 }  // namespace
 
-std::unique_ptr<PanelPart> OpenPanelPart(const Options& options, Session& session, Post post) {
+std::unique_ptr<PanelPart> OpenPanelPart(const Options& options, Session& session, Post post,
+                                         LineCalls calls) {
   if (!options.panel) return nullptr;
-  PanelHost host{.session = session, .post = std::move(post), .power_cycle = [&session] {
-                   session.PowerCycle();
-                 }};
+  PanelHost host{.session = session,
+                 .post = std::move(post),
+                 .power_cycle = [&session] { session.PowerCycle(); },
+                 .line = std::move(calls.line),
+                 .occupy = std::move(calls.occupy)};
   return std::make_unique<RunningPanel>(*options.panel, std::move(host));
 }
 

@@ -25,7 +25,14 @@ class PanelPart {
 
 using Post = std::function<void(std::function<void()>)>;
 
+// What the panel may do with the line.
+struct LineCalls {
+  std::function<HostLine()> line;
+  std::function<bool(bool)> occupy;
+};
+
 // The panel, running, or nothing when none is asked for. `post` runs a function on the loop.
-std::unique_ptr<PanelPart> OpenPanelPart(const Options& options, Session& session, Post post);
+std::unique_ptr<PanelPart> OpenPanelPart(const Options& options, Session& session, Post post,
+                                         LineCalls calls);
 
 }  // namespace impresora

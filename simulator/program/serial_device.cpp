@@ -4,20 +4,20 @@
 #include <utility>
 
 #include "program/cannot_open.hpp"
+#include "wire/speed.hpp"
 
 namespace impresora {
 namespace {
 
 using Port = asio::serial_port_base;
 
-constexpr unsigned kUsualBaud = 9600;
 constexpr auto kUnplugged = std::chrono::seconds(1);
 
 }  // namespace
 
 SerialDevice::SerialDevice(asio::io_context& loop, std::string device, int baud)
     : device_(std::move(device)),
-      baud_(baud > 0 ? static_cast<unsigned>(baud) : kUsualBaud),
+      baud_(baud > 0 ? static_cast<unsigned>(baud) : unsigned{kUsualBaud}),
       line_(loop),
       retry_(loop),
       leaving_(line_) {

@@ -1,6 +1,7 @@
 #include "program/station.hpp"
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -9,6 +10,7 @@
 #include "program/endpoints.hpp"
 #include "program/system.hpp"
 #include "text/path.hpp"
+#include "wire/speed.hpp"
 
 namespace impresora {
 namespace {
@@ -18,6 +20,21 @@ SessionSettings LineOf(const Options& options) {
   settings.baud = HasOwnSpeed(options) ? 0 : options.baud;
   settings.seed = options.seed;
   return settings;
+}
+
+// The speed that the line garbles at other ones, or 0 when it does not mind.
+int MindedBaud(const Options& options) {
+  return options.settings.strict && !HasOwnSpeed(options) ? options.baud : 0;
+}
+
+Cable CableOf(const Options& options, std::string_view port) {
+  if (!options.device.empty()) return Cable::kSerial;
+  if (!options.pipe.empty()) return Cable::kPipe;
+  return port.starts_with("tcp:") ? Cable::kTcp : Cable::kPseudoTerminal;
+}
+
+void TellPerson(const std::string& words) {
+  std::fprintf(stderr, "impresora-virtual: %s\n", words.c_str());
 }
 
 // Every mistake of the file, not only the first.
@@ -42,7 +59,8 @@ Station::Station(const Options& options)
       seat_(MakeSeat(options)),
       sinks_(MakeSinks(options, session_.GetPrinter())),
       endpoint_(MakeEndpoint(loop_, options)),
-      driver_(loop_, *seat_, *endpoint_, [this] { EndIfFinished(); }) {
+      speed_(*endpoint_, MindedBaud(options), TellPerson),
+      driver_(loop_, *seat_, *endpoint_, speed_, [this] { EndIfFinished(); }) {
   CatchSignals();
   SetUpPrinter(options);
   OpenPanel(options);
@@ -52,9 +70,7 @@ Station::Station(const Options& options)
 
 std::unique_ptr<Seat> Station::MakeSeat(const Options& options) {
   if (options.replay.empty()) return std::make_unique<SeatOf<Session>>(session_);
-  player_.emplace(ReadRecordingFile(PathOf(options.replay)), [](const std::string& words) {
-    std::fprintf(stderr, "impresora-virtual: %s\n", words.c_str());
-  });
+  player_.emplace(ReadRecordingFile(PathOf(options.replay)), TellPerson);
   return std::make_unique<SeatOf<Player>>(*player_);
 }
 
@@ -76,12 +92,31 @@ void Station::CatchSignals() {
 }
 
 void Station::OpenPanel(const Options& options) {
-  panel_ = OpenPanelPart(options, session_, [this](std::function<void()> work) {
+  const auto post = [this](std::function<void()> work) {
     asio::post(loop_, [this, work = std::move(work)] {
       work();
       driver_.Turn();
     });
-  });
+  };
+  const auto occupy = [this](bool by_another) {
+    if (!endpoint_->Occupy(by_another)) return false;
+    occupied_ = by_another;
+    return true;
+  };
+  panel_ = OpenPanelPart(options, session_, post,
+                         {.line = [this, options] { return LineNow(options); }, .occupy = occupy});
+}
+
+HostLine Station::LineNow(const Options& options) const {
+  const int host = endpoint_->HostBaud();
+  const int minded = MindedBaud(options);
+  return {.cable = CableOf(options, endpoint_->Port()),
+          .port = endpoint_->Port(),
+          .link = options.link.empty() ? "" : std::filesystem::absolute(options.link).string(),
+          .baud = options.baud,
+          .host_baud = host,
+          .garbles = minded != 0 && host != 0 && !SoundAlike(minded, host),
+          .occupied = occupied_};
 }
 
 // The line's name comes first: programs that start this one read it.
@@ -90,7 +125,7 @@ void Station::Announce() const {
   if (panel_) std::printf("Panel: %s\n", panel_->Url().c_str());
   std::fflush(stdout);
   if (!panel_ || panel_->Warning().empty()) return;
-  std::fprintf(stderr, "impresora-virtual: %s\n", panel_->Warning().c_str());
+  TellPerson(panel_->Warning());
 }
 
 void Station::Run() {

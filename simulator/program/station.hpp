@@ -27,6 +27,7 @@ class Station {
   void CatchSignals();
   void SetUpPrinter(const Options& options);
   void OpenPanel(const Options& options);
+  HostLine LineNow(const Options& options) const;
   void Announce() const;
   void EndIfFinished();
 
@@ -39,8 +40,10 @@ class Station {
   std::optional<Player> player_;
   std::unique_ptr<Seat> seat_;
   DocumentCount documents_;
+  bool occupied_ = false;  // by another program, at the panel's wish
   Sinks sinks_;
   std::unique_ptr<Endpoint> endpoint_;
+  LineSpeed speed_;
   Driver driver_;
   std::unique_ptr<PanelPart> panel_;
 };

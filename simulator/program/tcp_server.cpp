@@ -71,7 +71,7 @@ void TcpServer::Accept() {
 // A host that opens the port for each exchange is back before anybody has told that it left.
 void TcpServer::Welcome(tcp::socket host) {
   if (host_.is_open()) Drain();
-  if (host_.is_open()) return;
+  if (host_.is_open() || occupied_) return;
   asio::error_code ignored;
   host.non_blocking(true, ignored);
   host.set_option(tcp::no_delay(true), ignored);
@@ -104,6 +104,12 @@ void TcpServer::Write(std::string_view bytes) {
   while (host_.is_open() && !bytes.empty() && !error) {
     bytes.remove_prefix(host_.write_some(asio::buffer(bytes), error));
   }
+}
+
+// Who is here stays until it leaves.
+bool TcpServer::Occupy(bool by_another) {
+  occupied_ = by_another;
+  return true;
 }
 
 void TcpServer::HangUp() {

@@ -20,6 +20,7 @@ class TcpServer : public Endpoint {
   void Start(LineEvents events) override;
   void Write(std::string_view bytes) override;
   void HangUp() override;
+  bool Occupy(bool by_another) override;
 
  private:
   void Open(const asio::ip::tcp::endpoint& endpoint);
@@ -32,6 +33,7 @@ class TcpServer : public Endpoint {
   asio::ip::tcp::socket host_;
   asio::steady_timer pause_;
   LineEvents events_;
+  bool occupied_ = false;
   unsigned visit_ = 0;  // counts the hosts
   std::array<char, 4096> buffer_{};
 };

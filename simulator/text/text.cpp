@@ -46,6 +46,12 @@ std::string Utf8FromHost(std::string_view bytes) {
   return text;
 }
 
+bool IsOnDevice(char byte) {
+  constexpr std::string_view kBeyondAscii = "\xF0\xF1\xF2\xF4\xF8";
+  const bool plain = byte >= 0x20 && byte < 0x7F;
+  return plain || kBeyondAscii.find(byte) != std::string_view::npos;
+}
+
 std::size_t Columns(std::string_view utf8) {
   std::size_t count = 0;
   for (const char c : utf8) count += StartsCharacter(c) ? 1 : 0;

@@ -44,9 +44,11 @@ Json Command(const Packet& packet) {
 }
 
 Json AnswerObject(const Exchange& exchange) {
-  return {{"impresora", Word(exchange.answer.printer, kPrinterConditions)},
-          {"fiscal", Word(exchange.answer.fiscal, kFiscalConditions)},
-          {"datos", Values(NamedAnswer(exchange.packet, exchange.answer))}};
+  Json object{{"impresora", Word(exchange.answer.printer, kPrinterConditions)},
+              {"fiscal", Word(exchange.answer.fiscal, kFiscalConditions)},
+              {"datos", Values(NamedAnswer(exchange.packet, exchange.answer))}};
+  if (!exchange.answer.why.empty()) object["motivo"] = exchange.answer.why;
+  return object;
 }
 
 }  // namespace

@@ -150,6 +150,7 @@ std::string Describe(const Exchange& exchange) {
           " " + std::string(Mark(exchange));
   if (understood) text += Listed(NamedFields(packet));
   if (exchange.kind <= ExchangeKind::kRepeated) text += AnswerText(packet, exchange.answer);
+  if (!exchange.answer.why.empty()) text.append(" | estricta: ").append(exchange.answer.why);
   if (!exchange.faults.empty()) text += " | falla: " + Joined(exchange.faults);
   return text;
 }

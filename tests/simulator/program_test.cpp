@@ -4,6 +4,7 @@
 #include <sys/ioctl.h>
 
 #include "line_player.hpp"
+#include "program/posix/port_speed.hpp"
 #include "story_test.hpp"
 
 namespace impresora {
@@ -57,6 +58,9 @@ class ProgramPlayer : public prueba::Player {
     verbs_["connect"] = [this](std::string_view) {
       port_.reset();
       port_.emplace(ConnectTo(where_it_is_));
+    };
+    verbs_["speed"] = [this](std::string_view baud) {
+      SetPortSpeed(port_->fd(), std::stoi(std::string(baud)));
     };
     verbs_["close"] = [this](std::string_view) { port_.reset(); };
     verbs_["send"] = [this](std::string_view line) {

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -11,6 +12,7 @@
 #include "folder.hpp"
 #include "program/posix/descriptor.hpp"
 #include "program/posix/port_link.hpp"
+#include "program/posix/port_speed.hpp"
 
 namespace impresora {
 namespace {
@@ -39,6 +41,34 @@ TEST_F(PseudoTerminalTest, BytesGoBothWaysAndTheLineOutlivesAVisit) {
     ASSERT_EQ(read(host.Get(), &byte, 1), 1);
     EXPECT_EQ(byte, 'b');
   }
+}
+
+TEST_F(PseudoTerminalTest, TheSpeedIsTheHostsLastOneAlsoWhenItHasGone) {
+  PseudoTerminal terminal(loop_, link(), 9600);
+  far_.Start(terminal);
+  EXPECT_EQ(terminal.HostBaud(), 9600);
+  SetPortSpeed(Open().Get(), 115'200);
+  EXPECT_EQ(terminal.HostBaud(), 115'200);
+  SetPortSpeed(Open().Get(), 9700);
+  EXPECT_EQ(terminal.HostBaud(), 9700);
+  terminal.HangUp();
+  EXPECT_EQ(terminal.HostBaud(), 9600);
+}
+
+TEST_F(PseudoTerminalTest, WhatAnotherTillHasNobodyElseLocks) {
+  PseudoTerminal terminal(loop_, link());
+  far_.Start(terminal);
+  const auto lock = [this] {
+    const Descriptor host = Open();  // the system lets its administrator in
+    return flock(host.Get(), LOCK_EX | LOCK_NB) == 0;
+  };
+  EXPECT_TRUE(lock());
+  EXPECT_TRUE(terminal.Occupy(true));
+  EXPECT_FALSE(lock());
+  terminal.HangUp();
+  EXPECT_FALSE(lock());
+  EXPECT_TRUE(terminal.Occupy(false));
+  EXPECT_TRUE(lock());
 }
 
 TEST_F(PseudoTerminalTest, AnUnpluggedHostFindsItsPortDeadAndTheNextFindsANewOne) {

@@ -15,13 +15,15 @@ namespace fs = std::filesystem;
 
 // The everyday commands, with what a story does not care about filled in: "$2" is the second field given
 // with the word, or what stands behind "=".
-constexpr std::array<std::pair<std::string_view, std::string_view>, 10> kWords{{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 11> kWords{{
     {"ticket", "@|C"},
     {"item", "B|$1|$2|$3|$4=2100|$5=M|$7=0001|0000|$6=000000000"},
     {"end", "E|T"},
     {"invoice",
      "`|$1=T|C|$2=A|1|F|12|I|I|$5=Juan Perez|$7= |$3=CUIT|$4=20123456789|N|"
      "$6=Calle Falsa 123|~|~|~|~|C"},
+    {"customer",
+     "`|T|C|$1=A|1|F|12|$6=I|$2=I|$5=Juan Perez| |$3=CUIT|$4=20123456786|N|Calle 1|~|~|~|~|C"},
     {"line", "b|$1|$2|$3|$4=2100|$5=M|0001|0000|~|~|~|~|$6=000000000"},
     {"close", "e|$1=T|$2=A|~"},
     {"cancel", "d|~|~|C"},
@@ -60,6 +62,8 @@ void Set(Settings& settings, std::string_view key, std::string_view value) {
     settings.owner_iva = value.at(0);
   } else if (key == "strict_cuit") {
     settings.strict_cuit = true;
+  } else if (key == "strict") {
+    settings.strict = true;
   } else if (key == "texts") {
     const auto parts = Split(value, ',');
     settings.roll_texts = {Number(parts.at(0)), Number(parts.at(1)), Number(parts.at(2)),

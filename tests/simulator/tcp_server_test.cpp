@@ -52,6 +52,23 @@ TEST_F(TcpServerTest, BytesGoBothWays) {
   EXPECT_EQ(Read(host, 7), "que tal");
 }
 
+TEST_F(TcpServerTest, WhileAnotherTillHasThePortEveryHostIsTurnedAway) {
+  EXPECT_TRUE(server_->Occupy(true));
+  tcp::socket away = Connect();
+  away.non_blocking(true);
+  std::array<char, 1> byte{};
+  asio::error_code error;
+  ASSERT_TRUE(far_.Until([&] {
+    away.read_some(asio::buffer(byte), error);
+    return error != asio::error::would_block;
+  }));
+  EXPECT_EQ(error, asio::error::eof);
+  EXPECT_TRUE(server_->Occupy(false));
+  tcp::socket host = Connect();
+  asio::write(host, asio::buffer("1", 1));
+  EXPECT_TRUE(far_.UntilArrived("1"));
+}
+
 TEST_F(TcpServerTest, ASecondHostIsTurnedAwayWhileOneIsThere) {
   tcp::socket first = Connect();
   asio::write(first, asio::buffer("1", 1));

@@ -19,6 +19,18 @@ struct Objects : Observer {
   std::vector<Json> parsed;
 };
 
+TEST(TraceJson, AStrictPrinterSaysWhy) {
+  Settings settings;
+  settings.strict = true;
+  Watched<Objects> booth(settings);
+  booth.Send(40, {"@", "C"});
+  booth.Send(41, {"A", "Caf\xE9"});
+  ASSERT_EQ(booth.watcher.parsed.size(), 2U);
+  EXPECT_FALSE(booth.watcher.parsed[0]["respuesta"].contains("motivo"));
+  EXPECT_EQ(booth.watcher.parsed[1]["respuesta"]["motivo"],
+            "carácter fuera de la tabla de la impresora");
+}
+
 TEST(TraceJson, AnExchangeIsOneObjectOnOneLine) {
   Watched<Objects> booth;
   const Objects& objects = booth.watcher;

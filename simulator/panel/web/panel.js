@@ -1,19 +1,10 @@
+import { isoMoment, moment, money } from "./figures.js";
+import { Scenes, examples, showConnections, showTill } from "./shop.js";
 import { Trace, element, fillPairs } from "./trace.js";
 
 const KEPT_LINES = 1500;
 const AT_HAND = ["sin_papel", "tapa_abierta", "fuera_de_linea", "bateria_baja"];
-const EXAMPLES = [
-  "siempre: demorar 300 ms",
-  "en la 2da respuesta de ítem: perder byte 5",
-  "cada 3 respuestas: suma mala",
-  "respuesta 1 de cierre: callar",
-  "siempre con probabilidad 20%: ruido 8 bytes",
-  "siempre: partir en 4 partes con 50 ms",
-  "comando 3: nak",
-  "respuesta 1 de subtotal: ocupar 4 s",
-  "desde el renglón 40: sin_papel",
-  "respuesta 2 de ítem: apagar 2 s",
-];
+const TILL_LOOK = 2000;
 
 const at = (id) => document.getElementById(id);
 const trace = new Trace(at("trace"), at("follow"), at("only-errors"));
@@ -103,7 +94,7 @@ function showRoll({ evento, columnas, lineas }) {
 function nameOf(receipt) {
   const number = receipt.numero ? ` ${String(receipt.numero).padStart(8, "0")}` : "";
   const letter = receipt.letra ? ` ${receipt.letra}` : "";
-  const total = receipt.clase === "fiscal" ? ` · $ ${receipt.total}` : "";
+  const total = receipt.clase === "fiscal" ? ` · $ ${money(receipt.total)}` : "";
   return `${receipt.titulo}${letter}${number}${receipt.anulado ? " · cancelado" : total}`;
 }
 
@@ -173,7 +164,7 @@ function numberRow(control) {
   const number = control.clase === "numero";
   const box = element("input", { id: `control-${control.clave}`, type: number ? "number" : "text" });
   if (number) Object.assign(box, { min: control.minimo, max: control.maximo });
-  const set = () => change(control.clave, number ? box.valueAsNumber : box.value);
+  const set = () => change(control.clave, number ? box.valueAsNumber : isoMoment(box.value));
   box.addEventListener("keydown", (event) => { if (event.key === "Enter") set(); });
   const button = element("button", { type: "button", textContent: "Fijar" });
   button.addEventListener("click", set);
@@ -197,7 +188,9 @@ function showControls(controls) {
   for (const control of controls) {
     const box = at(`control-${control.clave}`);
     if (control.clase === "llave") box.checked = control.valor;
-    else if (document.activeElement !== box) box.value = control.valor;
+    else if (document.activeElement !== box) {
+      box.value = control.clase === "momento" ? moment(control.valor) : control.valor;
+    }
   }
 }
 
@@ -216,8 +209,10 @@ function showDocument(state) {
   at("document-title").textContent = open ? "Comprobante abierto"
     : shown ? "Último documento" : "Sin comprobante abierto";
   if (!shown) return fillPairs(at("document"), []);
-  const pairs = [[nameOf({ ...shown, clase: "" }), `$ ${shown.total}`, "sum"], ["IVA", shown.iva]];
-  if (open) pairs.push(["falta pagar", open.falta_pagar]);
+  const pairs = [
+    [nameOf({ ...shown, clase: "" }), `$ ${money(shown.total)}`, "sum"], ["IVA", money(shown.iva)]];
+  if (open) pairs.push(["falta pagar", money(open.falta_pagar)]);
+  else pairs.push(["fecha", moment(shown.momento)]);
   return fillPairs(at("document"), pairs);
 }
 
@@ -241,13 +236,51 @@ function showState(state) {
   at("faults").replaceChildren(...state.fallas.map(faultRow));
   const { jornada } = state;
   fillPairs(at("day"), [
-    ["jornada", jornada.abierta ? `desde ${jornada.desde}` : "cerrada"],
-    ["comprobantes", jornada.comprobantes], ["ventas", jornada.ventas], ["IVA", jornada.iva],
+    ["jornada", jornada.abierta ? `desde ${moment(jornada.desde)}` : "cerrada"],
+    ["comprobantes", jornada.comprobantes], ["ventas", money(jornada.ventas)],
+    ["IVA", money(jornada.iva)], ["notas de crédito", money(jornada.notas_de_credito)],
     ["último Z", jornada.ultimo_z], ["cierres restantes", state.cierres_restantes],
     ...state.numeracion.map((row) => [`${row.serie} ${row.letra}`, row.ultimo]),
   ]);
   fillPairs(at("counters"),
     Object.entries(state.contadores).map(([key, value]) => [words(key), value]));
+  showRecording(state.grabacion);
+  scenes?.show(state, till);
+}
+
+function showRecording({ activa, intercambios, llena }) {
+  const button = at("record");
+  button.setAttribute("aria-pressed", String(activa));
+  button.lastElementChild.textContent = activa ? `Detener (${intercambios})` : "Grabar";
+  at("recording").hidden = activa || intercambios === 0;
+  at("recording").title = llena ? "Llegó al tamaño mayor y se detuvo" : `${intercambios} intercambios`;
+}
+
+// ---- The shop ----
+
+let till = null;
+let scenes = null;
+
+async function lookAtTill() {
+  try {
+    till = await ask("/api/caja");
+    showTill(at("till"), till);
+    showConnections(at("connections"), till);
+    if (lastState) scenes?.show(lastState, till);
+  } catch {
+    at("till").className = "chip";  // the other lamp says why
+  }
+}
+
+async function makeShop() {
+  const [rows, commands] = await Promise.all([ask("/api/escenas"), ask("/api/comandos")]);
+  at("example").append(
+    ...examples(commands).map((value) => element("option", { value, textContent: value })));
+  scenes = new Scenes(at("scenes"), at("scene-words"), rows, async (escena, activa) => {
+    showState(await act("/api/escenas", "POST", { escena, activa }));
+    await lookAtTill();
+  });
+  if (lastState) scenes.show(lastState, till);
 }
 
 // ---- Events ----
@@ -263,7 +296,7 @@ async function readAll() {
 
 function showConnection(good) {
   at("connection").className = `chip ${good ? "good" : "bad"}`;
-  at("connection").lastElementChild.textContent = good ? "conectado" : "sin conexión";
+  at("connection").lastElementChild.textContent = good ? "panel conectado" : "panel sin conexión";
 }
 
 // What came before the roll was read is on it already.
@@ -298,7 +331,8 @@ at("tear").addEventListener("click", async () => {
 at("clear-trace").addEventListener("click", () => trace.clear());
 at("power").addEventListener("click", async () => showState(await act("/api/reiniciar", "POST")));
 at("clear-faults").addEventListener("click", () => act("/api/fallas", "DELETE"));
-at("example").append(...EXAMPLES.map((value) => element("option", { value, textContent: value })));
+at("record").addEventListener("click", () =>
+  act("/api/grabacion", "POST", { grabar: at("record").getAttribute("aria-pressed") !== "true" }));
 at("example").addEventListener("change", () => {
   const before = at("rules").value.trim();
   at("rules").value = (before ? `${before}\n` : "") + at("example").value;
@@ -318,4 +352,6 @@ at("fault-form").addEventListener("submit", async (event) => {
   }
 });
 
-readAll().catch((error) => notice(error.message)).finally(listen);
+readAll().then(makeShop).catch((error) => notice(error.message)).finally(listen);
+lookAtTill();
+setInterval(lookAtTill, TILL_LOOK);

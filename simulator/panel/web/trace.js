@@ -1,5 +1,7 @@
 // The trace: a row for each exchange, which opens into the frame taken apart.
 
+import { moment } from "./figures.js";
+
 const KEPT = 200;
 
 export function element(name, properties = {}, ...children) {
@@ -59,6 +61,8 @@ function bytesGroup(title, hex) {
 function takeApart(exchange) {
   const { comando, respuesta } = exchange;
   const apart = element("div", { className: "apart" });
+  apart.append(group("Cuándo", [
+    ["fecha y hora", moment(exchange.hora)], ["tardó", `${seconds(exchange.demora_us)} ms`]]));
   if (comando) {
     const own = [["secuencia", exchange.secuencia], ["byte", comando.byte]];
     const fields = comando.campos.map((field) => [field.nombre, field.valor || "vacío"]);
@@ -70,6 +74,7 @@ function takeApart(exchange) {
     apart.append(group("Respuesta", [
       [`impresora ${impresora.palabra}`, wordsOf(impresora), impresora.error ? "wrong" : ""],
       [`fiscal ${fiscal.palabra}`, wordsOf(fiscal), fiscal.error ? "wrong" : ""],
+      ...(respuesta.motivo ? [["motivo", respuesta.motivo, "wrong"]] : []),
       ...data,
     ]));
   }

@@ -4,6 +4,7 @@
 #include "program/posix/pseudo_terminal.hpp"
 #include "program/serial_device.hpp"
 #include "program/tcp_server.hpp"
+#include "wire/speed.hpp"
 
 namespace impresora {
 
@@ -13,7 +14,9 @@ std::unique_ptr<Endpoint> MakeEndpoint(asio::io_context& loop, const Options& op
   if (!options.device.empty()) {
     return std::make_unique<SerialDevice>(loop, options.device, options.baud);
   }
-  return std::make_unique<PseudoTerminal>(loop, options.link);
+  // Where the speed matters, a port that nobody has set is as slow as a serial one.
+  const bool minds = options.settings.strict && options.baud != 0;
+  return std::make_unique<PseudoTerminal>(loop, options.link, minds ? kUsualBaud : 0);
 }
 
 }  // namespace impresora

@@ -1,6 +1,7 @@
 #include "program/posix/pseudo_terminal.hpp"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/ioctl.h>
 #include <termios.h>
@@ -9,6 +10,8 @@
 #include <cstdlib>
 #include <system_error>
 #include <utility>
+
+#include "program/posix/port_speed.hpp"
 
 namespace impresora {
 namespace {
@@ -28,8 +31,12 @@ void MakeRaw(int fd) {
 
 }  // namespace
 
-PseudoTerminal::PseudoTerminal(asio::io_context& loop, std::string link)
-    : printer_side_(loop), watch_(loop), quiet_(loop), link_path_(std::move(link)) {
+PseudoTerminal::PseudoTerminal(asio::io_context& loop, std::string link, int first_baud)
+    : printer_side_(loop),
+      watch_(loop),
+      quiet_(loop),
+      first_baud_(first_baud),
+      link_path_(std::move(link)) {
   Plug();
 }
 
@@ -46,6 +53,8 @@ void PseudoTerminal::Plug() {
   host_side_ = Descriptor(open(name, O_RDWR | O_NOCTTY | O_CLOEXEC));
   if (host_side_.Get() < 0) Fail(name);
   MakeRaw(host_side_.Get());
+  if (first_baud_ != 0) SetPortSpeed(host_side_.Get(), first_baud_);
+  if (occupied_) LockPort();
   Link();
 }
 
@@ -76,6 +85,24 @@ void PseudoTerminal::Write(std::string_view bytes) {
   while (!bytes.empty() && !error) {
     bytes.remove_prefix(printer_side_.write_some(asio::buffer(bytes), error));
   }
+}
+
+// A host's settings stay with the terminal when it closes it, as with a serial port.
+int PseudoTerminal::HostBaud() const {
+  return PortSpeed(host_side_.Get());
+}
+
+bool PseudoTerminal::Occupy(bool by_another) {
+  occupied_ = by_another;
+  LockPort();
+  return true;
+}
+
+// As another till's library does: no one else may open the port, nor lock it if the system lets it in
+// all the same.
+void PseudoTerminal::LockPort() {
+  ioctl(host_side_.Get(), occupied_ ? TIOCEXCL : TIOCNXCL);
+  flock(host_side_.Get(), occupied_ ? LOCK_EX | LOCK_NB : LOCK_UN);
 }
 
 // Whoever has the old terminal open finds it dead; the next one finds a new one at the link.
@@ -120,7 +147,7 @@ void PseudoTerminal::AwaitQuiet() {
     if (error) return;
     if (Clock::now() < *quiet_at_) return AwaitQuiet();
     quiet_at_.reset();
-    ioctl(host_side_.Get(), TIOCNXCL);
+    if (!occupied_) ioctl(host_side_.Get(), TIOCNXCL);
   });
 }
 

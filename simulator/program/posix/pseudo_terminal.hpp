@@ -20,18 +20,22 @@ namespace impresora {
 class PseudoTerminal : public Endpoint {
  public:
   // `link` is the path of a symbolic link to the port, or nothing. Throws std::system_error when the
-  // system has no terminal to give or the link cannot be had.
-  PseudoTerminal(asio::io_context& loop, std::string link);
+  // system has no terminal to give or the link cannot be had. With `first_baud` the terminal has that
+  // speed until a host sets its own.
+  PseudoTerminal(asio::io_context& loop, std::string link, int first_baud = 0);
 
   std::string Port() const override { return path_; }
   void Start(LineEvents events) override;
   void Write(std::string_view bytes) override;
   void HangUp() override;
+  int HostBaud() const override;
+  bool Occupy(bool by_another) override;
 
  private:
   using Clock = std::chrono::steady_clock;
 
   void Plug();
+  void LockPort();
   void Link();
   void Read();
   void WatchForClosing();
@@ -44,6 +48,8 @@ class PseudoTerminal : public Endpoint {
   asio::posix::stream_descriptor watch_;
   asio::steady_timer quiet_;
   std::optional<Clock::time_point> quiet_at_;  // when the line will have been idle for a second
+  int first_baud_;
+  bool occupied_ = false;
   std::string link_path_;
   std::unique_ptr<PortLink> link_;
   std::string path_;

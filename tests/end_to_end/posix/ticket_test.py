@@ -66,6 +66,10 @@ class AFiscalDay(Shop):
         self.assertEqual(self.paper(), read(day))
 
 
+class AFiscalDayWithAStrictPrinter(AFiscalDay):
+    printer_flags = ["--estricta", "--baudios", "9600"]
+
+
 class AnInvoice(Shop):
     family = "TF"
 
