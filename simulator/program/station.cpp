@@ -110,13 +110,14 @@ void Station::OpenPanel(const Options& options) {
 HostLine Station::LineNow(const Options& options) const {
   const int host = endpoint_->HostBaud();
   const int minded = MindedBaud(options);
-  return {.cable = CableOf(options, endpoint_->Port()),
-          .port = endpoint_->Port(),
-          .link = options.link.empty() ? "" : std::filesystem::absolute(options.link).string(),
-          .baud = options.baud,
-          .host_baud = host,
-          .garbles = minded != 0 && host != 0 && !SoundAlike(minded, host),
-          .occupied = occupied_};
+  return {
+      .cable = CableOf(options, endpoint_->Port()),
+      .port = endpoint_->Port(),
+      .link = options.link.empty() ? "" : NameOf(std::filesystem::absolute(PathOf(options.link))),
+      .baud = options.baud,
+      .host_baud = host,
+      .garbles = minded != 0 && host != 0 && !SoundAlike(minded, host),
+      .occupied = occupied_};
 }
 
 // The line's name comes first: programs that start this one read it.

@@ -317,6 +317,7 @@ function listen() {
     waiting.push(exchange);
     frame ||= requestAnimationFrame(() => {
       trace.add(waiting);
+      if (till?.estado !== "activa") lookAtTill();
       waiting = [];
       frame = 0;
     });
