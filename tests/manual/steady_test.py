@@ -1,6 +1,7 @@
 """What the manual tells of a till's day does not depend on when, or how fast, the day was lived."""
 import pathlib
 import sys
+import types
 import unittest
 
 SOURCE = pathlib.Path(sys.argv.pop(1)).resolve()
@@ -46,6 +47,13 @@ class ADay(unittest.TestCase):
         line = steady.Line()
         told = [line.of(f" - Output : {frame(number, 'Y')}")[-3] for number in (66, 67, 40, 41)]
         self.assertEqual(told, ["0", "1", "2", "3"])
+
+    def test_is_not_told_of_where_a_call_went_wrong(self):
+        function = types.SimpleNamespace(nature="operation", done=0)
+        for result, answer, said in ((0, frame(40, "Y"), []), (1, frame(40, "Y"), ["EP_ReporteX gave 1"]), (0, "", ["EP_ReporteX had no answer"])):
+            with self.subTest(result=result, answer=answer):
+                call = till.Call("EP_ReporteX", (), result, log=[f"[21/11/2026-10:30:00] - Respuesta : {answer}"])
+                self.assertEqual(list(till.spoiled([call], {"EP_ReporteX": function})), said)
 
     def test_has_its_paper_of_the_same_moment(self):
         for text, told in (("Hora 10:30:19", "Hora 10:30:00"), ("21:31:02", "21:30:00"), ("261121213107", "261121213000"),

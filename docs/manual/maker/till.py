@@ -171,12 +171,24 @@ class Till:
                     [json.loads(line) for line in new_trace[len(trace):]], new_log[len(log):], document, rows)
 
 
+def spoiled(calls, functions):
+    """Calls that the pages must not tell of: a busy machine's printer may answer too late for the library."""
+    for call in calls:
+        function = functions[call.name]
+        if function.nature == "operation" and call.result != function.done:
+            yield f"{call.name} gave {call.result}"
+        if any(line.endswith("- Respuesta : ") for line in call.log):
+            yield f"{call.name} had no answer"
+
+
 def live(tools, manual, folder, day, functions):
     """The calls of a day, with what each did."""
     folder.mkdir(parents=True)
     (folder / "Fiscal.ini").write_text(settings(manual, {"TipoComprobante": day.family, **day.settings}), encoding="cp1252")
     with printer(tools, folder, *day.options) as panel:
         calls = in_process_of_its_own(tools, folder, day, functions, panel)
+    if wrong := list(spoiled(calls, functions)):
+        raise RuntimeError(f"the day {day.name} went wrong: {', '.join(wrong)}")
     drawn = sorted((folder / "papel").glob("*.svg"))
     for call in calls:
         if call.rows:
