@@ -51,9 +51,6 @@ def setUpModule():
     browser.install(panel_page_test.FOLDER)
 
 
-# Told once, for the program of this system.
-del panel_page_test.ThePicture
-
 if __name__ == "__main__":
     assert ENV
     unittest.main()
