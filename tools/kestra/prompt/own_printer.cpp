@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "program/driver.hpp"
+#include "program/line_speed.hpp"
 #include "program/seat.hpp"
 #include "program/system_clock.hpp"
 #include "program/tcp_server.hpp"
@@ -17,7 +18,8 @@ class OwnPrinter::Works {
       : session_(settings, clock_),
         seat_(session_),
         server_(loop_, {}),
-        driver_(loop_, seat_, server_, [] {}),
+        speed_(server_, 0, [](const std::string&) {}),
+        driver_(loop_, seat_, server_, speed_, [] {}),
         roll_(settings.PaperColumns()) {
     session_.GetPrinter().SetTime(clock_.LocalSeconds());
     session_.Attach(roll_);
@@ -62,6 +64,7 @@ class OwnPrinter::Works {
   impresora::Session session_;
   impresora::SeatOf<impresora::Session> seat_;
   impresora::TcpServer server_;
+  impresora::LineSpeed speed_;
   impresora::Driver driver_;
   Roll roll_;
   std::thread thread_;
