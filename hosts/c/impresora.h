@@ -56,6 +56,7 @@ static inline int kestra_es_virtual(const char *dispositivo) {
 static inline void kestra_exigir_impresora_virtual(int argc, char **argv) {
   int i, alguna = 0, todas = 1;
   char linea[4096], clave[64], valor[4096];
+  const char *otro;
   FILE *ini;
   for (i = 1; i < argc; ++i)
     if (strcmp(argv[i], "--impresora-real") == 0) return;
@@ -71,7 +72,8 @@ static inline void kestra_exigir_impresora_virtual(int argc, char **argv) {
     todas = todas && kestra_es_virtual(valor);
   }
   if (ini) fclose(ini);
-  if (alguna && todas) return;
+  otro = getenv("KESTRA_DISPOSITIVO"); /* se antepone a Fiscal.ini: con ella no */
+  if (alguna && todas && !(otro && *otro)) return;
   fputs("La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.\n", stderr);
   exit(2);
 }

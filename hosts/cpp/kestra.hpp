@@ -281,7 +281,8 @@ inline void exigir_impresora_virtual(int argc, char** argv) {
     std::smatch partes;
     for (std::string linea; std::getline(ini, linea);)
         if (std::regex_match(linea, partes, clave)) alguna = true, todas = todas && es_virtual(partes[1]);
-    if (alguna && todas) return;
+    const char* otro = std::getenv("KESTRA_DISPOSITIVO");  // se antepone a Fiscal.ini: con ella no
+    if (alguna && todas && !(otro && *otro)) return;
     std::cerr << "La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.\n";
     std::exit(2);
 }

@@ -291,7 +291,8 @@ namespace KestraFiscal
                 alguna = true;
                 todas = todas && EsVirtual(clave.Groups[1].Value.Trim());
             }
-            if (alguna && todas) return;
+            // KESTRA_DISPOSITIVO se antepone a Fiscal.ini: si está, no es por él.
+            if (alguna && todas && string.IsNullOrEmpty(Environment.GetEnvironmentVariable("KESTRA_DISPOSITIVO"))) return;
             Console.Error.WriteLine("La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.");
             Environment.Exit(2);
         }

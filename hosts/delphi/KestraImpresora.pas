@@ -626,7 +626,8 @@ begin
     end;
     CloseFile(Ini);
   end;
-  if Alguna and Todas then
+  // KESTRA_DISPOSITIVO se antepone a Fiscal.ini: si está, no es por él.
+  if Alguna and Todas and (GetEnvironmentVariable('KESTRA_DISPOSITIVO') = '') then
     Exit;
   WriteLn(ErrOutput, 'La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.');
   Halt(2);

@@ -33,7 +33,8 @@ func ExigirImpresoraVirtual() {
 			}
 		}
 	}
-	if !alguna || !todas {
+	// La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
+	if !alguna || !todas || os.Getenv("KESTRA_DISPOSITIVO") != "" {
 		fmt.Fprintln(os.Stderr, "La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.")
 		os.Exit(2)
 	}

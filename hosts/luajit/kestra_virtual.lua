@@ -44,7 +44,8 @@ function v.exigir_impresora_virtual(argumentos)
   for _, argumento in ipairs(argumentos) do
     if argumento == "--impresora-real" then return end
   end
-  if v.impresora_virtual() then return end
+  -- La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
+  if (os.getenv("KESTRA_DISPOSITIVO") or "") == "" and v.impresora_virtual() then return end
   io.stderr:write("La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.\n")
   os.exit(2)
 end

@@ -21,7 +21,8 @@ function dispositivoVirtual(dispositivo) {
 
 // Termina el programa con 2, salvo con una impresora virtual o con --impresora-real entre los argumentos.
 export function exigirImpresoraVirtual(argumentos) {
-  if (argumentos.includes('--impresora-real') || impresoraVirtual()) return;
+  // La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
+  if (argumentos.includes('--impresora-real') || (!process.env.KESTRA_DISPOSITIVO && impresoraVirtual())) return;
   console.error('La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.');
   process.exit(2);
 }

@@ -8,6 +8,7 @@ import re
 import shutil
 import subprocess
 import tempfile
+import unittest.mock
 
 import manual_calls
 from languages import LANGUAGES
@@ -104,6 +105,9 @@ class HostShop(Shop):
                 self.assertEqual((shop.returncode, shop.stdout), (2, ""), shop.stderr)
                 self.assertIn("--impresora-real", shop.stderr)
                 self.assertEqual(len(shop.stderr.splitlines()), 1)
+        with unittest.mock.patch.dict(self.language.environment, KESTRA_DISPOSITIVO="/dev/ttyS0"):
+            self.write_settings()
+            self.assertEqual(self.run_shop().returncode, 2, "does not see what goes before the file")
         self.write_settings(ImpresoraDispositivo="/dev/ttyS0")
         self.put_first("[Otra]\nImpresoraDispositivo=" + NOBODY)
         self.assertEqual(self.run_shop().returncode, 2, "believes another section")

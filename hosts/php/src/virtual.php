@@ -21,7 +21,8 @@ function dispositivoVirtual(string $dispositivo): bool
 /** Termina el programa con 2, salvo con una impresora virtual o con --impresora-real entre los argumentos. */
 function exigirImpresoraVirtual(array $argumentos): void
 {
-    if (in_array('--impresora-real', $argumentos, true) || impresoraVirtual()) {
+    // La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
+    if (in_array('--impresora-real', $argumentos, true) || (!getenv('KESTRA_DISPOSITIVO') && impresoraVirtual())) {
         return;
     }
     fwrite(STDERR, "La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.\n");

@@ -26,6 +26,7 @@ def dispositivo_virtual(dispositivo):
 
 def exigir_impresora_virtual(argumentos):
     """Termina el programa con 2, salvo con una impresora virtual o con --impresora-real entre los argumentos."""
-    if "--impresora-real" not in argumentos and not impresora_virtual():
+    # La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
+    if "--impresora-real" not in argumentos and (os.environ.get("KESTRA_DISPOSITIVO") or not impresora_virtual()):
         print("La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.", file=sys.stderr)
         sys.exit(2)

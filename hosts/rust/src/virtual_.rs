@@ -13,7 +13,9 @@ pub fn exigir_impresora_virtual() {
         .filter(|(clave, _)| clave.trim().eq_ignore_ascii_case("ImpresoraDispositivo"))
         .map(|(_, valor)| valor.trim())
         .collect();
-    if dispositivos.is_empty() || !dispositivos.into_iter().all(es_virtual) {
+    // La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
+    let otro = std::env::var_os("KESTRA_DISPOSITIVO").map_or(false, |valor| !valor.is_empty());
+    if otro || dispositivos.is_empty() || !dispositivos.into_iter().all(es_virtual) {
         eprintln!("La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.");
         std::process::exit(2);
     }

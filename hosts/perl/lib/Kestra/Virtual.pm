@@ -26,7 +26,8 @@ sub dispositivo_virtual {
 
 # Termina el programa con 2, salvo con una impresora virtual o con --impresora-real entre los argumentos.
 sub exigir_impresora_virtual {
-    return if impresora_virtual() || grep { $_ eq '--impresora-real' } @_;
+    # La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
+    return if (!$ENV{KESTRA_DISPOSITIVO} && impresora_virtual()) || grep { $_ eq '--impresora-real' } @_;
     print STDERR "La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.\n";
     exit 2;
 }

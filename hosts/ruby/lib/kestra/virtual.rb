@@ -20,7 +20,8 @@ module Kestra
 
   # Termina el programa con 2, salvo con una impresora virtual o con --impresora-real entre los argumentos.
   def self.exigir_impresora_virtual(argumentos)
-    return if argumentos.include?('--impresora-real') || impresora_virtual?
+    # La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
+    return if argumentos.include?('--impresora-real') || (ENV.fetch('KESTRA_DISPOSITIVO', '').empty? && impresora_virtual?)
 
     warn 'La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.'
     exit 2

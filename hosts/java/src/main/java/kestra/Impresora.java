@@ -339,7 +339,8 @@ public final class Impresora implements AutoCloseable {
         } catch (IOException sinArchivo) {
             alguna = false;
         }
-        if (!alguna || !todas) {
+        String otro = System.getenv("KESTRA_DISPOSITIVO"); // se antepone a Fiscal.ini: con ella no
+        if (!alguna || !todas || otro != null && !otro.isEmpty()) {
             System.err.println("La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.");
             System.exit(2);
         }
