@@ -56,6 +56,15 @@ class AnyCommand(Tool):
         self.assertIn(self.path("otra"), ended.stdout)
         self.assertIn("no se puede entrar", self.kestra("estado", "--carpeta", "ninguna", ends_with=4).stderr)
 
+    def test_goes_where_the_environment_leads(self):
+        device = self.device
+        self.ini(ImpresoraDispositivo="/dev/ttyUSB77")
+        os.environ["KESTRA_DISPOSITIVO"] = device
+        self.addCleanup(os.environ.pop, "KESTRA_DISPOSITIVO")
+        said = self.told("diagnostico")
+        self.assertEqual(said["veredicto"], "bien")
+        self.assertIn("KESTRA_DISPOSITIVO", said["secciones"][1]["datos"]["dispositivo"])
+
     def test_tells_a_silent_port_in_json_too(self):
         self.ini(ImpresoraDispositivo="/dev/ttyUSB77")
         for command in COMMANDS[1:5]:

@@ -11,6 +11,7 @@
 #include "platform/seam/port_fault.hpp"
 #include "platform/shared/ports.hpp"
 #include "printer.hpp"
+#include "this_system.hpp"
 #include "words.hpp"
 
 namespace kestra::tool {
@@ -218,7 +219,10 @@ void LookAtDevice(Diagnosis& diagnosis, const Way& way) {
   constexpr int kGoodLatency = 4;
   diagnosis.Section("Puerto");
   const auto device = DeviceOf(way);
-  diagnosis.Fact("dispositivo", Utf8FromAnsi(device));
+  const bool instead = !DeviceInstead().empty();
+  diagnosis.Fact("dispositivo",
+                 Utf8FromAnsi(device) +
+                     (instead ? ", por la variable KESTRA_DISPOSITIVO y no por Fiscal.ini" : ""));
   if (IsNetwork(way)) return;
   const auto port = AboutPort(device);
   diagnosis.Fact("es", InWords(port));

@@ -22,7 +22,8 @@ std::optional<std::int16_t> NumberOf(const std::string& text) {
 }  // namespace
 
 Way ReadWay() {
-  return {.device = ReadSetting("ImpresoraDispositivo"),
+  const auto instead = DeviceInstead();
+  return {.device = instead.empty() ? ReadSetting("ImpresoraDispositivo") : instead,
           .number = ReadSetting("ImpresoraPuerto"),
           .speed = ReadSetting("ImpresoraConfig"),
           .family = ReadSetting("TipoComprobante"),

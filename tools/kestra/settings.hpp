@@ -8,9 +8,9 @@
 
 namespace kestra::tool {
 
-// What Fiscal.ini of the current folder says of the way to the printer, as the library reads it.
+// What Fiscal.ini of the current folder and the environment say of the way to the printer, as the library reads them.
 struct Way {
-  std::string device;  // ImpresoraDispositivo
+  std::string device;  // ImpresoraDispositivo, or what the environment names in its place
   std::string number;  // ImpresoraPuerto
   std::string speed;   // ImpresoraConfig
   std::string family;  // TipoComprobante

@@ -22,6 +22,10 @@ bool OutputIsTerminal();
 // The value of a key of Fiscal.ini as the library reads it, in windows-1252; empty when there is none.
 std::string ReadSetting(std::string_view key);
 
+// The device that the environment names for the library in place of the one of Fiscal.ini, in windows-1252; or
+// nothing.
+std::string DeviceInstead();
+
 // The files of the current folder that the library might take for Fiscal.ini, the one that it takes first; then
 // those elsewhere that the system may put in its place.
 std::vector<std::string> SettingsFiles();

@@ -11,6 +11,8 @@ STEADY = (
     (re.compile(r"\d\d/\d\d/\d{4} \d\d:\d\d:\d\d"), "21/11/2026 10:30:00"),
     (re.compile(r"/dev/pts/\d+"), "/dev/pts/4"),
     (re.compile(r"\b0\.\d{3} s\b"), "0.010 s"),
+    (re.compile(r"\b5\.\d{3} s\b"), "5.000 s"),
+    (re.compile(r"(otros puertos +).*"), r"\1/dev/ttyS0"),
     (re.compile(r"\b\d+ MB\b"), "58304 MB"),
     (re.compile(r"(permiso +).*"), r"\1sí; es de caja, grupo dialout; este usuario es caja"),
     (re.compile(r"(, (?:adelanta|atrasa) \d+ s)\b"), ""),

@@ -9,11 +9,13 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <system_error>
 
 #include "platform/posix/files.hpp"
+#include "platform/seam/platform.hpp"
 #include "words.hpp"
 
 namespace kestra::tool {
@@ -48,6 +50,11 @@ bool OutputIsTerminal() {
 
 std::string ReadSetting(std::string_view key) {
   return PosixProfile().Read("Epson_Fiscal", key, ".\\Fiscal.ini");
+}
+
+std::string DeviceInstead() {
+  const char* const device = std::getenv(kDeviceVariable);
+  return device == nullptr ? std::string() : device;
 }
 
 std::vector<std::string> SettingsFiles() {

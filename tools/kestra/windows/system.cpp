@@ -8,6 +8,7 @@
 #include <array>
 
 #include "base/code_page.hpp"
+#include "platform/seam/platform.hpp"
 #include "platform/shared/text.hpp"
 #include "platform/windows/files.hpp"
 #include "platform/windows/handle.hpp"
@@ -73,6 +74,10 @@ bool OutputIsTerminal() {
 
 std::string ReadSetting(std::string_view key) {
   return WindowsProfile().Read("Epson_Fiscal", key, ".\\Fiscal.ini");
+}
+
+std::string DeviceInstead() {
+  return AnsiFromUtf8(Variable(WideFromAnsi(kDeviceVariable).c_str()));
 }
 
 std::vector<std::string> SettingsFiles() {
