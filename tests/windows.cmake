@@ -43,8 +43,8 @@ foreach(story paper_test faults_test accidents_test network_test windows_printer
   kestra_story(end_to_end.${story} end_to_end/windows -m unittest -v ${story})
 endforeach()
 
-# The tool for the shop.
-if(TARGET kestra_tool)
+# The tool for the shop. Half of the time it waits for the printer's clock: one width is enough.
+if(TARGET kestra_tool AND CMAKE_SIZEOF_VOID_P EQUAL 4)
   kestra_story(tools.windows_tool_test tool/windows -m unittest -v windows_tool_test)
 endif()
 

@@ -13,14 +13,14 @@ COMMANDS = ["diagnostico", "estado", "numeracion", "reloj", "modelo", "resolver"
 
 
 class Tool(BrokenShop):
-    def kestra(self, *words, ends_with=0):
-        ended = subprocess.run([ENV["KESTRA_TOOL"], *words], cwd=self.folder, capture_output=True, text=True, check=False,
-                               stdin=subprocess.DEVNULL, timeout=120)
+    def kestra(self, *words, ends_with=0, **variables):
+        ended = subprocess.run([ENV["KESTRA_TOOL"], *words], cwd=self.folder, env=dict(ENV, **variables), capture_output=True,
+                               text=True, check=False, stdin=subprocess.DEVNULL, timeout=120)
         self.assertEqual(ended.returncode, ends_with, ended.stdout + ended.stderr)
         return ended
 
-    def told(self, *words, ends_with=0):
-        return json.loads(self.kestra(*words, "--json", ends_with=ends_with).stdout)
+    def told(self, *words, ends_with=0, **variables):
+        return json.loads(self.kestra(*words, "--json", ends_with=ends_with, **variables).stdout)
 
 
 class AnyCommand(Tool):
@@ -59,9 +59,7 @@ class AnyCommand(Tool):
     def test_goes_where_the_environment_leads(self):
         device = self.device
         self.ini(ImpresoraDispositivo="/dev/ttyUSB77")
-        os.environ["KESTRA_DISPOSITIVO"] = device
-        self.addCleanup(os.environ.pop, "KESTRA_DISPOSITIVO")
-        said = self.told("diagnostico")
+        said = self.told("diagnostico", KESTRA_DISPOSITIVO=device)
         self.assertEqual(said["veredicto"], "bien")
         self.assertIn("KESTRA_DISPOSITIVO", said["secciones"][1]["datos"]["dispositivo"])
 
