@@ -291,7 +291,7 @@ namespace KestraFiscal
                 alguna = true;
                 todas = todas && EsVirtual(clave.Groups[1].Value.Trim());
             }
-            // KESTRA_DISPOSITIVO se antepone a Fiscal.ini: si está, no es por él.
+            // La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
             if (alguna && todas && string.IsNullOrEmpty(Environment.GetEnvironmentVariable("KESTRA_DISPOSITIVO"))) return;
             Console.Error.WriteLine("La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.");
             Environment.Exit(2);

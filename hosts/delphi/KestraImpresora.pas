@@ -626,7 +626,7 @@ begin
     end;
     CloseFile(Ini);
   end;
-  // KESTRA_DISPOSITIVO se antepone a Fiscal.ini: si está, no es por él.
+  // La variable KESTRA_DISPOSITIVO se antepone a Fiscal.ini: con ella no.
   if Alguna and Todas and (GetEnvironmentVariable('KESTRA_DISPOSITIVO') = '') then
     Exit;
   WriteLn(ErrOutput, 'La impresora de Fiscal.ini no es virtual: para usarla igual, --impresora-real.');
