@@ -22,7 +22,7 @@ RUN_TIME_32 = r"x86/.*\.(dll|exe)$"
 PRINTER = r"impresora-virtual(\.exe)?$"
 WITH_JSON = r"(impresora-virtual|kestra)(\.exe)?$"
 HEADERS = (
-    ("asio", "libasio-dev", "network and serial lines", PRINTER),
+    ("asio", "libasio-dev", "network and serial lines", WITH_JSON),
     ("nlohmann-json", "nlohmann-json3-dev", "JSON", WITH_JSON),
     ("boost", "libboost1.74-dev", "HTTP (Beast)", PRINTER),
     ("stb", "libstb-dev", "pictures", PRINTER),
