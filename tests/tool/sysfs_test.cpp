@@ -2,6 +2,7 @@
 #include "posix/sysfs.hpp"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -49,7 +50,7 @@ class AMachine : public testing::Test {
     fs::create_symlink(root_ + device, root_ + "/sys/class/tty/" + name + "/device");
   }
 
-  std::string root_ = fs::absolute("machine").string();
+  std::string root_ = fs::absolute("machine-" + std::to_string(::getpid())).string();
 };
 
 TEST_F(AMachine, HasThePortsWithACircuit) {

@@ -45,8 +45,9 @@ bool MaySucceed(const CallRecord& call, const Strike& strike) {
   const bool log = Strikes(strike, Point::kLog) || Strikes(strike, Point::kDate) ||
                    Strikes(strike, Point::kTimeText) || Strikes(strike, Point::kJournal) ||
                    strike.target == kMemory;
-  // A record's moment.
-  const bool moment = Strikes(strike, Point::kTimeOfDay) && call.patience > 0;
+  // A record's moment; a start writes one in the base mode too, and waits for nobody.
+  const bool moment =
+      Strikes(strike, Point::kTimeOfDay) && (call.patience > 0 || call.name == "EP_Init");
   // A bad key is shown to the operator, and the start goes on.
   const bool key = call.name == "EP_Init" && Strikes(strike, Point::kProfile) &&
                    strike.ailment == Ailment::kFalla;
