@@ -51,8 +51,7 @@ WebServer::~WebServer() {
 
 void WebServer::Start() {
   thread_ = std::thread([this] {
-    door_.Receive(
-        [this](std::shared_ptr<Connection> connection) { Welcome(std::move(connection)); });
+    door_.Receive([this](const std::shared_ptr<Connection>& connection) { Welcome(connection); });
   });
 }
 
@@ -64,7 +63,7 @@ void WebServer::Stop() {
 }
 
 // Who finds no room gets a short word of regret.
-void WebServer::Welcome(std::shared_ptr<Connection> connection) {
+void WebServer::Welcome(const std::shared_ptr<Connection>& connection) {
   if (workers_.Take([this, connection] { Serve(*connection); })) return;
   Refuse(*connection, kTooMany);
   connection->Finish(kShortMoment);

@@ -31,7 +31,7 @@ class WebServer {
   const OwnAddress& Own() const { return own_; }
 
  private:
-  void Welcome(std::shared_ptr<Connection> connection);
+  void Welcome(const std::shared_ptr<Connection>& connection);
   void Serve(Connection& connection) const;
   bool Answer(Connection& connection) const;
   bool AnswerRequest(Connection& connection, const Head& head) const;
