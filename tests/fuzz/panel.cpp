@@ -1,6 +1,7 @@
 // The panel's requests from their first byte on: head, gate, HTTP library and the answers to every
 // address, without sockets.
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -12,6 +13,8 @@
 #include "panel/head.hpp"
 #include "panel/http.hpp"
 #include "panel/json_text.hpp"
+#include "panel/kept_recording.hpp"
+#include "panel/panel.hpp"
 
 namespace impresora::fuzzing {
 namespace {
@@ -44,10 +47,17 @@ class Desk {
       : session_(Settings{}, clock_),
         history_(feed_),
         loop_([](const std::function<void()>& work) { work(); }),
-        api_(session_, history_, feed_, loop_, [this] { session_.PowerCycle(); }) {
+        api_({.session = session_,
+              .post = [](const std::function<void()>& work) { work(); },
+              .power_cycle = [this] { session_.PowerCycle(); }},
+             history_, recording_, feed_, loop_) {
     session_.Attach(history_);
+    session_.Attach(recording_);
   }
-  ~Desk() { session_.Detach(history_); }
+  ~Desk() {
+    session_.Detach(recording_);
+    session_.Detach(history_);
+  }
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;
 
@@ -68,6 +78,7 @@ class Desk {
   Session session_;
   Feed feed_;
   History history_;
+  KeptRecording recording_{64 << 10};
   LoopCalls loop_;
   Api api_;
   Micros now_ = std::chrono::hours(1);
