@@ -23,7 +23,7 @@ TYPE = re.compile(r"\b(?:class|struct|union|enum(?:\s+class)?)\s+(\w+)")
 ALIAS = re.compile(r"^\s*using\s+(\w+)\s*=[^;]+", re.M)
 
 root = pathlib.Path(__file__).resolve().parents[1]
-ROOTS = [root / folder for folder in ("src", "include", "tests", "simulator", "simulator/program", "bench")]
+ROOTS = [root / folder for folder in ("src", "include", "tests", "simulator", "simulator/program", "door", "bench")]
 TWINS = [root / "tests/contract" / system for system in ("posix", "windows")]  # One is looked into, by the build's system.
 
 

@@ -48,6 +48,10 @@ printer_packages=(
   libasio-dev libboost-dev libedit-dev nlohmann-json3-dev libsqlite3-dev libstb-dev fonts-dejavu-core
 )
 
+# What the door has beside them: TLS.
+# shellcheck disable=SC2034
+door_packages=(libssl-dev)
+
 # SQLite in one source, for the Windows printer: Debian has it as a library for its own system only. An npm package
 # carries it within; this is the one that was looked at.
 sqlite_package=better-sqlite3@12.11.1

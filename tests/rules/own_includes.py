@@ -59,7 +59,7 @@ root = pathlib.Path(sys.argv[1]).resolve()
 def resolved(path, name):
     """Where a quoted name lies: beside the one who includes it, or under one of the roots."""
     folders = [path.parent, *(root / folder for folder in ("src", "include", "tests", "simulator",
-                                                           "simulator/program", "bench")), *path.parents]
+                                                           "simulator/program", "door", "bench")), *path.parents]
     return next((folder / name for folder in folders
                  if folder.is_relative_to(root) and (folder / name).is_file()), None)
 

@@ -1,0 +1,15 @@
+# What the door cannot do without beside the virtual printer's libraries: TLS, on Linux. What it can do without says so
+# in the summary.
+if(NOT TARGET kestra_sqlite)
+  include(cmake/printer_needs.cmake)
+endif()
+find_package(Threads REQUIRED)
+if(NOT WIN32)
+  find_package(OpenSSL QUIET)
+  if(NOT OPENSSL_FOUND)
+    message(FATAL_ERROR "The door cannot be built here: install libssl-dev, or configure with -DKESTRA_BUILD_DOOR=OFF.")
+  endif()
+  set_property(GLOBAL APPEND PROPERTY KESTRA_FEATURES "the door's TLS: OpenSSL ${OPENSSL_VERSION}")
+else()
+  set_property(GLOBAL APPEND PROPERTY KESTRA_FEATURES "the door's TLS: no - on Windows it stays on this machine")
+endif()

@@ -1,0 +1,9 @@
+#include "worker/worker.hpp"
+
+namespace puerta {
+
+int RunWorker() {
+  return 1;
+}
+
+}  // namespace puerta
