@@ -1,10 +1,11 @@
 #include "sale/check.hpp"
 
+#include "sale/plan.hpp"
+
 namespace puerta {
 
-std::vector<FieldError> Check(std::string_view, const Json& body, const Json&) {
-  if (!body.is_object()) return {{.pointer = "", .message = "se espera un objeto"}};
-  return {};
+std::vector<FieldError> Check(std::string_view operation, const Json& body, const Json& facts) {
+  return PlanOf(operation, body, ReadFacts(facts)).errors;
 }
 
 }  // namespace puerta
