@@ -50,7 +50,7 @@ printer_packages=(
 
 # What the door has beside them: TLS.
 # shellcheck disable=SC2034
-door_packages=(libssl-dev)
+door_packages=(libssl-dev libmosquitto-dev)
 
 # SQLite in one source, for the Windows printer: Debian has it as a library for its own system only. An npm package
 # carries it within; this is the one that was looked at.

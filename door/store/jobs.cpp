@@ -62,13 +62,9 @@ std::string_view WordsOf(State state) {
 }
 
 Acceptance StoreFile::Accept(const Request& request, Moment now, Events events) {
-  {
-    Query find = database_.Use("SELECT * FROM trabajos WHERE caja = ? AND clave = ?");
-    find.Bind(request.till).Bind(request.key);
-    if (std::optional<Job> known = One(find)) {
-      const Novelty novelty = SameRequest(*known, request) ? Novelty::kKnown : Novelty::kOtherBody;
-      return {novelty, *std::move(known)};
-    }
+  if (std::optional<Job> known = FindKey(request.till, request.key)) {
+    const Novelty novelty = SameRequest(*known, request) ? Novelty::kKnown : Novelty::kOtherBody;
+    return {novelty, *std::move(known)};
   }
   Transaction transaction(database_);
   Query insert = database_.Use(
@@ -133,6 +129,12 @@ bool StoreFile::Changed(Transaction& transaction, Events events, Moment now) {
 std::optional<Job> StoreFile::Find(std::int64_t number) {
   Query find = database_.Use("SELECT * FROM trabajos WHERE numero = ?");
   find.Bind(number);
+  return One(find);
+}
+
+std::optional<Job> StoreFile::FindKey(std::string_view till, std::string_view key) {
+  Query find = database_.Use("SELECT * FROM trabajos WHERE caja = ? AND clave = ?");
+  find.Bind(till).Bind(key);
   return One(find);
 }
 

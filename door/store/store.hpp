@@ -116,6 +116,7 @@ class Store {
                       Events events = {}) = 0;
 
   virtual std::optional<Job> Find(std::int64_t number) = 0;
+  virtual std::optional<Job> FindKey(std::string_view till, std::string_view key) = 0;
   virtual std::optional<Job> Next(std::string_view printer) = 0;  // the oldest in the queue
   virtual std::int64_t Waiting(std::string_view printer) = 0;     // how many are in the queue
 

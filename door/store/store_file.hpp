@@ -34,6 +34,7 @@ class StoreFile : public Store {
   bool Cancel(std::int64_t number, std::string_view answer, Moment now, Events events) override;
 
   std::optional<Job> Find(std::int64_t number) override;
+  std::optional<Job> FindKey(std::string_view till, std::string_view key) override;
   std::optional<Job> Next(std::string_view printer) override;
   std::int64_t Waiting(std::string_view printer) override;
   std::vector<Job> Interrupted(std::string_view printer) override;

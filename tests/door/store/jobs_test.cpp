@@ -26,6 +26,8 @@ TEST(Jobs, AKeyIsTakenOnce) {
   EXPECT_EQ(again.job.number, first.job.number);
   EXPECT_EQ(again.job.accepted, At(0));
   EXPECT_EQ(shop->Waiting("caja1"), 1);
+  EXPECT_EQ(shop->FindKey("t1", "k1").value().number, first.job.number);
+  EXPECT_FALSE(shop->FindKey("t2", "k1").has_value());
 }
 
 TEST(Jobs, WhatElseCannotComeUnderAKey) {
