@@ -17,8 +17,8 @@ void PlanDocument(const Json& body, const Facts& facts, Plan& plan) {
   if (!plan.errors.empty()) return;
   plan.calls = CallsOf(sale);
   plan.counter = CounterOf(sale.kind->name, sale.letter);
-  plan.told["comprobante"] = {{"tipo", sale.kind->name}, {"letra", sale.letter}};
-  if (sale.kind->sells) plan.told["comprobante"]["total"] = FixedText(total.amount, 2);
+  plan.told = {{"tipo", sale.kind->name}, {"letra", sale.letter}};
+  if (sale.kind->sells) plan.told["total"] = FixedText(total.amount, 2);
 }
 
 // ---- Dates ----
@@ -104,7 +104,7 @@ void PlanReport(const Json& body, const Facts&, Plan& plan) {
   if (report == nullptr && !type.empty()) part.Wrong("tipo", "se espera x, z, fechas o numeros");
   if (report == nullptr) return;
   report->plan(part, plan);
-  plan.told["informe"] = {{"tipo", type}};
+  plan.told["tipo"] = type;
   part.NoteUnknown();
 }
 
