@@ -6,7 +6,7 @@
 
 namespace puerta {
 
-enum class Sign { kConnected, kLost, kAcknowledged };
+enum class Sign { kConnected, kLost, kAcknowledged, kReceived };
 
 // What came from the broker. `refused` of an acknowledgement: it has not taken the letter.
 struct Happening {
@@ -14,7 +14,7 @@ struct Happening {
   int letter = 0;
   bool refused = false;
   bool nobody_listens = false;
-  std::string words{};  // of what went wrong, for a person
+  std::string words{};  // of what went wrong, for a person; of kReceived, what came
 };
 
 // The connection to a broker, as the courier needs it: the world, which a test replaces.
@@ -31,6 +31,9 @@ class Broker {
 
   // The number under which it will be acknowledged; 0 when it cannot be sent.
   virtual int Send(const std::string& topic, const std::string& payload) = 0;
+
+  // What comes under it is told as kReceived.
+  virtual void Subscribe(const std::string& topic) = 0;
 
   // Until something comes, somebody calls, or the time is over.
   virtual std::vector<Happening> Wait(std::chrono::milliseconds most) = 0;

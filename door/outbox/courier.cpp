@@ -13,6 +13,8 @@ constexpr milliseconds kFirstPause = seconds{1};
 constexpr milliseconds kLongestPause = seconds{60};
 // A connection on which nothing is acknowledged is none.
 constexpr milliseconds kPatience = seconds{60};
+// The far end may be busy, or its word was lost: then it gets all that it has not confirmed once more.
+constexpr milliseconds kPatienceForReceipts = seconds{300};
 // Should a call be missed, nothing waits longer than this.
 constexpr milliseconds kRounds = seconds{5};
 
@@ -61,8 +63,9 @@ void Courier::SendWhatMay() {
       if (now - lane.since >= kPatience) return Lose("el servidor no confirma lo que recibe");
       continue;
     }
+    MindReceipts(lane);
     if (now < lane.not_before) continue;
-    std::optional<Letter> letter = box_.Oldest(printer);
+    std::optional<Letter> letter = box_.Oldest(printer, lane.sent);
     if (!letter) continue;
     lane.number = broker_.Send(TopicOf(settings_, *letter), PayloadOf(settings_, *letter));
     if (lane.number == 0) return Lose("no se pudo enviar");
@@ -76,8 +79,10 @@ void Courier::Hear(const Happening& happening) {
     case Sign::kConnected:
       trying_ = false;
       state_.connected = true;
-      Tell("");
-      return;
+      if (settings_.waits_for_receipt) broker_.Subscribe(ReceiptsOf(settings_));
+      return Tell("");
+    case Sign::kReceived:
+      return HearReceipt(happening.words);
     case Sign::kLost:
       return Lose(happening.words);
     case Sign::kAcknowledged:
@@ -97,11 +102,40 @@ void Courier::HearAcknowledgement(const Happening& happening) {
     return Tell(happening.refused ? "el servidor rechaza: " + happening.words
                                   : "nadie escucha en el servidor");
   }
-  box_.Forget(lane.letter);
+  if (settings_.waits_for_receipt) {
+    if (lane.unread.empty()) lane.unread_since = broker_.Now();
+    lane.unread.emplace(lane.letter.key, lane.letter.id);
+    lane.sent = lane.letter.id;
+  } else {
+    box_.Forget(found->first, lane.letter.id);
+  }
   lane.pause = {};
   pause_ = {};
   ++state_.delivered;
   Tell("");
+}
+
+// {"claves": [...]}: from far away, so that anything may stand there.
+void Courier::HearReceipt(const std::string& text) {
+  const Json receipt = Json::parse(text, nullptr, false);
+  if (!receipt.is_object() || !receipt.contains("claves")) return;
+  for (const Json& key : receipt["claves"]) {
+    if (!key.is_string()) continue;
+    for (auto& [printer, lane] : lanes_) {
+      const auto found = lane.unread.find(key.get_ref<const std::string&>());
+      if (found == lane.unread.end()) continue;
+      box_.Forget(printer, found->second);
+      lane.unread.erase(found);
+      lane.unread_since = broker_.Now();
+    }
+  }
+}
+
+void Courier::MindReceipts(Lane& lane) {
+  if (lane.unread.empty() || broker_.Now() - lane.unread_since < kPatienceForReceipts) return;
+  lane.unread.clear();
+  lane.sent = 0;
+  Tell("la central no acusa recibo");
 }
 
 void Courier::Lose(const std::string& words) {

@@ -40,6 +40,9 @@ class Courier {
     int number = 0;  // 0: nothing is under way
     Letter letter{};
     Milliseconds since{};
+    std::int64_t sent = 0;                         // up to this letter the broker has them
+    std::map<std::string, std::int64_t> unread{};  // by their keys: the far end has not said so
+    Milliseconds unread_since{};
     Milliseconds not_before{};
     Milliseconds pause{};
   };
@@ -49,6 +52,8 @@ class Courier {
   void SendWhatMay();
   void Hear(const Happening& happening);
   void HearAcknowledgement(const Happening& happening);
+  void HearReceipt(const std::string& text);
+  void MindReceipts(Lane& lane);
   void Lose(const std::string& words);
   void Tell(const std::string& trouble);
   Milliseconds UntilNext();

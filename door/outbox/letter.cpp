@@ -39,6 +39,10 @@ std::string TopicOf(const OutboxSettings& settings, const Letter& letter) {
   return settings.prefix + "/v1/" + settings.shop + "/" + Level(letter.printer) + "/" + letter.kind;
 }
 
+std::string ReceiptsOf(const OutboxSettings& settings) {
+  return settings.prefix + "/v1/" + settings.shop + "/+/acuse";
+}
+
 std::string PayloadOf(const OutboxSettings& settings, const Letter& letter) {
   return LineOf({{"esquema", kSchema},
                  {"clave", letter.key},

@@ -21,6 +21,9 @@ struct Letter {
 // PREFIX/v1/SHOP/PRINTER/KIND; "-" is the printer of what the door itself has to say.
 std::string TopicOf(const OutboxSettings& settings, const Letter& letter);
 
+// Under which the far end says what it has.
+std::string ReceiptsOf(const OutboxSettings& settings);
+
 // README.md has the shape, esquema.json what a program can check.
 std::string PayloadOf(const OutboxSettings& settings, const Letter& letter);
 

@@ -16,12 +16,12 @@ std::vector<std::string> LetterBox::Printers() {
   return printers;
 }
 
-std::optional<Letter> LetterBox::Oldest(std::string_view printer) {
+std::optional<Letter> LetterBox::Oldest(std::string_view printer, std::int64_t behind) {
   Query find = database_.Use(
       "SELECT e.id, e.impresora, e.clase, e.momento, e.datos, e.secuencia, e.clave "
       "FROM salida AS s JOIN eventos AS e ON e.id = s.evento "
-      "WHERE s.impresora = ? ORDER BY s.evento LIMIT 1");
-  find.Bind(printer);
+      "WHERE s.impresora = ? AND s.evento > ? ORDER BY s.evento LIMIT 1");
+  find.Bind(printer).Bind(behind);
   if (!find.Step()) return std::nullopt;
   Letter letter;
   letter.id = find.Number();
@@ -34,10 +34,10 @@ std::optional<Letter> LetterBox::Oldest(std::string_view printer) {
   return letter;
 }
 
-void LetterBox::Forget(const Letter& letter) {
+void LetterBox::Forget(const std::string& printer, std::int64_t id) {
   database_.Use("DELETE FROM salida WHERE impresora = ? AND evento = ?")
-      .Bind(letter.printer)
-      .Bind(letter.id)
+      .Bind(printer)
+      .Bind(id)
       .Run();
 }
 

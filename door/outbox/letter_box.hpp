@@ -16,8 +16,8 @@ class LetterBox {
   explicit LetterBox(const std::string& path);
 
   std::vector<std::string> Printers();
-  std::optional<Letter> Oldest(std::string_view printer);
-  void Forget(const Letter& letter);  // the broker has it
+  std::optional<Letter> Oldest(std::string_view printer, std::int64_t behind);
+  void Forget(const std::string& printer, std::int64_t id);  // it has arrived
   std::int64_t Waiting();
 
  private:

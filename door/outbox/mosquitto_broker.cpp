@@ -56,6 +56,7 @@ class MosquittoBroker : public CallableBroker {
   void Connect() override;
   void Disconnect() override;
   int Send(const std::string& topic, const std::string& payload) override;
+  void Subscribe(const std::string& topic) override;
   std::vector<Happening> Wait(std::chrono::milliseconds most) override;
   std::chrono::milliseconds Spread(std::chrono::milliseconds pause) override;
   std::chrono::milliseconds Now() override;
@@ -66,6 +67,8 @@ class MosquittoBroker : public CallableBroker {
   static void OnConnect(mosquitto*, void* self, int code, int, const mosquitto_property*);
   static void OnDisconnect(mosquitto*, void* self, int code, const mosquitto_property*);
   static void OnPublish(mosquitto*, void* self, int letter, int code, const mosquitto_property*);
+  static void OnMessage(mosquitto*, void* self, const mosquitto_message* message,
+                        const mosquitto_property*);
 
   void Prepare();
   void PrepareTls();
@@ -100,6 +103,7 @@ void MosquittoBroker::Prepare() {
   mosquitto_connect_v5_callback_set(client_.get(), OnConnect);
   mosquitto_disconnect_v5_callback_set(client_.get(), OnDisconnect);
   mosquitto_publish_v5_callback_set(client_.get(), OnPublish);
+  mosquitto_message_v5_callback_set(client_.get(), OnMessage);
   if (!settings_.user.empty()) {
     const std::string password =
         settings_.password_file.empty() ? std::string() : FirstLineOf(settings_.password_file);
@@ -139,6 +143,11 @@ int MosquittoBroker::Send(const std::string& topic, const std::string& payload) 
                            payload.data(), 1, false, properties);
   mosquitto_property_free_all(&properties);
   return code == MOSQ_ERR_SUCCESS ? letter : 0;
+}
+
+// Should it fail, no receipts come, and the courier minds that.
+void MosquittoBroker::Subscribe(const std::string& topic) {
+  mosquitto_subscribe(client_.get(), nullptr, topic.c_str(), 1);
 }
 
 void MosquittoBroker::Lose(std::string words) {
@@ -204,6 +213,14 @@ void MosquittoBroker::OnPublish(mosquitto*, void* self, int letter, int code,
                                   .refused = code >= kFirstRefusal,
                                   .nobody_listens = code == MQTT_RC_NO_MATCHING_SUBSCRIBERS,
                                   .words = mosquitto_reason_string(code)});
+}
+
+void MosquittoBroker::OnMessage(mosquitto*, void* self, const mosquitto_message* message,
+                                const mosquitto_property*) {
+  const auto length = static_cast<std::size_t>(message->payloadlen);
+  Of(self).happenings_.push_back(
+      {.sign = Sign::kReceived,
+       .words = std::string(static_cast<const char*>(message->payload), length)});
 }
 
 }  // namespace

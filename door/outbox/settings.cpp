@@ -65,13 +65,11 @@ class Reader {
     settings.port = port;
   }
 
-  void ReadListener(OutboxSettings& settings) {
-    const auto found = json_.find("espera_destinatario");
+  void ReadSwitch(std::string_view key, bool& place) {
+    const auto found = json_.find(key);
     if (found == json_.end()) return;
-    if (!found->is_boolean()) {
-      return Wrong("espera_destinatario", "tiene que ser true o false");
-    }
-    settings.waits_for_listener = found->get<bool>();
+    if (!found->is_boolean()) return Wrong(key, "tiene que ser true o false");
+    place = found->get<bool>();
   }
 
   template <class Keys>
@@ -121,11 +119,12 @@ OutboxSettings ReadOutboxSettings(const Json& json, std::string_view at,
   Reader reader(json, where, errors);
   for (const TextRow& row : kTexts) reader.Read(row, settings);
   reader.ReadPort(settings);
-  reader.ReadListener(settings);
+  reader.ReadSwitch("espera_destinatario", settings.waits_for_listener);
+  reader.ReadSwitch("espera_acuse", settings.waits_for_receipt);
   if (json.contains("tls")) ReadTls(json, where, settings, errors);
-  reader.RefuseOthers(std::array<std::string_view, 9>{"servidor", "puerto", "prefijo", "local",
-                                                      "identificacion", "usuario", "clave_archivo",
-                                                      "tls", "espera_destinatario"});
+  reader.RefuseOthers(std::array<std::string_view, 10>{
+      "servidor", "puerto", "prefijo", "local", "identificacion", "usuario", "clave_archivo", "tls",
+      "espera_destinatario", "espera_acuse"});
   return settings;
 }
 

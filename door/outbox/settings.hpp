@@ -24,6 +24,9 @@ struct OutboxSettings {
   std::string key_file{};
   // A broker without anybody who listens would take a document and forget it: it waits then.
   bool waits_for_listener = true;
+  // For brokers that acknowledge before they have it on a disk: a letter is kept until the far end says
+  // that it has it.
+  bool waits_for_receipt = false;
 };
 
 // Errors' pointers begin with `at`.

@@ -34,6 +34,7 @@ class FakeBroker : public Broker {
     payloads.push_back(payload);
     return ++last;
   }
+  void Subscribe(const std::string& topic) override { told += "subscribe " + topic + " "; }
   std::vector<Happening> Wait(milliseconds most) override {
     if (coming.empty()) now += most;
     return std::exchange(coming, {});
@@ -58,8 +59,9 @@ Happening Acknowledged(int letter) {
 
 class Chain {
  public:
-  Chain() {
+  explicit Chain(bool receipts = false) {
     settings.shop = "suc1";
+    settings.waits_for_receipt = receipts;
     box = std::make_unique<LetterBox>(shop.Path());
     courier = std::make_unique<Courier>(settings, *box, broker,
                                         [this](const std::string& line) { log += line + "\n"; });
@@ -219,6 +221,47 @@ TEST(Courier, HowManyWait) {
   chain.Round();
   EXPECT_EQ(chain.courier->State().waiting, 3);
   EXPECT_FALSE(chain.courier->State().connected);
+}
+
+Happening Receipt(const std::string& text) {
+  return {.sign = Sign::kReceived, .words = text};
+}
+
+std::string KeysOf(const Json& letter) {
+  return Json({{"claves", {letter["clave"]}}}).dump();
+}
+
+TEST(Receipts, ALetterIsKeptUntilTheFarEndHasIt) {
+  Chain chain(true);
+  for (int i = 0; i < 3; ++i) chain.Happened("caja1");
+  EXPECT_EQ(chain.Round({{.sign = Sign::kConnected}}), "connect subscribe kestra/v1/suc1/+/acuse ");
+  for (int i = 1; i <= 3; ++i) chain.Round({Acknowledged(i)});
+  EXPECT_EQ(chain.shop->Unpublished(), 3);
+  for (const char* nonsense : {"", "{}", "[]", R"({"claves":7})", R"({"claves":[1,"x"]})"}) {
+    chain.Round({Receipt(nonsense)});
+  }
+  EXPECT_EQ(chain.shop->Unpublished(), 3);
+  chain.Round({Receipt(KeysOf(Json::parse(chain.broker.payloads[0])))});
+  EXPECT_EQ(chain.shop->Unpublished(), 2);
+
+  // The broker forgot the rest with its life.
+  chain.Round({{.sign = Sign::kLost}});
+  chain.Round();
+  chain.Connect();
+  EXPECT_EQ(chain.Round({Acknowledged(4)}), "caja1#2 ");
+  EXPECT_EQ(chain.Round(), "caja1#3 ");
+}
+
+TEST(Receipts, ThoseThatDoNotComeAreAskedForByTheSameLettersAgain) {
+  Chain chain(true);
+  chain.Happened("caja1");
+  chain.Connect();
+  chain.Round({Acknowledged(1)});
+  const milliseconds sent = chain.broker.now;
+  while (chain.Round() != "caja1#1 ") ASSERT_LT(chain.broker.now - sent, seconds{400});
+  EXPECT_GE(chain.broker.now - sent, seconds{300});
+  EXPECT_EQ(chain.courier->State().trouble, "la central no acusa recibo");
+  EXPECT_EQ(chain.broker.payloads[0], chain.broker.payloads[1]);
 }
 
 TEST(Letters, TopicAndShape) {

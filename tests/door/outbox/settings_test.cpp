@@ -34,7 +34,7 @@ TEST(OutboxSettings, TheLeast) {
 TEST(OutboxSettings, All) {
   const OutboxSettings settings =
       Read(R"({"servidor":"b","puerto":1,"prefijo":"p","local":"l","identificacion":"i",
-               "usuario":"u","clave_archivo":"c","espera_destinatario":false,
+               "usuario":"u","clave_archivo":"c","espera_destinatario":false,"espera_acuse":true,
                "tls":{"autoridad":"a","certificado":"x","clave":"y"}})");
   EXPECT_EQ(settings.port, 1);
   EXPECT_EQ(settings.prefix, "p");
@@ -46,6 +46,7 @@ TEST(OutboxSettings, All) {
   EXPECT_EQ(settings.certificate_file, "x");
   EXPECT_EQ(settings.key_file, "y");
   EXPECT_FALSE(settings.waits_for_listener);
+  EXPECT_TRUE(settings.waits_for_receipt);
 }
 
 TEST(OutboxSettings, PortsOfTls) {
