@@ -52,6 +52,10 @@ printer_packages=(
 # shellcheck disable=SC2034
 door_packages=(libssl-dev libmosquitto-dev)
 
+# What its tests start for a chain of shops: a broker, a database, and what the consumer is written with.
+# shellcheck disable=SC2034
+chain_packages=(mosquitto mosquitto-clients postgresql python3-paho-mqtt python3-psycopg2)
+
 # SQLite in one source, for the Windows printer: Debian has it as a library for its own system only. An npm package
 # carries it within; this is the one that was looked at.
 sqlite_package=better-sqlite3@12.11.1
