@@ -13,23 +13,33 @@ const [executablePath, userDataDir] = process.argv.slice(2);
 const context = await chromium.launchPersistentContext(userDataDir, {
   executablePath, args: FLAGS, headless: true, viewport: { width: 1280, height: 800 },
 });
-const page = context.pages()[0] ?? await context.newPage();
-page.setDefaultTimeout(WAIT);
+let page = context.pages()[0] ?? await context.newPage();
 
 const complaints = [];
 let own = "";
-page.on("pageerror", (error) => complaints.push(error.message));
-page.on("console", (message) => {
-  if (message.type() === "error") complaints.push(message.text());
-});
-page.on("request", (request) => {
-  if (!request.url().startsWith(own)) complaints.push(request.url());
-});
+function watch() {
+  page.setDefaultTimeout(WAIT);
+  page.on("pageerror", (error) => complaints.push(error.message));
+  page.on("console", (message) => {
+    if (message.type() === "error") complaints.push(message.text());
+  });
+  page.on("request", (request) => {
+    if (!request.url().startsWith(own)) complaints.push(request.url());
+  });
+}
+watch();
 
 const DEEDS = {
   open: async (url) => {
     own = new URL(url).origin + "/";
     await page.goto(url);
+  },
+  // The tab goes as a user closes it, and another one comes: whatever the page was about to do is lost.
+  leave: async () => {
+    const left = page;
+    page = await context.newPage();
+    watch();
+    await left.close();
   },
   size: (width, height) => page.setViewportSize({ width, height }),
   click: (selector) => page.click(selector),
