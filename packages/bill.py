@@ -18,27 +18,45 @@ import uuid
 
 # (part, package, what it is, pattern of the programs that hold it)
 RUN_TIME_64 = r"x64/.*\.(dll|exe)$"
+LIBRARY_64 = r"x64/.*\.dll$"
+PROGRAMS_64 = r"x64/.*\.exe$"
 RUN_TIME_32 = r"x86/.*\.(dll|exe)$"
 PRINTER = r"impresora-virtual(\.exe)?$"
 WITH_JSON = r"(impresora-virtual|kestra)(\.exe)?$"
+WITH_CABLES = r"(impresora-virtual(\.exe)?|^kestra|x64/kestra\.exe)$"
+PAGES = r"(^|/)index\.html$"
+PDF = r"kestra-manual\.pdf$"
 HEADERS = (
-    ("asio", "libasio-dev", "network and serial lines", WITH_JSON),
+    ("asio", "libasio-dev", "network and serial lines", WITH_CABLES),
     ("nlohmann-json", "nlohmann-json3-dev", "JSON", WITH_JSON),
     ("boost", "libboost1.74-dev", "HTTP (Beast)", PRINTER),
     ("stb", "libstb-dev", "pictures", PRINTER),
+)
+# What makes the manual leaves scripts, styles and letters in it.
+MANUAL = (
+    ("Sphinx", "sphinx-common", "the pages' search and look", PAGES),
+    ("Furo", "furo", "the pages' look", PAGES),
+    ("sphinx-copybutton", "python3-sphinx-copybutton", "the button that copies an example", PAGES),
+    ("sphinx-inline-tabs", "python3-sphinx-inline-tabs", "an example in one language or another", PAGES),
+    ("jQuery", "libjs-jquery", "the pages' scripts", PAGES),
+    ("Underscore", "libjs-underscore", "the pages' scripts", PAGES),
+    ("DejaVu", "fonts-dejavu-core", "letters", PDF),
 )
 MATERIALS = {
     "windows": (
         ("libstdc++, libgcc", "gcc-mingw-w64-i686-win32-runtime", "the compiler's run time", RUN_TIME_32),
         ("mingw-w64", "mingw-w64-i686-dev", "start-up and mathematics", RUN_TIME_32),
-        ("libstdc++, libgcc", "gcc-mingw-w64-x86-64-win32-runtime", "the compiler's run time", RUN_TIME_64),
+        ("libstdc++, libgcc", "gcc-mingw-w64-x86-64-win32-runtime", "the compiler's run time", LIBRARY_64),
+        ("libstdc++, libgcc", "gcc-mingw-w64-x86-64-posix-runtime", "the compiler's run time", PROGRAMS_64),
         ("mingw-w64, winpthreads", "mingw-w64-x86-64-dev", "start-up, mathematics and threads", RUN_TIME_64),
         ("sqlite", "sqlite", "the fiscal memory's file", PRINTER),
         *HEADERS,
+        *MANUAL,
     ),
     "linux": (
-        ("libstdc++ (headers)", "libstdc++-12-dev", "the compiler's templates", r"."),
+        ("libstdc++ (headers)", "libstdc++-12-dev", "the compiler's templates", r"^(libkestra|impresora-virtual|kestra$)"),
         *HEADERS,
+        *MANUAL,
     ),
 }
 # What is no package of the machine's: the words that name its version and its notice, in the sources.
@@ -93,6 +111,8 @@ def rows(system, files):
 
 
 def kind(name):
+    if re.search(r"\.(html|pdf)$", name):
+        return "file"
     return "library" if re.search(r"\.(dll|so|a)", name) else "application"
 
 

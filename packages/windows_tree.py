@@ -3,23 +3,22 @@
 
     windows_tree.py SOURCE VERSION FOLDER [MANUAL]
 
-The programs are those of SOURCE/build, as `make` has built them; MANUAL is a folder of pages.
+The programs are those of SOURCE/build, as `make` has built them; MANUAL is the folder in which the manual was made.
 """
 import pathlib
+import re
 import shutil
 import sys
 
 SOURCE, VERSION, FOLDER = pathlib.Path(sys.argv[1]), sys.argv[2], pathlib.Path(sys.argv[3])
 MANUAL = [pathlib.Path(word) for word in sys.argv[4:]]
 FAMILIES = ("TQ", "TF", "FC")
-# What becomes of which folder's programs.
+# What becomes of which folder's programs. The tool is whole where the printer is built too, in 64 bits.
 BUILT = {
-    "x86": ("windows-x86/bin/Kestra.dll", "windows-x86/src/Kestra.lib", "windows-x86/bin/kestra.exe",
-            "windows-x86-impresora/bin/kestra.exe", "windows-x86-impresora/bin/impresora-virtual.exe"),
-    "x64": ("windows-x64/bin/Kestra.dll", "windows-x64/src/Kestra.lib", "windows-x64/bin/kestra.exe",
-            "windows-x64-impresora/bin/kestra.exe", "windows-x64-impresora/bin/impresora-virtual.exe"),
+    "x86": ("windows-x86/bin/Kestra.dll", "windows-x86/src/Kestra.lib", "windows-x86/bin/kestra.exe"),
+    "x64": ("windows-x64/bin/Kestra.dll", "windows-x64/src/Kestra.lib", "windows-x64-impresora/bin/kestra.exe",
+            "windows-x64-impresora/bin/impresora-virtual.exe"),
 }
-NEEDED = ("x86/Kestra.dll", "x86/Kestra.lib", "x64/Kestra.dll", "x64/Kestra.lib", "x64/impresora-virtual.exe")
 # Not for users: what the tools of the languages leave, and how we write.
 LEFT_OUT = shutil.ignore_patterns(".clang-format", "__pycache__", "node_modules", "build", "dist", "*.egg-info")
 
@@ -40,11 +39,7 @@ def programs():
     for width, files in BUILT.items():
         for name in files:
             path = SOURCE / "build" / name
-            if path.is_file():
-                copy(path, f"{width}/{path.name}")
-    lacking = [name for name in NEEDED if not (FOLDER / name).is_file()]
-    if lacking:
-        raise SystemExit("Not built: " + ", ".join(lacking))
+            copy(path, f"{width}/{path.name}")
 
 
 def texts():
@@ -55,6 +50,10 @@ def texts():
         write(f"Fiscal/{family}/Fiscal.ini", settings.replace("@FAMILIA@", family), "cp1252")
     for name in ("CHANGELOG.md", "docs/compatibilidad.md"):
         write(f"documentos/{pathlib.Path(name).name}", (SOURCE / name).read_text(encoding="utf-8"), "utf-8")
+    # The guide's till for languages of objects, as it stands there.
+    guide = (SOURCE / "docs/manual/guia.md").read_text(encoding="utf-8")
+    for text, name in re.findall(r"```vbscript\n(' (\w+\.vbs)\n.*?)```", guide, re.DOTALL):
+        write(f"ejemplos/{name}", text, "cp1252")
 
 
 def main():
@@ -68,8 +67,9 @@ def main():
         copy(SOURCE / "tools" / example, f"ejemplos/{example}")
     copy(SOURCE / "api/kestra.json", "ejemplos/kestra.json")
     shutil.copytree(SOURCE / "hosts", FOLDER / "declaraciones", ignore=LEFT_OUT)
-    for pages in MANUAL:
-        shutil.copytree(pages, FOLDER / "manual")
+    for made in MANUAL:
+        shutil.copytree(made / "html", FOLDER / "manual")
+        copy(made / f"kestra-manual-{VERSION}.pdf", "manual/kestra-manual.pdf")
 
 
 if __name__ == "__main__":

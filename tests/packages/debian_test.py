@@ -6,29 +6,13 @@ scripts/paquetes --comprobar makes the packages and tells in the environment whe
 import os
 import pathlib
 import re
-import subprocess
 import tempfile
 import unittest
 
-VERSION = os.environ["KESTRA_VERSION"]
-FILES = pathlib.Path(os.environ["KESTRA_FILES"]) / "debian"
+from bare_debian import FILES, PACKAGES, VERSION, package, run, the_system
+
 CLONE = pathlib.Path(os.environ["KESTRA_CLONE"])
-SCRATCH = pathlib.Path(os.environ["KESTRA_SCRATCH"])
 HERE = pathlib.Path(__file__).resolve().parent
-AS_ROOT = [] if os.geteuid() == 0 else ["sudo"]
-PACKAGES = ("libkestra0", "libkestra-dev", "kestra-herramientas", "kestra-doc")
-
-
-def run(*command, check=True, **where):
-    ended = subprocess.run([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                           stderr=subprocess.STDOUT, text=True, check=False, **where)
-    if check and ended.returncode != 0:
-        raise AssertionError(f"{' '.join(map(str, command))} ended with {ended.returncode}:\n{ended.stdout[-4000:]}")
-    return ended.stdout
-
-
-def package(name):
-    return next(FILES.glob(f"{name}_{VERSION}_*.deb"))
 
 
 class ThePackages(unittest.TestCase):
@@ -98,66 +82,21 @@ class AForeignProject(unittest.TestCase):
 
 
 class ABareDebian(unittest.TestCase):
-    """A system that has nothing but what every Debian has; made once, and copied for each run."""
-
-    @classmethod
-    def setUpClass(cls):
-        cls.kept = SCRATCH.parent / "debian-desnudo.tar"
-        cls.system = SCRATCH / "sistema"
-        run(*AS_ROOT, "rm", "-rf", cls.system)
-        if not cls.kept.exists():
-            cls.make()
-        cls.system.mkdir(parents=True)
-        run(*AS_ROOT, "tar", "-xf", cls.kept, "-C", cls.system)
-        cls.addClassCleanup(run, *AS_ROOT, "rm", "-rf", cls.system)
-
-    @classmethod
-    def make(cls):
-        suite = re.search(r"^VERSION_CODENAME=(\w+)", pathlib.Path("/etc/os-release").read_text(encoding="utf-8"), re.M)[1]
-        mirror = run("apt-get", "indextargets", "--format", "$(REPO_URI)", "Created-By: Packages",
-                     f"Codename: {suite}").split()[0]
-        run(*AS_ROOT, "debootstrap", "--variant=minbase", suite, cls.system, mirror)
-        run(*AS_ROOT, "tar", "-cf", cls.kept, "-C", cls.system, ".")
-        run(*AS_ROOT, "rm", "-rf", cls.system)
-
-    def inside(self, *command, check=True):
-        return run(*AS_ROOT, "chroot", self.system, "/usr/bin/env", "-i", "PATH=/usr/sbin:/usr/bin:/sbin:/bin",
-                   "LC_ALL=C.UTF-8", "DEBIAN_FRONTEND=noninteractive", *command, check=check)
-
-    def everything(self):
-        """All files but apt's and dpkg's own books, and what they write of their work."""
-        said = self.inside("find", "/", "-xdev", "-path", "/proc", "-prune", "-o", "-path", "/var/lib/apt", "-prune", "-o",
-                           "-path", "/var/lib/dpkg", "-prune", "-o", "-path", "/var/log", "-prune", "-o",
-                           "-path", "/var/cache", "-prune", "-o", "-path", "/paquetes*", "-prune", "-o", "-print")
-        return set(said.splitlines())
-
-    def install(self):
-        """With what they need from the mirror, which the system's own sources name."""
-        self.inside("mkdir", "-p", "/paquetes")
-        run(*AS_ROOT, "cp", *(package(name) for name in PACKAGES), self.system / "paquetes")
-        run(*AS_ROOT, "cp", "/etc/resolv.conf", self.system / "etc/resolv.conf")
-        self.inside("apt-get", "update", check=False)
-        # The library alone first: it needs nothing of the others.
-        self.inside("apt-get", "install", "-y", "--no-install-recommends", *self.in_the_system("libkestra0"))
-        self.inside("apt-get", "install", "-y", "--no-install-recommends",
-                    *self.in_the_system("kestra-herramientas", "libkestra-dev", "kestra-doc"))
-
-    @staticmethod
-    def in_the_system(*names):
-        return [f"/paquetes/{package(name).name}" for name in names]
-
     def test_they_come_and_work_and_go(self):
-        before = self.everything()
-        self.install()
+        system = the_system()
+        before = system.files()
+        # The library alone first: it needs nothing of the others.
+        system.install("libkestra0")
+        system.install("kestra-herramientas", "libkestra-dev", "kestra-doc")
         for program in ("impresora-virtual", "kestra"):
-            self.assertEqual(self.inside(program, "--version"), f"{program} {VERSION}\n")
-        self.assertIn("documentos", self.inside("impresora-virtual", "--ayuda"))
-        for path in ("/usr/share/doc/kestra-doc/html/index.html", "/usr/share/kestra/kestra.json",
-                     "/usr/include/kestra/kestra.h", "/usr/share/doc/libkestra0/copyright"):
-            self.inside("test", "-s", path)
-        self.inside("apt-get", "purge", "-y", *PACKAGES)
-        self.inside("apt-get", "autoremove", "-y", "--purge")
-        self.assertEqual(self.everything() - before, set())
+            self.assertEqual(system.inside(program, "--version"), f"{program} {VERSION}\n")
+        self.assertIn("documentos", system.inside("impresora-virtual", "--ayuda"))
+        for path in ("/usr/share/doc/kestra-doc/html/index.html", "/usr/share/doc/kestra-doc/kestra-manual.pdf",
+                     "/usr/share/kestra/kestra.json", "/usr/include/kestra/kestra.h", "/usr/share/doc/libkestra0/copyright"):
+            system.inside("test", "-s", path)
+        system.inside("apt-get", "purge", "-y", *PACKAGES)
+        system.inside("apt-get", "autoremove", "-y", "--purge")
+        self.assertEqual(system.files() - before, set())
 
 
 if __name__ == "__main__":

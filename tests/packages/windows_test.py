@@ -6,69 +6,30 @@ import os
 import pathlib
 import re
 import shutil
-import subprocess
 import tempfile
-import time
 import unittest
 import zipfile
 
 import pe_file
-import programs
+from wine_runs import Printer, run, wait_until
 
 VERSION = os.environ["KESTRA_VERSION"]
 FILES = pathlib.Path(os.environ["KESTRA_FILES"]) / "windows"
 CLONE = pathlib.Path(os.environ["KESTRA_CLONE"])
-WINE = {"x86": os.environ["KESTRA_WINE_32"], "x64": os.environ["KESTRA_WINE_64"]}
 PREFIX = pathlib.Path(os.environ["WINEPREFIX"])
 INSTALLER = FILES / f"kestra-{VERSION}-instalador.exe"
 EARLIER = pathlib.Path(os.environ["KESTRA_SCRATCH"]) / "anterior.exe"
 KEY = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestra"
-PATIENCE = 300
 OWN_SETTINGS = b"; de esta caja\r\n[Epson_Fiscal]\r\nImpresoraPuerto=3\r\n"
-
-
-def command(width, program, *words):
-    return [*programs.steadily(), WINE[width], str(program), *words]
-
-
-def run(width, program, *words, folder=None):
-    with tempfile.TemporaryFile() as output:
-        ended = subprocess.run(command(width, program, *words), cwd=folder, stdin=subprocess.DEVNULL, stdout=output,
-                               timeout=PATIENCE, check=False)
-        output.seek(0)
-        return ended.returncode, output.read().decode("utf-8", "replace").replace("\r\n", "\n")
-
-
-def wait_until(true):
-    end = time.monotonic() + PATIENCE
-    while not true():
-        if time.monotonic() > end:
-            raise AssertionError("nothing more happens")
-        time.sleep(0.05)
-
-
-class Printer:
-    """The virtual printer of a folder, at work on a port of its own."""
-
-    def __init__(self, program, folder):
-        self.said = folder / "dicho.txt"
-        with open(self.said, "wb") as output:
-            self.process = subprocess.Popen(
-                command(program.parent.name, program, "--familia", "TQ", "--tcp", "127.0.0.1:0", "--papel", "papel.txt",
-                        "--documentos", "1"),
-                cwd=folder, stdin=subprocess.DEVNULL, stdout=output)
-        wait_until(lambda: self.heard() or self.process.poll() is not None)
-        self.device = self.heard()[1].decode()
-
-    def heard(self):
-        return re.search(rb"Puerto: (.*?)\r?\n", self.said.read_bytes())
 
 
 def sell_a_ticket(case, tree, width, folder):
     """A till of that width, with the library of the tree beside it, sells at the tree's printer."""
     shutil.copy(tree / width / "Kestra.dll", folder)
     shutil.copy(CLONE / f"build/windows-{width}/bin/ticket.exe", folder)
-    printer = Printer(tree / "x64/impresora-virtual.exe", folder)
+    printer = Printer(tree / "x64/impresora-virtual.exe", folder, "--familia", "TQ", "--tcp", "127.0.0.1:0", "--papel",
+                      "papel.txt", "--documentos", "1")
+    case.addCleanup(printer.stop)
     settings = (tree / "Fiscal/TQ/Fiscal.ini").read_bytes()
     line = f"ImpresoraDispositivo={printer.device}\r\n".encode()
     settings, times = re.subn(rb";ImpresoraDispositivo=.*\r\n", line, settings)
@@ -76,7 +37,7 @@ def sell_a_ticket(case, tree, width, folder):
     (folder / "Fiscal.ini").write_bytes(settings)
     result, said = run(width, folder / "ticket.exe", folder=folder)
     case.assertEqual((result, said.splitlines()[-1:]), (0, ["Ticket emitido: 00000001"]))
-    printer.process.wait(PATIENCE)
+    printer.wait()
     case.assertIn("4.151,25", (folder / "papel.txt").read_text(encoding="utf-8"))
 
 
@@ -115,6 +76,12 @@ class TheZip(unittest.TestCase):
                 with self.subTest(path.parent.name + "/" + path.name):
                     self.assertEqual(run(path.parent.name, path, "--version"), (0, f"{path.stem} {VERSION}\n"))
 
+    def test_the_tool_of_64_bits_has_all_its_commands(self):
+        whole = ("diagnostico", "estado", "numeracion", "reloj", "modelo", "resolver", "ini", "registro", "presenciar", "consola")
+        said = run("x64", self.tree / "x64/kestra.exe", "--ayuda")[1]
+        for name in whole:
+            self.assertRegex(said, rf"(?m)^ +{name}\b")
+
     def test_a_till_of_each_width_sells_with_what_is_in_it(self):
         for width in ("x86", "x64"):
             with self.subTest(width), tempfile.TemporaryDirectory(prefix="caja ñ ") as folder:
@@ -134,7 +101,7 @@ class TheZip(unittest.TestCase):
 
     def test_has_the_manual_and_declares(self):
         for name in ("LEAME.txt", "manual/index.html", "declaraciones/vb6/Kestra.bas", "include/kestra/kestra.h",
-                     "ejemplos/kestra.json", "documentos/CHANGELOG.md"):
+                     "ejemplos/kestra.json", "ejemplos/caja.vbs", "manual/kestra-manual.pdf", "documentos/CHANGELOG.md"):
             self.assertTrue((self.tree / name).is_file(), name)
 
 
