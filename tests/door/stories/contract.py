@@ -109,6 +109,8 @@ class Contract:
             return []
         lower = {key.lower(): value for key, value in headers.items()}
         kind = lower.get("content-type", "").split(";")[0].strip().lower()
+        if operation is None and method == "GET" and not urlsplit(target).path.startswith("/v1/"):
+            return []  # pages are for people
         if operation is None:
             return [] if status in (400, 401, 403, 404, 405, 421, 429) else [f"{status} for what is not in the contract"]
         self.seen.add((method, name, status))

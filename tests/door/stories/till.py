@@ -15,7 +15,7 @@ WATCHED = """[...document.querySelectorAll("#pedidos > li")].map((li) => [li.cla
 
 
 class TillStory(unittest.TestCase):
-    """`self.page` sells through `self.witness`, behind which `self.open_door()` puts a door."""
+    """`self.page` sells through `self.witness`."""
 
     @classmethod
     def setUpClass(cls):
@@ -27,9 +27,12 @@ class TillStory(unittest.TestCase):
     def open_till(self, door_port):
         self.witness = Witness(door_port).__enter__()
         self.addCleanup(self.end_witness)
+        self.use_browser()
+        self.come_in()
+
+    def use_browser(self):
         self.page = real_browser.Browser(FOLDER)
         self.addCleanup(self.page.close)
-        self.come_in()
 
     def come_in(self):
         self.page.open(self.witness.url + "/caja/")

@@ -99,7 +99,8 @@ class Witness:
             return self.drop(client)
         door = http.client.HTTPConnection("127.0.0.1", self.door_port, timeout=WAIT)
         try:
-            headers = {key: value for key, value in client.headers.items() if key.lower() not in HOP_BY_HOP}
+            headers = self.as_the_door_s({key: value for key, value in client.headers.items()
+                                          if key.lower() not in HOP_BY_HOP})
             door.request(client.command, client.path, body or None, headers)
             answer = door.getresponse()
             if (answer.getheader("Content-Type") or "").startswith("text/event-stream"):
@@ -121,6 +122,12 @@ class Witness:
         client.end_headers()
         if client.command != "HEAD":
             client.wfile.write(content)
+
+    def as_the_door_s(self, headers):
+        """The same for the door's own address: a network has no name."""
+        own, door = f"127.0.0.1:{self.port}", f"127.0.0.1:{self.door_port}"
+        return {key: value.replace(own, door) if key.lower() in ("host", "origin", "referer") else value
+                for key, value in headers.items()}
 
     def judge(self, client, headers, body, answer, content):
         request = f"{client.command} {client.path} -> {answer.status}"
