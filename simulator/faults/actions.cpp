@@ -27,7 +27,7 @@ void ReadLampAndSpan(RuleReader& reader, Action& action) {
   if (reader.WaitsFor() == Subject::kCommand) reader.Fail("«desde ahora»");
 }
 
-void ReadField(RuleReader& reader, Action& action) {
+void ReadFieldNumber(RuleReader& reader, Action& action) {
   action.field = reader.Field();
 }
 
@@ -147,8 +147,8 @@ constexpr std::array<ActionRow, 29> kActions{{
     {"borrar", "borrar BIT [desde ahora]", kOnBoth, Phase::kState, ReadLampAndSpan, DarkenBits},
     {"soltar", "soltar BIT", kOnBoth, Phase::kState, ReadLamp, FreeBits},
     // Parts of the answer; its checksum follows.
-    {"quitar campo", "quitar campo C", kOnAnswers, Phase::kParts, ReadField, RemoveField},
-    {"vaciar campo", "vaciar campo C", kOnAnswers, Phase::kParts, ReadField, EmptyField},
+    {"quitar campo", "quitar campo C", kOnAnswers, Phase::kParts, ReadFieldNumber, RemoveField},
+    {"vaciar campo", "vaciar campo C", kOnAnswers, Phase::kParts, ReadFieldNumber, EmptyField},
     {"agregar campo", "agregar campo BYTES [antes de C]", kOnAnswers, Phase::kParts,
      ReadTextAndField, AddField},
     {"cambiar campo", "cambiar campo C por BYTES", kOnAnswers, Phase::kParts, ReadFieldAndText,

@@ -13,7 +13,7 @@ std::uint16_t WithSummary(std::uint16_t bits, const std::array<Condition, N>& co
 }
 
 template <std::size_t N>
-std::string Words(std::uint16_t word, const std::array<Condition, N>& conditions) {
+std::string LitWords(std::uint16_t word, const std::array<Condition, N>& conditions) {
   std::string text;
   for (const Condition& condition : conditions) {
     if ((word & condition.bit) == 0) continue;
@@ -34,12 +34,12 @@ std::uint16_t WithSummaryFiscal(std::uint16_t bits) {
 }
 
 std::string PrinterWords(std::uint16_t word) {
-  return Words(word, kPrinterConditions);
+  return LitWords(word, kPrinterConditions);
 }
 
 std::string FiscalWords(std::uint16_t word) {
   const unsigned changing = word & ~unsigned{kCertified | kFiscalised};
-  return Words(static_cast<std::uint16_t>(changing), kFiscalConditions);
+  return LitWords(static_cast<std::uint16_t>(changing), kFiscalConditions);
 }
 
 }  // namespace impresora

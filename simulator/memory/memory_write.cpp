@@ -4,7 +4,7 @@
 namespace impresora {
 namespace {
 
-std::string Letter(char letter) {
+std::string LetterText(char letter) {
   return letter == '\0' ? std::string() : std::string(1, letter);
 }
 
@@ -56,7 +56,7 @@ void WriteNumbering(Statements& sql, const Numbering& last, const Numbering& num
     if (last.Last(key.first, key.second) == number) continue;
     sql("INSERT OR REPLACE INTO numeracion VALUES (?, ?, ?)")
         .Bind(static_cast<int>(key.first))
-        .Bind(Letter(key.second))
+        .Bind(LetterText(key.second))
         .Bind(number)
         .Run();
   }
@@ -96,15 +96,15 @@ void ForgetDocument(Statements& sql) {
 void WriteHead(Statements& sql, const Document& d) {
   sql("INSERT OR REPLACE INTO documento VALUES "
       "(1, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
-      .Bind(Letter(d.Kind().code))
-      .Bind(Letter(d.letter))
+      .Bind(LetterText(d.Kind().code))
+      .Bind(LetterText(d.letter))
       .Bind(d.number)
       .Bind(d.largest_total)
       .BindBytes(d.customer.name)
       .BindBytes(d.customer.name_more)
       .BindBytes(d.customer.id_kind)
       .BindBytes(d.customer.id_number)
-      .Bind(Letter(d.customer.iva))
+      .Bind(LetterText(d.customer.iva))
       .Bind(d.internal)
       .Bind(d.perceptions)
       .Bind(d.units)
@@ -197,8 +197,8 @@ void WriteReceipt(Statements& statements, const Receipt& receipt) {
       .Bind(receipt.ordinal)
       .Bind(ClassWords(receipt.receipt_class))
       .Bind(receipt.kind)
-      .Bind(Letter(receipt.code))
-      .Bind(Letter(receipt.letter))
+      .Bind(LetterText(receipt.code))
+      .Bind(LetterText(receipt.letter))
       .Bind(receipt.number)
       .Bind(shown)
       .Bind(receipt.moment)

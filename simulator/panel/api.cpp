@@ -17,7 +17,7 @@
 namespace impresora {
 namespace {
 
-constexpr const char* kText = "text/plain; charset=utf-8";
+constexpr const char* kPlainText = "text/plain; charset=utf-8";
 constexpr const char* kJson = "application/json; charset=utf-8";
 
 // An address; N stands for a number of up to nine digits.
@@ -175,7 +175,7 @@ void Api::PaperText(const Call& call) {
   Answer(call, [this] {
     const std::vector<PaperLine> lines(history_.Roll().begin(), history_.Roll().end());
     const std::size_t columns = session_.GetPrinter().GetSettings().PaperColumns();
-    return Reply{.body = impresora::PaperText(lines, columns), .type = kText};
+    return Reply{.body = impresora::PaperText(lines, columns), .type = kPlainText};
   });
 }
 
@@ -214,7 +214,7 @@ Api::Reply Api::DocumentReply(unsigned ordinal, bool picture) {
     return {.status = 404, .body = ErrorBody("ese documento no está entre los últimos 50")};
   }
   const std::size_t columns = session_.GetPrinter().GetSettings().PaperColumns();
-  if (!picture) return {.body = impresora::PaperText(kept->paper, columns), .type = kText};
+  if (!picture) return {.body = impresora::PaperText(kept->paper, columns), .type = kPlainText};
   const std::string name = DocumentName(kept->receipt);
   return {.body = ToSvg(Draw(kept->paper, columns, name)), .type = "image/svg+xml; charset=utf-8"};
 }

@@ -47,7 +47,7 @@ bool ReadRequestLine(std::string_view line, Head& head) {
          (version == "HTTP/1.1" || version == "HTTP/1.0");
 }
 
-bool ReadField(std::string_view line, Head& head) {
+bool ReadHeadField(std::string_view line, Head& head) {
   const std::size_t colon = line.find(':');
   if (colon == std::string_view::npos || !IsToken(line.substr(0, colon))) return false;
   const std::string_view value = WithoutBlanks(line.substr(colon + 1));
@@ -78,7 +78,7 @@ std::optional<Head> ParseHead(std::string_view bytes) {
     if (end == std::string_view::npos) return std::nullopt;
     const std::string_view line = bytes.substr(0, end);
     bytes.remove_prefix(end + kLineEnd.size());
-    if (first ? !ReadRequestLine(line, head) : !line.empty() && !ReadField(line, head)) {
+    if (first ? !ReadRequestLine(line, head) : !line.empty() && !ReadHeadField(line, head)) {
       return std::nullopt;
     }
     if (!first && line.empty()) return head;

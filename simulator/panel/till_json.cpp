@@ -44,7 +44,7 @@ constexpr std::array<ConnectionRow, 9> kConnections{{
      "EQUIPO es esta máquina; arranque la impresora con --tcp 0.0.0.0:4001."},
 }};
 
-std::string_view Word(const HostLine& line, const HostSigns& signs, std::int64_t now) {
+std::string_view LampWord(const HostLine& line, const HostSigns& signs, std::int64_t now) {
   if (line.occupied) return "ocupada";
   if (!signs.heard) return "nadie";
   const bool puzzled = signs.puzzled && now - *signs.puzzled >= kPatience;
@@ -85,7 +85,7 @@ Json Speed(int baud) {
 
 Json TillJson(const HostLine& line, const HostSigns& signs, std::int64_t now,
               std::string_view family) {
-  return {{"estado", Word(line, signs, now)},
+  return {{"estado", LampWord(line, signs, now)},
           {"momento", signs.heard ? Json(IsoMoment(*signs.heard)) : Json()},
           {"linea", kCables.at(static_cast<std::size_t>(line.cable))},
           {"puerto", line.port},

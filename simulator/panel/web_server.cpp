@@ -11,16 +11,16 @@ namespace {
 
 constexpr std::size_t kThreads = 16;
 constexpr std::size_t kPlaces = 32;
-constexpr std::chrono::milliseconds kMoment(200);
+constexpr std::chrono::milliseconds kFarewell(200);
 constexpr std::chrono::milliseconds kShortMoment(10);
 
-constexpr Refusal kLate{408, "el pedido no llegó entero"};
-constexpr Refusal kTooLarge{431, "el encabezado pasa de 16 KiB"};
+constexpr Refusal kTooSlow{408, "el pedido no llegó entero"};
+constexpr Refusal kLongHead{431, "el encabezado pasa de 16 KiB"};
 constexpr Refusal kNoRequest{400, "esto no es un pedido HTTP"};
 constexpr Refusal kTorn{400, "el cuerpo no llegó entero"};
 constexpr Refusal kTooMany{503, "demasiados pedidos a la vez"};
 
-bool Refuse(Connection& connection, const Refusal& refusal) {
+bool TurnAway(Connection& connection, const Refusal& refusal) {
   Response response{.status = refusal.status,
                     .type = "application/json",
                     .body = ErrorBody(refusal.words),
@@ -65,12 +65,12 @@ void WebServer::Stop() {
 // Who finds no room gets a short word of regret.
 void WebServer::Welcome(const std::shared_ptr<Connection>& connection) {
   if (workers_.Take([this, connection] { Serve(*connection); })) return;
-  Refuse(*connection, kTooMany);
+  TurnAway(*connection, kTooMany);
   connection->Finish(kShortMoment);
 }
 
 void WebServer::Serve(Connection& connection) const {
-  if (Answer(connection)) connection.Finish(kMoment);
+  if (Answer(connection)) connection.Finish(kFarewell);
 }
 
 // False when there is nobody to answer.
@@ -80,15 +80,15 @@ bool WebServer::Answer(Connection& connection) const {
     case Connection::State::kWhole:
       break;
     case Connection::State::kLate:
-      return Refuse(connection, kLate);
+      return TurnAway(connection, kTooSlow);
     case Connection::State::kTooLarge:
-      return Refuse(connection, kTooLarge);
+      return TurnAway(connection, kLongHead);
     case Connection::State::kGone:
       return false;
   }
   const auto head = ParseHead(bytes);
-  if (!head) return Refuse(connection, kNoRequest);
-  if (const auto refusal = Judge(*head, own_)) return Refuse(connection, *refusal);
+  if (!head) return TurnAway(connection, kNoRequest);
+  if (const auto refusal = Judge(*head, own_)) return TurnAway(connection, *refusal);
   return AnswerRequest(connection, *head);
 }
 
@@ -96,10 +96,10 @@ bool WebServer::AnswerRequest(Connection& connection, const Head& head) const {
   if (head.Count("expect") > 0) connection.Write("HTTP/1.1 100 Continue\r\n\r\n");
   std::string body;
   if (connection.ReadBody(body, BodySize(head)) != Connection::State::kWhole) {
-    return Refuse(connection, kTorn);
+    return TurnAway(connection, kTorn);
   }
   const auto request = ReadRequest(CleanedHead(head) + body);
-  if (!request) return Refuse(connection, kNoRequest);
+  if (!request) return TurnAway(connection, kNoRequest);
   Response response;
   handler_(*request, response);
   if (!connection.Write(ToBytes(response, request->method == "HEAD"))) return false;

@@ -49,7 +49,7 @@ std::string Attribute(std::string_view name, std::string_view value) {
   return " " + std::string(name) + "=\"" + std::string(value) + "\"";
 }
 
-void Write(std::string& svg, const Shape& shape) {
+void WriteMark(std::string& svg, const Shape& shape) {
   std::string points;
   for (const Point& point : shape.outline) {
     if (!points.empty()) points += ' ';
@@ -70,7 +70,7 @@ std::string Place(const Lettering& lettering) {
 }
 
 // The length is fixed so that columns stay columns in any typeface.
-void Write(std::string& svg, const Lettering& lettering) {
+void WriteMark(std::string& svg, const Lettering& lettering) {
   const double length = lettering.cell * static_cast<double>(Columns(lettering.text));
   svg += "<text" + Place(lettering) + Attribute("font-size", Number(LetterSize(lettering.cell))) +
          Attribute("textLength", Number(length)) + Attribute("lengthAdjust", "spacingAndGlyphs");
@@ -90,7 +90,7 @@ std::string ToSvg(const Drawing& drawing) {
       Attribute("font-family", kTypefaces) + Attribute("fill", ColourOf(Ink::kPrint).css) + ">\n";
   svg += "<title>" + Escaped(drawing.title) + "</title>\n";
   for (const auto& mark : drawing.marks) {
-    std::visit([&svg](const auto& any) { Write(svg, any); }, mark);
+    std::visit([&svg](const auto& any) { WriteMark(svg, any); }, mark);
   }
   return svg + "</svg>\n";
 }

@@ -31,10 +31,10 @@ std::string Quoted(std::string_view text) {
   return "«" + std::string(text) + "»";
 }
 
-using Arguments = std::vector<std::string_view>;
+using CommandLine = std::vector<std::string_view>;
 
 // Takes the flag at `next` with its values.
-std::string TakeFlag(const Arguments& arguments, std::size_t& next, std::vector<Given>& given) {
+std::string TakeFlag(const CommandLine& arguments, std::size_t& next, std::vector<Given>& given) {
   const std::string_view argument = arguments[next++];
   const std::size_t equals = argument.find('=');
   const bool joined = equals != std::string_view::npos;
@@ -99,7 +99,7 @@ void PrintFlag(std::ostream& out, const Flag& flag) {
 
 }  // namespace
 
-std::string ParseOptions(const Arguments& arguments, Options& options) {
+std::string ParseOptions(const CommandLine& arguments, Options& options) {
   std::vector<Given> given;
   std::string wrong;
   for (std::size_t next = 0; next < arguments.size();) {

@@ -9,7 +9,7 @@
 namespace impresora {
 namespace {
 
-using Port = asio::serial_port_base;
+using Setting = asio::serial_port_base;
 
 constexpr auto kUnplugged = std::chrono::seconds(1);
 
@@ -30,11 +30,11 @@ SerialDevice::SerialDevice(asio::io_context& loop, std::string device, int baud)
 
 void SerialDevice::Open() {
   line_.open(device_);
-  line_.set_option(Port::baud_rate(baud_));
-  line_.set_option(Port::character_size(8));
-  line_.set_option(Port::parity(Port::parity::none));
-  line_.set_option(Port::stop_bits(Port::stop_bits::one));
-  line_.set_option(Port::flow_control(Port::flow_control::none));
+  line_.set_option(Setting::baud_rate(baud_));
+  line_.set_option(Setting::character_size(8));
+  line_.set_option(Setting::parity(Setting::parity::none));
+  line_.set_option(Setting::stop_bits(Setting::stop_bits::one));
+  line_.set_option(Setting::flow_control(Setting::flow_control::none));
 }
 
 void SerialDevice::Start(LineEvents events) {

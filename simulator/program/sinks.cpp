@@ -40,10 +40,6 @@ class PaperFile : public Sink {
   bool fresh_ = false;
 };
 
-void TellPerson(const std::string& text) {
-  std::fprintf(stderr, "impresora-virtual: %s\n", text.c_str());
-}
-
 // Each document's paper as files of a folder.
 class PaperPictures : public Sink {
  public:
@@ -98,6 +94,10 @@ bool IsFolder(const std::string& path) {
 }
 
 }  // namespace
+
+void TellPerson(const std::string& words) {
+  std::fprintf(stderr, "impresora-virtual: %s\n", words.c_str());
+}
 
 Sinks MakeSinks(const Options& options, const Printer& printer) {
   Sinks sinks;

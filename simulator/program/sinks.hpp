@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "line/session.hpp"
@@ -19,6 +20,9 @@ using Sinks = std::vector<std::unique_ptr<Sink>>;
 
 // Those that the options ask for. Throws std::exception when a file cannot be had.
 Sinks MakeSinks(const Options& options, const Printer& printer);
+
+// On the side of what the program puts out.
+void TellPerson(const std::string& words);
 
 // Counts the documents that came to their end, fiscal or not.
 class DocumentCount : public Observer {

@@ -33,10 +33,6 @@ Cable CableOf(const Options& options, std::string_view port) {
   return port.starts_with("tcp:") ? Cable::kTcp : Cable::kPseudoTerminal;
 }
 
-void TellPerson(const std::string& words) {
-  std::fprintf(stderr, "impresora-virtual: %s\n", words.c_str());
-}
-
 // Every mistake of the file, not only the first.
 void AddFaults(const std::string& path, FaultPlan& plan) {
   if (path.empty()) return;

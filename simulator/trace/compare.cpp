@@ -10,7 +10,7 @@ namespace {
 
 constexpr Sides kSides{"A", "B"};
 
-std::string NameOf(const RecordedExchange& exchange) {
+std::string PlaceOf(const RecordedExchange& exchange) {
   const std::vector<Event> events = Frames(exchange.host);
   const Packet* const packet = CommandOf(events);
   return packet != nullptr ? ExchangeName(exchange.number, *packet)
@@ -42,13 +42,13 @@ std::optional<std::string> Compare(const Recording& a, const Recording& b,
   for (std::size_t i = 0; i < common; ++i) {
     const auto differences = Differences(a[i], b[i], settings.clock);
     if (!differences.empty()) {
-      return "intercambio " + NameOf(a[i]) + ": " + differences.front();
+      return "intercambio " + PlaceOf(a[i]) + ": " + differences.front();
     }
   }
   if (a.size() == b.size()) return std::nullopt;
   const bool a_longer = a.size() > b.size();
   return std::string(a_longer ? "B" : "A") + " termina antes: falta el intercambio " +
-         NameOf(a_longer ? a[common] : b[common]);
+         PlaceOf(a_longer ? a[common] : b[common]);
 }
 
 int CompareFiles(const std::filesystem::path& a, const std::filesystem::path& b,

@@ -9,7 +9,6 @@ namespace kestra {
 namespace {
 
 constexpr std::int32_t kNumberLength = 8;
-constexpr std::string_view kEmpty(&kEmptyField, 1);
 
 bool IsForFinalConsumer(Library& library, std::string_view letter) {
   if (letter == "B" || letter == "C") return true;
@@ -83,7 +82,7 @@ std::int32_t CerrarComprobanteFiscal(Library& library, const char* kind, const c
 std::int32_t Cancelar(Library& library) {
   return Run(library, {.call = "EP_CancelarDocumento()",
                        .log = " - Comando : EP_Cancelar()",
-                       .command = TotalsCommand(library.state, {kEmpty, kEmpty, "C"})});
+                       .command = TotalsCommand(library.state, {kNoText, kNoText, "C"})});
 }
 
 }  // namespace kestra

@@ -13,8 +13,6 @@
 namespace kestra {
 namespace {
 
-constexpr std::string_view kEmpty(&kEmptyField, 1);
-
 constexpr std::string_view kSale = "M";
 constexpr std::string_view kReturn = "R";
 constexpr std::string_view kVoid = "m";
@@ -35,7 +33,7 @@ struct Fillers {
   std::string_view family;
   std::string_view qualifier;
   std::string_view field_7 = "0000";
-  std::string_view field_11 = kEmpty;  // kPackages: the packages again
+  std::string_view field_11 = kNoText;  // kPackages: the packages again
 };
 constexpr std::string_view kPackages = "bultos";
 constexpr std::array kFillers = {
@@ -106,7 +104,7 @@ Command ItemCommand(const Fillers& fillers, const Item& item) {
 bool PrintExtras(Library& library, const Item& item) {
   const bool safe = library.certainty.settings.ModoSeguro == 1;
   for (const auto& extra : item.extras) {
-    if (extra == kEmpty) continue;
+    if (extra == kNoText) continue;
     const auto result = ImprimirTextoFiscalInterna(library, extra);
     if (safe && result != kSuccess) return false;
   }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kDocumentLength = 11;
 
-std::string Line(Library& library, const char* line) {
+std::string LineText(Library& library, const char* line) {
   const auto& state = library.state;
   auto field = TextField(library, LeerCadena(library.texts, line, 40),
                          LengthForFamily(state, state.LonDatosClienteT, state.LonDatosClienteF));
@@ -30,13 +30,13 @@ Opening PrepareOpening(Library& library, const OpeningArguments& a) {
       PadLeft(TrimBlanks(LeerCadena(library.texts, a.document_number, kDocumentLength)),
               kDocumentLength, '0');
   opening.vat_condition = LeerCadena(library.texts, a.vat_condition, 1);
-  opening.line1 = Line(library, a.line1);
-  opening.line2 = Line(library, a.line2);
-  opening.address = Line(library, a.address);
-  opening.line4 = Line(library, a.line4);
-  opening.line5 = Line(library, a.line5);
-  opening.line6 = Line(library, a.line6);
-  opening.line7 = Line(library, a.line7);
+  opening.line1 = LineText(library, a.line1);
+  opening.line2 = LineText(library, a.line2);
+  opening.address = LineText(library, a.address);
+  opening.line4 = LineText(library, a.line4);
+  opening.line5 = LineText(library, a.line5);
+  opening.line6 = LineText(library, a.line6);
+  opening.line7 = LineText(library, a.line7);
   opening.copies = a.copies;
   return opening;
 }

@@ -18,8 +18,8 @@ struct GeneralLine {
 constexpr GeneralLine kDiscount{"EP_DescuentoGeneral", " - Comando : EP_DescuentoGeneral", "D"};
 constexpr GeneralLine kSurcharge{"EP_RecargoGeneral", " - Comando : EP_RecargoGeneral", "R"};
 
-std::int32_t Print(Library& library, const GeneralLine& line, const char* description,
-                   double amount) {
+std::int32_t PrintGeneral(Library& library, const GeneralLine& line, const char* description,
+                          double amount) {
   const auto& state = library.state;
   // The text's length groups "TF" with "TQ", the command's byte "TF" with "FC".
   const auto text = TextField(library, LeerCadena(library.texts, description, 80),
@@ -33,11 +33,11 @@ std::int32_t Print(Library& library, const GeneralLine& line, const char* descri
 }  // namespace
 
 std::int32_t DescuentoGeneral(Library& library, const char* description, double amount) {
-  return Print(library, kDiscount, description, amount);
+  return PrintGeneral(library, kDiscount, description, amount);
 }
 
 std::int32_t RecargoGeneral(Library& library, const char* description, double amount) {
-  return Print(library, kSurcharge, description, amount);
+  return PrintGeneral(library, kSurcharge, description, amount);
 }
 
 std::int32_t EspecificarPercepcionGlobal(Library& library, const char* description, double amount,

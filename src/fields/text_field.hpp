@@ -9,6 +9,7 @@ namespace kestra {
 
 // What the printer reads as an empty field.
 constexpr char kEmptyField = '\x7F';
+constexpr std::string_view kNoText(&kEmptyField, 1);
 
 // What stands for a character that the printer does not take.
 constexpr char kStandIn = '-';

@@ -13,11 +13,11 @@
 using kestra::Export;
 using kestra::HandOver;
 using kestra::InTurn;
+using kestra::kRefused;
 using kestra::Library;
 
 namespace {
 
-constexpr std::int32_t kRefused = -1;  // another call is under way
 constexpr std::int32_t kNotKnown = -1;
 
 }  // namespace

@@ -15,6 +15,9 @@
 
 namespace kestra {
 
+// What tells a host, where 0 and 1 are answers, that another call is under way.
+constexpr std::int32_t kRefused = -1;
+
 // Runs what may be called at any time; a failure of it becomes `failure`.
 template <typename Body>
 std::int32_t WithoutFailing(std::int32_t failure, Body body) noexcept {

@@ -230,8 +230,7 @@ void KESTRA_CALL Kestra_DefinirOperador(const KestraOperador* operador) {
 }
 
 int32_t KESTRA_CALL Kestra_Textos(int32_t modo) {
-  constexpr std::int32_t kRefused = -1;  // another call is under way
-  return kestra::InTurn(kRefused,
+  return kestra::InTurn(kestra::kRefused,
                         [=](Library& library) { return kestra::ChooseTexts(library.texts, modo); });
 }
 

@@ -41,11 +41,11 @@ using Digit = std::array<std::size_t, 4>;
 // The digits of a word from the last to the first.
 using Layout = std::array<Digit, 4>;
 
-constexpr Layout kFiscal = {{{0, 1, 2, 3}, {4, 5, 6, 7}, {8, 9, 10, 11}, {12, 13, 14, 15}}};
+constexpr Layout kFiscalLayout = {{{0, 1, 2, 3}, {4, 5, 6, 7}, {8, 9, 10, 11}, {12, 13, 14, 15}}};
 
 // Kept as is: "out of paper" (0x4000) lives in slot 13 and its neighbour (0x2000) in slot 14;
 // verdict, messages and report all read the slots so.
-constexpr Layout kPrinter = {{{0, 1, 2, 3}, {4, 5, 6, 7}, {8, 9, 10, 11}, {12, 14, 13, 15}}};
+constexpr Layout kPrinterLayout = {{{0, 1, 2, 3}, {4, 5, 6, 7}, {8, 9, 10, 11}, {12, 14, 13, 15}}};
 
 void Decode(std::string_view word, const Layout& layout, Flags& flags) {
   auto position = layout.size();
@@ -71,11 +71,11 @@ std::array<Boolean, 4> ValorDigitoHex(std::string_view digit) {
 }
 
 void DecodePrinter(std::string_view word, Flags& flags) {
-  Decode(word, kPrinter, flags);
+  Decode(word, kPrinterLayout, flags);
 }
 
 void DecodeFiscal(std::string_view word, Flags& flags) {
-  Decode(word, kFiscal, flags);
+  Decode(word, kFiscalLayout, flags);
 }
 
 }  // namespace kestra

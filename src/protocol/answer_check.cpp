@@ -52,7 +52,7 @@ void DecodificarEstados(Library& library) {
 
 namespace {
 
-void TakeAnswer(Library& library) {
+void KeepAnswer(Library& library) {
   const auto& state = library.state;
   SepararRespuesta(library);
   DecodificarEstados(library);
@@ -65,7 +65,7 @@ void TakeAnswer(Library& library) {
 
 void ShowAnswer(Library& library, const std::string& answer) {
   library.state.RespuestaActual = answer;
-  TakeAnswer(library);
+  KeepAnswer(library);
 }
 
 void ReportConditions(Library& library) {
@@ -79,7 +79,7 @@ void ReportConditions(Library& library) {
 
 bool ListarRespuestas(Library& library) {
   const auto& state = library.state;
-  TakeAnswer(library);
+  KeepAnswer(library);
   const bool failure = FailsCommand(state.BitImpresora, state.BitFiscal);
   // Kept as is: out of paper asks for the operator even when the command went through.
   if (state.BitImpresora[kOutOfPaper] != kFalse) ShowReport(library);

@@ -51,8 +51,6 @@ constexpr std::array kMethods{
     MethodRow{'|', 0, 0, Method::kNoBook, false},
 };
 
-constexpr std::string_view kEmpty(&kEmptyField, 1);
-
 // The model whose counters stand in an order of their own.
 constexpr std::string_view kModelOfOtherCounters = "TM300AF";
 
@@ -103,7 +101,7 @@ std::string_view CommandField(std::string_view command, std::size_t n) {
     command.remove_prefix(separator + 1);
   }
   const auto field = command.substr(0, command.find(kFs));
-  return field == kEmpty ? std::string_view() : field;
+  return field == kNoText ? std::string_view() : field;
 }
 
 std::string CountersQuestion() {
@@ -116,7 +114,7 @@ std::string DayQuestion() {
 
 std::string SubtotalQuestion(std::string_view command) {
   const bool ticket = kTicketBytes.find(command.front()) != std::string_view::npos;
-  return Command(ticket ? 'C' : 'c').Field("N").Field(kEmpty).Bytes();
+  return Command(ticket ? 'C' : 'c').Field("N").Field(kNoText).Bytes();
 }
 
 bool AsksForCounters(std::string_view command) {

@@ -52,7 +52,7 @@ Finding Opening(const Case& c) {
   return c.books.subtotal->lines == 0 ? Finding::kDone : Finding::kNotDone;
 }
 
-Finding Line(const Case& c) {
+Finding OfLine(const Case& c) {
   if (!c.books.subtotal) return Finding::kAbsent;
   return Grown(c.before.lines, 1, c.books.subtotal->lines);
 }
@@ -163,7 +163,7 @@ Finding Compare(const Ledger& before, std::string_view command, const State& dig
     case Method::kOpening:
       return Opening(c);
     case Method::kLine:
-      return Line(c);
+      return OfLine(c);
     case Method::kCorrection:
       return Correction(c);
     case Method::kPayment:

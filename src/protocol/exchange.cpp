@@ -26,7 +26,7 @@ constexpr int kTooManyForeign = 10;
 constexpr double kPatience = 5.0;
 
 // What became of one frame.
-enum class Arrival { kOwn, kForeign, kExpired };
+enum class Arrival { kOwn, kStrange, kExpired };
 
 // One call of Enviar.
 class Exchange {
@@ -112,7 +112,7 @@ Exchange::Step Exchange::Attempt() {
   report_.Judge(Puerto().Waiting());
   EscribirLog(library_, " - Respuesta : " + library_.state.RespuestaActual);
   switch (arrival) {
-    case Arrival::kForeign:
+    case Arrival::kStrange:
       return DiscardForeign();
     case Arrival::kExpired:
       return AskRetry();
@@ -170,10 +170,10 @@ Arrival Exchange::Wait() {
     const bool arrived = TakeArrived();
     while (arrived && AnswerLength(library_.state.RespuestaActual) != 0) {
       if (Acknowledge()) return Arrival::kOwn;
-      if (foreign_ == kTooManyForeign) return Arrival::kForeign;
+      if (foreign_ == kTooManyForeign) return Arrival::kStrange;
     }
   }
-  return foreign_ > 1 ? Arrival::kForeign : Arrival::kExpired;
+  return foreign_ > 1 ? Arrival::kStrange : Arrival::kExpired;
 }
 
 // Takes what has arrived once it can matter: four bytes, or those that an end byte still lacks.

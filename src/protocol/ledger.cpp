@@ -41,7 +41,7 @@ std::optional<std::int64_t> CorrectionOf(const Ledger& ledger, std::string_view 
   return Share(signed_cents, *ledger.net + *ledger.iva, *ledger.net);
 }
 
-struct Line {
+struct SoldLine {
   std::int64_t net = 0;
   std::int64_t iva = 0;
   std::int64_t internal_taxes = 0;
@@ -49,14 +49,14 @@ struct Line {
 };
 
 // Elsewhere than on letter A, which tickets do not have, the price has everything in it.
-std::optional<Line> LineOf(const Ledger& ledger, std::string_view command, const State& state) {
+std::optional<SoldLine> LineOf(const Ledger& ledger, std::string_view command, const State& state) {
   const auto quantity = ReadDecimal(CommandField(command, 2), state.DecCantidad);
   const auto price = ReadDecimal(CommandField(command, 3), state.DecPrecio);
   if (!quantity || !price) return std::nullopt;
   const auto amount = Product(*quantity, *price);
   if (!amount) return std::nullopt;
   const bool sold = CommandField(command, 5) == "M";
-  Line line{.net = amount->cents, .slack = amount->slack + (sold ? 0 : 1)};
+  SoldLine line{.net = amount->cents, .slack = amount->slack + (sold ? 0 : 1)};
   if (PricesAreNet(ledger)) {
     const auto rate = MoneyField(command, 4, state.DecIVA);
     const auto each = ReadDecimal(CommandField(command, 12), state.DecImpInt);
@@ -68,7 +68,7 @@ std::optional<Line> LineOf(const Ledger& ledger, std::string_view command, const
     line.slack += taxes->slack + 2;
   }
   if (sold) return line;
-  return Line{-line.net, -line.iva, -line.internal_taxes, line.slack};
+  return SoldLine{-line.net, -line.iva, -line.internal_taxes, line.slack};
 }
 
 void Add(std::optional<std::int64_t>& sum, std::optional<std::int64_t> more) {

@@ -17,7 +17,7 @@
 namespace kestra {
 namespace {
 
-constexpr auto kQuestion = "Error de Comunicación con la fiscal. Reintentar?\r\r"_ansi;
+constexpr auto kRetry = "Error de Comunicación con la fiscal. Reintentar?\r\r"_ansi;
 
 }  // namespace
 
@@ -53,7 +53,7 @@ Cause SafeEnding::Condition() const {
 }
 
 bool SafeEnding::OperatorInsists(const Verdict& verdict) {
-  const auto text = std::string(kQuestion) + CauseText(verdict.cause, verdict.outcome);
+  const auto text = std::string(kRetry) + CauseText(verdict.cause, verdict.outcome);
   const auto answer = library_.platform.GetOperator().Message(text, "Error !", kBoxYesNo);
   return answer == kAnswerYes;
 }

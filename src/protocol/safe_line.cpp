@@ -14,7 +14,7 @@ namespace kestra {
 namespace {
 
 // Seconds.
-constexpr double kPatience = 5.0;
+constexpr double kLongestWait = 5.0;
 constexpr double kQuietAfterDamage = 0.5;
 constexpr double kQuietLine = 0.3;
 constexpr double kLongestRest = 5.0;
@@ -125,7 +125,7 @@ Reception SafeLine::Wait(const NumberedFrame& frame) {
     double begin = Now();
     double last = begin;
     const double latest = begin + kLongestBusy;
-    while (Now() < std::min(begin + kPatience, latest) && heard.answer.empty()) {
+    while (Now() < std::min(begin + kLongestWait, latest) && heard.answer.empty()) {
       if (TakeArrived(received)) {
         heard = Listen(received, frame.header);
         last = Now();

@@ -28,7 +28,7 @@ Outcome OutcomeOf(Finding finding) {
 }
 
 // Made again, a call whose sheet was turned goes on behind it: the printer itself tells which step is next.
-void Remember(Library& library, const Pending& pending, const Settlement& settlement) {
+void RememberSettled(Library& library, const Pending& pending, const Settlement& settlement) {
   if (IsTurnedSheet(pending.command, settlement.outcome)) return library.certainty.settled.reset();
   Settled settled{.call = pending.call,
                   .done = pending.accepted,
@@ -60,7 +60,7 @@ Settlement SettleOn(SafeLine& line, Library& library, Patience& patience) {
                                [&] { return Consult(line, library, DoubtOf(library, *pending)); });
   if (!found.answered) return {Outcome::kUnknown, found.cause, false, {}};
   Settlement settlement{OutcomeOf(found.finding), found.cause, true, found.fields};
-  Remember(library, *pending, settlement);
+  RememberSettled(library, *pending, settlement);
   NoteAnswer(library, settlement.fields);
   pending.reset();
   library.certainty.unheard = false;

@@ -46,12 +46,12 @@ constexpr std::array kSigns = {
     Sign{0, 0x0100, Weight::kTells, Cause::kFiscalMemoryLow},
 };
 
-bool IsLit(const Sign& sign, const Words& words) {
+bool IsGiven(const Sign& sign, const Words& words) {
   return (words.printer & sign.printer) == sign.printer &&
          (words.fiscal & sign.fiscal) == sign.fiscal;
 }
 
-Cause DoubtOf(const Heard& heard, bool leftover) {
+Cause CauseOfDoubt(const Heard& heard, bool leftover) {
   if (heard.foreign) return Cause::kForeign;
   if (heard.damaged) return Cause::kDamaged;
   if (heard.refused) return Cause::kNotUnderstood;
@@ -69,7 +69,7 @@ Verdict JudgeWords(const Words& words, Errand errand) {
   const auto limit = errand == Errand::kQuestion ? Weight::kRefuses : Weight::kStops;
   Verdict verdict{Outcome::kDone};
   for (const auto& sign : kSigns) {
-    if (!IsLit(sign, words)) continue;
+    if (!IsGiven(sign, words)) continue;
     if (sign.weight >= limit) verdict.outcome = Outcome::kRefused;
     if (verdict.cause == Cause::kNone) verdict.cause = sign.cause;
   }
@@ -77,7 +77,7 @@ Verdict JudgeWords(const Words& words, Errand errand) {
 }
 
 Verdict JudgeHeard(const Heard& heard, bool leftover, Errand errand) {
-  if (heard.answer.empty()) return {Outcome::kUnknown, DoubtOf(heard, leftover)};
+  if (heard.answer.empty()) return {Outcome::kUnknown, CauseOfDoubt(heard, leftover)};
   return JudgeWords(WordsOf(FieldsOf(heard.answer)), errand);
 }
 

@@ -29,7 +29,7 @@ Verdict Together(const Tally& tally, bool parts) {
   return {};
 }
 
-void Add(Tally& tally, const Verdict& verdict) {
+void Count(Tally& tally, const Verdict& verdict) {
   const auto place = PlaceOf(verdict.outcome);
   tally.met[place] = true;
   if (tally.causes[place] == Cause::kNone) tally.causes[place] = verdict.cause;
@@ -40,7 +40,8 @@ void Add(Tally& tally, const Verdict& verdict) {
 void Conclude(CallReport& report) {
   auto commands = report.commands;
   auto questions = report.questions;
-  if (report.so_far) Add(report.errand == Errand::kQuestion ? questions : commands, *report.so_far);
+  if (report.so_far)
+    Count(report.errand == Errand::kQuestion ? questions : commands, *report.so_far);
   const auto done = Together(commands, true);
   const auto told = Together(questions, false);
   report.outcome = done.outcome == Outcome::kNothingAsked ? told.outcome : done.outcome;
@@ -115,7 +116,7 @@ void NoteSoFar(Library& library, const Verdict& verdict, Errand errand) noexcept
 void NoteVerdict(Library& library, const Verdict& verdict, Errand errand) noexcept {
   auto& report = library.certainty.report;
   report.so_far.reset();
-  Add(errand == Errand::kQuestion ? report.questions : report.commands, verdict);
+  Count(errand == Errand::kQuestion ? report.questions : report.commands, verdict);
   Conclude(report);
 }
 
