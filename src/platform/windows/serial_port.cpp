@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/seam/port_fault.hpp"
+#include "platform/windows/pipe_port.hpp"
 
 namespace kestra {
 namespace {
@@ -28,6 +29,7 @@ constexpr std::array kOpeningFaults = {
     ErrorRow<DWORD>{ERROR_ACCESS_DENIED, PortFault::kBusy},  // the system's word for a port in use
     ErrorRow<DWORD>{ERROR_SHARING_VIOLATION, PortFault::kBusy},
     ErrorRow<DWORD>{ERROR_BUSY, PortFault::kBusy},
+    ErrorRow<DWORD>{ERROR_PIPE_BUSY, PortFault::kBusy},
 };
 
 // A device that is unplugged, or whose far end is gone. Drivers differ in what they say then.
@@ -44,6 +46,9 @@ constexpr std::array kTransferFaults = {
     ErrorRow<DWORD>{ERROR_DEVICE_REMOVED, PortFault::kLost},
     ErrorRow<DWORD>{ERROR_IO_DEVICE, PortFault::kLost},
     ErrorRow<DWORD>{ERROR_BROKEN_PIPE, PortFault::kLost},
+    ErrorRow<DWORD>{ERROR_NO_DATA,
+                    PortFault::kLost},  // a pipe's word for a far end that is closing
+    ErrorRow<DWORD>{ERROR_PIPE_NOT_CONNECTED, PortFault::kLost},
     ErrorRow<DWORD>{ERROR_HANDLE_EOF, PortFault::kLost},
 };
 
@@ -54,9 +59,7 @@ Failure SystemFailure(PortFault fault, PortFault unexplained, const std::string&
 }
 
 void Require(bool done, const std::string& device) {
-  if (done) return;
-  const DWORD error = ::GetLastError();
-  throw SystemFailure(OpeningFault(error), PortFault::kCannotOpen, device, error);
+  if (!done) throw OpeningFailure(device, ::GetLastError());
 }
 
 bool IsTimeout(DWORD error) {
@@ -71,6 +74,14 @@ PortFault OpeningFault(DWORD error) {
 
 PortFault TransferFault(DWORD error) {
   return FaultIn(kTransferFaults, error, PortFault::kTransfer);
+}
+
+Failure OpeningFailure(const std::string& device, DWORD error) {
+  return SystemFailure(OpeningFault(error), PortFault::kCannotOpen, device, error);
+}
+
+Failure TransferFailure(const std::string& device, DWORD error) {
+  return SystemFailure(TransferFault(error), PortFault::kTransfer, device, error);
 }
 
 std::string DevicePath(std::string_view device) {
@@ -121,9 +132,7 @@ void WindowsPort::RequireOpen() const {
 }
 
 void WindowsPort::RequireTransfer(bool done) const {
-  if (done) return;
-  const DWORD error = ::GetLastError();
-  throw SystemFailure(TransferFault(error), PortFault::kTransfer, device_, error);
+  if (!done) throw TransferFailure(device_, ::GetLastError());
 }
 
 void WindowsPort::Output(std::string_view bytes) {
@@ -192,6 +201,7 @@ std::string WindowsPort::Input() {
 
 std::unique_ptr<SerialPort> MakeDevicePort(const std::string& device,
                                            std::optional<std::int32_t> speed) {
+  if (IsPipe(device)) return std::make_unique<PipePort>(device);
   return std::make_unique<WindowsPort>(device, speed);
 }
 

@@ -53,6 +53,10 @@ std::string DevicePath(std::string_view device);
 PortFault OpeningFault(DWORD error);
 PortFault TransferFault(DWORD error);
 
+// The same as failures; one that nothing explains carries the system's number.
+Failure OpeningFailure(const std::string& device, DWORD error);
+Failure TransferFailure(const std::string& device, DWORD error);
+
 // 8 data bits, no parity, one stop bit, no handshake, every byte value as it is; DTR and RTS raised.
 // The speed as given, else as it is.
 DCB RawLine(const DCB& now, std::optional<std::int32_t> speed);

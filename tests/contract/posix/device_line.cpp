@@ -11,6 +11,10 @@ namespace kestra {
 
 const WaitLimits kWaitLimits{std::numeric_limits<int>::max(), 15.0};
 
+std::vector<Twin<SerialLine>> OwnTwins() {
+  return {};
+}
+
 std::unique_ptr<DeviceLine> MakeDeviceLine() {
   return std::make_unique<PtyLine>();
 }

@@ -31,7 +31,8 @@ class SerialLine : public Bench {
 };
 
 // The twins of this platform: a device and a network, whose failures of opening what another program has
-// differ; and those with the fake.
+// differ, and what else it may have; and those with the fake.
+std::vector<Twin<SerialLine>> OwnTwins();
 std::vector<Twin<SerialLine>> SystemTwins();
 std::vector<Twin<SerialLine>> SerialTwins();
 

@@ -41,8 +41,10 @@ class FakeTwin : public SerialLine {
 }  // namespace
 
 std::vector<Twin<SerialLine>> SystemTwins() {
-  return {{"System", [] { return std::unique_ptr<SerialLine>(MakeDeviceLine()); }, 8005},
-          TwinOf<SerialLine, TcpLine>("Tcp", 8015)};
+  auto twins = OwnTwins();
+  twins.push_back({"System", [] { return std::unique_ptr<SerialLine>(MakeDeviceLine()); }, 8005});
+  twins.push_back(TwinOf<SerialLine, TcpLine>("Tcp", 8015));
+  return twins;
 }
 
 std::vector<Twin<SerialLine>> SerialTwins() {
