@@ -1,4 +1,4 @@
-"""The virtual printer as a program of either system, and a host that speaks to it in frames."""
+"""The kit's programs, of either system, and a host that speaks to the virtual printer in frames."""
 
 import os
 import platform
@@ -21,10 +21,17 @@ STEADY = ["setarch", platform.machine(), "--addr-no-randomize"]
 
 def words_before():
     can = subprocess.run([*STEADY, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0
-    return [*(STEADY if can else []), ENV["KIT_WINE"], ENV["KIT_WINDOWS_PRINTER"]]
+    return [*(STEADY if can else []), ENV["KIT_WINE"]]
 
 
-COMMAND = words_before() if WINDOWS else [ENV["KIT_LINUX_PRINTER"]]
+def program(name):
+    """The words that start a program of the system that is tried."""
+    if not WINDOWS:
+        return [os.path.join(ENV["KIT_LINUX"], name)]
+    return [*words_before(), os.path.join(ENV["KIT_WINDOWS"], name + ".exe")]
+
+
+COMMAND, TOOL, DAY = (program(name) for name in ("impresora-virtual", "kestra", "jornada"))
 
 
 def at_home(path):
@@ -36,16 +43,14 @@ class Gone(Exception):
     """The printer, or its line."""
 
 
-class Printer:
-    """The program at work in a folder, with the name of its line. What it says goes to files: the other end of a pipe
-    would be held by whatever Wine starts beside it, and outlive it."""
+class Program:
+    """One at work in a folder. What it says goes to files: the other end of a pipe would be held by whatever Wine starts
+    beside it, and outlive it."""
 
-    def __init__(self, folder, *flags):
+    def __init__(self, folder, command):
         self.said = tempfile.mkdtemp(prefix="kestra-said-")
         with open(self.file(0), "wb") as output, open(self.file(1), "wb") as errors:
-            self.process = subprocess.Popen([*COMMAND, *flags], cwd=folder, stdin=subprocess.DEVNULL,
-                                            stdout=output, stderr=errors)
-        self.port = self.hear("Puerto: ")
+            self.process = subprocess.Popen(command, cwd=folder, stdin=subprocess.DEVNULL, stdout=output, stderr=errors)
 
     def file(self, number):
         return os.path.join(self.said, str(number))
@@ -79,6 +84,14 @@ class Printer:
         if self.process.poll() is None:
             self.kill()
         shutil.rmtree(self.said, ignore_errors=True)
+
+
+class Printer(Program):
+    """The virtual one, or whoever passes for it, with the name of its line."""
+
+    def __init__(self, folder, *flags, command=COMMAND):
+        super().__init__(folder, [*command, *flags])
+        self.port = self.hear("Puerto: ")
 
 
 class Host:
@@ -145,15 +158,42 @@ class InAFolder(unittest.TestCase):
     def path(self, *names):
         return os.path.join(self.folder, *names)
 
-    def start(self, *flags):
-        printer = Printer(self.folder, *flags)
+    def start(self, *flags, **of_whom):
+        printer = Printer(self.folder, *flags, **of_whom)
         self.addCleanup(printer.forget)
         return printer
 
-    def run_it(self, *flags):
+    def run_it(self, *flags, command=COMMAND, typed=""):
         """The result of a run that ends by itself, and all that it said."""
-        with tempfile.TemporaryFile() as said:
-            ended = subprocess.run([*COMMAND, *flags], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=said,
-                                   stderr=said, timeout=PATIENCE, check=False)
+        with tempfile.TemporaryFile() as said, tempfile.TemporaryFile() as keys:
+            keys.write(typed.encode())
+            keys.seek(0)
+            ended = subprocess.run([*command, *flags], cwd=self.folder, stdin=keys, stdout=said, stderr=said,
+                                   timeout=PATIENCE, check=False)
             said.seek(0)
             return ended.returncode, said.read().decode("utf-8", "replace").replace("\r\n", "\n")
+
+
+class InAShop(InAFolder):
+    """A folder with a name that has blanks and letters of ours, as shops have them."""
+    name = "caja del ñandú "
+
+    def read(self, *names):
+        with open(self.path(*names), encoding="utf-8") as file:
+            return file.read()
+
+    def write(self, name, text, encoding="utf-8"):
+        with open(self.path(name), "w", encoding=encoding) as file:
+            file.write(text)
+
+    def settings(self, **keys):
+        """A Fiscal.ini for the family TF, with these keys in place of its own."""
+        with open(ENV["KESTRA_SETTINGS"], encoding="utf-8") as file:
+            text = file.read()
+        for key, value in {"TipoComprobante": "TF", "ModeloNombre": "TM-U220AF", **keys}.items():
+            text = re.sub(rf"(?m)^;?{key}=.*$", lambda _, line=f"{key}={value}": line, text)
+        self.write("Fiscal.ini", text, "cp1252")
+
+    def shown(self, *words):
+        """The tool's result, and what it said."""
+        return self.run_it(*words, command=TOOL)

@@ -7,19 +7,13 @@ import tty
 import unittest
 import urllib.request
 
-from kit import COMMAND, ENV, PATIENCE, WINDOWS, Host, InAFolder, at_home
+from kit import COMMAND, ENV, PATIENCE, WINDOWS, Host, InAShop, at_home
 
 FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf"
 ALONE = ("--tcp", "127.0.0.1:0", "--papel", "papel.txt")
 
 
-class InAShopsFolder(InAFolder):
-    name = "caja del ñandú "
-
-    def read(self, *names):
-        with open(self.path(*names), encoding="utf-8") as file:
-            return file.read()
-
+class AShopsFiles(InAShop):
     def sell(self, printer, first=0x20):
         host = Host(printer.port, first)
         self.addCleanup(host.close)

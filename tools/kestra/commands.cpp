@@ -2,7 +2,6 @@
 
 #include <array>
 #include <span>
-#include <vector>
 
 namespace kestra::tool {
 namespace {
@@ -48,6 +47,36 @@ constexpr std::array kIni = {
     Option{"--reemplazar", "", "escribir encima del archivo que haya"},
 };
 
+constexpr std::array kLog = {
+    Option{"--fallas", "", "solo lo que falló"},
+    Option{"--dia", "FECHA", "solo ese día: 16/11/2026 o 2026-11-16"},
+    Option{"--comprobante", "[L-]N", "solo ese comprobante: 12, o B-12 con su letra"},
+    Option{"--seguir", "", "sigue el archivo mientras crece"},
+    Option{"--html", "ARCHIVO",
+           "una página para mandar, con los datos de los\nclientes tapados; - es la salida"},
+    Option{"--sin-ocultar", "", "en la página, los datos de los clientes a la vista"},
+    Option{"--ocultar", "", "los datos de los clientes tapados, sin --html"},
+    Option{"--codigo", "NOMBRE",
+           "de las letras: 1252, 850, 437, utf-8, utf-16; sin\nella se deduce"},
+};
+
+constexpr std::array kRelay = {
+    Option{"--impresora", "LÍNEA",
+           "la impresora: un puerto serie o tcp:HOST:PUERTO; sin\nella, la de Fiscal.ini"},
+    Option{"--enlace", "RUTA", "la caja entra por una pseudoterminal con ese enlace"},
+    Option{"--tcp", "HOST:PUERTO", "la caja entra por TCP; con puerto 0, uno libre"},
+    Option{"--dispositivo", "RUTA", "la caja entra por un puerto serie"},
+    Option{"--tuberia", "NOMBRE", "la caja entra por una tubería (Windows)"},
+    Option{"--baudios", "N", "de los puertos serie; sin ella, 9600"},
+    Option{"--grabar", "ARCHIVO", "para impresora-virtual --reproducir"},
+};
+
+constexpr std::array kPrompt = {
+    Option{"--virtual", "FAMILIA",
+           "con una impresora virtual propia, TQ, TF o FC, cuyo papel\nse muestra"},
+    Option{"--impresora-real", "", "imprimir también en una impresora que no sea virtual"},
+};
+
 constexpr std::array kCommands = {
     Command{.name = "diagnostico",
             .operands = "",
@@ -91,18 +120,30 @@ constexpr std::array kCommands = {
             .summary = "revisar Fiscal.ini; escribir uno, explicarlo, comparar dos",
             .options = kIni,
             .run = RunIni},
+    Command{.name = "registro",
+            .operands = "[FISCAL.LOG]",
+            .most_operands = 1,
+            .summary = "fiscal.log en palabras: cada trama con su respuesta",
+            .options = kLog,
+            .run = RunLog},
+    Command{.name = "presenciar",
+            .operands = "",
+            .most_operands = 0,
+            .summary = "entre la caja y la impresora: muestra lo que pasa, o lo graba",
+            .options = kRelay,
+            .run = RunRelay},
+    Command{.name = "consola",
+            .operands = "[GUION]",
+            .most_operands = 1,
+            .summary = "las operaciones de la biblioteca, una por línea",
+            .options = kPrompt,
+            .run = RunPrompt},
 };
 
 }  // namespace
 
 std::span<const Command> Commands() {
-  static const auto all = [] {
-    std::vector<Command> rows(kCommands.begin(), kCommands.end());
-    const auto more = LineCommands();
-    rows.insert(rows.end(), more.begin(), more.end());
-    return rows;
-  }();
-  return all;
+  return kCommands;
 }
 
 std::span<const Option> CommonOptions() {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <span>
-
 #include "command.hpp"
 #include "console.hpp"
 
@@ -9,16 +7,15 @@ namespace kestra::tool {
 
 Exit RunDiagnosis(const Request& request, Console& console);
 Exit RunStatus(const Request& request, Console& console);
-Exit RunRelay(const Request& request, Console& console);
-Exit RunPrompt(const Request& request, Console& console);
-Exit RunLog(const Request& request, Console& console);
 Exit RunCounters(const Request& request, Console& console);
 Exit RunClock(const Request& request, Console& console);
 Exit RunModel(const Request& request, Console& console);
 Exit RunResolve(const Request& request, Console& console);
 Exit RunIni(const Request& request, Console& console);
 
-// Those that tell what goes over the line in the virtual printer's words: none where that is not built.
-std::span<const Command> LineCommands();
+// These tell what goes over the line in the virtual printer's words: where that is not built they say where it is.
+Exit RunLog(const Request& request, Console& console);
+Exit RunRelay(const Request& request, Console& console);
+Exit RunPrompt(const Request& request, Console& console);
 
 }  // namespace kestra::tool

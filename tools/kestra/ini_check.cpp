@@ -194,7 +194,7 @@ bool CheckWay(Diagnosis& diagnosis) {
                    stop.what());
     return false;
   }
-  if (!speed_is_one && !IsNetwork(way)) {
+  if (!speed_is_one && !LeadsToProgram(way)) {
     diagnosis.Find(Trouble::kSpeedIgnored, "ImpresoraConfig=" + Utf8FromAnsi(way.speed));
   }
   return true;

@@ -149,7 +149,7 @@ std::string YesOrNo(bool yes) {
 
 // True when the port has such lines and none is raised.
 bool LooksSwitchedOff(Diagnosis& diagnosis, const Way& way) {
-  const auto signals = IsNetwork(way) ? std::nullopt : SignalsOf(DeviceOf(way));
+  const auto signals = LeadsToProgram(way) ? std::nullopt : SignalsOf(DeviceOf(way));
   if (!signals) {
     diagnosis.Fact("¿hay algo prendido?", "este puerto no lo dice");
     return false;
@@ -190,7 +190,7 @@ std::optional<Way> FindWhySilent(Diagnosis& diagnosis, const Way& way, const Rep
     diagnosis.Find(*symptom, Counted(reply));
     return std::nullopt;
   }
-  if (!IsNetwork(way)) {
+  if (!LeadsToProgram(way)) {
     const auto other = TrySpeeds(diagnosis, way, look.all_speeds);
     if (other) {
       diagnosis.Find(Trouble::kWrongSpeed,
@@ -223,7 +223,7 @@ void LookAtDevice(Diagnosis& diagnosis, const Way& way) {
   diagnosis.Fact("dispositivo",
                  Utf8FromAnsi(device) +
                      (instead ? ", por la variable KESTRA_DISPOSITIVO y no por Fiscal.ini" : ""));
-  if (IsNetwork(way)) return;
+  if (LeadsToProgram(way)) return;
   const auto port = AboutPort(device);
   diagnosis.Fact("es", InWords(port));
   if (const auto permission = PermissionOf(device); !permission.empty()) {
@@ -246,15 +246,15 @@ std::optional<Way> LookAtLine(Diagnosis& diagnosis, const Way& way, LineLook loo
     if (!reply.answered) return FindWhySilent(diagnosis, way, reply, look);
     diagnosis.Fact("contesta",
                    "sí, en " + SecondsInWords(reply.seconds) +
-                       (IsNetwork(way) ? "" : ", a " + way.speed + " bits por segundo"));
+                       (LeadsToProgram(way) ? "" : ", a " + way.speed + " bits por segundo"));
     if (reply.damaged > 0) diagnosis.Find(Trouble::kDamagedAnswers, Counted(reply));
     return way;
   } catch (const Failure& failure) {
     const auto words = Utf8FromAnsi(failure.Description());
     diagnosis.Fact("contesta", "no: " + words);
-    const bool names_ports = !IsNetwork(way);
+    const bool names_ports = !LeadsToProgram(way);
     if (names_ports) diagnosis.Fact("puertos de la máquina", PortsInWords());
-    const auto users = IsNetwork(way) ? std::vector<std::string>() : UsersOf(DeviceOf(way));
+    const auto users = LeadsToProgram(way) ? std::vector<std::string>() : UsersOf(DeviceOf(way));
     diagnosis.Find(TroubleOf(failure), users.empty() ? words : words + ": " + Joined(users));
     return std::nullopt;
   }

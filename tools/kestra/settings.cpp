@@ -30,8 +30,8 @@ Way ReadWay() {
           .model = ReadSetting("ModeloNombre")};
 }
 
-bool IsNetwork(const Way& way) {
-  return IsTcp(way.device);
+bool LeadsToProgram(const Way& way) {
+  return IsTcp(way.device) || LeadsToPipe(way.device);
 }
 
 std::string DeviceOf(const Way& way) {

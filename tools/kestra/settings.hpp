@@ -19,8 +19,8 @@ struct Way {
 
 Way ReadWay();
 
-// Behind a network, where the line's speed is somebody else's.
-bool IsNetwork(const Way& way);
+// Behind a network or a pipe, where the line's speed is somebody else's.
+bool LeadsToProgram(const Way& way);
 
 // The name of the device that the library would open; empty when it would refuse the settings.
 std::string DeviceOf(const Way& way);

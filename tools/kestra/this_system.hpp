@@ -19,6 +19,9 @@ std::string CurrentFolder();
 
 bool OutputIsTerminal();
 
+// Does the library open a named pipe for it? Not every system has such pipes.
+bool LeadsToPipe(const std::string& device);
+
 // The value of a key of Fiscal.ini as the library reads it, in windows-1252; empty when there is none.
 std::string ReadSetting(std::string_view key);
 

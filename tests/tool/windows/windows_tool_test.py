@@ -77,6 +77,15 @@ class AWindowsShop(Till):
         self.assertEqual(self.told("diagnostico")[1]["veredicto"], "bien")
         self.assertEqual(self.told("resolver")[1]["desenlace"], "nada")
 
+    def test_says_where_the_rest_is(self):
+        self.settle({})
+        for command in ("registro", "presenciar", "consola"):
+            result = self.kestra(command)
+            self.assertEqual(result.returncode, 2)
+            said = json.loads(result.output())
+            self.assertIn(command, said["error"])
+            self.assertIn("64 bits", said["error"])
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -44,6 +44,10 @@ std::string CurrentFolder() {
   return ::getcwd(path.data(), path.size()) == nullptr ? std::string() : path.c_str();
 }
 
+bool LeadsToPipe(const std::string&) {
+  return false;
+}
+
 bool OutputIsTerminal() {
   return ::isatty(STDOUT_FILENO) == 1;
 }

@@ -6,13 +6,16 @@
 #include <shellapi.h>
 
 #include <array>
+#include <iostream>
 
 #include "base/code_page.hpp"
 #include "platform/seam/platform.hpp"
 #include "platform/shared/text.hpp"
 #include "platform/windows/files.hpp"
 #include "platform/windows/handle.hpp"
+#include "platform/windows/pipe_port.hpp"
 #include "platform/windows/text.hpp"
+#include "windows/console_output.hpp"
 
 namespace kestra::tool {
 namespace {
@@ -49,7 +52,8 @@ bool WriteAt(const std::wstring& file, std::string_view bytes, DWORD how) {
 }  // namespace
 
 std::vector<std::string> ProgramArguments(int, char**) {
-  ::SetConsoleOutputCP(CP_UTF8);
+  static const ConsoleOutput output(std::cout, STD_OUTPUT_HANDLE);
+  static const ConsoleOutput errors(std::cerr, STD_ERROR_HANDLE);
   int count = 0;
   LPWSTR* const words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
   std::vector<std::string> arguments;
@@ -66,6 +70,10 @@ std::string CurrentFolder() {
   std::wstring path(::GetCurrentDirectoryW(0, nullptr), L'\0');
   path.resize(::GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
   return Utf8FromWide(path);
+}
+
+bool LeadsToPipe(const std::string& device) {
+  return IsPipe(device);
 }
 
 bool OutputIsTerminal() {

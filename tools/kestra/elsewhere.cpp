@@ -1,0 +1,30 @@
+#include <string>
+
+#include "commands.hpp"
+
+namespace kestra::tool {
+namespace {
+
+[[noreturn]] void SendElsewhere(const std::string& command) {
+  throw Stop(
+      Exit::kUsage,
+      command +
+          " no está en este programa, que es el de 32 bits: está en el de 64 bits, x64\\kestra.exe "
+          "del mismo paquete, y en el de Linux");
+}
+
+}  // namespace
+
+Exit RunLog(const Request&, Console&) {
+  SendElsewhere("registro (fiscal.log puede llevarse a otra máquina y leerse ahí)");
+}
+
+Exit RunRelay(const Request&, Console&) {
+  SendElsewhere("presenciar");
+}
+
+Exit RunPrompt(const Request&, Console&) {
+  SendElsewhere("consola");
+}
+
+}  // namespace kestra::tool
