@@ -9,6 +9,8 @@ import subprocess
 import tempfile
 import unittest
 
+import counters  # noqa: F401
+
 TOOL, PRINTER, DAY = (os.environ[name] for name in ("KESTRA_TOOL", "KESTRA_PRINTER", "KESTRA_DAY"))
 PATIENCE = 60
 

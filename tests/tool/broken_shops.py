@@ -1,5 +1,6 @@
 """Shops in which something is wrong: a row for each, with the verdict that `kestra diagnostico` must come to."""
 
+import datetime
 import os
 import signal
 import socket
@@ -9,6 +10,7 @@ import threading
 import zlib
 
 import cables
+import counters  # noqa: F401
 from shop import ENV, Shop, read, until
 
 # A root without this may not open what its owner has closed, as anybody else.
@@ -119,6 +121,33 @@ class BrokenShop(Shop):
         with open(self.path("diario.txt"), "ab") as file:
             file.write(line[:-1] + b"\t%08x\n" % zlib.crc32(line[:-1]))
 
+    def age(self, hours):
+        """What the journal tells is so many hours older."""
+        def older(line):
+            kind, number, moment, rest = line.rpartition(b"\t")[0].split(b"\t", 3)
+            then = datetime.datetime.fromisoformat(moment.decode()) - datetime.timedelta(hours=hours)
+            line = b"\t".join([kind, number, str(then).encode(), rest])
+            return b"%s\t%08x\n" % (line, zlib.crc32(line))
+        with open(self.path("diario.txt"), "rb") as file:
+            lines = file.read().splitlines()
+        with open(self.path("diario.txt"), "wb") as file:
+            file.writelines(older(line) for line in lines)
+
+    def long_day(self):
+        self.till("assert open_document('FC', 'B') == 0\nlib.EP_Cancelar()", **SAFE)
+        self.age(hours=21)
+
+    def crowd(self):
+        """A server that leaves its callers ringing."""
+        server = socket.create_server(("127.0.0.1", 0), backlog=0)
+        self.addCleanup(server.close)
+        for _ in range(4):
+            ringing = socket.socket()
+            self.addCleanup(ringing.close)
+            ringing.setblocking(False)
+            ringing.connect_ex(server.getsockname())
+        self.ini(ImpresoraDispositivo="tcp:127.0.0.1:%d" % server.getsockname()[1])
+
     def closed_device(self):
         os.chmod(os.path.realpath(self.device), 0)
         self.before = PLAIN
@@ -129,7 +158,7 @@ class BrokenShop(Shop):
         self.addCleanup(os.chmod, self.folder, 0o755)
 
     def full_disk(self):
-        self.before = ["prlimit", "--fsize=0"]
+        self.before = ["env", "LLVM_PROFILE_FILE=" + os.devnull, "prlimit", "--fsize=0"]
 
 
 # Name, verdict, what is done, a word of what the finding tells.
@@ -162,6 +191,11 @@ ROWS = [
      lambda s: s.hold("fcntl.flock(fd, fcntl.LOCK_EX); time.sleep(300)"), "python"),
     ("another program that listens", "otro-programa-escucha", BrokenShop.hold, "python"),
     ("nobody at the address", "nadie-atiende", lambda s: s.ini(ImpresoraDispositivo="tcp:127.0.0.1:1"), ""),
+    ("a name that nobody knows", "equipo-desconocido",
+     lambda s: s.ini(ImpresoraDispositivo="tcp:no-hay-tal.invalid:4001"), "no-hay-tal"),
+    ("an address that nothing leads to", "sin-camino",
+     lambda s: s.ini(ImpresoraDispositivo="tcp:255.255.255.255:4001"), "255.255.255.255"),
+    ("a server that does not pick up", "equipo-mudo", BrokenShop.crowd, ""),
     ("a server that hangs up", "conexion-cortada", BrokenShop.turn_away, ""),
     # The line
     ("another speed", "velocidad-equivocada",
@@ -182,11 +216,14 @@ ROWS = [
     ("off line", "fuera-de-linea", lambda s: s.other_printer("--fuera-de-linea"), ""),
     ("a mechanism that fails", "falla-mecanica", lambda s: s.other_printer("--estado", "falla_de_impresora=si"), ""),
     ("a memory that fails", "memoria-fiscal", lambda s: s.other_printer("--estado", "error_memoria_fiscal=si"), ""),
+    ("a work memory that fails", "memoria-de-trabajo",
+     lambda s: s.other_printer("--estado", "error_memoria_trabajo=si"), ""),
     ("a memory that is full", "memoria-llena", lambda s: s.other_printer("--cierres-restantes", "0"), ""),
     ("a memory that is nearly full", "quedan-pocos-cierres", lambda s: s.other_printer("--cierres-restantes", "12"), ""),
     ("a low battery", "bateria-baja", lambda s: s.other_printer("--bateria-baja"), ""),
     ("a clock of another time", "reloj-corrido", lambda s: s.other_printer("--estado", "desfase_reloj=-3600"), "atrasa"),
     ("a day of 28 hours", "jornada-vencida", BrokenShop.yesterdays_sale, ""),
+    ("a day of 21 hours", "jornada-vieja", BrokenShop.long_day, "hace 21"),
     ("a document that is open", "documento-abierto", lambda s: s.till("open_document('FC', 'B')"), "renglones"),
     ("a printer that thinks for long", "lenta", lambda s: s.other_printer("--demora", "1200"), ""),
     ("a wrong promise of repeats", "repetidas-mal-declaradas",

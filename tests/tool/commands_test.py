@@ -8,6 +8,7 @@ import unittest
 
 from broken_shops import SAFE, BrokenShop
 from shop import ENV, read
+from together import Together
 
 COMMANDS = ["diagnostico", "estado", "numeracion", "reloj", "modelo", "resolver", "ini"]
 
@@ -173,6 +174,11 @@ class WhatIsPending(Tool):
 
     def test_needs_a_journal(self):
         self.assertIn("ModoSeguro", self.kestra("resolver", ends_with=4).stderr)
+
+
+def load_tests(loader, tests, pattern):
+    del loader, pattern
+    return Together(tests)
 
 
 if __name__ == "__main__":

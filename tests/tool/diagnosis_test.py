@@ -10,7 +10,7 @@ from broken_shops import ROWS, BrokenShop
 from shop import ENV, read
 
 # Most of them wait, for a printer that does not answer.
-TOGETHER = concurrent.futures.ThreadPoolExecutor(max_workers=12)
+TOGETHER = concurrent.futures.ThreadPoolExecutor(max_workers=32)
 
 
 def look_at(break_it):
@@ -33,8 +33,7 @@ class AShop(unittest.TestCase):
 
     def is_diagnosed(self):
         ended = self.found.result()
-        # A program that is built to count its lines cannot write them to a full disk.
-        self.assertEqual(re.sub("(?m)^LLVM Profile.*\n", "", ended.stderr), "")
+        self.assertEqual(ended.stderr, "")
         said = json.loads(ended.stdout)
         self.assertEqual(said["veredicto"], self.verdict, ended.stdout)
         self.assertEqual(said["termina"], ended.returncode)
@@ -49,14 +48,12 @@ class TheTable(unittest.TestCase):
         text = read(os.path.join(ENV["KESTRA_SOURCE"], "tools", "kestra", "troubles.hpp"))
         return re.findall(r'TroubleRow\{\s*Trouble::\w+,\s*"([\w-]+)",\s*Level::k(\w+)', text)
 
-    def test_has_a_shop_for_nearly_every_trouble(self):
-        verdicts = {verdict for _, verdict, _, _ in ROWS}
-        without = {code for code, level in self.codes() if level != "Note"} - verdicts
-        # What takes a machine, a network or a day of its own.
-        self.assertEqual(without, {
-            "puerto-sin-circuito", "equipo-desconocido", "equipo-mudo", "sin-camino", "puerto-no-abre",
-            "puerto-perdido", "otro-puerto", "apagada-o-sin-cable", "memoria-de-trabajo", "jornada-vieja",
-            "latencia-usb", "poco-disco"})
+    def test_each_trouble_has_a_shop_or_a_made_machine(self):
+        shops = {verdict for _, verdict, _, _ in ROWS}
+        machines = read(os.path.join(ENV["KESTRA_SOURCE"], "tests", "tool", "looks_test.cpp"))
+        without = [code for code, level in self.codes()
+                   if level != "Note" and code not in shops and f'"{code}"' not in machines]
+        self.assertEqual(without, [])
 
 
 def load_tests(loader, tests, pattern):

@@ -9,6 +9,8 @@ import tempfile
 import time
 import unittest
 
+import counters  # noqa: F401
+
 PATIENCE = 60
 
 

@@ -1,85 +1,14 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 #include "command.hpp"
+#include "trouble.hpp"
 
 namespace kestra::tool {
-
-// What may be wrong with a shop's printer, the gravest first: what stands above explains what stands below, so the
-// first one found is the verdict.
-enum class Trouble : std::uint8_t {
-  kNoFile,
-  kNoSection,
-  kMissingKey,
-  kNoNumber,
-  kOutOfRange,
-  kBadPort,
-  kBadSpeed,
-  kBadAddress,
-  kBadFamily,
-  kNoDevice,
-  kNoHardware,
-  kNotSerial,
-  kNoPermission,
-  kBusyDevice,
-  kUnknownHost,
-  kNobodyListens,
-  kHostSilent,
-  kNoRoute,
-  kTurnedAway,
-  kCannotOpen,
-  kLostLine,
-  kWrongSpeed,
-  kSharedDevice,
-  kEcho,
-  kOnlyRefusals,
-  kAlwaysBusy,
-  kDamagedAnswers,
-  kForeignAnswers,
-  kNoise,
-  kOtherPort,
-  kSwitchedOff,
-  kSilent,
-  kFiscalMemory,
-  kWorkMemory,
-  kMemoryFull,
-  kMechanism,
-  kOffLine,
-  kNoPaper,
-  kOtherFamily,
-  kOtherDigits,
-  kDayOverdue,
-  kDiskFull,
-  kFolderClosed,
-  kForeignJournal,
-  kNoJournal,
-  kPending,
-  kJournalGap,
-  kNotRepeating,
-  kBattery,
-  kMemoryNearlyFull,
-  kClockOff,
-  kDocumentOpen,
-  kDayOpen,
-  kIgnoredKey,
-  kUnknownKey,
-  kRepeatedKey,
-  kIdleKey,
-  kUselessLength,
-  kSpeedIgnored,
-  kManyFiles,
-  kOtherModel,
-  kLatency,
-  kSlow,
-  kLittleRoom,
-  kRepeatsUnused,
-  kOtherName,
-};
 
 enum class Level : std::uint8_t { kFault, kWarning, kNote };
 
