@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <string_view>
 
 #include "platform/shared/text.hpp"
 #include "platform/windows/handle.hpp"
@@ -91,19 +91,60 @@ std::string PortName(const std::string& device) {
   return name;
 }
 
-// A device's instance carries the adapter's serial number; one that the system made up has an "&" in it.
-std::string SerialOf(const std::wstring& instance) {
-  return instance.find(L'&') == std::wstring::npos ? Utf8FromWide(instance) : std::string();
+// Where the registry has a device: its bus, what kind of device it is there, and which one of the kind.
+struct Place {
+  std::wstring bus;
+  std::wstring kind;
+  std::wstring instance;
+
+  [[nodiscard]] std::wstring Path() const {
+    return std::wstring(kEnum) + L"\\" + bus + L"\\" + kind + L"\\" + instance;
+  }
+};
+
+// The instance is the adapter's serial number; one that the system made up has an "&" in it.
+std::wstring SerialOnUsb(const Place& place) {
+  return place.instance.find(L'&') == std::wstring::npos ? place.instance : std::wstring();
 }
 
-// Fills in what the instance of a device tells when it is this port's.
-bool Describe(const std::wstring& path, const std::wstring& instance, PortInfo& info) {
-  const Key parameters(path + L"\\" + instance + L"\\Device Parameters");
+// "VID_0403+PID_6001+A50285BIA": the number, with the letter of the channel behind it.
+std::wstring SerialOnFtdi(const Place& place) {
+  const auto mark = place.kind.rfind(L'+');
+  if (mark == std::wstring::npos || mark + 2 > place.kind.size()) return {};
+  return place.kind.substr(mark + 1, place.kind.size() - mark - 2);
+}
+
+// The buses whose adapters have numbers of their own. On the others an instance is counted by the system.
+struct BusRow {
+  std::wstring_view bus;
+  std::wstring (*serial)(const Place& place);
+};
+
+constexpr std::array kBuses = {
+    BusRow{L"USB", SerialOnUsb},
+    BusRow{L"FTDIBUS", SerialOnFtdi},
+};
+
+std::string SerialOf(const Place& place) {
+  const auto* const row = std::find_if(kBuses.begin(), kBuses.end(),
+                                       [&](const BusRow& each) { return each.bus == place.bus; });
+  return row == kBuses.end() ? std::string() : Utf8FromWide(row->serial(place));
+}
+
+// "@oem9.inf,%name%;USB Serial": where the words are kept, and the words.
+std::string PlainName(const std::string& name) {
+  return name.starts_with('@') ? name.substr(name.rfind(';') + 1) : name;
+}
+
+// Fills in what the registry tells of the device there when it is this port's.
+bool Describe(const Place& place, PortInfo& info) {
+  const auto path = place.Path();
+  const Key parameters(path + L"\\Device Parameters");
   if (PortName(parameters.Text(L"PortName")) != PortName(info.device)) return false;
-  const Key device(path + L"\\" + instance);
-  info.adapter = device.Text(L"FriendlyName");
-  if (info.adapter.empty()) info.adapter = device.Text(L"DeviceDesc");
-  info.serial = SerialOf(instance);
+  const Key device(path);
+  const auto friendly = device.Text(L"FriendlyName");
+  info.adapter = PlainName(friendly.empty() ? device.Text(L"DeviceDesc") : friendly);
+  info.serial = SerialOf(place);
   info.latency = parameters.Number(L"LatencyTimer");
   return true;
 }
@@ -113,12 +154,11 @@ bool Describe(const std::wstring& path, const std::wstring& instance, PortInfo& 
 PortInfo AboutPort(const std::string& device) {
   PortInfo info{
       .device = PortName(device), .steady = {}, .adapter = {}, .serial = {}, .latency = {}};
-  const std::wstring root = kEnum;
-  for (const auto& bus : Key(root).Keys()) {
-    for (const auto& kind : Key(root + L"\\" + bus).Keys()) {
-      const auto path = root + L"\\" + bus + L"\\" + kind;
-      for (const auto& instance : Key(path).Keys()) {
-        if (Describe(path, instance, info)) return info;
+  const std::wstring root = std::wstring(kEnum) + L"\\";
+  for (const auto& bus : Key(kEnum).Keys()) {
+    for (const auto& kind : Key(root + bus).Keys()) {
+      for (const auto& instance : Key(root + bus + L"\\" + kind).Keys()) {
+        if (Describe({.bus = bus, .kind = kind, .instance = instance}, info)) return info;
       }
     }
   }
