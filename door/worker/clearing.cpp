@@ -46,7 +46,7 @@ class Clearing {
   // A page without fiscal value cannot be cancelled: it says so itself, and ends.
   Report Cancel() {
     if (!IsPlainPage()) return library_.Make({.name = "EP_Cancelar"});
-    library_.Make({.name = "EP_ImprimirTextoNoFiscal", .texts = {"*** INCOMPLETO ***"}});
+    library_.Make({.name = "EP_ImprimirTextoNoFiscal", .texts = {std::string(kIncomplete)}});
     return library_.Make({.name = "EP_CerrarComprobanteNoFiscal"});
   }
 

@@ -39,9 +39,13 @@ const Sent* LastOf(const Evidence& evidence, std::string_view commands) {
   return found == evidence.sent.rend() ? nullptr : &*found;
 }
 
-// Each line once: a page that was closed half-way has other lines.
+// Each line, and none that says that some are missing.
 bool HasAllLines(const Plan& plan, const EndRow& end, const Evidence& evidence) {
   if (end.lines.empty()) return true;
+  const auto ended = [](const Sent& sent) {
+    return sent.command.find(kIncomplete) != std::string::npos;
+  };
+  if (std::any_of(evidence.sent.begin(), evidence.sent.end(), ended)) return false;
   const auto wanted = std::count_if(plan.calls.begin(), plan.calls.end(),
                                     [](const Call& call) { return call.line > 0; });
   return wanted == std::count_if(evidence.sent.begin(), evidence.sent.end(), [&](const Sent& sent) {

@@ -15,6 +15,9 @@ namespace puerta {
 // The printer's counters; those that nobody told are missing.
 using Counters = std::array<std::optional<std::int64_t>, kCounters>;
 
+// The line with which a page without fiscal value that was not finished is ended: it cannot be cancelled.
+inline constexpr std::string_view kIncomplete = "*** PAGINA INCOMPLETA ***";
+
 enum class Fate { kDone, kNotDone, kUnknown };
 
 struct Verdict {
