@@ -12,7 +12,7 @@ namespace puerta {
 namespace {
 
 constexpr std::size_t kSumDigits = 8;
-constexpr std::size_t kTail = 65'536;  // bytes that hold many records
+constexpr std::size_t kTail = 16'384;  // bytes that hold more than one record
 
 struct Record {
   std::string kind;

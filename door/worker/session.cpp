@@ -3,68 +3,24 @@
 #include <kestra/causas.h>
 #include <kestra/kestra.h>
 
-#include <array>
 #include <charconv>
 #include <utility>
 
 #include "worker/journal.hpp"
+#include "worker/outcome.hpp"
 
 namespace puerta {
 namespace {
 
-constexpr int kMostTries = 8;  // of a call that was done in part: sheets that are turned
+constexpr int kMostTries = 8;  // of an item whose sheet is turned
 constexpr std::size_t kMoneyDigits = 12;
 constexpr int kFirstData = 3, kSecondData = 4;  // fields of an answer
 constexpr auto kOtherCounters = "TM300AF";      // a model whose counters stand in another order
-
-constexpr std::array kFates{"hecho", "no_hecho", "no_se_sabe"};
-
-bool IsDone(const Report& report) {
-  return report.outcome == KESTRA_DESENLACE_HECHO;
-}
-
-Json OutcomeJson(Fate fate, const Report& report) {
-  return {{"estado", kFates.at(static_cast<std::size_t>(fate))},
-          {"definitivo", true},
-          {"desenlace", report.outcome},
-          {"causa", report.cause},
-          {"texto", report.text}};
-}
-
-Json NotDone(Report report) {
-  if (report.outcome == KESTRA_DESENLACE_NADA || IsDone(report))
-    report.outcome = KESTRA_DESENLACE_NO_ENVIADO;
-  return OutcomeJson(Fate::kNotDone, report);
-}
 
 std::int64_t NumberOf(std::string_view digits) {
   std::int64_t number = 0;
   std::from_chars(digits.data(), digits.data() + digits.size(), number);
   return number;
-}
-
-bool IsPlainPage(const Plan& plan) {
-  return !plan.calls.empty() && plan.calls.back().name == "EP_CerrarComprobanteNoFiscal";
-}
-
-// What a job that was not done says, when no call has said why.
-std::string WordsFor(const Plan& plan, const Cleared& cleared, const std::string& why) {
-  std::string words = why.empty() ? "Se interrumpió y no se hizo." : why;
-  if (cleared.cancelled)
-    words +=
-        IsPlainPage(plan) ? " La página quedó incompleta." : " El comprobante quedó cancelado.";
-  return words;
-}
-
-Json CountersJson(const Counters& counters) {
-  Json shown = Json::array();
-  for (const auto& row : kCounterRows) {
-    if (!counters[row.place]) continue;
-    Json one{{"clase", row.kind}, {"numero", EightDigits(*counters[row.place])}};
-    if (!row.letter.empty()) one["letra"] = row.letter;
-    shown.push_back(one);
-  }
-  return shown;
 }
 
 }  // namespace
@@ -98,6 +54,9 @@ void Session::Answer(const Json& line) {
     over_ = true;
   } else if (line.contains("recupere")) {
     Recover(line["recupere"]);
+  } else if (line.contains("estado")) {
+    library_.Ask();
+    link_.Tell("novedad", StateJson(library_.Listen()));
   } else if (line.contains("trabajo")) {
     Carry(line);
   }
@@ -186,7 +145,7 @@ bool Session::HasLeave(const Job& job) {
   Json before = ToJson(before_);
   before["trabajo"] = job.number;
   link_.Tell("antes", before);
-  while (const auto line = link_.Hear())
+  for (auto line = link_.Hear(); line && !line->contains("termine"); line = link_.Hear())
     if (line->value("siga", std::int64_t{0}) == job.number) return true;
   over_ = true;
   return false;
@@ -211,7 +170,7 @@ bool Session::PrintCalls(const Job& job, Plan& plan, Report& failed) {
 
 Report Session::Persist(const Call& call) {
   Report report = library_.Make(call);
-  for (int i = 1; i < kMostTries && report.outcome == KESTRA_DESENLACE_EN_PARTE; ++i)
+  for (int i = 1; i < kMostTries && report.cause == KESTRA_CAUSA_HOJA_CAMBIADA; ++i)
     report = library_.Make(call);
   return report;
 }
@@ -240,6 +199,7 @@ void Session::EndDone(const Job& job, Plan& plan) {
     knows_ = plan.counter != kClosings && !number.empty();
     counters_[*plan.counter] = NumberOf(number);
   }
+  if (job.operation == "cancelar") knows_ = false;
   Json outcome = OutcomeJson(Fate::kDone, {.outcome = KESTRA_DESENLACE_HECHO});
   outcome["datos"] = plan.told;
   Finish(job, "fin", outcome);
@@ -247,7 +207,7 @@ void Session::EndDone(const Job& job, Plan& plan) {
 
 void Session::End(const Job& job, const Plan& plan, const Report& failed) {
   knows_ = false;
-  Finish(job, "fin", Outcome(plan, Clear(library_, journal_, plan, before_), failed));
+  Finish(job, "fin", OutcomeOf(plan, Clear(library_, journal_, plan, before_), failed));
 }
 
 void Session::Recover(const Json& told) {
@@ -256,37 +216,8 @@ void Session::Recover(const Json& told) {
   knows_ = false;
   const Plan plan = PlanOf(job.operation, job.body, facts_);
   const auto before = ReadBefore(told.value("antes", Json()));
-  Finish(job, "recuperado", Outcome(plan, Clear(library_, journal_, plan, before), {}));
+  Finish(job, "recuperado", OutcomeOf(plan, Clear(library_, journal_, plan, before), {}));
   TellNews();
-}
-
-Json Session::Outcome(const Plan& plan, const Cleared& cleared, const Report& failed) {
-  if (!cleared.settled) {
-    auto outcome = OutcomeJson(Fate::kUnknown, {.outcome = KESTRA_DESENLACE_DESCONOCIDO,
-                                                .cause = cleared.why.cause,
-                                                .text = cleared.why.text});
-    outcome["definitivo"] = false;
-    return outcome;
-  }
-  Report report = failed;
-  const bool done = cleared.verdict.fate == Fate::kDone;
-  if (done) report = {.outcome = KESTRA_DESENLACE_HECHO};
-  if (cleared.verdict.fate == Fate::kUnknown) {
-    report.outcome = KESTRA_DESENLACE_DESCONOCIDO;
-    if (report.text.empty())
-      report.text = "Se interrumpió y no se sabe si se hizo: mire el papel antes de repetirlo.";
-  }
-  if (cleared.verdict.fate == Fate::kNotDone) {
-    if (report.outcome != KESTRA_DESENLACE_RECHAZADO &&
-        report.outcome != KESTRA_DESENLACE_NO_ENVIADO)
-      report.outcome = KESTRA_DESENLACE_NO_HECHO;
-    report.text = WordsFor(plan, cleared, report.text);
-  }
-  Json outcome = OutcomeJson(cleared.verdict.fate, report);
-  Json data = plan.told;
-  if (!cleared.verdict.number.empty() && done) data["numero"] = cleared.verdict.number;
-  outcome["datos"] = data;
-  return outcome;
 }
 
 // ---- What is told ----

@@ -35,7 +35,6 @@ class Session {
   void NotePaid(Plan& plan);
   void End(const Job& job, const Plan& plan, const Report& failed);
   void EndDone(const Job& job, Plan& plan);
-  static Json Outcome(const Plan& plan, const Cleared& cleared, const Report& failed);
 
   bool LearnCounters(Report& report);
   void Finish(const Job& job, const char* name, Json outcome);
