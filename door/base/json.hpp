@@ -1,7 +1,9 @@
 // The JSON of the door. Amounts in it are texts: a binary number would not be what the till has written.
 #pragma once
 
+#include <cstdint>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +17,16 @@ inline std::string TextOf(const Json& object, std::string_view name,
   const auto found = object.is_object() ? object.find(name) : object.end();
   if (found == object.end() || !found->is_string()) return std::string(otherwise);
   return found->get<std::string>();
+}
+
+// Nothing where it is no JSON, or nested deeper than a till has any need of.
+std::optional<Json> ParseJson(std::string_view text);
+
+inline std::int64_t IntegerOf(const Json& object, std::string_view name,
+                              std::int64_t otherwise = 0) {
+  const auto found = object.is_object() ? object.find(name) : object.end();
+  if (found == object.end() || !found->is_number_integer()) return otherwise;
+  return found->get<std::int64_t>();
 }
 
 // For a line of its own: what is no UTF-8 is replaced, never thrown about.

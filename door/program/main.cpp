@@ -1,28 +1,59 @@
+#include <filesystem>
+#include <functional>
 #include <iostream>
 #include <string>
 #include <vector>
 
-#include "program/options.hpp"
+#include "base/clock.hpp"
+#include "program/command_line.hpp"
+#include "program/configuration.hpp"
+#include "program/log_lines.hpp"
+#include "program/serve.hpp"
+#include "program/service_of_system.hpp"
+#include "service/loop.hpp"
 #include "worker/worker.hpp"
 
+namespace puerta {
+namespace {
+
+int Work(const Options& options, Loop& loop) {
+  const SystemClock clock;
+  LogLines log(std::cerr, clock);
+  const auto read = LoadConfiguration(std::filesystem::u8path(options.configuration));
+  TellErrors(read.errors, log);
+  if (!read.errors.empty()) return 2;
+  return Serve(read.configuration, loop, log);
+}
+
+int Door(const Options& options) {
+  Loop loop;
+  loop.StopOnSignals();
+  const std::function<int()> work = [&] { return Work(options, loop); };
+  if (options.mode != Mode::kService) return work();
+  return RunAsService(work, [&loop] { loop.Stop(); });
+}
+
+int Wrong(const Options& options) {
+  std::cerr << options.error << "\n" << Usage();
+  return 2;
+}
+
+int Show(std::string_view text) {
+  std::cout << text;
+  return 0;
+}
+
+int Main(const Options& options) {
+  if (!options.error.empty()) return Wrong(options);
+  if (options.mode == Mode::kHelp) return Show(Usage());
+  if (options.mode == Mode::kVersion) return Show("kestra-puerta " KESTRA_VERSION "\n");
+  return options.mode == Mode::kWorker ? RunWorker() : Door(options);
+}
+
+}  // namespace
+}  // namespace puerta
+
 int main(int count, char** arguments) {
-  const auto options =
-      puerta::ReadOptions(std::vector<std::string>(arguments + 1, arguments + count));
-  if (!options.error.empty()) {
-    std::cerr << options.error << "\n" << puerta::Usage();
-    return 2;
-  }
-  switch (options.mode) {
-    case puerta::Mode::kHelp:
-      std::cout << puerta::Usage();
-      return 0;
-    case puerta::Mode::kVersion:
-      std::cout << "kestra-puerta " KESTRA_VERSION "\n";
-      return 0;
-    case puerta::Mode::kWorker:
-      return puerta::RunWorker();
-    default:
-      std::cerr << "todavía no\n";
-      return 1;
-  }
+  return puerta::Main(
+      puerta::ReadOptions(std::vector<std::string>(arguments + 1, arguments + count)));
 }

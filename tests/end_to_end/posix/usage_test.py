@@ -8,7 +8,7 @@ import unittest
 ENV = os.environ
 SOURCE = ENV["KESTRA_SOURCE"]
 SCRIPTS = ["bench", "coverage", "crashes", "demo", "fuzz", "hosts", "kit", "line_faults", "manual", "mutate",
-           "paquetes", "soak", "sqlite", "steady", "test", "tidy", "torture"]
+           "paquetes", "puerta", "soak", "sqlite", "steady", "test", "tidy", "torture"]
 
 
 class Script(unittest.TestCase):

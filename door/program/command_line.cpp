@@ -1,4 +1,4 @@
-#include "program/options.hpp"
+#include "program/command_line.hpp"
 
 #include <algorithm>
 #include <array>
