@@ -17,6 +17,15 @@ constexpr std::size_t kMoneyDigits = 12;
 constexpr int kFirstData = 3, kSecondData = 4;  // fields of an answer
 constexpr auto kOtherCounters = "TM300AF";      // a model whose counters stand in another order
 
+// A form is closed and the next one opened, one of the two for each time that the item is sent; with a printer that
+// does not answer there is no use in that.
+bool IsTurningSheets(const Report& report) {
+  constexpr int kFiscal = 5, kBooks = 6;
+  const int hundred = report.cause / 100;
+  return report.outcome == KESTRA_DESENLACE_EN_PARTE &&
+         (report.cause == 0 || hundred == kFiscal || hundred == kBooks);
+}
+
 std::int64_t NumberOf(std::string_view digits) {
   std::int64_t number = 0;
   std::from_chars(digits.data(), digits.data() + digits.size(), number);
@@ -170,8 +179,7 @@ bool Session::PrintCalls(const Job& job, Plan& plan, Report& failed) {
 
 Report Session::Persist(const Call& call) {
   Report report = library_.Make(call);
-  for (int i = 1; i < kMostTries && report.cause == KESTRA_CAUSA_HOJA_CAMBIADA; ++i)
-    report = library_.Make(call);
+  for (int i = 1; i < kMostTries && IsTurningSheets(report); ++i) report = library_.Make(call);
   return report;
 }
 

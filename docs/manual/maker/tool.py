@@ -21,12 +21,16 @@ WELL = {"ModeloNombre": "TM-U220AF", "ModoSeguro": "1", "Diario": "diario.txt", 
 LEVELS = {"Fault": "falla", "Warning": "aviso", "Note": "nota"}
 
 
-def said(tool, folder, *arguments):
+def transcript(tool, folder, *arguments):
     ended = subprocess.run([tool, *arguments], cwd=folder, capture_output=True, text=True, check=False)
     text = ended.stdout.replace(str(folder), "/srv/ventas")
     for pattern, steady in STEADY:
         text = pattern.sub(steady, text)
-    return fence("text", f"$ kestra {' '.join(arguments)}\n{text.rstrip()}")
+    return f"$ kestra {' '.join(arguments)}\n{text.rstrip()}"
+
+
+def said(tool, folder, *arguments):
+    return fence("text", transcript(tool, folder, *arguments))
 
 
 def transcripts(tools, manual, folder):

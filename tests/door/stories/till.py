@@ -55,7 +55,7 @@ class TillStory(unittest.TestCase):
         for field, text in (("nombre", name), ("documento-numero", number), ("domicilio", address)):
             self.page.fill("#" + field, text)
 
-    def sell(self, received="", method="Efectivo"):
+    def charge(self, received="", method="Efectivo"):
         self.page.choose("#medio", method)
         self.page.fill("#monto", received)
         self.page.click("#cobrar")

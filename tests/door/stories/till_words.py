@@ -24,7 +24,7 @@ class TheTillsWords(TillStory):
 
     def sell_bread(self):
         self.add("Pan", "100.50", "2")
-        self.sell("500")
+        self.charge("500")
 
     def test_sells_and_shows_the_ticket(self):
         self.add("Resma A4", "320", "10")
@@ -33,7 +33,7 @@ class TheTillsWords(TillStory):
         self.page.wait("#total", "$ 12.000,00")
         self.page.fill("#monto", "20000")
         self.page.wait("#vuelto", "$ 8.000,00")
-        self.sell("20000")
+        self.charge("20000")
         self.page.wait("#mensaje.bien", "número 00000001")
         self.assertEqual(self.ticket().splitlines()[-11:], [
             "10 x 320,00 (21,00)",
@@ -138,7 +138,7 @@ class TheTillsWords(TillStory):
 
     def test_texts_are_texts(self):
         self.add("<img src=x onerror=alert(1)>", "1")
-        self.sell()
+        self.charge()
         self.page.wait("#mensaje.bien")
         self.assertEqual(self.page.count("main img"), 0)
         self.assertIn("<img src=x", self.ticket())
