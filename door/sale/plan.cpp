@@ -58,7 +58,7 @@ std::string HourOf(std::string_view text) {
 
 std::string ReadDay(Part& part, std::string_view key) {
   const auto text = part.Text(key, {.most = 40, .required = true});
-  const auto day = DayOf(text);
+  auto day = DayOf(text);
   if (!text.empty() && day.empty()) part.Wrong(key, "se espera una fecha como 2026-11-22");
   return day;
 }
