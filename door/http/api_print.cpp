@@ -55,6 +55,13 @@ Problem Refusal(const Job& job, const Json& shown) {
   return problem;
 }
 
+Problem Failed(const std::string& why) {
+  return {.status = 500,
+          .kind = "falla",
+          .title = "La puerta falló",
+          .detail = "Repita el pedido con la misma clave: no se imprime dos veces. " + why};
+}
+
 struct Preference {
   bool async = false;
   std::int64_t seconds = -1;
@@ -123,9 +130,13 @@ void Api::Wait(const Visit& visit, const Job& job, const Respond& respond) {
   const auto done = std::make_shared<bool>(false);
   const auto tell = [this, visit, number = job.number, done, respond] {
     if (std::exchange(*done, true)) return;
-    const auto now = service_.Find(number);
-    respond(now ? Outcome(visit, *now, false)
-                : ProblemAnswer(NotThere("No hay un trabajo con ese número.")));
+    try {
+      const auto now = service_.Find(number);
+      respond(now ? Outcome(visit, *now, false)
+                  : ProblemAnswer(NotThere("No hay un trabajo con ese número.")));
+    } catch (const StoreFailure& failure) {
+      respond(ProblemAnswer(Failed(failure.what())));
+    }
   };
   service_.WhenTold(job.number, tell);
   service_.Time().After(wait, tell);

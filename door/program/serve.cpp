@@ -102,7 +102,7 @@ class Door {
                {{"direccion",
                  scheme + Brackets(configuration_.address) + ":" + std::to_string(server_.Port())},
                 {"version", KESTRA_VERSION}});
-    loop_.Run();
+    loop_.Run([this](const char* why) { log_.Write("error", "falla", {{"texto", why}}); });
     hub_.Dismiss();
     loop_.Linger(kFarewell);
     log_.Write("info", "terminado", Json::object());

@@ -3,6 +3,7 @@
 #include <boost/asio/post.hpp>
 #include <boost/asio/steady_timer.hpp>
 #include <csignal>
+#include <exception>
 #include <utility>
 
 #include "service/loop_inside.hpp"
@@ -21,9 +22,15 @@ void Loop::After(std::chrono::milliseconds pause, std::function<void()> then) {
   });
 }
 
-void Loop::Run() {
+void Loop::Run(const std::function<void(const char*)>& failed) {
   const auto work = boost::asio::make_work_guard(inside_->context);
-  inside_->context.run();
+  while (!inside_->context.stopped()) {
+    try {
+      inside_->context.run();
+    } catch (const std::exception& error) {
+      failed(error.what());
+    }
+  }
 }
 
 void Loop::Stop() {

@@ -1,6 +1,7 @@
 // The one thread that HTTP, queues and memory share.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "service/world.hpp"
@@ -15,7 +16,8 @@ class Loop : public Timers {
   ~Loop() override;
 
   void After(std::chrono::milliseconds pause, std::function<void()> then) override;
-  void Run();                                   // until somebody stops it
+  // Until somebody stops it. What one piece of work throws is told, and the others go on.
+  void Run(const std::function<void(const char* why)>& failed);
   void Stop();                                  // from any thread
   void Linger(std::chrono::milliseconds time);  // for what was to be said last
   void StopOnSignals();

@@ -128,6 +128,21 @@ class Hostile(Shop):
         self.well()
 
 
+class Workers(Shop):
+    def test_who_calls_back_without_having_been_called(self):
+        """Workers come in by a port of their own, each with a word that only it was told."""
+        self.door.ready()
+        place = f"/proc/{self.door.workers()[0]}/environ"
+        with open(place, "rb") as file:
+            told = dict(row.split(b"=", 1) for row in file.read().split(b"\0") if b"=" in row)
+        port, token = int(told[b"PUERTA_TRABAJADOR_PUERTO"]), told[b"PUERTA_TRABAJADOR_FICHA"].decode()
+        forged = [b'{"ficha":"abc"}\n', b"{}\n", b'{"fin":{"trabajo":1,"estado":"hecho"}}\n', b"\xff\n", b"x" * (2 << 20),
+                  json.dumps({"ficha": token}).encode() + b"\n"]
+        for words in forged:
+            self.assertEqual(spoken(port, words, wait=5), b"", words[:40])
+        self.assertEqual(self.door.sell(ticket()).status, 201)
+
+
 class Keys(Shop):
     settings = {"cajas": [{"nombre": "uno", "clave": "clave-de-la-caja-uno", "derechos": ["leer", "vender"]}]}
 
