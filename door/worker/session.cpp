@@ -195,11 +195,20 @@ void Session::NotePaid(Plan& plan) {
   if (NumberOf(change) > 0) plan.told["vuelto"] = FixedText(NumberOf(change), 2);
 }
 
-void Session::EndDone(const Job& job, Plan& plan) {
-  const auto own = library_.Answer(kFirstData);
-  const bool closing = job.operation == "comprobante" || plan.counter == kClosings;
-  if (closing && !plan.told.contains("numero") && library_.IsFirstAttempt() && !own.empty())
+// Told by the answer to what has ended the job, or, where the books had to be asked, by what they said before.
+void Session::NoteNumber(Plan& plan) {
+  const auto own = library_.IsFirstAttempt() ? library_.Answer(kFirstData) : "";
+  const auto before = plan.counter ? counters_[*plan.counter] : std::nullopt;
+  if (!own.empty()) {
     plan.told["numero"] = EightDigits(NumberOf(own));
+  } else if (before) {
+    plan.told["numero"] = EightDigits(*before + 1);
+  }
+}
+
+void Session::EndDone(const Job& job, Plan& plan) {
+  const bool closing = job.operation == "comprobante" || plan.counter == kClosings;
+  if (closing && !plan.told.contains("numero")) NoteNumber(plan);
   const auto number = TextOf(plan.told, "numero");
   if (plan.counter == kNonFiscal && counters_[kNonFiscal]) {
     ++*counters_[kNonFiscal];
@@ -215,7 +224,11 @@ void Session::EndDone(const Job& job, Plan& plan) {
 
 void Session::End(const Job& job, const Plan& plan, const Report& failed) {
   knows_ = false;
-  Finish(job, "fin", OutcomeOf(plan, Clear(library_, journal_, plan, before_), failed));
+  // The library has just asked for as long as its patience lasts: the till is not kept waiting for another time.
+  const bool silent = failed.outcome == KESTRA_DESENLACE_DESCONOCIDO && library_.IsPending();
+  const auto cleared =
+      silent ? Cleared{.settled = false, .why = failed} : Clear(library_, journal_, plan, before_);
+  Finish(job, "fin", OutcomeOf(plan, cleared, failed));
 }
 
 void Session::Recover(const Json& told) {

@@ -33,6 +33,7 @@ class Session {
   bool PrintCalls(const Job& job, Plan& plan, Report& failed);
   Report Persist(const Call& call);
   void NotePaid(Plan& plan);
+  void NoteNumber(Plan& plan);
   void End(const Job& job, const Plan& plan, const Report& failed);
   void EndDone(const Job& job, Plan& plan);
 

@@ -113,6 +113,28 @@ class DeathOfAClosing(Counter):
         self.assertEqual(self.printer.stop().count("C I E R R E   Z"), closings)
 
 
+class DeathOfAReport(Counter):
+    flags = ("--demora", "30")
+
+    def test_is_told_as_unknown_where_nothing_tells(self):
+        states = []
+        for at, pause in ((0, 0.0), (1, 0.0), (1, 0.015), (1, 0.06)):
+            worker = self.start()
+            before, outcome = dies(worker, 1, "informe", {"tipo": "x"}, at)
+            self.assertIsNone(outcome)
+            time.sleep(pause)
+            worker.kill()
+            worker = self.start()
+            told = worker.recover(1, "informe", {"tipo": "x"}, before)
+            self.assertTrue(told["definitivo"])
+            states.append(told["estado"])
+            worker.kill()
+        self.assertEqual(states[0], "no_hecho")
+        printed = self.printer.stop().count("I N F O R M E   X")
+        self.assertLessEqual(states.count("hecho"), printed)
+        self.assertLessEqual(printed, len(states) - states.count("no_hecho"))
+
+
 class Campaign(Counter):
     """Deaths at random moments, also of those who find out what became of the dead."""
 

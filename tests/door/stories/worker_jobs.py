@@ -109,6 +109,15 @@ class APrinterThatDoesNot(Counter):
         self.printer.fault("respuesta 1 de ítem: desenchufar", "comando 1 de cierre: desenchufar")
         self.judge(self.sell(self.start()), "hecho", ["00000001"], 0)
 
+    def test_a_number_that_was_not_heard_is_that_of_the_books(self):
+        self.printer.fault("respuesta 1 de jornada: callar", "respuesta 1 de cierre: callar")
+        worker = self.start()
+        outcome = self.sell(worker)
+        self.assertEqual((outcome["estado"], outcome["datos"]["numero"]), ("hecho", "00000001"), outcome)
+        outcome = worker.job(2, "informe", {"tipo": "z"})
+        self.assertEqual((outcome["estado"], outcome["datos"]["numero"]), ("hecho", "00000001"), outcome)
+        self.assertEqual(self.printer.stop().count("C I E R R E   Z"), 1)
+
     def test_a_printer_that_is_gone_at_the_closing_is_asked_when_it_is_back(self):
         self.printer.fault("comando 1 de cierre: apagar 8 s")
         worker = self.start()
