@@ -12,12 +12,18 @@ constexpr std::array kCommon = {
     Option{"--ayuda", "", "esta ayuda; también --help y -h"},
 };
 
+constexpr Option kOtherPorts = {"--otros-puertos", "",
+                                "si no contesta, preguntar en los demás puertos de la máquina"};
+
+constexpr Option kTryRepeats = {
+    "--probar-repetidas", "",
+    "probar también en una impresora real si reconoce una trama repetida: le pone el\nreloj "
+    "en su propia hora, lo que no imprime ni gasta nada"};
+
 constexpr std::array kDiagnosis = {
     Option{"--todas-las-velocidades", "", "si no contesta, probar también las que casi nadie usa"},
-    Option{"--otros-puertos", "", "si no contesta, preguntar en los demás puertos de la máquina"},
-    Option{"--probar-repetidas", "",
-           "probar también en una impresora real si reconoce una trama repetida: le pone el\nreloj "
-           "en su propia hora, lo que no imprime ni gasta nada"},
+    kOtherPorts,
+    kTryRepeats,
     Option{"--anotar-repetidas", "", "lo mismo, y escribir ReconoceRepetidas en Fiscal.ini"},
 };
 
@@ -39,10 +45,8 @@ constexpr std::array kIni = {
     Option{"--puerto", "N", "para preguntar: el puerto serie"},
     Option{"--dispositivo", "RUTA", "para preguntar: el dispositivo, o tcp:EQUIPO:PUERTO"},
     Option{"--velocidad", "N", "la de la línea; si no es esa, se prueban las demás"},
-    Option{"--otros-puertos", "", "si no contesta, preguntar en los demás puertos de la máquina"},
-    Option{"--probar-repetidas", "",
-           "probar también en una impresora real si reconoce una trama repetida: le pone el\nreloj "
-           "en su propia hora, lo que no imprime ni gasta nada"},
+    kOtherPorts,
+    kTryRepeats,
     Option{"--sin-impresora", "", "no preguntar: valores usuales de la familia"},
     Option{"--reemplazar", "", "escribir encima del archivo que haya"},
 };

@@ -15,6 +15,7 @@
 #include "key_words.hpp"
 #include "looks.hpp"
 #include "platform/shared/text.hpp"
+#include "printer.hpp"
 #include "settings.hpp"
 #include "this_system.hpp"
 #include "words.hpp"
@@ -55,9 +56,7 @@ void AskThePrinter(const Request& request, Console& console, Way& way, NewSettin
 
 std::string FamilyFor(const Request& request, const NewSettings& settings) {
   const auto told = request.Value("--familia");
-  if (told && *told != "TQ" && *told != "TF" && *told != "FC") {
-    throw Stop(Exit::kUsage, "--familia es TQ, TF o FC");
-  }
+  if (told && !IsFamily(*told)) throw Stop(Exit::kUsage, "--familia es TQ, TF o FC");
   if (told && settings.printer && settings.printer->family != *told) {
     throw Stop(Exit::kRefused, "la impresora es de la familia " + settings.printer->family);
   }
@@ -113,9 +112,7 @@ Exit ExplainIni(const Request& request, Console& console) {
         Padded(std::string(words.name) + "=" + value, kWidth) + " " + std::string(words.what),
         kWidth + 1));
   };
-  for (const auto& words : kKeyWords) explain(words);
-  explain(kDeviceWords);
-  for (const auto& words : kAddedKeyWords) explain(words);
+  ForEachWords(explain);
   if (rows.empty()) throw Stop(Exit::kUsage, "no se conoce la clave " + Joined(request.operands));
   if (console.WantsJson()) Print(console, rows);
   return Exit::kGood;
@@ -139,10 +136,8 @@ IniText IniOf(const std::string& file) {
   return ini;
 }
 
-Exit CompareIni(const Request& request, Console& console) {
-  if (request.operands.size() != 2) throw Stop(Exit::kUsage, "kestra ini --comparar UNO OTRO");
-  const auto one = IniOf(request.operands[0]);
-  const auto other = IniOf(request.operands[1]);
+// Of both, each once, in the order in which they first stand.
+std::vector<std::string> KeysOf(const IniText& one, const IniText& other) {
   std::vector<std::string> names;
   for (const auto* text : {&one, &other}) {
     for (const auto& line : text->lines) {
@@ -152,14 +147,22 @@ Exit CompareIni(const Request& request, Console& console) {
       if (!known) names.push_back(line.key);
     }
   }
+  return names;
+}
+
+Exit CompareIni(const Request& request, Console& console) {
+  constexpr std::size_t kWidth = 24;
+  if (request.operands.size() != 2) throw Stop(Exit::kUsage, "kestra ini --comparar UNO OTRO");
+  const auto one = IniOf(request.operands[0]);
+  const auto other = IniOf(request.operands[1]);
   Json rows = Json::array();
-  for (const auto& name : names) {
+  for (const auto& name : KeysOf(one, other)) {
     const auto first = ValueIn(one, name);
     const auto second = ValueIn(other, name);
     if (first == second) continue;
     rows.push_back({{"clave", Utf8FromAnsi(name)}, {"uno", first}, {"otro", second}});
     if (!console.WantsJson())
-      console.Line(Padded(Utf8FromAnsi(name), 24) + " " + Padded(first, 24) + " " + second);
+      console.Line(Padded(Utf8FromAnsi(name), kWidth) + " " + Padded(first, kWidth) + " " + second);
   }
   if (console.WantsJson()) Print(console, rows);
   if (!console.WantsJson() && rows.empty()) console.Line("dicen lo mismo");

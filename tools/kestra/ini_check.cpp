@@ -14,6 +14,7 @@
 #include "key_words.hpp"
 #include "platform/shared/ports.hpp"
 #include "platform/shared/text.hpp"
+#include "printer.hpp"
 #include "settings.hpp"
 #include "this_system.hpp"
 #include "words.hpp"
@@ -35,13 +36,6 @@ std::size_t Distance(std::string_view a, std::string_view b) {
     }
   }
   return row.back();
-}
-
-template <typename Visit>
-void ForEachWords(Visit visit) {
-  for (const auto& words : kKeyWords) visit(words);
-  visit(kDeviceWords);
-  for (const auto& words : kAddedKeyWords) visit(words);
 }
 
 bool IsKnown(std::string_view key) {
@@ -155,20 +149,14 @@ void CheckLines(Diagnosis& diagnosis, const IniText& text) {
 
 // ---- What the family needs ----
 
-std::string FamilyOf() {
-  auto family = ReadSetting("TipoComprobante");
-  return family.substr(0, 2);
-}
-
 void CheckFamily(Diagnosis& diagnosis) {
-  const auto family = FamilyOf();
-  const bool tickets = family == "TQ" || family == "TF";
-  if (!tickets && family != "FC") {
+  const auto family = ReadWay().family;
+  if (!IsFamily(family)) {
     diagnosis.Find(Trouble::kBadFamily,
                    "TipoComprobante=" + Utf8FromAnsi(ReadSetting("TipoComprobante")));
     return;
   }
-  const auto own = tickets ? Reads::kTickets : Reads::kForms;
+  const auto own = family == "FC" ? Reads::kForms : Reads::kTickets;
   for (const auto& words : kKeyWords) {
     const bool digits = words.name.substr(0, 3) == "Ent";
     if (words.reads != own && !digits) continue;

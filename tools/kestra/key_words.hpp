@@ -110,6 +110,14 @@ inline constexpr KeyWords kDeviceWords = {
     "ImpresoraDispositivo", "",
     "Dispositivo o dirección tcp:EQUIPO:PUERTO, en lugar de ImpresoraPuerto"};
 
+// In the order in which a file has them.
+template <typename Visit>
+void ForEachWords(Visit visit) {
+  for (const auto& words : kKeyWords) visit(words);
+  visit(kDeviceWords);
+  for (const auto& words : kAddedKeyWords) visit(words);
+}
+
 template <typename Words, typename Keys>
 constexpr bool SameNames(const Words& words, const Keys& keys) {
   return std::equal(words.begin(), words.end(), keys.begin(), keys.end(),

@@ -52,8 +52,4 @@ LibraryAtWork::~LibraryAtWork() {
   Kestra_DefinirOperador(nullptr);
 }
 
-std::string CauseInWords() {
-  return TextFrom([](char* text, std::int32_t length) { return Kestra_CausaTexto(text, length); });
-}
-
 }  // namespace kestra::tool

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <kestra/kestra.h>
+
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -31,6 +34,8 @@ std::string TextFrom(Ask ask) {
 }
 
 // The sentence about the last call.
-std::string CauseInWords();
+inline std::string CauseInWords() {
+  return TextFrom([](char* text, std::int32_t length) { return Kestra_CausaTexto(text, length); });
+}
 
 }  // namespace kestra::tool

@@ -95,10 +95,9 @@ void LookAtModel(Diagnosis& diagnosis, Probe& probe, const Way& way) {
   diagnosis.Fact("modelo", data->model + ", familia " + data->family + ", punto de venta " +
                                data->point_of_sale + ", " + std::to_string(data->columns) +
                                " columnas");
-  const auto family = way.family.substr(0, 2);
-  if (family != data->family) {
-    diagnosis.Find(Trouble::kOtherFamily,
-                   "TipoComprobante=" + Utf8FromAnsi(family) + ", la impresora es " + data->family);
+  if (way.family != data->family) {
+    diagnosis.Find(Trouble::kOtherFamily, "TipoComprobante=" + Utf8FromAnsi(way.family) +
+                                              ", la impresora es " + data->family);
   }
   const auto model = Utf8FromAnsi(way.model);
   if (!model.empty() && model != data->model) {
@@ -157,7 +156,8 @@ void LookAtClosings(Diagnosis& diagnosis, Probe& probe) {
   const auto left = reply.answered ? WholeNumberOf(DataField(reply, 4)) : std::nullopt;
   if (!left) return;
   diagnosis.Fact("cierres Z que quedan", std::to_string(*left));
-  if (*left<kFew&& * left> 0 && !diagnosis.Found(Trouble::kMemoryNearlyFull)) {
+  const bool few = *left > 0 && *left < kFew;
+  if (few && !diagnosis.Found(Trouble::kMemoryNearlyFull)) {
     diagnosis.Find(Trouble::kMemoryNearlyFull, "quedan " + std::to_string(*left));
   }
 }
@@ -172,7 +172,7 @@ void LookAtDocument(Diagnosis& diagnosis, Probe& probe, const Reply& status, con
     diagnosis.Fact("comprobante abierto", "no");
     return;
   }
-  const auto reply = probe.Ask(SubtotalQuestion(way.family.substr(0, 2) == "TQ" ? "C" : "c"));
+  const auto reply = probe.Ask(SubtotalQuestion(way.family == "TQ" ? "C" : "c"));
   const auto subtotal = reply.answered ? ReadSubtotal(BookFields(reply)) : std::nullopt;
   const auto words =
       subtotal ? std::to_string(subtotal->lines) + " renglones, " + InPesos(subtotal->total)

@@ -4,7 +4,6 @@
 
 #include "looks.hpp"
 #include "printer.hpp"
-#include "protocol/books.hpp"
 #include "this_system.hpp"
 
 namespace kestra::tool {
@@ -16,10 +15,6 @@ namespace {
 
 constexpr std::int32_t kBetween = 2300;  // milliseconds
 constexpr double kMoved = 2;             // seconds that a clock has gone on by then
-
-bool IsRefused(const Reply& reply) {
-  return (FiscalWord(reply) & fiscal_word::kRefusal) != 0;
-}
 
 std::optional<std::time_t> ReadClock(Probe& probe) {
   const auto reply = probe.Ask(questions::kClock);

@@ -7,11 +7,13 @@
 #include "base/failure.hpp"
 #include "command.hpp"
 #include "dialogs/conditions.hpp"
+#include "protocol/books.hpp"
 #include "settings.hpp"
 
 namespace kestra::tool {
 namespace {
 
+constexpr std::array<std::string_view, 3> kFamilies = {"TQ", "TF", "FC"};
 constexpr std::string_view kVirtualOwner = "30-00000000-7";
 
 std::uint16_t HexOf(const std::string& digits) {
@@ -69,6 +71,10 @@ std::uint16_t FiscalWord(const Reply& reply) {
   return HexOf(reply.fields[1]);
 }
 
+bool IsRefused(const Reply& reply) {
+  return (FiscalWord(reply) & fiscal_word::kRefusal) != 0;
+}
+
 std::vector<LitCondition> LitConditions(std::uint16_t printer, std::uint16_t fiscal) {
   std::vector<LitCondition> lit;
   for (const auto& condition : kConditions) {
@@ -83,11 +89,15 @@ std::vector<LitCondition> LitConditions(std::uint16_t printer, std::uint16_t fis
   return lit;
 }
 
+bool IsFamily(std::string_view name) {
+  return std::find(kFamilies.begin(), kFamilies.end(), name) != kFamilies.end();
+}
+
 std::optional<ModelData> ReadModel(const Reply& reply) {
   constexpr std::size_t kFirstDigits = 2;
   ModelData data;
   data.family = DataField(reply, 1);
-  if (data.family != "TQ" && data.family != "TF" && data.family != "FC") return std::nullopt;
+  if (!IsFamily(data.family)) return std::nullopt;
   for (std::size_t i = 0; i < data.digits.size(); ++i) {
     const auto pair = PairOf(DataField(reply, kFirstDigits + i));
     if (!pair) return std::nullopt;

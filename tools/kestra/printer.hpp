@@ -46,6 +46,9 @@ Fields BookFields(const Reply& reply);
 std::uint16_t PrinterWord(const Reply& reply);
 std::uint16_t FiscalWord(const Reply& reply);
 
+// Did it turn the command away?
+bool IsRefused(const Reply& reply);
+
 // What both words say, in the words of the status report.
 struct LitCondition {
   std::string text;
@@ -63,6 +66,9 @@ struct ModelData {
   std::string point_of_sale;
   std::string model;
 };
+// TQ, TF or FC.
+bool IsFamily(std::string_view name);
+
 // Nothing when the printer tells its model in another way.
 std::optional<ModelData> ReadModel(const Reply& reply);
 

@@ -16,7 +16,7 @@ namespace kestra::tool {
 namespace {
 
 void RequireUnderstood(const Reply& reply) {
-  if ((FiscalWord(reply) & fiscal_word::kRefusal) == 0) return;
+  if (!IsRefused(reply)) return;
   throw Stop(Exit::kRefused, "la impresora rechaza la pregunta: estado fiscal " + reply.fields[1]);
 }
 
@@ -54,7 +54,7 @@ void SetClock(const Request& request) {
   const auto reply = probe.Ask(SetClockCommand(std::time(nullptr)));
   if (!reply.answered)
     throw Stop(Exit::kNoAnswer, "la impresora no contesta; ver kestra diagnostico");
-  if ((FiscalWord(reply) & fiscal_word::kRefusal) != 0) {
+  if (IsRefused(reply)) {
     throw Stop(Exit::kRefused,
                "la impresora no se deja poner en hora ahora: hacer antes el cierre Z");
   }

@@ -26,7 +26,7 @@ Way ReadWay() {
   return {.device = instead.empty() ? ReadSetting("ImpresoraDispositivo") : instead,
           .number = ReadSetting("ImpresoraPuerto"),
           .speed = ReadSetting("ImpresoraConfig"),
-          .family = ReadSetting("TipoComprobante"),
+          .family = ReadSetting("TipoComprobante").substr(0, 2),
           .model = ReadSetting("ModeloNombre")};
 }
 

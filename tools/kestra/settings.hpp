@@ -13,7 +13,7 @@ struct Way {
   std::string device;  // ImpresoraDispositivo, or what the environment names in its place
   std::string number;  // ImpresoraPuerto
   std::string speed;   // ImpresoraConfig
-  std::string family;  // TipoComprobante
+  std::string family;  // TipoComprobante's two letters
   std::string model;   // ModeloNombre
 };
 

@@ -1,11 +1,8 @@
-#include <nlohmann/json.hpp>
-
+#include "json.hpp"
 #include "log/sheet.hpp"
 
 namespace kestra::tool {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 Json FieldsOf(const std::vector<FieldView>& fields) {
   Json list = Json::array();
@@ -57,8 +54,7 @@ class JsonSheet : public Sheet {
     object["falla"] = view.Failed();
     object["notas"] = view.notes;
     object["comprobante"] = view.document.ordinal > 0 ? DocumentOf(view.document) : Json();
-    out_ << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
-    out_.flush();
+    PrintLine(out_, object);
   }
 
   void End(const Totals&) override {}

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "prompt/letters.hpp"
 #include "prompt/line_editor.hpp"
 #include "prompt/operations.hpp"
 
@@ -10,16 +11,6 @@ namespace {
 constexpr std::array<std::string_view, 2> kOwnWords{"ayuda", "salir"};
 constexpr std::string_view kHelp = "ayuda";
 constexpr std::string_view kBlanks = " \t";
-
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool BeginsWith(std::string_view text, std::string_view beginning) {
-  return text.size() >= beginning.size() &&
-         std::equal(beginning.begin(), beginning.end(), text.begin(),
-                    [](char one, char other) { return Lower(one) == Lower(other); });
-}
 
 // Whoever begins with the prefix goes on with it, and the others go without.
 std::vector<std::string> NamesFor(std::string_view word) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "kestra/kestra.h"
+#include "prompt/letters.hpp"
 
 namespace kestra::tool {
 namespace {
@@ -56,14 +57,6 @@ constexpr std::array<std::string_view, 5> kReading{"EP_ObtenerFechaHora", "EP_Ge
                                                    "EP_ValoresModelo", "EP_Numeracion",
                                                    "EP_AutodetectarModelo"};
 constexpr std::string_view kAsking = "Kestra_";
-
-bool SameLetters(std::string_view one, std::string_view other) {
-  const auto lower = [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  };
-  return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                    [&](char a, char b) { return lower(a) == lower(b); });
-}
 
 std::string_view WithoutPrefix(std::string_view name) {
   return name.substr(name.find('_') + 1);

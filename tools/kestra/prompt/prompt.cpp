@@ -6,8 +6,7 @@
 
 #include "json.hpp"
 #include "kestra/kestra.h"
-#include "prompt/call.hpp"
-#include "prompt/statement.hpp"
+#include "library.hpp"
 
 namespace kestra::tool {
 namespace {
@@ -44,12 +43,6 @@ void KESTRA_CALL TellMemory(void* console) {
   static_cast<Console*>(console)->Complain("la memoria fiscal está por llenarse");
 }
 
-std::string Cause() {
-  std::array<char, 512> text{};
-  Kestra_CausaTexto(text.data(), static_cast<std::int32_t>(text.size()));
-  return text.data();
-}
-
 std::string Trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) return {};
@@ -75,7 +68,7 @@ bool Fulfils(const CallResult& result, const std::string& expected) {
 std::string Verdict(const Operation& operation, const CallResult& result) {
   std::string words = std::to_string(result.result);
   if (IsAsked(operation)) return words;
-  return result.result == 0 ? words + " hecho" : words + " " + Cause();
+  return result.result == 0 ? words + " hecho" : words + " " + CauseInWords();
 }
 
 }  // namespace
@@ -88,7 +81,7 @@ void Prompt::Begin() {
                               .memoria_llena = TellMemory};
   Kestra_Textos(kUtf8Texts);
   Kestra_DefinirOperador(&teller);
-  if (EP_Init() != 1) throw Stop(Exit::kBadSettings, "EP_Init: " + Cause());
+  if (EP_Init() != 1) throw Stop(Exit::kBadSettings, "EP_Init: " + CauseInWords());
 }
 
 Exit Prompt::Run(std::string_view line, std::size_t number) {
@@ -109,21 +102,39 @@ Exit Prompt::Call(const Statement& statement, std::size_t number) {
                "la impresora no es una virtual: " + std::string(operation->name) +
                    " imprime o cambia algo en ella; si es lo que se quiere, --impresora-real");
   const CallResult result = CallOperation(*operation, statement);
-  const bool failed = HasFailed(*operation, result.result);
-  const bool fulfilled = !statement.expected || Fulfils(result, *statement.expected);
-  const auto paper = rights_.take_paper ? rights_.take_paper() : std::vector<std::string>();
   if (console_.WantsJson()) {
-    Json object{{"linea", number}, {"operacion", operation->name}, {"resultado", result.result}};
-    for (const auto& [name, text] : result.texts) object["textos"][name] = text;
-    object["causa"] = failed ? Cause() : "";
-    object["papel"] = paper;
-    console_.Out() << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+    TellPrograms(*operation, result, number);
   } else {
-    console_.Line(std::string(operation->name) + ": " + Verdict(*operation, result));
-    for (const auto& [name, text] : result.texts) console_.Line("  " + name + " «" + text + "»");
-    for (const std::string& each : paper) console_.Line("  | " + each);
+    TellPeople(*operation, result);
   }
+  return Judge(statement, *operation, result);
+}
+
+std::vector<std::string> Prompt::TakePaper() const {
+  return rights_.take_paper ? rights_.take_paper() : std::vector<std::string>();
+}
+
+void Prompt::TellPrograms(const Operation& operation, const CallResult& result,
+                          std::size_t number) const {
+  Json object{{"linea", number}, {"operacion", operation.name}, {"resultado", result.result}};
+  for (const auto& [name, text] : result.texts) object["textos"][name] = text;
+  object["causa"] = HasFailed(operation, result.result) ? CauseInWords() : "";
+  object["papel"] = TakePaper();
+  PrintLine(console_.Out(), object);
+}
+
+void Prompt::TellPeople(const Operation& operation, const CallResult& result) const {
+  console_.Line(std::string(operation.name) + ": " + Verdict(operation, result));
+  for (const auto& [name, text] : result.texts) console_.Line("  " + name + " «" + text + "»");
+  for (const std::string& line : TakePaper()) console_.Line("  | " + line);
   console_.Out().flush();
+}
+
+// Did it go as the statement wants?
+Exit Prompt::Judge(const Statement& statement, const Operation& operation,
+                   const CallResult& result) const {
+  const bool failed = HasFailed(operation, result.result);
+  const bool fulfilled = !statement.expected || Fulfils(result, *statement.expected);
   if (!fulfilled) console_.Complain("se esperaba «" + *statement.expected + "»");
   if (statement.has_to_fail && !failed) console_.Complain("tenía que fallar, y se hizo");
   if (!fulfilled) return Exit::kFindings;

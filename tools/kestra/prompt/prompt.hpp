@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -7,6 +8,8 @@
 
 #include "command.hpp"
 #include "console.hpp"
+#include "prompt/call.hpp"
+#include "prompt/statement.hpp"
 
 namespace kestra::tool {
 
@@ -31,7 +34,12 @@ class Prompt {
   [[nodiscard]] bool Ended() const { return ended_; }
 
  private:
-  Exit Call(const struct Statement& statement, std::size_t number);
+  Exit Call(const Statement& statement, std::size_t number);
+  [[nodiscard]] std::vector<std::string> TakePaper() const;
+  void TellPrograms(const Operation& operation, const CallResult& result, std::size_t number) const;
+  void TellPeople(const Operation& operation, const CallResult& result) const;
+  [[nodiscard]] Exit Judge(const Statement& statement, const Operation& operation,
+                           const CallResult& result) const;
   void Help(std::string_view name);
 
   Console& console_;

@@ -1,5 +1,4 @@
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <istream>
@@ -28,8 +27,6 @@ constexpr std::string_view kUsualSettings =
 #include "prompt/usual_settings.inc"
     ;
 constexpr std::string_view kSettings = "Fiscal.ini";
-// Leads the library to another printer than Fiscal.ini does.
-constexpr const char* kOtherDevice = "KESTRA_DISPOSITIVO";
 
 std::string Name(const std::filesystem::path& path) {
   const auto name = path.u8string();
@@ -55,8 +52,8 @@ std::string WithKeys(std::string text, const std::string& keys) {
 class OwnShop {
  public:
   explicit OwnShop(const std::string& family) : before_(CurrentFolder()) {
-    if (std::getenv(kOtherDevice) != nullptr)
-      throw Stop(Exit::kUsage, std::string("con --virtual no puede estar ") + kOtherDevice);
+    if (!DeviceInstead().empty())
+      throw Stop(Exit::kUsage, "con --virtual no puede estar KESTRA_DISPOSITIVO");
     const auto moment = std::chrono::steady_clock::now().time_since_epoch().count();
     folder_ = std::filesystem::temp_directory_path() / ("kestra-consola-" + std::to_string(moment));
     std::filesystem::create_directory(folder_);
@@ -98,10 +95,7 @@ class OwnShop {
 
 // Asked past the library, so that nothing of its own shows what was asked.
 bool IsVirtualPrinter() {
-  Way way = ReadWay();
-  if (const char* const other = std::getenv(kOtherDevice); other != nullptr && *other != '\0')
-    way.device = other;
-  Probe probe(PortOf(way));
+  Probe probe(PortOf(ReadWay()));
   return IsVirtual(probe);
 }
 
