@@ -6,7 +6,6 @@
 #include <iostream>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/windows/text.hpp"
 #include "prompt/plain_line.hpp"
@@ -30,9 +29,9 @@ bool IsConsole(HANDLE handle) {
 // What is typed behind those letters, and they too; nothing when there is no more.
 std::optional<std::wstring> TypedBehind(const std::wstring& begun) {
   std::array<wchar_t, 4096> letters{};
-  begun.copy(letters.data(), letters.size() / 2);
+  const auto before = begun.copy(letters.data(), letters.size() / 2);
   CONSOLE_READCONSOLE_CONTROL control{.nLength = sizeof control,
-                                      .nInitialChars = static_cast<ULONG>(begun.size()),
+                                      .nInitialChars = static_cast<ULONG>(before),
                                       .dwCtrlWakeupMask = 1U << kTabulator,
                                       .dwControlKeyState = 0};
   DWORD count = 0;
