@@ -1,11 +1,10 @@
 """What `kestra diagnostico` tells of the adapter behind a COM port, out of a registry that is made up."""
 
 import json
-import os
 import subprocess
 import unittest
 
-from kit import ENV, WINDOWS, InAShop, Program, words_before
+from kit import WINDOWS, InAShop, words_before
 
 PORT = "COM78"
 DEVICES = r"HKLM\SYSTEM\CurrentControlSet\Enum"
@@ -34,13 +33,7 @@ def registry(*words):
 class AnAdapter(InAShop):
     def setUp(self):
         super().setUp()
-        printer = Program(self.folder, [os.path.join(ENV["KIT_LINUX"], "impresora-virtual"), "--familia", "TF",
-                                        "--enlace", "línea", "--papel", "papel.txt"])
-        self.addCleanup(printer.forget)
-        printer.hear("Puerto: ")
-        link = os.path.join(ENV["WINEPREFIX"], "dosdevices", PORT.lower())
-        os.symlink(self.path("línea"), link)
-        self.addCleanup(os.unlink, link)
+        self.assertEqual(self.serial_printer(78), PORT)
 
     def plug_in(self, place, values, latency):
         key = DEVICES + "\\" + place

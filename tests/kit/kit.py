@@ -194,6 +194,19 @@ class InAShop(InAFolder):
             text = re.sub(rf"(?m)^;?{key}=.*$", lambda _, line=f"{key}={value}": line, text)
         self.write("Fiscal.ini", text, "cp1252")
 
+    def serial_printer(self, number):
+        """A Linux printer at the far end of a serial line: the name of the near end where the tried program runs."""
+        words = [os.path.join(ENV["KIT_LINUX"], "impresora-virtual"), "--familia", "TF", "--enlace", "línea"]
+        printer = Program(self.folder, [*words, "--papel", "papel.txt"])
+        self.addCleanup(printer.forget)
+        printer.hear("Puerto: ")
+        if not WINDOWS:
+            return self.path("línea")
+        link = os.path.join(ENV["WINEPREFIX"], "dosdevices", f"com{number}")
+        os.symlink(self.path("línea"), link)
+        self.addCleanup(os.unlink, link)
+        return f"COM{number}"
+
     def shown(self, *words):
         """The tool's result, and what it said."""
         return self.run_it(*words, command=TOOL)

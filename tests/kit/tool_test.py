@@ -57,6 +57,12 @@ class AWitnessedDay(InAShop):
         self.assertIn("Cierre", follower.words(0))
         self.assertIsNone(follower.process.poll(), follower.words(1))
 
+    def test_has_its_printer_on_a_serial_line(self):
+        witness = self.start("presenciar", "--impresora", self.serial_printer(79), "--tcp", "127.0.0.1:0", command=TOOL)
+        self.live(witness.port)
+        witness.kill()
+        self.assertEqual(witness.words(0).count(" ok "), 16, witness.words(0))
+
     def test_has_a_printer_that_is_not_there(self):
         code, said = self.shown("presenciar", "--impresora", "tcp:127.0.0.1:1", "--tcp", "127.0.0.1:0")
         self.assertEqual(code, 3, said)
