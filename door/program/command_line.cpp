@@ -12,13 +12,14 @@ struct Row {
   Mode mode;
 };
 
-constexpr std::array<Row, 6> kModes{{
+constexpr std::array<Row, 7> kModes{{
     {"--ayuda", Mode::kHelp},
     {"--help", Mode::kHelp},
     {"-h", Mode::kHelp},
     {"--version", Mode::kVersion},
     {"--trabajador", Mode::kWorker},
     {"--servicio", Mode::kService},
+    {"--clave-nueva", Mode::kNewKey},
 }};
 
 }  // namespace
@@ -44,6 +45,8 @@ std::string_view Usage() {
   return "kestra-puerta: las impresoras fiscales de un comercio, por HTTP y JSON.\n"
          "\n"
          "  --configuracion ARCHIVO   la configuración (puerta.json)\n"
+         "  --clave-nueva             hace una clave para una caja, y lo que de ella va en la "
+         "configuración\n"
          "  --servicio                corre como servicio del sistema (Windows)\n"
          "  --trabajador              lo usa el programa mismo: el proceso de una impresora\n"
          "  --ayuda, --version\n";

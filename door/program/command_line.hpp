@@ -7,7 +7,7 @@
 
 namespace puerta {
 
-enum class Mode { kServe, kWorker, kHelp, kVersion, kService };
+enum class Mode { kServe, kWorker, kHelp, kVersion, kService, kNewKey };
 
 struct Options {
   Mode mode = Mode::kServe;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <fstream>
+#include <set>
 #include <span>
 #include <sstream>
 #include <utility>
@@ -94,6 +95,7 @@ class Reader {
   std::vector<FieldError>& errors_;
   Configuration& made_;
   TillSettings till_;
+  std::set<std::string> till_names_, till_keys_;
   PrinterEntry printer_;
 };
 
@@ -195,11 +197,9 @@ void Reader::OneTill(const Json& value, const std::string& at) {
   Members(value, at, kKeys);
   if (till_.name.empty()) Wrong(at, "falta nombre");
   if (till_.key_hash.empty()) Wrong(at, "falta clave o clave_sha256");
-  const auto same = [this](const TillSettings& known) {
-    return known.name == till_.name || known.key_hash == till_.key_hash;
-  };
-  if (std::any_of(made_.tills.begin(), made_.tills.end(), same))
-    Wrong(at, "otra caja ya tiene ese nombre o esa clave");
+  const bool fresh =
+      till_names_.insert(till_.name).second && till_keys_.insert(till_.key_hash).second;
+  if (!fresh) Wrong(at, "otra caja ya tiene ese nombre o esa clave");
   made_.tills.push_back(till_);
 }
 

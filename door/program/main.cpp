@@ -5,12 +5,14 @@
 #include <vector>
 
 #include "base/clock.hpp"
+#include "base/sha256.hpp"
 #include "program/command_line.hpp"
 #include "program/configuration.hpp"
 #include "program/log_lines.hpp"
 #include "program/serve.hpp"
 #include "program/service_of_system.hpp"
 #include "service/loop.hpp"
+#include "service/process.hpp"
 #include "worker/worker.hpp"
 
 namespace puerta {
@@ -43,10 +45,18 @@ int Show(std::string_view text) {
   return 0;
 }
 
+// The key goes to the till, its hash into the configuration: who reads that file cannot sell.
+int ShowNewKey() {
+  const auto key = RandomDigits(24);
+  std::cout << "clave: " << key << "\nclave_sha256: " << Sha256(key) << "\n";
+  return 0;
+}
+
 int Main(const Options& options) {
   if (!options.error.empty()) return Wrong(options);
   if (options.mode == Mode::kHelp) return Show(Usage());
   if (options.mode == Mode::kVersion) return Show("kestra-puerta " KESTRA_VERSION "\n");
+  if (options.mode == Mode::kNewKey) return ShowNewKey();
   return options.mode == Mode::kWorker ? RunWorker() : Door(options);
 }
 

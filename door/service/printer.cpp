@@ -3,7 +3,6 @@
 #include <array>
 #include <utility>
 
-#include "base/moment.hpp"
 #include "service/job_events.hpp"
 #include "service/pauses.hpp"
 
@@ -12,13 +11,12 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr int kStopped = 4;      // deaths after which a person has to look
 constexpr int kMostUnbegun = 3;  // deaths that one job may cost before it begins
 constexpr std::size_t kMostQuestions = 20;
 constexpr auto kWatch = std::chrono::minutes(1);
+constexpr auto kLook = std::chrono::seconds(10);
 // The longest call of the library, twice: it waits a quarter of an hour for a printer that says it is busy.
 constexpr auto kLongestSilence = std::chrono::minutes(40);
-constexpr int kInternal = 108;  // KESTRA_CAUSA_FALLA_INTERNA
 
 }  // namespace
 
@@ -196,29 +194,6 @@ void Printer::Finish(const Job& job, const Json& told) {
   world_.listener.OnNews();
 }
 
-void Printer::News(const Json& told) {
-  if (told.contains("aviso")) {
-    return Alarm(IntegerOf(told["aviso"], "causa"), TextOf(told["aviso"], "texto"));
-  }
-  if (told_.is_object() && told == told_["dicho"]) return;
-  Json data = told;
-  data["impresora"] = id_;
-  data["momento"] = MomentText(world_.clock.Now());
-  told_ = {{"dicho", told}, {"estado", data}};
-  world_.store.Add({.printer = id_, .kind = "estado", .data = LineOf(data), .publish = true},
-                   world_.clock.Now());
-  world_.listener.OnNews();
-}
-
-void Printer::Alarm(std::int64_t cause, const std::string& words) {
-  Guarded([&] {
-    const Json data{{"causa", cause}, {"texto", words}};
-    world_.store.Add({.printer = id_, .kind = "alarma", .data = LineOf(data), .publish = true},
-                     world_.clock.Now());
-    world_.listener.OnNews();
-  });
-}
-
 void Printer::Ask(const std::string& question, Answered answered) {
   const bool away = phase_ == Phase::kAway || phase_ == Phase::kStarting;
   if (away || questions_.size() >= kMostQuestions) return answered(nullptr);
@@ -244,54 +219,25 @@ void Printer::ForgetQuestions() {
   for (const auto& question : waiting) question.answered(nullptr);
 }
 
+// Paper that ends and cables that are pulled between two sales are news too; who asks is told by "novedad".
+void Printer::Look() {
+  world_.timers.After(kLook, [this] {
+    const bool free = phase_ == Phase::kIdle && questions_.empty() && !resting_;
+    if (free) Ask("estado", [](const Json&) {});
+    Look();
+  });
+}
+
 // A worker that neither says anything nor ends.
 void Printer::Watch() {
-  if (watched_) return;
-  watched_ = true;
+  if (!std::exchange(looking_, true)) Look();
+  if (std::exchange(watched_, true)) return;
   world_.timers.After(kWatch, [this] {
     watched_ = false;
     const bool busy = phase_ != Phase::kAway && phase_ != Phase::kIdle;
     if (busy && world_.clock.Now() - heard_ > kLongestSilence) Restart();
     Watch();
   });
-}
-
-std::string_view Printer::Connection() const {
-  const bool away = phase_ == Phase::kAway || phase_ == Phase::kStarting;
-  if (away) return failures_ >= kStopped ? "detenida" : "arrancando";
-  if (IsBusy()) return "imprimiendo";
-  const bool silent = told_.is_object() && !told_["estado"].value("contesta", true);
-  return doubts_ > 0 || silent ? "sin_respuesta" : "lista";
-}
-
-void Printer::TellConnection() {
-  if (connection_ == Connection()) return;
-  connection_ = Connection();
-  Guarded([this] {
-    world_.store.Add({.printer = id_, .kind = "impresora", .data = LineOf(Show())},
-                     world_.clock.Now());
-    world_.listener.OnNews();
-  });
-}
-
-Json Printer::Show() const {
-  Json shown{{"id", id_}, {"conexion", Connection()}, {"causa", 0}, {"texto", ""}};
-  for (const auto* fact : {"modelo", "familia"}) {
-    const auto known = TextOf(facts_, fact);
-    if (!known.empty()) shown[fact] = known;
-  }
-  if (failures_ >= kStopped) {
-    shown["causa"] = kInternal;
-    shown["texto"] = why_;
-  } else if (told_.is_object()) {
-    shown["causa"] = IntegerOf(told_["estado"], "causa");
-    shown["texto"] = TextOf(told_["estado"], "texto");
-  }
-  if (told_.is_object()) shown["estado"] = told_["estado"];
-  shown["en_cola"] = world_.store.Waiting(id_);
-  shown["pendientes"] = world_.store.Interrupted(id_).size() - (phase_ == Phase::kPrinting ? 1 : 0);
-  if (IsBusy()) shown["trabajo"] = job_;
-  return shown;
 }
 
 }  // namespace puerta

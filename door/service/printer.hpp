@@ -52,6 +52,9 @@ class Printer {
   std::int64_t Deaths() const { return deaths_; }
 
  private:
+  static constexpr int kStopped = 4;     // deaths after which a person has to look
+  static constexpr int kInternal = 108;  // KESTRA_CAUSA_FALLA_INTERNA
+
   enum class Phase { kAway, kStarting, kIdle, kHanded, kPrinting, kRecovering, kAsking };
   struct Question {
     std::string words;
@@ -65,6 +68,7 @@ class Printer {
   bool AskNext();
   void ForgetQuestions();
   void Watch();
+  void Look();
   std::string_view Connection() const;
   void TellConnection();
 
@@ -96,6 +100,7 @@ class Printer {
   std::string connection_;
   Moment heard_{};
   bool watched_ = false;
+  bool looking_ = false;
 };
 
 }  // namespace puerta

@@ -21,6 +21,7 @@ TEST(Options, WordsOfTheCommandLine) {
       {{"--configuracion", "otra.json"}, Mode::kServe, "otra.json", true},
       {{"--ayuda"}, Mode::kHelp, "puerta.json", true},
       {{"--version"}, Mode::kVersion, "puerta.json", true},
+      {{"--clave-nueva"}, Mode::kNewKey, "puerta.json", true},
       {{"--trabajador"}, Mode::kWorker, "puerta.json", true},
       {{"--servicio", "--configuracion", "c.json"}, Mode::kService, "c.json", true},
       {{"--configuracion"}, Mode::kServe, "puerta.json", false},

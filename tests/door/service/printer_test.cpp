@@ -188,6 +188,20 @@ TEST(Printer, AQuestionIsAskedBetweenJobsAndNeverKept) {
   EXPECT_EQ(shop.LastSent(), R"({"cuerpo":{"cajon":1},"operacion":"cajon","trabajo":1})");
 }
 
+TEST(Printer, IsAskedHowItIsWhileNobodySells) {
+  ShopOfOne shop;
+  shop.Says(kReady);
+  shop.timers.Pass(seconds(11));
+  EXPECT_EQ(shop.workers.sent,
+            (std::vector<std::string>{R"({"cuerpo":{},"operacion":"estado","trabajo":-1})"}));
+  shop.timers.Pass(seconds(30));
+  EXPECT_EQ(shop.workers.sent.size(), 1U) << "not before it has answered";
+  shop.Says(R"({"fin":{"trabajo":-1,"estado":"hecho"}})");
+  shop.Wants("clave-1");
+  shop.timers.Pass(seconds(30));
+  EXPECT_EQ(shop.workers.sent.size(), 2U) << "nor while it sells";
+}
+
 TEST(Printer, AWorkerThatSaysNothingForAnAgeIsEnded) {
   ShopOfOne shop;
   shop.Says(kReady);
