@@ -7,15 +7,21 @@ export const CAUSAS = {
 """
 END = """};
 
-const SE_HIZO = {
-  1: "", 2: "No se hizo.", 3: "No se hizo.", 4: "No se sabe si la operación se hizo: mire el papel antes de repetirla.",
-  5: "Se hizo una parte.", 6: "No se hizo.",
-};
+// Por el desenlace, como lo dice la biblioteca.
+const DESENLACES = [
+  "",
+  "La operación se hizo.",
+  "La impresora no hizo la operación.",
+  "La operación no se mandó a la impresora.",
+  "No se sabe si la operación se hizo: mire el papel antes de repetirla.",
+  "La operación se hizo solo en parte: mire el papel antes de seguir.",
+  "La operación no se hizo.",
+];
 
 /** La frase para el operador: qué pasó, si se hizo, qué hacer ahora. */
 export function frase(causa, desenlace) {
   const [que, hacer] = CAUSAS[causa] ?? ["", ""];
-  return [que, SE_HIZO[desenlace] ?? "", hacer].filter(Boolean).join(" ");
+  return [que, DESENLACES[desenlace] ?? "", hacer].filter(Boolean).join(" ");
 }
 """
 

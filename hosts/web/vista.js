@@ -1,6 +1,6 @@
 // Lo que se ve. Los textos van siempre como texto, nunca como HTML.
 
-import { frase } from "./causas.js";
+import { CAUSAS, frase } from "./causas.js";
 import { enCorto, impreso, pesos, producto } from "./importes.js";
 import { lineas } from "./tique.js";
 
@@ -35,12 +35,18 @@ const CONEXIONES = {
 };
 const PAPELES = { hay: ["", ""], poco: ["queda poco papel", "ojo"], falta: ["sin papel", "mal"] };
 
+// Lo que la puerta dice, y qué hacer si no lo dijo.
+function avisoDe({ causa, texto }) {
+  const hacer = CAUSAS[causa]?.[1] ?? "";
+  return !texto ? frase(causa) : texto.includes(hacer) ? texto : `${texto.replace(/\.?$/, ".")} ${hacer}`;
+}
+
 export function mostrarImpresora(impresora, avisos) {
   luz("maquina", ...(CONEXIONES[impresora?.conexion] ?? ["impresora: no se sabe", ""]));
   luz("papel", ...(PAPELES[impresora?.estado?.papel] ?? ["", ""]));
   const dichos = [
-    ...(impresora?.texto ? [impresora.texto] : impresora?.causa ? [frase(impresora.causa)] : []),
-    ...(impresora?.estado?.condiciones ?? []).map((una) => una.texto || frase(una.causa)),
+    ...(impresora?.texto || impresora?.causa ? [avisoDe(impresora)] : []),
+    ...(impresora?.estado?.condiciones ?? []).map(avisoDe),
     ...avisos,
   ];
   $("avisos").replaceChildren(...[...new Set(dichos)].map((texto) => crear("p", { texto })));

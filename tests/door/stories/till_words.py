@@ -63,7 +63,7 @@ class TheTillsWords(TillStory):
             self.sell_bread()
             self.page.wait("#mensaje.mal", what)
             self.assertIn(do, self.page.text("#mensaje"))
-            self.assertIn("No se hizo.", self.page.text("#mensaje"))
+            self.assertIn("La impresora no hizo la operación.", self.page.text("#mensaje"))
         self.assertEqual(len(self.door.keys), len(causes()) + 1)
         self.door.answer = lambda n, body: problem(
             503, causa=203, desenlace=3, trabajo=n, estado="no_hecho", detail="Todo dicho por la puerta.")
@@ -164,7 +164,16 @@ class ItsCauses(unittest.TestCase):
     def test_are_the_manuals(self):
         with open(os.path.join(SOURCE, "hosts", "web", "causas.js"), encoding="utf-8") as file:
             rows = re.findall(r'(?m)^  (\d+): \["(.*)", "(.*)"\],$', file.read())
-        self.assertEqual([(int(number), what, do) for number, what, do in rows], causes())
+        self.assertEqual([row for row in rows if row[0] != "0"], [(str(number), what, do) for number, what, do in causes()])
+
+    def test_say_of_the_outcome_what_the_library_says(self):
+        sentence = r'(?m)^ +"(.*)"(?:_ansi)?,$'
+        with open(os.path.join(SOURCE, "hosts", "web", "causas.js"), encoding="utf-8") as file:
+            told = re.findall(sentence, file.read().split("DESENLACES = [")[1].split("]")[0])
+        with open(os.path.join(SOURCE, "src", "state", "causes.cpp"), encoding="utf-8") as file:
+            own = re.findall(sentence, file.read().split("kOutcomeTexts = {")[1].split("}")[0])
+        self.assertEqual(told, own)
+        self.assertEqual(len(told), 7)
 
 
 if __name__ == "__main__":

@@ -88,7 +88,8 @@ test("an answer ends a request, or does not", () => {
 });
 
 test("a cause is a sentence", () => {
-  assert.equal(frase(203, 3), "No existe el puerto de la impresora. No se hizo. Revise que la impresora esté encendida y el cable bien puesto.");
-  assert.equal(frase(0, 1), "");
+  assert.equal(frase(203, 3), "No existe el puerto de la impresora. La operación no se mandó a la impresora. "
+    + "Revise que la impresora esté encendida y el cable bien puesto.");
+  assert.equal(frase(0, 0), "");
   assert.equal(frase(999, 4), "No se sabe si la operación se hizo: mire el papel antes de repetirla.");
 });
