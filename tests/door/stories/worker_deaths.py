@@ -139,7 +139,7 @@ class Campaign(Counter):
     """Deaths at random moments, also of those who find out what became of the dead."""
 
     flags = ("--demora", "3")
-    longest = 0.12  # seconds that a sale takes at most, more or less
+    longest = 0.12  # seconds until a death, at most; follows what a sale takes here, so that half of them end
 
     def setUp(self):
         self.random = random.Random(SEED)
@@ -154,9 +154,12 @@ class Campaign(Counter):
         worker = Worker(self.folder)
         worker.say(trabajo=number, operacion=operation, cuerpo=body)
         before = worker.hear("antes")
-        worker.say(siga=number)
-        told = self.hear_until(worker, self.random.random() * self.longest)
+        told = None
+        if self.random.random() < 0.95:  # else it never begins
+            worker.say(siga=number)
+            told = self.hear_until(worker, self.random.random() * self.longest)
         worker.kill()
+        self.longest *= 1.04 if told is None else 0.96
         while told is None or not told["definitivo"]:
             told = self.find_out(number, operation, body, before)
         self.jobs[word] = told
