@@ -81,6 +81,9 @@ class TheZip(unittest.TestCase):
         said = run("x64", self.tree / "x64/kestra.exe", "--ayuda")[1]
         for name in whole:
             self.assertRegex(said, rf"(?m)^ +{name}\b")
+        # It looks for the file; the one of 32 bits says where the command is.
+        for width, result in (("x64", 6), ("x86", 2)):
+            self.assertEqual(run(width, self.tree / width / "kestra.exe", "registro", "no hay.log")[0], result)
 
     def test_a_till_of_each_width_sells_with_what_is_in_it(self):
         for width in ("x86", "x64"):
