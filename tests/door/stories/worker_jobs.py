@@ -155,6 +155,29 @@ class APrinterThatDoesNot(Counter):
         self.judge(self.sell(worker), "hecho", ["00000002"], 1)
 
 
+class ADoorThatIsGone(Counter):
+    flags = ("--demora", "30")
+
+    def test_gets_no_paper_that_nobody_waits_for(self):
+        body = ticket(words="Cafe solo")
+        body["renglones"] *= 6
+        body["pagos"][0]["monto"] = "5000"
+        worker = self.start()
+        worker.say(trabajo=1, operacion="comprobante", cuerpo=body)
+        before = worker.hear("antes")
+        worker.say(siga=1)
+        for _ in range(3):
+            worker.hear("paso")
+        worker.file.close()
+        worker.line.close()
+        worker.process.wait(60)
+        told = self.start().recover(1, "comprobante", body, before)
+        self.assertEqual((told["estado"], told["definitivo"]), ("no_hecho", True), told)
+        paper = self.printer.stop()
+        self.assertEqual(came_out(paper, "Cafe solo"), ([], 1))
+        self.assertLess(paper.count("Cafe solo"), 6)
+
+
 class APrinterThatRefuses(Counter):
     family = "TF"
     flags = ("--digitos", "cantidad=1.1")
