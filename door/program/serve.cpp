@@ -23,7 +23,6 @@ namespace puerta {
 namespace {
 
 constexpr auto kFarewell = std::chrono::milliseconds(300);
-constexpr auto kLook = std::chrono::seconds(10);
 
 using FoundPage = std::optional<std::pair<std::string, std::string>>;
 
@@ -98,7 +97,6 @@ class Door {
   void Run() {
     server_.Open(desk_, Wires());
     service_.Start();
-    LookAround();
     const std::string scheme = configuration_.tls ? "https://" : "http://";
     log_.Write("info", "escuchando",
                {{"direccion",
@@ -116,14 +114,6 @@ class Door {
     const bool any = configuration_.address == "0.0.0.0" || configuration_.address == "::";
     if (!any) names.push_back(Brackets(configuration_.address));
     return names;
-  }
-
-  // A printer that nobody sells on may run out of paper too: its worker tells what has changed.
-  void LookAround() {
-    for (const auto& [id, printer] : service_.Printers()) {
-      if (!printer->IsBusy()) printer->Ask("estado", [](const Json&) {});
-    }
-    loop_.After(kLook, [this] { LookAround(); });
   }
 
   ApiSettings Settings() {
