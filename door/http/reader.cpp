@@ -60,8 +60,7 @@ std::string Text(boost::beast::string_view text) {
 
 class RequestReader::Parser : public http::request_parser<http::string_body> {};
 
-RequestReader::RequestReader(std::size_t largest_body)
-    : parser_(std::make_unique<Parser>()), largest_body_(largest_body) {
+RequestReader::RequestReader(std::size_t largest_body) : parser_(std::make_unique<Parser>()) {
   parser_->header_limit(kLargestHead);
   parser_->body_limit(largest_body);
   parser_->eager(true);

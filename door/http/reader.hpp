@@ -35,7 +35,6 @@ class RequestReader {
 
   std::unique_ptr<Parser> parser_;
   std::string waiting_;
-  std::size_t largest_body_;
   int status_ = 0;
 };
 

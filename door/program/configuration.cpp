@@ -101,13 +101,14 @@ class Reader {
 
 void Reader::Members(const Json& json, const std::string& at, std::span<const Key> keys) {
   if (!json.is_object()) return Wrong(at, "se espera un objeto");
-  for (const auto& [name, value] : json.items()) {
+  for (auto member = json.begin(); member != json.end(); ++member) {
+    const auto& name = member.key();
     const auto key = std::find_if(keys.begin(), keys.end(),
-                                  [&](const Key& known) { return name == known.name; });
+                                  [&name](const Key& known) { return name == known.name; });
     if (key == keys.end()) {
       Wrong(at + "/" + name, "no hay una clave con ese nombre");
     } else {
-      (this->*key->take)(value, at + "/" + name);
+      (this->*key->take)(member.value(), at + "/" + name);
     }
   }
 }

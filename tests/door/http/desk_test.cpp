@@ -242,7 +242,8 @@ TEST_F(DeskTest, TheAuditLogHasWhoAndWhatAndNoSecret) {
   const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   EXPECT_NE(text.find("sin-clave-de-caja"), std::string::npos);
   EXPECT_NE(text.find(R"("caja":"caja")"), std::string::npos);
-  for (const auto* secret : {"secreta", "clave-que", Sha256("clave-que-vende").c_str()}) {
+  const std::vector<std::string> secrets{"secreta", "clave-que", Sha256("clave-que-vende")};
+  for (const auto& secret : secrets) {
     EXPECT_EQ(text.find(secret), std::string::npos) << secret;
   }
 }
