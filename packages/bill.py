@@ -22,14 +22,16 @@ LIBRARY_64 = r"x64/.*\.dll$"
 PROGRAMS_64 = r"x64/.*\.exe$"
 RUN_TIME_32 = r"x86/.*\.(dll|exe)$"
 PRINTER = r"impresora-virtual(\.exe)?$"
-WITH_JSON = r"(impresora-virtual|kestra)(\.exe)?$"
+WITH_SQLITE = r"(impresora-virtual|kestra-puerta)\.exe$"
+WITH_HTTP = r"(impresora-virtual|kestra-puerta)(\.exe)?$"
+WITH_JSON = r"(impresora-virtual|kestra|kestra-puerta)(\.exe)?$"
 WITH_CABLES = r"(impresora-virtual(\.exe)?|^kestra|x64/kestra\.exe)$"
 PAGES = r"(^|/)index\.html$"
 PDF = r"kestra-manual\.pdf$"
 HEADERS = (
     ("asio", "libasio-dev", "network and serial lines", WITH_CABLES),
     ("nlohmann-json", "nlohmann-json3-dev", "JSON", WITH_JSON),
-    ("boost", "libboost1.74-dev", "HTTP (Beast)", PRINTER),
+    ("boost", "libboost1.74-dev", "HTTP (Beast)", WITH_HTTP),
     ("stb", "libstb-dev", "pictures", PRINTER),
 )
 # What makes the manual leaves scripts, styles and letters in it.
@@ -49,12 +51,12 @@ MATERIALS = {
         ("libstdc++, libgcc", "gcc-mingw-w64-x86-64-win32-runtime", "the compiler's run time", LIBRARY_64),
         ("libstdc++, libgcc", "gcc-mingw-w64-x86-64-posix-runtime", "the compiler's run time", PROGRAMS_64),
         ("mingw-w64, winpthreads", "mingw-w64-x86-64-dev", "start-up, mathematics and threads", RUN_TIME_64),
-        ("sqlite", "sqlite", "the fiscal memory's file", PRINTER),
+        ("sqlite", "sqlite", "the fiscal memory's file, and the door's", WITH_SQLITE),
         *HEADERS,
         *MANUAL,
     ),
     "linux": (
-        ("libstdc++ (headers)", "libstdc++-12-dev", "the compiler's templates", r"^(libkestra|impresora-virtual|kestra$)"),
+        ("libstdc++ (headers)", "libstdc++-12-dev", "the compiler's templates", r"^(libkestra|impresora-virtual|kestra$|kestra-puerta$)"),
         *HEADERS,
         *MANUAL,
     ),
@@ -73,7 +75,7 @@ def used(part):
     if part not in TAKEN_BY:
         return True
     form = re.compile(rf"#include <{TAKEN_BY[part]}")
-    return any(form.search(path.read_text(encoding="utf-8")) for folder in ("simulator", "tools")
+    return any(form.search(path.read_text(encoding="utf-8")) for folder in ("simulator", "tools", "door")
                for path in (SOURCE / folder).rglob("*.[ch]pp"))
 
 

@@ -17,7 +17,7 @@ FAMILIES = ("TQ", "TF", "FC")
 BUILT = {
     "x86": ("windows-x86/bin/Kestra.dll", "windows-x86/src/Kestra.lib", "windows-x86/bin/kestra.exe"),
     "x64": ("windows-x64/bin/Kestra.dll", "windows-x64/src/Kestra.lib", "windows-x64-impresora/bin/kestra.exe",
-            "windows-x64-impresora/bin/impresora-virtual.exe"),
+            "windows-x64-impresora/bin/impresora-virtual.exe", "windows-x64-impresora/bin/kestra-puerta.exe"),
 }
 # Not for users: what the tools of the languages leave, and how we write.
 LEFT_OUT = shutil.ignore_patterns(".clang-format", "__pycache__", "node_modules", "build", "dist", "*.egg-info")
@@ -48,6 +48,10 @@ def texts():
     settings = (SOURCE / "packages/Fiscal.ini").read_text(encoding="utf-8")
     for family in FAMILIES:
         write(f"Fiscal/{family}/Fiscal.ini", settings.replace("@FAMILIA@", family), "cp1252")
+    # The door wants certainty and a journal of each printer.
+    safe = re.sub(r"(?m)^;(ModoSeguro|Diario)=", r"\1=", settings.replace("@FAMILIA@", "TQ"))
+    write("puerta/caja1/Fiscal.ini", safe, "cp1252")
+    write("puerta/puerta.json", (SOURCE / "packages/windows/puerta.json").read_text(encoding="utf-8"), "utf-8")
     for name in ("CHANGELOG.md", "docs/compatibilidad.md"):
         write(f"documentos/{pathlib.Path(name).name}", (SOURCE / name).read_text(encoding="utf-8"), "utf-8")
     # The guide's till for languages of objects, as it stands there.

@@ -64,6 +64,5 @@ int Main(const Options& options) {
 }  // namespace puerta
 
 int main(int count, char** arguments) {
-  return puerta::Main(
-      puerta::ReadOptions(std::vector<std::string>(arguments + 1, arguments + count)));
+  return puerta::Main(puerta::ReadOptions(puerta::Words(count, arguments)));
 }

@@ -12,7 +12,7 @@ VERSION = os.environ["KESTRA_VERSION"]
 FILES = pathlib.Path(os.environ["KESTRA_FILES"]) / "debian"
 SCRATCH = pathlib.Path(os.environ["KESTRA_SCRATCH"])
 AS_ROOT = [] if os.geteuid() == 0 else ["sudo"]
-PACKAGES = ("libkestra0", "libkestra-dev", "kestra-herramientas", "kestra-doc")
+PACKAGES = ("libkestra0", "libkestra-dev", "kestra-herramientas", "kestra-doc", "kestra-puerta")
 TILL_USER = os.getuid() or 1000
 PATIENCE = 300  # seconds; only what hangs takes so long
 # Mounts in a space of their own go when the last of its processes does.
@@ -82,8 +82,9 @@ class System:
                     *(f"/paquetes/{package(name).name}" if name in PACKAGES else name for name in names))
 
     def files(self):
-        """All files but apt's and dpkg's own books, and what they write of their work."""
-        kept = ("/proc", "/var/lib/apt", "/var/lib/dpkg", "/var/log", "/var/cache", "/paquetes*", "/tmp/*")
+        """All files but apt's and dpkg's own books, those of the users and their copies, and what is written of such work."""
+        kept = ("/proc", "/var/lib/apt", "/var/lib/dpkg", "/var/log", "/var/cache", "/paquetes*", "/tmp/*", "/run/*",
+                "/etc/*shadow-", "/etc/group-", "/etc/passwd-")
         pruned = [word for path in kept for word in ("-path", path, "-prune", "-o")]
         return set(self.inside("find", "/", "-xdev", *pruned, "-print").splitlines())
 

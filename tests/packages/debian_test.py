@@ -87,8 +87,8 @@ class ABareDebian(unittest.TestCase):
         before = system.files()
         # The library alone first: it needs nothing of the others.
         system.install("libkestra0")
-        system.install("kestra-herramientas", "libkestra-dev", "kestra-doc")
-        for program in ("impresora-virtual", "kestra"):
+        system.install("kestra-herramientas", "libkestra-dev", "kestra-doc", "kestra-puerta")
+        for program in ("impresora-virtual", "kestra", "kestra-puerta"):
             self.assertEqual(system.inside(program, "--version"), f"{program} {VERSION}\n")
         self.assertIn("documentos", system.inside("impresora-virtual", "--ayuda"))
         for path in ("/usr/share/doc/kestra-doc/html/index.html", "/usr/share/doc/kestra-doc/kestra-manual.pdf",

@@ -103,7 +103,7 @@ class TheZip(unittest.TestCase):
         self.assertTrue((self.tree / f"avisos/kestra-{VERSION}-windows.cdx.json").is_file())
 
     def test_has_the_manual_and_declares(self):
-        for name in ("LEAME.txt", "manual/index.html", "declaraciones/vb6/Kestra.bas", "include/kestra/kestra.h",
+        for name in ("LEAME.txt", "manual/index.html", "puerta/puerta.json", "declaraciones/vb6/Kestra.bas", "include/kestra/kestra.h",
                      "ejemplos/kestra.json", "ejemplos/caja.vbs", "manual/kestra-manual.pdf", "documentos/CHANGELOG.md"):
             self.assertTrue((self.tree / name).is_file(), name)
 

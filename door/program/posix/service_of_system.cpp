@@ -6,4 +6,8 @@ int RunAsService(const std::function<int()>& work, const std::function<void()>&)
   return work();
 }
 
+std::vector<std::string> Words(int count, char** arguments) {
+  return {arguments + 1, arguments + count};
+}
+
 }  // namespace puerta

@@ -2,6 +2,11 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
+#include <cstddef>
+#include <memory>
+
 namespace puerta {
 namespace {
 
@@ -40,6 +45,14 @@ void WINAPI Main(DWORD, wchar_t**) {
   Tell(SERVICE_STOPPED);
 }
 
+std::string Utf8(const wchar_t* wide) {
+  const int size = ::WideCharToMultiByte(CP_UTF8, 0, wide, -1, nullptr, 0, nullptr, nullptr);
+  std::string text(static_cast<std::size_t>(size), '\0');
+  ::WideCharToMultiByte(CP_UTF8, 0, wide, -1, text.data(), size, nullptr, nullptr);
+  text.resize(text.size() - 1);  // the zero behind it
+  return text;
+}
+
 }  // namespace
 
 int RunAsService(const std::function<int()>& work, const std::function<void()>& stop) {
@@ -47,6 +60,16 @@ int RunAsService(const std::function<int()>& work, const std::function<void()>& 
   service.stop = &stop;
   const SERVICE_TABLE_ENTRYW table[] = {{kName, Main}, {nullptr, nullptr}};
   return ::StartServiceCtrlDispatcherW(table) != FALSE ? service.result : 1;
+}
+
+// The ones that main gets have lost the letters that this system's own set of them lacks.
+std::vector<std::string> Words(int /*count*/, char** /*arguments*/) {
+  int count = 0;
+  const std::unique_ptr<wchar_t*, decltype(&::LocalFree)> words(
+      ::CommandLineToArgvW(::GetCommandLineW(), &count), ::LocalFree);
+  std::vector<std::string> all;
+  for (int i = 1; i < count; ++i) all.push_back(Utf8(words.get()[i]));
+  return all;
 }
 
 }  // namespace puerta
