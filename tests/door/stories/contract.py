@@ -36,6 +36,7 @@ class Contract:
         self.answered = without_more(copy.deepcopy(self.asked))
         self.routes = [(re.compile("^" + re.sub(r"\{\w+\}", "([^/]*)", path) + "$"), path)
                        for path in sorted(self.document["paths"], key=lambda path: ("{" in path, path))]
+        self.checkers = {}  # of schemas that have been needed; each keeps its own alive
         self.seen = set()  # (method, path, status) that came by
 
     def resolve(self, node):
@@ -47,9 +48,11 @@ class Contract:
         return node
 
     def faults(self, schema, value, components):
-        whole = {"components": components, **(without_more(copy.deepcopy(schema)) if components is self.answered else schema)}
-        checker = jsonschema.Draft202012Validator(whole)
-        return [f"{error.json_path}: {error.message[:300]}" for error in checker.iter_errors(value)]
+        key = id(schema), components is self.answered
+        if key not in self.checkers:
+            strict = without_more(copy.deepcopy(schema)) if components is self.answered else schema
+            self.checkers[key] = schema, jsonschema.Draft202012Validator({"components": components, **strict})
+        return [f"{error.json_path}: {error.message[:300]}" for error in self.checkers[key][1].iter_errors(value)]
 
     def operation(self, method, target):
         """The operation, the values in its path and its path in the contract; nothing for what is not in it."""

@@ -10,6 +10,7 @@ import unittest
 import uuid
 
 from counter import ENV, WAIT, Printer, until, write_settings
+from witness import Witness
 
 
 class Answer:
@@ -30,7 +31,7 @@ class Door:
         self.said = self.folder / "puerta.log"
         self.settings = {"escuchar": {"direccion": "127.0.0.1", "puerto": 0}, "datos": "datos",
                          "impresoras": [{"id": name, "carpeta": str(place)} for name, place in printers.items()], **more}
-        self.process, self.port = None, 0
+        self.process, self.port, self.witness = None, 0, None
         self.start()
 
     def start(self):
@@ -43,6 +44,13 @@ class Door:
             raise AssertionError(self.said.read_text(encoding="utf-8"))
         self.address = self.said_of("escuchando")[0]["direccion"]
         self.port = int(self.address.rsplit(":", 1)[1])
+        if self.witness:
+            self.witness.door_port = self.port
+
+    def watch(self):
+        """From now on what is asked and answered is held against the contract, but where it is encrypted."""
+        if self.address.startswith("http:"):
+            self.witness = Witness(self.port).__enter__()
 
     def said_of(self, what):
         lines = self.said.read_text(encoding="utf-8").split("\n")[:-1]
@@ -68,7 +76,7 @@ class Door:
         if body is not None:
             data = json.dumps(body).encode()
             fields.setdefault("Content-Type", "application/json")
-        line = http.client.HTTPConnection("127.0.0.1", port or self.port, timeout=WAIT)
+        line = http.client.HTTPConnection("127.0.0.1", port or (self.witness.port if self.witness else self.port), timeout=WAIT)
         line.request(method, path, data, fields)
         answer = Answer(line.getresponse())
         line.close()
@@ -125,6 +133,13 @@ class Shop(unittest.TestCase):
         write_settings(place, self.family, self.printer.device, **self.printer_settings)
         self.door = Door(self.folder, {"caja1": place}, **self.settings)
         self.addCleanup(self.door.stop)
+        self.door.watch()
+        self.addCleanup(self.end_witness)
+
+    def end_witness(self):
+        if self.door.witness:
+            self.door.witness.__exit__()
+            self.assertEqual(self.door.witness.complaints, [])
 
     def papers(self):
         """Fiscal documents that came out whole."""

@@ -124,10 +124,10 @@ class TheTillSells(Doorway, TillStory):
         self.printer.fault("respuesta 1 de ítem: demorar 3 s")
         self.sell_one("Cafe")
         until(lambda: "Cafe" in self.paper(), "the item on the paper")
-        self.kill_door()
+        self.door.kill()
         self.page.wait("#puerta.mal")
         self.sell_one("Yerba")
-        self.start_door()
+        self.door.start()
         until(lambda: all(state in ("hecho", "no_hecho") for state, _ in self.requests()), "what became of both")
         done = [word for word in ("Cafe", "Yerba") if came_out(self.paper(), word)[0]]
         self.assertIn("Yerba", done)
