@@ -9,8 +9,8 @@ door_url=http://127.0.0.1:$door_port
 start_door() {
   settings TF
   mkdir -p "$shop/caja1"
-  sed -e '/^;\?ModoSeguro=/d; /^;\?Diario=/d; /^;\?PacienciaSegura=/d' "$shop/Fiscal.ini" >"$shop/caja1/Fiscal.ini"
-  printf '\nModoSeguro=1\nDiario=diario.txt\nPacienciaSegura=3\n' >>"$shop/caja1/Fiscal.ini"
+  sed -e '/^;\?ModoSeguro=/d; /^;\?Diario=/d; /^;\?PacienciaSegura=/d; /^;\?Transliterar=/d' "$shop/Fiscal.ini" >"$shop/caja1/Fiscal.ini"
+  printf '\nModoSeguro=1\nDiario=diario.txt\nPacienciaSegura=3\nTransliterar=1\n' >>"$shop/caja1/Fiscal.ini"
   cat >"$shop/puerta.json" <<END
 {"escuchar": {"puerto": $door_port}, "datos": "datos", "caja_web": "$PWD/hosts/web",
  "impresoras": [{"id": "caja1", "carpeta": "caja1"}]}
