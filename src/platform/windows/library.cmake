@@ -24,10 +24,12 @@ target_link_options(kestra PRIVATE ${definition} LINKER:--gc-sections $<$<CONFIG
 target_link_libraries(kestra PRIVATE user32 gdi32 comctl32 advapi32 ole32 oleaut32 uuid ws2_32)
 
 # The linker's own import library forgets the argument counts that 32-bit callers link against.
+# Where it writes is in what it writes: it is told the name alone.
 find_program(KESTRA_DLLTOOL NAMES ${triplet}-dlltool REQUIRED)
 add_custom_command(TARGET kestra POST_BUILD
   COMMAND ${KESTRA_DLLTOOL} --kill-at --input-def ${definition} --dllname Kestra.dll
-          --temp-prefix kestra_import --output-lib $<TARGET_LINKER_FILE:kestra>
+          --temp-prefix kestra_import --output-lib $<TARGET_LINKER_FILE_NAME:kestra>
+  WORKING_DIRECTORY $<TARGET_LINKER_FILE_DIR:kestra>
   VERBATIM)
 
 kestra_file_properties(kestra Kestra.dll "Kestra: controlador de impresoras fiscales Epson"
