@@ -226,8 +226,13 @@ void Session::End(const Job& job, const Plan& plan, const Report& failed) {
   knows_ = false;
   // The library has just asked for as long as its patience lasts: the till is not kept waiting for another time.
   const bool silent = failed.outcome == KESTRA_DESENLACE_DESCONOCIDO && library_.IsPending();
-  Cleared cleared{.settled = false, .why = failed};
-  if (!silent) cleared = Clear(library_, journal_, plan, before_);
+  Cleared cleared;
+  if (silent) {
+    cleared.settled = false;
+    cleared.why = failed;
+  } else {
+    cleared = Clear(library_, journal_, plan, before_);
+  }
   Finish(job, "fin", OutcomeOf(plan, cleared, failed));
 }
 
