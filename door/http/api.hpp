@@ -73,7 +73,7 @@ class Api {
   void Print(const Visit& visit, const Respond& respond);
 
   void Wait(const Visit& visit, const Job& job, const Respond& respond);
-  puerta::Answer Outcome(const Visit& visit, const Job& job, bool repeated);
+  puerta::Answer Outcome(bool async, const Job& job, bool repeated);
 
   Service& service_;
   ApiSettings settings_;

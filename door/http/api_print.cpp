@@ -84,7 +84,7 @@ bool IsTold(const Job& job) {
 }  // namespace
 
 // What is known is told as it was told; what is not, where to ask.
-puerta::Answer Api::Outcome(const Visit& visit, const Job& job, bool repeated) {
+puerta::Answer Api::Outcome(bool async, const Job& job, bool repeated) {
   const auto shown = service_.Show(job);
   const bool refused = job.state == State::kNotDone || job.state == State::kCancelled;
   const bool makes = job.operation == "comprobante" || job.operation == "no_fiscal";
@@ -96,7 +96,7 @@ puerta::Answer Api::Outcome(const Visit& visit, const Job& job, bool repeated) {
   if (!refused)
     answer.fields.emplace_back("Location", "/v1/trabajos/" + std::to_string(job.number));
   if (answer.status == 202 && !IsOver(job)) answer.fields.emplace_back("Retry-After", "1");
-  if (answer.status == 202 && ReadPreference(visit.request.Field("prefer")).async) {
+  if (answer.status == 202 && async) {
     answer.fields.emplace_back("Preference-Applied", "respond-async");
   }
   if (repeated) answer.fields.emplace_back("Idempotency-Replayed", "true");
@@ -117,7 +117,7 @@ void Api::Print(const Visit& visit, const Respond& respond) {
     return respond(answer);
   }
   const bool async = ReadPreference(visit.request.Field("prefer")).async;
-  if (IsTold(*taken.job) || async) return respond(Outcome(visit, *taken.job, taken.repeated));
+  if (IsTold(*taken.job) || async) return respond(Outcome(async, *taken.job, taken.repeated));
   Wait(visit, *taken.job, respond);
 }
 
@@ -127,15 +127,17 @@ void Api::Wait(const Visit& visit, const Job& job, const Respond& respond) {
   auto wait = settings_.wait;
   if (wished >= 0)
     wait = std::min(wait, std::chrono::milliseconds(std::min<std::int64_t>(wished, 3600) * 1000));
-  const auto done = std::make_shared<bool>(false);
-  const auto tell = [this, visit, number = job.number, done, respond] {
-    if (std::exchange(*done, true)) return;
+  // The clock may have it for a minute more: it is not to hold the request and its connection for so long.
+  const auto waiting = std::make_shared<Respond>(respond);
+  const auto tell = [this, number = job.number, waiting] {
+    if (!*waiting) return;
+    const auto answer = std::exchange(*waiting, nullptr);
     try {
       const auto now = service_.Find(number);
-      respond(now ? Outcome(visit, *now, false)
-                  : ProblemAnswer(NotThere("No hay un trabajo con ese número.")));
+      answer(now ? Outcome(false, *now, false)
+                 : ProblemAnswer(NotThere("No hay un trabajo con ese número.")));
     } catch (const StoreFailure& failure) {
-      respond(ProblemAnswer(Failed(failure.what())));
+      answer(ProblemAnswer(Failed(failure.what())));
     }
   };
   service_.WhenTold(job.number, tell);
