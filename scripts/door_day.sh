@@ -79,11 +79,11 @@ door_day() {
   door_sale demo-venta-2 'Cafe molido'
   door_sale demo-venta-3 'Yerba mate'
 
-  printf '\n-- The paper -----------------------------------------------------------\n\n'
   if [ -t 0 ] && [ -t 1 ]; then
-    printf '   The till in the browser sells at %s/caja/ until you press Enter.\n' "$door_url"
+    printf '\n   The till in the browser sells at %s/caja/ until you press Enter.\n' "$door_url"
     read -r
   fi
+  printf '\n-- The paper -----------------------------------------------------------\n\n'
   stop_door
   stop_printer
   cat "$shop"/papel-?.txt | grep -E 'TIQUE|Nº 0000[^ ]*$|Tostado|Cafe|Yerba|T O T A L'
