@@ -21,6 +21,7 @@ Words CallsFor(std::string_view operation, const Json& body, const std::string& 
   const auto plan = PlanOf(operation, body, ReadFacts(FactsOfFamily(family)));
   EXPECT_EQ(Said(plan.errors), Words());
   Words written;
+  written.reserve(plan.calls.size());
   for (const auto& call : plan.calls) written.push_back(Written(call));
   return written;
 }

@@ -60,6 +60,7 @@ inline Json With(Json body, std::initializer_list<Change> changes) {
 // "pointer message" of each, in their order.
 inline std::vector<std::string> Said(const std::vector<FieldError>& errors) {
   std::vector<std::string> said;
+  said.reserve(errors.size());
   for (const auto& error : errors) said.push_back(error.pointer + " " + error.message);
   return said;
 }
