@@ -52,8 +52,9 @@ class Configuring(unittest.TestCase):
         wanted = re.search(r"(?s)\nprinter_packages=\((.*?)\)", text("scripts", "packages.sh")).group(1)
         wanted = {"cmake", "g++", "ninja-build", *wanted.split()}
         for document in ["README.md", "docs/manual/guia.md"]:
-            told = " ".join(re.findall(r"apt-get install (.*)", text(document)))
-            self.assertEqual(set(told.split()), wanted, document)
+            told = " ".join(re.findall(r"apt-get install (.*)", text(document))).split()
+            # Our own packages come from a folder.
+            self.assertEqual({name for name in told if not name.startswith("./")}, wanted, document)
 
 
 if __name__ == "__main__":
