@@ -16,8 +16,19 @@ namespace {
 // Outlives the outbox where it has to: a thread that is still reaching for a broker that does not answer
 // is left behind when the door closes.
 struct Shared {
-  Shared(const OutboxSettings& settings, const std::string& path, Courier::Log log)
-      : box(path), broker(MakeBroker(settings)), courier(settings, box, *broker, std::move(log)) {}
+  Shared(const OutboxSettings& settings, const std::string& path, Courier::Log told)
+      : log(std::move(told)),
+        box(path),
+        broker(MakeBroker(settings)),
+        courier(settings, box, *broker, [this](const std::string& line) { Tell(line); }) {}
+
+  // Whoever closes the door takes the log along.
+  void Tell(const std::string& line) {
+    const std::scoped_lock lock(mutex);
+    if (!ends) log(line);
+  }
+
+  Courier::Log log;
 
   LetterBox box;
   std::unique_ptr<CallableBroker> broker;

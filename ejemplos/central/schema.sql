@@ -59,12 +59,12 @@ select d.local,
        min(d.momento) < comienzo_del_dia() as atrasada
 from sucesos d
 left join (
-  select local, impresora, max(secuencia) as secuencia, max(momento) as ultimo_z
+  select local, impresora, max(momento) as ultimo_z
   from sucesos
   where tipo = 'cierre'
   group by local, impresora
 ) z using (local, impresora)
-where d.tipo = 'documento' and d.secuencia > coalesce(z.secuencia, 0)
+where d.tipo = 'documento' and d.momento > coalesce(z.ultimo_z, '-infinity')
 group by d.local, d.impresora, z.ultimo_z;
 
 -- Números que faltan entre el primero y el último que se conocen de cada serie. Un comprobante cancelado gasta su número

@@ -49,20 +49,33 @@ class ManyDoors(unittest.TestCase):
         figures["written per second, all doors"] = round(wanted / (time.monotonic() - start))
         until(lambda: base.number("select count(*) from sucesos") >= wanted, 600)
         figures["documents per second, burst"] = round(wanted / (time.monotonic() - start))
-        steady = self.steady(doors)
+        wanted += self.cut_off(chain, doors, figures)
+        steady = self.steady(doors, 2 * SALES)
         wanted += steady
         until(lambda: base.number("select count(*) from sucesos") >= wanted, 600)
         figures["documents, steady"] = steady
         figures["seconds until visible, steady: median, 95 %, 99 %, longest"] = \
-            base.rows(DELAYS.format(f"> {SALES}"))[0][0]
+            base.rows(DELAYS.format(f"> {2 * SALES}"))[0][0]
         self.assertEqual(base.number("select count(*) from sucesos"), wanted)
         self.assertEqual(base.rows("select * from huecos"), [])
         until(lambda: sum(door.waiting() for door in doors[:20]) == 0, 120)
         print("\n" + json.dumps(figures), flush=True)
 
-    def burst(self, doors):
+    def cut_off(self, chain, doors, figures):
+        """As much again while there is no broker, and how fast it comes when there is one."""
+        chain.broker.kill()
+        self.burst(doors, SALES)
+        chain.broker.start()
+        both = 2 * DOORS * SALES
+        until(lambda: chain.base.number("select count(*) from sucesos") >= both, 600)
+        figures["documents per second, behind a cut"] = round(float(chain.base.rows(
+            "select count(*) / extract(epoch from max(recibido) - min(recibido) + interval '1 ms') from sucesos "
+            f"where numero > {SALES}")[0][0]))
+        return DOORS * SALES
+
+    def burst(self, doors, behind=0):
         def sell(some):
-            for number in range(1, SALES + 1):
+            for number in range(behind + 1, behind + SALES + 1):
                 for door in some:
                     door.sells("caja1", number)
 
@@ -72,7 +85,7 @@ class ManyDoors(unittest.TestCase):
         for thread in threads:
             thread.join()
 
-    def steady(self, doors):
+    def steady(self, doors, behind):
         """Each door sells now and then; how many it were."""
         due = sorted((random.random() * EVERY, i) for i in range(len(doors)))
         sold = [0] * len(doors)
@@ -81,7 +94,7 @@ class ManyDoors(unittest.TestCase):
             for at, i in due:
                 time.sleep(max(0, start + round_ * EVERY + at - time.monotonic()))
                 sold[i] += 1
-                doors[i].sells("caja1", SALES + sold[i])
+                doors[i].sells("caja1", behind + sold[i])
         return sum(sold)
 
 
