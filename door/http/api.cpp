@@ -145,8 +145,17 @@ void Api::OneJob(const Visit& visit, const Respond& respond) {
               : ProblemAnswer(NotThere("No hay un trabajo con ese número.")));
 }
 
+// A till's sale is its own, or theirs who close the day.
 void Api::CancelJob(const Visit& visit, const Respond& respond) {
-  const auto taken = service_.Cancel(std::max<std::int64_t>(Number(visit.words[0], 0), 0));
+  const auto number = std::max<std::int64_t>(Number(visit.words[0], 0), 0);
+  const auto job = service_.Find(number);
+  if (job && job->till != visit.till.name && (visit.till.rights & kClose) == 0) {
+    return respond(ProblemAnswer({.status = 403,
+                                  .kind = "sin-derecho",
+                                  .title = "Sin derecho",
+                                  .detail = "Es de otra caja: lo cancela ella, o quien cierra."}));
+  }
+  const auto taken = service_.Cancel(number);
   respond(taken.refused ? ProblemAnswer(*taken.refused)
                         : JsonAnswer(200, service_.Show(*taken.job)));
 }

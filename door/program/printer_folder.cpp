@@ -26,6 +26,10 @@ PrinterFolder LookAtFolder(const std::filesystem::path& folder, const std::strin
   if (IniValue(ini, "Diario").value_or("").empty()) {
     found.errors.push_back({at, "a su Fiscal.ini le falta Diario=, como Diario=diario.txt"});
   }
+  // Nobody sits before the door to be shown each command and say yes.
+  if (IniNumber(ini, "MostrarComandos", 0) == 1) {
+    found.errors.push_back({at, "a su Fiscal.ini le sobra MostrarComandos=1"});
+  }
   found.facts = FactsOf(ini);
   return found;
 }

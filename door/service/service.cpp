@@ -146,6 +146,7 @@ Json Service::Show(const Job& job) {
   Progress progress;
   const bool printing = job.state == State::kPrinting;
   if (printer != nullptr && printing) progress.line = printer->Line(job.number);
+  progress.position = world_.store.Position(job);
   return JobJson(job, progress);
 }
 

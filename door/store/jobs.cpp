@@ -156,6 +156,15 @@ std::int64_t StoreFile::Waiting(std::string_view printer) {
   return count.Number();
 }
 
+std::int64_t StoreFile::Position(const Job& job) {
+  if (job.state != State::kQueued || IsOver(job)) return 0;
+  Query count = database_.Use(
+      "SELECT count(*) FROM trabajos INDEXED BY trabajos_pendientes WHERE impresora = ? AND estado "
+      "= 0 AND terminado = 0 AND numero <= ?");
+  count.Bind(job.printer).Bind(job.number).Step();
+  return count.Number();
+}
+
 std::vector<Job> StoreFile::Interrupted(std::string_view printer) {
   Query find = database_.Use(
       "SELECT * FROM trabajos INDEXED BY trabajos_pendientes WHERE impresora = ? AND estado IN (1, "

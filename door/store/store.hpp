@@ -119,6 +119,8 @@ class Store {
   virtual std::optional<Job> FindKey(std::string_view till, std::string_view key) = 0;
   virtual std::optional<Job> Next(std::string_view printer) = 0;  // the oldest in the queue
   virtual std::int64_t Waiting(std::string_view printer) = 0;     // how many are in the queue
+  virtual std::int64_t Position(
+      const Job& job) = 0;  // in its queue, from 1; 0 when it is not there
 
   // Those that had begun, or of which nobody knows, the oldest first: to be cleared up before anything
   // else is sent to that printer.

@@ -37,6 +37,7 @@ class StoreFile : public Store {
   std::optional<Job> FindKey(std::string_view till, std::string_view key) override;
   std::optional<Job> Next(std::string_view printer) override;
   std::int64_t Waiting(std::string_view printer) override;
+  std::int64_t Position(const Job& job) override;
   std::vector<Job> Interrupted(std::string_view printer) override;
   std::vector<Job> JobsOf(std::string_view printer, std::int64_t before, int most) override;
 

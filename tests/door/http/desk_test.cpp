@@ -167,6 +167,22 @@ TEST_F(DeskTest, WaitsForTheOutcomeAndRepeatsIt) {
   EXPECT_EQ(shop.store->JobsOf("caja1", 0, 10).size(), 1U);
 }
 
+TEST_F(DeskTest, WhatATillAskedForIsCancelledByItOrByWhoCloses) {
+  const auto take = [this](const char* key) {
+    return (*Ask("POST", "/v1/impresoras/caja1/cajon",
+                 {{"idempotency-key", key}, {"prefer", "respond-async"}}, "{}"))
+        ->status;
+  };
+  const auto cancel = [this](const char* job, const char* key) {
+    return Status("DELETE", job, {{"authorization", std::string("Bearer ") + key}});
+  };
+  for (const auto* key : {"la-primera-1", "la-segunda-2", "la-tercera-3"})
+    EXPECT_EQ(take(key), 202);
+  EXPECT_EQ(cancel("/v1/trabajos/2", "clave-que-vende"), 403);
+  EXPECT_EQ(cancel("/v1/trabajos/2", "clave-que-cierra"), 200);
+  EXPECT_EQ(Status("GET", "/v1/trabajos/3"), 200);
+}
+
 TEST_F(DeskTest, ATillThatDoesNotWaitIsToldWhereToAsk) {
   const auto told =
       *Ask("POST", "/v1/impresoras/caja1/cajon",
@@ -175,6 +191,7 @@ TEST_F(DeskTest, ATillThatDoesNotWaitIsToldWhereToAsk) {
   EXPECT_EQ(told->status, 202);
   EXPECT_EQ(told->fields.at("Location"), "/v1/trabajos/1");
   EXPECT_EQ(told->fields.at("Preference-Applied"), "respond-async");
+  EXPECT_EQ(told->body.value("posicion", 0), 1);
   EXPECT_EQ(Status("GET", "/v1/trabajos/1"), 200);
 }
 

@@ -102,10 +102,13 @@ TEST(Jobs, AQueueForEachPrinterInOrder) {
   EXPECT_EQ(shop->Next("caja1").value().number, first);
   EXPECT_EQ(shop->Next("caja2").value().number, other);
   EXPECT_EQ(shop->Waiting("caja1"), 2);
+  EXPECT_EQ(shop->Position(shop->Find(second).value()), 2);
   ASSERT_TRUE(shop->Begin(first, R"({"x":1})", At(1)));
   EXPECT_EQ(shop->Find(first).value().before, R"({"x":1})");
   EXPECT_EQ(shop->Find(first).value().began, At(1));
   EXPECT_EQ(shop->Next("caja1").value().number, second);
+  EXPECT_EQ(shop->Position(shop->Find(first).value()), 0);
+  EXPECT_EQ(shop->Position(shop->Find(second).value()), 1);
   EXPECT_FALSE(shop->Next("caja3").has_value());
   EXPECT_FALSE(shop->Find(99).has_value());
 }
