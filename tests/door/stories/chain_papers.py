@@ -28,7 +28,7 @@ class ChainPapers(unittest.TestCase):
                     till.join(120)
                     self.assertFalse(till.is_alive(), "a till waits for ever")
                 status, closing = shop.ask("POST", "/v1/impresoras/caja1/informes", {"tipo": "z"},
-                                           {"Idempotency-Key": "z-1"}, 120)
+                                           {"Idempotency-Key": "cierre-z-1"}, 120)
                 self.assertEqual(closing["estado"], "hecho", (status, closing))
                 count, wrong = judge(shop, tills)
                 self.assertEqual(wrong, [])
