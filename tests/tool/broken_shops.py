@@ -1,5 +1,6 @@
 """Shops in which something is wrong: a row for each, with the verdict that `kestra diagnostico` must come to."""
 
+import contextlib
 import datetime
 import os
 import signal
@@ -87,6 +88,9 @@ class BrokenShop(Shop):
 
     def other_printer(self, *flags, family="TQ"):
         self.stop_printer()
+        # One that was stopped as it began has left its link, which may lead to another shop's printer by now.
+        with contextlib.suppress(FileNotFoundError):
+            os.unlink(self.device)
         self.printer_flags, self.family = list(flags), family
         self.printer = self.start_printer()
 
